@@ -1,0 +1,13 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Every library comes from a Debian package; cmake/packages-build.txt lists them.
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui LinguistTools)
+if(VELMORA_BUILD_TESTS)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
+endif()
+find_package(PkgConfig REQUIRED)
+find_package(JPEG REQUIRED)
+find_package(SQLiteCpp REQUIRED)
+pkg_check_modules(Qpdf REQUIRED IMPORTED_TARGET libqpdf)
+pkg_check_modules(PopplerQt6 REQUIRED IMPORTED_TARGET poppler-qt6)
+pkg_check_modules(Exif REQUIRED IMPORTED_TARGET libexif)
+pkg_check_modules(Plist REQUIRED IMPORTED_TARGET libplist-2.0)

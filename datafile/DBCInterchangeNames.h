@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Every file and folder name of the interchange folder, spelled once.
+#pragma once
+
+#include <QString>
+
+namespace DBCInterchangeNames {
+
+QString rootFolderName(); // "IDS_FOLDER_STRUCT_ROOT"
+QString dataFileName(); // "IDS_FOLDER_STRUCT_DataFileName"
+QString imageFolderName(); // "IDS_FOLDER_STRUCT_STANDARD"
+QString attachmentFolderName(); // "IDS_FOLDER_STRUCT_ATTACHMENT"
+
+QString dataFile(const QString& folder);
+QString imageFolder(const QString& folder);
+QString attachmentFolder(const QString& folder);
+QString versionFile(const QString& folder); // "Version.txt"
+
+QString faceImageName(const QString& recordNo); // "%@_N1.jpg"
+QString backImageName(const QString& recordNo); // "%@_N2.jpg"
+
+// Product code and version that an export writes and an import judges.
+inline constexpr const char16_t* productCode = u"TELKA";
+inline constexpr const char16_t* productVersion = u"V1.0L10";
+
+} // namespace DBCInterchangeNames

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "datafile/DBCRecord.h"
+
+#include <algorithm>
+#include <utility>
+
+QString recordKeyName(DBCRecordKey key)
+{
+    const std::string_view name = DBCRecordKeyNames[static_cast<std::size_t>(key)];
+    return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+std::optional<DBCRecordKey> recordKeyForName(QStringView name)
+{
+    const auto found = std::find_if(
+        DBCRecordKeyNames.begin(), DBCRecordKeyNames.end(), [name](std::string_view candidate) {
+            return name
+                == QLatin1StringView(candidate.data(), static_cast<qsizetype>(candidate.size()));
+        });
+    if (found == DBCRecordKeyNames.end())
+        return std::nullopt;
+    return static_cast<DBCRecordKey>(found - DBCRecordKeyNames.begin());
+}
+
+std::size_t DBCRecord::position(DBCRecordKey key) const
+{
+    // Shifting the keys at and above `key` out of the set leaves the bits that stand before it.
+    return (_present << (DBCRecordKeyCount - index(key))).count();
+}
+
+const DBCValue* DBCRecord::value(DBCRecordKey key) const
+{
+    return contains(key) ? &_values[position(key)] : nullptr;
+}
+
+std::optional<QString> DBCRecord::text(DBCRecordKey key) const
+{
+    const DBCValue* found = value(key);
+    if (const QString* text = found ? std::get_if<QString>(found) : nullptr)
+        return *text;
+    return std::nullopt;
+}
+
+QString DBCRecord::textOrEmpty(DBCRecordKey key) const
+{
+    return text(key).value_or(QString());
+}
+
+void DBCRecord::setValue(DBCRecordKey key, DBCValue value)
+{
+    const auto place = _values.begin() + static_cast<std::ptrdiff_t>(position(key));
+    if (contains(key)) {
+        *place = std::move(value);
+        return;
+    }
+    _values.insert(place, std::move(value));
+    _present.set(index(key));
+}
+
+void DBCRecord::removeValue(DBCRecordKey key)
+{
+    if (!contains(key))
+        return;
+    _values.erase(_values.begin() + static_cast<std::ptrdiff_t>(position(key)));
+    _present.reset(index(key));
+}

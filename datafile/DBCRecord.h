@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One card's data on its way between the data file and the card database: a row of values with
+// access by key. The keys are one fixed table, so a row holds its values in key order and a bit per
+// key that says whether it is there; a hash per record costs three times the time and memory.
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+#include <array>
+#include <bitset>
+#include <optional>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+// The first 21 are the data file's columns in their order; recordNo, lineNo and attachmentFile
+// belong to the transfer alone; all others are attributes of a stored card.
+enum class DBCRecordKey : quint8 {
+    face_Image_File,
+    back_Image_File,
+    attachmentFile,
+    full_Name,
+    full_Name_Kana,
+    company,
+    company_Kana,
+    department,
+    job_Title,
+    zip_PostalCode,
+    state,
+    city,
+    street,
+    address,
+    telephone_Number,
+    fax_Number,
+    mobile_Number,
+    e_Mail,
+    web_Page_Address,
+    memo,
+    register_Date,
+
+    recordNo,
+    lineNo,
+
+    cardID,
+    scanNow,
+    status,
+    deletedFlag,
+    connected,
+    prefix_Name,
+    prefix_Name_Kana,
+    first_Name,
+    first_Name_Kana,
+    middle_Name,
+    middle_Name_Kana,
+    family_Name,
+    family_Name_Kana,
+    suffix_Name,
+    suffix_Name_Kana,
+    full_Name_XY,
+    company_XY,
+    job_Title_XY,
+    department_XY,
+    zip_PostalCode_XY,
+    country,
+    address_XY,
+    telephone_Number_XY,
+    fax_Number_XY,
+    mobile_Number_XY,
+    e_Mail_XY,
+    web_Page_Address_XY,
+    memo_XY,
+    update_Date,
+    accept_Date,
+    face_Image_Page,
+    back_Image_page,
+    other_Image_File,
+    other_Image_Page,
+    select,
+    check,
+    syncID,
+    sync_Email,
+    sync_Phone_Mobile,
+    sync_Phone_work,
+    sync_Phone_Fax,
+    sync_Street,
+    sync_URL,
+    groupID,
+    countryID,
+    short_Cut,
+    flag1,
+    flag2,
+};
+
+inline constexpr std::size_t DBCRecordKeyCount = static_cast<std::size_t>(DBCRecordKey::flag2) + 1;
+
+// The keys' names as the store and JSON spell them, in the order of DBCRecordKey.
+inline constexpr std::array<std::string_view, DBCRecordKeyCount> DBCRecordKeyNames {
+    "face_Image_File",
+    "back_Image_File",
+    "attachmentFile",
+    "full_Name",
+    "full_Name_Kana",
+    "company",
+    "company_Kana",
+    "department",
+    "job_Title",
+    "zip_PostalCode",
+    "state",
+    "city",
+    "street",
+    "address",
+    "telephone_Number",
+    "fax_Number",
+    "mobile_Number",
+    "e_Mail",
+    "web_Page_Address",
+    "memo",
+    "register_Date",
+    "recordNo",
+    "lineNo",
+    "cardID",
+    "scanNow",
+    "status",
+    "deletedFlag",
+    "connected",
+    "prefix_Name",
+    "prefix_Name_Kana",
+    "first_Name",
+    "first_Name_Kana",
+    "middle_Name",
+    "middle_Name_Kana",
+    "family_Name",
+    "family_Name_Kana",
+    "suffix_Name",
+    "suffix_Name_Kana",
+    "full_Name_XY",
+    "company_XY",
+    "job_Title_XY",
+    "department_XY",
+    "zip_PostalCode_XY",
+    "country",
+    "address_XY",
+    "telephone_Number_XY",
+    "fax_Number_XY",
+    "mobile_Number_XY",
+    "e_Mail_XY",
+    "web_Page_Address_XY",
+    "memo_XY",
+    "update_Date",
+    "accept_Date",
+    "face_Image_Page",
+    "back_Image_page",
+    "other_Image_File",
+    "other_Image_Page",
+    "select",
+    "check",
+    "syncID",
+    "sync_Email",
+    "sync_Phone_Mobile",
+    "sync_Phone_work",
+    "sync_Phone_Fax",
+    "sync_Street",
+    "sync_URL",
+    "groupID",
+    "countryID",
+    "short_Cut",
+    "flag1",
+    "flag2",
+};
+static_assert(DBCRecordKeyNames.back() == "flag2");
+
+QString recordKeyName(DBCRecordKey key);
+// None for a name that is no key.
+std::optional<DBCRecordKey> recordKeyForName(QStringView name);
+
+// Text, number, or point in time.
+using DBCValue = std::variant<QString, qint64, QDateTime>;
+
+class DBCRecord {
+public:
+    bool contains(DBCRecordKey key) const { return _present.test(index(key)); }
+    std::size_t count() const { return _values.size(); }
+    bool isEmpty() const { return _values.empty(); }
+    void reserve(std::size_t count) { _values.reserve(count); }
+
+    // Null when the key is absent; valid until the record changes.
+    const DBCValue* value(DBCRecordKey key) const;
+    // None when the key is absent or its value is no text.
+    std::optional<QString> text(DBCRecordKey key) const;
+    // Empty when the key is absent or its value is no text.
+    QString textOrEmpty(DBCRecordKey key) const;
+
+    void setValue(DBCRecordKey key, DBCValue value);
+    void removeValue(DBCRecordKey key);
+
+    bool operator==(const DBCRecord& other) const = default;
+
+private:
+    static constexpr std::size_t index(DBCRecordKey key) { return static_cast<std::size_t>(key); }
+    // Where the key's value stands, or would be inserted, in _values.
+    std::size_t position(DBCRecordKey key) const;
+
+    std::bitset<DBCRecordKeyCount> _present;
+    std::vector<DBCValue> _values;
+};

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Carries out one conversion from start to end on the thread that calls run(): sends the events,
+// writes the log, shows the errors and answers the cancel protocol. One controller runs once.
+#pragma once
+
+#include "operation/DBCCancelDelegate.h"
+#include "operation/DBCError.h"
+#include "operation/DBCEvent.h"
+
+#include <QString>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <vector>
+
+class DBCDataBaseController;
+class DBCFileReader;
+class DBCLog;
+class DBCRecord;
+
+enum class OperationType : qint32 {
+    None = 0x20000,
+    Import = 0x20001, // interchange folder into database package
+    Export = 0x20002, // database package into interchange folder
+};
+
+// How the driver comes by its collaborators; a test substitutes its own.
+struct DBCConversionFactories {
+    // Opened and locked, or null.
+    std::function<std::unique_ptr<DBCDataBaseController>(const QString& packagePath)> openDatabase;
+    // Null when the reader cannot be made.
+    std::function<std::unique_ptr<DBCFileReader>(const QString& dataFilePath)> createReader;
+
+    static DBCConversionFactories real();
+};
+
+class DBCConverterController : public DBCCancelDelegate {
+public:
+    DBCConverterController();
+    // For Export the folder stored is fullPathFolder plus the localized root folder name.
+    static std::unique_ptr<DBCConverterController> initWith(
+        const QString& fullPathFolder, const QString& fullPathDB, OperationType operationType);
+    ~DBCConverterController() override;
+
+    void setFullPathFolder(const QString& path) { _fullPathFolder = path; }
+    void setFullPathDB(const QString& path) { _fullPathDB = path; }
+    void setLogFilePath(const QString& path) { _logFilePath = path; }
+    QString logFilePath() const { return _logFilePath; }
+    // Not owned; must outlive run(). Null: events go nowhere.
+    void setWindowController(DBCEventReceiver* receiver) { _windowController = receiver; }
+    // An unsupported type becomes None.
+    void setOperationType(OperationType type);
+    OperationType operationType() const { return _operationType; }
+    static bool _isSupportOperation(OperationType type);
+    void setFactories(DBCConversionFactories factories);
+
+    // The flags may be used from any thread.
+    void setStopRunning(bool stop) { _isStopRunning = stop; }
+    bool isStopRunning() const { return _isStopRunning; }
+    void setConfirmCancelOperation(bool confirm) { _isConfirmCancelOperation = confirm; }
+    bool isConfirmCancelOperation() const { return _isConfirmCancelOperation; }
+    bool isOperationFinished() const { return _isOperationFinished; }
+
+    // True when the operation ended without error, a cancelled one included. False at once, with
+    // nothing logged and no event, for an empty path or an unsupported type.
+    bool run();
+
+    bool checkIsNeedToConfirmCancelOperation() override;
+    bool fileManager(const DBCFileManager* manager, const QString& shouldCopyItemAtPath,
+        const QString& toPath) override;
+
+    // Bytes; 0 when error is null. A failed measurement fills error.
+    quint64 estimateDiskSpaceForImport(DBCError* error) const;
+    quint64 estimateDiskSpaceForExport(const std::vector<DBCRecord>& cards, DBCError* error) const;
+
+    // The sequences; true when no error was set, false at once when error is null.
+    bool _doImport(DBCError* error);
+    bool _doExport(DBCError* error);
+    void _handleImportError(const DBCError& error);
+    void _handleExportError(const DBCError& error);
+
+    // What the last run came to, for callers without a window.
+    struct Outcome {
+        DBCResultCode code = DBCResultCode::Success;
+        qint64 maxCount = 0;
+        qint64 finishedCount = 0;
+        QString backupPath; // empty: no backup was made or it was removed again
+    };
+    const Outcome& outcome() const { return _outcome; }
+
+private:
+    QString _fullPathFolder;
+    QString _fullPathDB;
+    OperationType _operationType = OperationType::None;
+    QString _logFilePath;
+    std::atomic<bool> _isStopRunning = false;
+    std::atomic<bool> _isConfirmCancelOperation = false;
+    std::atomic<bool> _isOperationFinished = false;
+    DBCEventReceiver* _windowController = nullptr;
+    DBCConversionFactories _factories;
+    Outcome _outcome;
+};

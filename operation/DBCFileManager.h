@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Copies one file or folder into a folder, with the cancel question kept alive in the meantime, and
+// removes folders. Copies keep contents, permissions, times and symbolic links as links, and clone
+// or copy inside the kernel where the file system can.
+#pragma once
+
+#include <QString>
+
+class DBCCancelDelegate;
+class DBCError;
+
+enum class IsAsync : bool { No, Yes };
+
+// Stage and amount of a running copy; handed to callbackFileOperationStatus().
+struct DBCFileOperationStatus {
+    static constexpr quint32 stageComplete = 3;
+    quint32 stage = 0; // "DBCFileManager_KEY_FSFileOperationStage"
+    quint64 bytesComplete = 0;
+    quint64 totalBytes = 0;
+};
+
+class DBCFileManager {
+public:
+    // The shared instance; never destroyed.
+    static DBCFileManager* defaultManager();
+
+    // Asked during an asynchronous copy whether to cancel; not owned, null: nobody.
+    DBCCancelDelegate* delegate() const { return _delegate; }
+    void setDelegate(DBCCancelDelegate* delegate) { _delegate = delegate; }
+
+    // Copies path (file or folder) into the folder toPath, under dstFileName or, when that is
+    // empty, under its own name. Asynchronous: the delegate is asked before each item and at least
+    // once per status interval inside large files; a confirmed cancel fails the copy and leaves
+    // what was copied so far to the caller. options are kept for the interface and must be 0.
+    // error is not filled.
+    bool copyItemAtPath(const QString& path, const QString& toPath, const QString& dstFileName,
+        quint32 options, IsAsync isAsync, DBCError* error);
+
+    // Removes a folder with everything in it, never following a link. False, with nothing removed,
+    // for a missing path, a plain file or a link.
+    bool cleanFolder(const QString& path);
+
+private:
+    double _statusInterval = 1.0; // seconds
+    DBCCancelDelegate* _delegate = nullptr;
+};
+
+// Records a reported stage in context (null: ignored); only stageComplete is kept.
+void callbackFileOperationStatus(
+    const DBCFileOperationStatus& reported, DBCFileOperationStatus* context);

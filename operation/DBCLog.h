@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The program's log: one UTF-8 text file per path, a line a message, opened and closed around every
+// line so that a line is on disk as soon as the call returns.
+#pragma once
+
+#include "datafile/DBCFileWriter.h"
+#include "operation/DBCResultCode.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+enum class DBCLogType : qint32 { Debug = 0, Info = 1, Warning = 2, Error = 3 };
+
+class DBCLog {
+public:
+    // The shared instance for a path; an empty path means the default log file,
+    // $HOME/Library/Logs/VelmoraConverter.log. Null when the log cannot be created. Instances are
+    // owned by the registry and live as long as the process.
+    static DBCLog* logInstance();
+    static DBCLog* logInstance(const QString& path);
+    static QString _defaultLogFilePath();
+
+    // Null when the path is empty or the file cannot be made and opened.
+    static std::unique_ptr<DBCLog> initWithFullPath(const QString& path);
+
+    // -1 (GeneralFailure) when the level filters the message out or it is missing.
+    DBCResultCode logDebug(const std::optional<QString>& message);
+    DBCResultCode logInfo(const std::optional<QString>& message);
+    DBCResultCode logWarning(const std::optional<QString>& message); // counted even when filtered
+    DBCResultCode logError(const std::optional<QString>& message); // counted even when filtered
+    DBCResultCode output(const std::optional<QString>& message, DBCLogType logType);
+    QString getLogString(const QString& message, const QString& logType) const;
+
+    void readLogLevel();
+    QString logFilePath() const;
+    quint32 warningLogCount() const { return _warningLogCount; }
+    quint32 errorLogCount() const { return _errorLogCount; }
+    void resetLogCount();
+    bool hasWarningOrError() const { return _warningLogCount != 0 || _errorLogCount != 0; }
+
+    // The default instance, null-safe: a message sent to a log that cannot be created is lost.
+    static void debug(const QString& message);
+    static void info(const QString& message);
+    static void warning(const QString& message);
+    static void error(const QString& message);
+
+    // Sees each warning and error of every instance as it is logged; empty: nobody.
+    using Observer = std::function<void(DBCLogType type, const QString& message)>;
+    static void setObserver(Observer observer);
+
+private:
+    explicit DBCLog(std::unique_ptr<DBCFileWriter> fileWriter);
+
+    std::unique_ptr<DBCFileWriter> _fileWriter;
+    qint32 _logLevel = 1; // lowest type written; 0: everything goes to the console, nothing to disk
+    quint32 _warningLogCount = 0;
+    quint32 _errorLogCount = 0;
+};
