@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The program's names are an interface of their own: a renamed operation, field, key or event is
+// found here before somebody misses it.
+
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTest>
+
+namespace {
+
+const QStringList sourceFolders {QStringLiteral("text"), QStringLiteral("datafile"),
+    QStringLiteral("cardimage"), QStringLiteral("carddb"), QStringLiteral("operation"),
+    QStringLiteral("cli"), QStringLiteral("app")};
+
+QString sourceRoot()
+{
+    return QStringLiteral(VELMORA_SOURCE_DIR);
+}
+
+QSet<QString> wordsOfFile(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(path));
+    static const QRegularExpression word(QStringLiteral("[A-Za-z_][A-Za-z0-9_]*"));
+    QSet<QString> words;
+    for (auto match = word.globalMatch(QString::fromUtf8(file.readAll())); match.hasNext();)
+        words.insert(match.next().captured());
+    return words;
+}
+
+QSet<QString> wordsOfSources()
+{
+    QSet<QString> words;
+    for (const QString& folder : sourceFolders) {
+        QDirIterator files(sourceRoot() + u'/' + folder,
+            {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
+            QDirIterator::Subdirectories);
+        while (files.hasNext())
+            words.unite(wordsOfFile(files.next()));
+    }
+    return words;
+}
+
+QStringList givenNames()
+{
+    QFile file(sourceRoot() + QStringLiteral("/tests/project/given_names.txt"));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(file.fileName()));
+    QStringList names = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    names.removeIf([](const QString& line) { return line.startsWith(u'#'); });
+    return names;
+}
+
+} // namespace
+
+class TestGivenNames : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyGivenNameStandsInTheSources()
+    {
+        const QStringList names = givenNames();
+        QVERIFY(names.size() > 300);
+        const QSet<QString> words = wordsOfSources();
+        QStringList missing;
+        for (const QString& name : names) {
+            if (!words.contains(name))
+                missing << name;
+        }
+        QVERIFY2(missing.isEmpty(), qPrintable(missing.join(u' ')));
+    }
+};
+
+QTEST_APPLESS_MAIN(TestGivenNames)
+#include "tst_givenNames.moc"
