@@ -5,7 +5,7 @@ target_compile_options(velmora_settings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
     -Woverloaded-virtual -Wold-style-cast -Wcast-qual -Wformat=2 -Wnull-dereference
     $<$<BOOL:${VELMORA_WARNINGS_AS_ERRORS}>:-Werror>)
-# Qt's QStringBuilder-free, explicit conversions: a char literal never becomes a text by accident.
+# Explicit conversions only: a char literal never becomes a text by accident.
 target_compile_definitions(velmora_settings INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_FOREACH
     QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
@@ -14,5 +14,6 @@ if(VELMORA_SANITIZE)
         -fsanitize=${VELMORA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     target_link_options(velmora_settings INTERFACE -fsanitize=${VELMORA_SANITIZE})
     # g++ 12 sees null paths inside its own instrumentation; the plain build keeps this warning.
-    target_compile_options(velmora_settings INTERFACE -Wno-null-dereference -Wno-maybe-uninitialized)
+    target_compile_options(velmora_settings INTERFACE
+        -Wno-null-dereference $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
