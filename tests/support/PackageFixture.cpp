@@ -1,0 +1,314 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/PackageFixture.h"
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/Statement.h>
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+
+#include <array>
+
+namespace {
+
+// Written out by hand, so that a slip in the program's own table shows.
+constexpr std::array cardColumns {
+    "Z_PK INTEGER PRIMARY KEY",
+    "Z_ENT INTEGER",
+    "Z_OPT INTEGER",
+    "ZBACK_IMAGE_PAGE INTEGER",
+    "ZCHECK INTEGER",
+    "ZCONNECTED INTEGER",
+    "ZCOUNTRYID INTEGER",
+    "ZDELETEDFLAG INTEGER",
+    "ZFACE_IMAGE_PAGE INTEGER",
+    "ZFLAG1 INTEGER",
+    "ZFLAG2 INTEGER",
+    "ZGROUPID INTEGER",
+    "ZOTHER_IMAGE_PAGE INTEGER",
+    "ZSCANNOW INTEGER",
+    "ZSELECT INTEGER",
+    "ZSTATUS INTEGER",
+    "ZOWNER INTEGER",
+    "ZACCEPT_DATE TIMESTAMP",
+    "ZREGISTER_DATE TIMESTAMP",
+    "ZUPDATE_DATE TIMESTAMP",
+    "ZADDRESS VARCHAR",
+    "ZADDRESS_XY VARCHAR",
+    "ZBACK_IMAGE_FILE VARCHAR",
+    "ZCARDID VARCHAR",
+    "ZCITY VARCHAR",
+    "ZCOMPANY VARCHAR",
+    "ZCOMPANY_KANA VARCHAR",
+    "ZCOMPANY_XY VARCHAR",
+    "ZCOUNTRY VARCHAR",
+    "ZDEPARTMENT VARCHAR",
+    "ZDEPARTMENT_XY VARCHAR",
+    "ZE_MAIL VARCHAR",
+    "ZE_MAIL_XY VARCHAR",
+    "ZFACE_IMAGE_FILE VARCHAR",
+    "ZFAMILY_NAME VARCHAR",
+    "ZFAMILY_NAME_KANA VARCHAR",
+    "ZFAX_NUMBER VARCHAR",
+    "ZFAX_NUMBER_XY VARCHAR",
+    "ZFIRST_NAME VARCHAR",
+    "ZFIRST_NAME_KANA VARCHAR",
+    "ZFULL_NAME VARCHAR",
+    "ZFULL_NAME_KANA VARCHAR",
+    "ZFULL_NAME_XY VARCHAR",
+    "ZJOB_TITLE VARCHAR",
+    "ZJOB_TITLE_XY VARCHAR",
+    "ZMEMO VARCHAR",
+    "ZMEMO_XY VARCHAR",
+    "ZMIDDLE_NAME VARCHAR",
+    "ZMIDDLE_NAME_KANA VARCHAR",
+    "ZMOBILE_NUMBER VARCHAR",
+    "ZMOBILE_NUMBER_XY VARCHAR",
+    "ZOTHER_IMAGE_FILE VARCHAR",
+    "ZPREFIX_NAME VARCHAR",
+    "ZPREFIX_NAME_KANA VARCHAR",
+    "ZSHORT_CUT VARCHAR",
+    "ZSTATE VARCHAR",
+    "ZSTREET VARCHAR",
+    "ZSUFFIX_NAME VARCHAR",
+    "ZSUFFIX_NAME_KANA VARCHAR",
+    "ZSYNCID VARCHAR",
+    "ZSYNC_EMAIL VARCHAR",
+    "ZSYNC_PHONE_FAX VARCHAR",
+    "ZSYNC_PHONE_MOBILE VARCHAR",
+    "ZSYNC_PHONE_WORK VARCHAR",
+    "ZSYNC_STREET VARCHAR",
+    "ZSYNC_URL VARCHAR",
+    "ZTELEPHONE_NUMBER VARCHAR",
+    "ZTELEPHONE_NUMBER_XY VARCHAR",
+    "ZWEB_PAGE_ADDRESS VARCHAR",
+    "ZWEB_PAGE_ADDRESS_XY VARCHAR",
+    "ZZIP_POSTALCODE VARCHAR",
+    "ZZIP_POSTALCODE_XY VARCHAR",
+    "ZTHUMBNAIL BLOB",
+};
+
+QString cardTableSql(const PackageLayout& layout)
+{
+    QStringList columns;
+    for (const char* definition : cardColumns) {
+        const QString column = QString::fromLatin1(definition);
+        const QString name = column.section(u' ', 0, 0);
+        if (layout.withoutColumns.contains(name))
+            continue;
+        const QString ownDefault = layout.columnDefaults.value(name);
+        columns << (ownDefault.isEmpty() ? column
+                                         : column + QStringLiteral(" DEFAULT ") + ownDefault);
+    }
+    return QStringLiteral("CREATE TABLE ZCARD (%1)").arg(columns.join(QStringLiteral(", ")));
+}
+
+void bind(SQLite::Statement& statement, int index, const QVariant& value)
+{
+    switch (value.typeId()) {
+    case QMetaType::UnknownType:
+        statement.bind(index);
+        break;
+    case QMetaType::Double:
+        statement.bind(index, value.toDouble());
+        break;
+    case QMetaType::QByteArray: {
+        const QByteArray bytes = value.toByteArray();
+        statement.bind(index, bytes.constData(), static_cast<int>(bytes.size()));
+        break;
+    }
+    case QMetaType::QString:
+        statement.bind(index, value.toString().toStdString());
+        break;
+    default:
+        statement.bind(index, static_cast<int64_t>(value.toLongLong()));
+    }
+}
+
+QVariant columnValue(const SQLite::Column& column)
+{
+    if (column.isNull())
+        return {};
+    if (column.isInteger())
+        return QVariant::fromValue<qlonglong>(column.getInt64());
+    if (column.isFloat())
+        return column.getDouble();
+    const std::string bytes = column.getString();
+    if (column.isBlob())
+        return QByteArray::fromStdString(bytes);
+    return QString::fromStdString(bytes);
+}
+
+SQLite::Database openStore(const QString& path, int flags)
+{
+    constexpr int busyTimeoutMs = 2000;
+    return SQLite::Database(QFile::encodeName(path).toStdString(), flags, busyTimeoutMs);
+}
+
+} // namespace
+
+PackageFixture::PackageFixture(
+    const TestHome& home, const PackageLayout& layout, const QString& name)
+    : _path(home.makeFolder(name))
+    , _entityNumber(layout.entityNumber)
+{
+    if (layout.imagesAndFilesFolders) {
+        home.makeFolder(name + QStringLiteral("/Images"));
+        home.makeFolder(name + QStringLiteral("/Files"));
+    }
+    writeFile(QStringLiteral("Version.txt"), QByteArrayLiteral("Velmora\t1.1.20\r\n"));
+    // Closed again at once: the journal mode is kept in the file.
+    openStore(storePath(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    if (layout.writeAheadLog)
+        rows(QStringLiteral("PRAGMA journal_mode = WAL"));
+    execute(cardTableSql(layout));
+    execute(QStringLiteral("CREATE INDEX ZCARD_ZOWNER_INDEX ON ZCARD (ZOWNER)"));
+    execute(QStringLiteral("CREATE TABLE ZFOLDER (Z_PK INTEGER PRIMARY KEY, Z_ENT INTEGER, "
+                           "Z_OPT INTEGER, ZTITLE VARCHAR)"));
+    execute(QStringLiteral("INSERT INTO ZFOLDER VALUES (1, 90, 3, 'Clients')"));
+    execute(QStringLiteral("CREATE TABLE Z_PRIMARYKEY (Z_ENT INTEGER PRIMARY KEY, Z_NAME VARCHAR, "
+                           "Z_SUPER INTEGER, Z_MAX INTEGER)"));
+    execute(QStringLiteral("INSERT INTO Z_PRIMARYKEY VALUES (?, ?, 0, 0), (90, 'Folder', 0, 1)"),
+        {layout.entityNumber, layout.entityName});
+    execute(QStringLiteral("CREATE TABLE Z_METADATA (Z_VERSION INTEGER PRIMARY KEY, "
+                           "Z_UUID VARCHAR(255), Z_PLIST BLOB)"));
+    execute(QStringLiteral(
+                "INSERT INTO Z_METADATA VALUES (1, '5F1B6B0C-2E43-4B7C-9A57-1D0F3F1C2A77', ?)"),
+        {QByteArrayLiteral("bplist00 kept as it is")});
+}
+
+QString PackageFixture::path(const QString& relative) const
+{
+    return relative.isEmpty() ? _path : _path + u'/' + relative;
+}
+
+PackageFixture::Card PackageFixture::card(Values values)
+{
+    ++_cards;
+    QMap<QString, QVariant> row {
+        {QStringLiteral("ZCARDID"), QStringLiteral("CARD-%1").arg(_cards)},
+        {QStringLiteral("ZFULL_NAME"), QStringLiteral("Name %1").arg(_cards)},
+        {QStringLiteral("ZACCEPT_DATE"), 250'000'000.25 + _cards},
+        {QStringLiteral("ZDELETEDFLAG"), 0},
+    };
+    for (const auto& [column, value] : values)
+        row[QString::fromLatin1(column)] = value;
+    row.insert({{QStringLiteral("Z_PK"), _cards}, {QStringLiteral("Z_ENT"), _entityNumber},
+        {QStringLiteral("Z_OPT"), 1}});
+
+    const QStringList places(row.size(), QStringLiteral("?"));
+    execute(QStringLiteral("INSERT INTO ZCARD (%1) VALUES (%2)")
+                .arg(row.keys().join(u','), places.join(u',')),
+        row.values());
+    execute(QStringLiteral("UPDATE Z_PRIMARYKEY SET Z_MAX = ? WHERE Z_ENT = ?"),
+        {_cards, _entityNumber});
+    return Card(*this, row.value(QStringLiteral("ZCARDID")).toString());
+}
+
+PackageFixture::Card& PackageFixture::Card::set(const char* column, const QVariant& value)
+{
+    _package.execute(QStringLiteral("UPDATE ZCARD SET %1 = ? WHERE ZCARDID = ?")
+                         .arg(QString::fromLatin1(column)),
+        {value, _cardID});
+    return *this;
+}
+
+PackageFixture::Card& PackageFixture::Card::deleted()
+{
+    return set("ZDELETEDFLAG", 1);
+}
+
+PackageFixture::Card& PackageFixture::Card::acceptedAt(double seconds)
+{
+    return set("ZACCEPT_DATE", seconds);
+}
+
+PackageFixture::Card& PackageFixture::Card::withPdf(const QByteArray& bytes)
+{
+    const QString name = _cardID + QStringLiteral("_N1.pdf");
+    _package.writeFile(QStringLiteral("Images/") + name, bytes);
+    return set("ZFACE_IMAGE_FILE", name);
+}
+
+PackageFixture::Card& PackageFixture::Card::withAttachment(
+    const QString& name, const QByteArray& bytes)
+{
+    _package.writeFile(QStringLiteral("Files/%1/%2").arg(_cardID, name), bytes);
+    return *this;
+}
+
+void PackageFixture::writeFile(const QString& relative, const QByteArray& bytes) const
+{
+    QFile file(path(relative));
+    QDir().mkpath(QFileInfo(file).path());
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+}
+
+void PackageFixture::remove(const QString& relative) const
+{
+    const QFileInfo info(path(relative));
+    const bool removed = info.isDir() && !info.isSymLink()
+        ? QDir(info.filePath()).removeRecursively()
+        : QFile::remove(info.filePath());
+    if (!removed)
+        qFatal("cannot remove %s", qPrintable(info.filePath()));
+}
+
+QByteArray PackageFixture::readFile(const QString& relative) const
+{
+    QFile file(path(relative));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void PackageFixture::execute(const QString& sql, const QList<QVariant>& bindings) const
+try {
+    SQLite::Database store = openStore(storePath(), SQLite::OPEN_READWRITE);
+    SQLite::Statement statement(store, sql.toStdString());
+    for (qsizetype i = 0; i < bindings.size(); ++i)
+        bind(statement, static_cast<int>(i) + 1, bindings[i]);
+    statement.exec();
+} catch (const SQLite::Exception& exception) {
+    qFatal("%s: %s", qPrintable(sql), exception.what());
+}
+
+QList<QVariantList> PackageFixture::rows(const QString& sql) const
+try {
+    SQLite::Database store = openStore(storePath(), SQLite::OPEN_READWRITE);
+    SQLite::Statement statement(store, sql.toStdString());
+    QList<QVariantList> result;
+    while (statement.executeStep()) {
+        QVariantList row;
+        for (int i = 0; i < statement.getColumnCount(); ++i)
+            row << columnValue(statement.getColumn(i));
+        result << row;
+    }
+    return result;
+} catch (const SQLite::Exception& exception) {
+    qFatal("%s: %s", qPrintable(sql), exception.what());
+}
+
+QVariant PackageFixture::value(const QString& sql) const
+{
+    const QList<QVariantList> result = rows(sql);
+    if (result.size() != 1 || result.first().isEmpty())
+        qFatal("%s: %lld rows", qPrintable(sql), static_cast<long long>(result.size()));
+    return result.first().first();
+}
+
+QMap<QString, QByteArray> PackageFixture::contents() const
+{
+    QMap<QString, QByteArray> result;
+    QDirIterator entries(_path,
+        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+        QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        const QString relative = entries.next().mid(_path.size() + 1);
+        if (relative != QStringLiteral(".VMLock.vmlk"))
+            result[relative] = entries.fileInfo().isDir() ? QByteArray() : readFile(relative);
+    }
+    return result;
+}
