@@ -6,6 +6,7 @@
 #include "operation/DBCCancelDelegate.h"
 #include "operation/DBCError.h"
 #include "operation/DBCEvent.h"
+#include "operation/DBCMessage.h"
 
 #include <QString>
 
@@ -16,6 +17,7 @@
 
 class DBCDataBaseController;
 class DBCFileReader;
+class DBCFileWriter;
 class DBCLog;
 class DBCRecord;
 
@@ -90,6 +92,52 @@ public:
     const Outcome& outcome() const { return _outcome; }
 
 private:
+    // --- what both sequences use ---
+    DBCLog* _log() const; // the operation's log; null when it cannot be written
+    void _logInfo(const QString& text) const;
+    void _logStart(const char* labelKey, const QString& detail = {}) const;
+    void _logEnd(const char* labelKey) const;
+    QString _endLine(const char* formatKey, const char* labelKey) const;
+    void _send(DBCEvent event) const;
+    void _sendProgress(DBCEventName name) const;
+    void _showAndLog(quint32 number, const DBCMessageArguments& arguments) const;
+    DBCError _performOperation();
+    void _askToConfirmCancel();
+    // Runs steps; an exception is logged through debugFormat (%1: its description) and becomes
+    // InternalException.
+    DBCError _guarded(const QString& debugFormat, const std::function<DBCError()>& steps) const;
+    DBCError _openDatabase(std::unique_ptr<DBCDataBaseController>* database) const;
+    // CancelledByUser when the user wants to stop: how a step tells its sequence, which ends
+    // without an error then.
+    DBCError _stopIfCancelled();
+    static bool _isCancel(const DBCError& error);
+    static bool _isFolder(const QString& path);
+
+    // --- import ---
+    DBCError _prepareImport(std::unique_ptr<DBCDataBaseController>* database);
+    DBCError _checkFolderVersion() const;
+    DBCError _checkSpaceForImport() const;
+    DBCError _backUp(DBCDataBaseController& database);
+    DBCError _importRecords(DBCDataBaseController& database);
+    DBCError _loadRecords(std::vector<DBCRecord>* records) const;
+    DBCError _storeRecords(DBCDataBaseController& database, std::vector<DBCRecord> records);
+    DBCError _saveImport(DBCDataBaseController& database);
+    DBCError _undoImport(DBCDataBaseController& database, const DBCError& cause);
+    void _removeBackup(const DBCDataBaseController& database);
+    void _reportFailedImport(const DBCError& error);
+
+    // --- export ---
+    DBCError _exportCards();
+    DBCError _fetchCards(DBCDataBaseController& database, std::vector<DBCRecord>* cards) const;
+    DBCError _checkSpaceForExport(const std::vector<DBCRecord>& cards) const;
+    DBCError _openDataFile(std::unique_ptr<DBCFileWriter>* writer) const;
+    DBCError _writeCards(
+        DBCDataBaseController& database, std::vector<DBCRecord> cards, DBCFileWriter& writer);
+    DBCError _writeCard(
+        DBCDataBaseController& database, const DBCRecord& card, DBCFileWriter& writer) const;
+    DBCError _writeVersionFile() const;
+    void _finishExport(const DBCError& error);
+
     QString _fullPathFolder;
     QString _fullPathDB;
     OperationType _operationType = OperationType::None;

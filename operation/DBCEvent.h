@@ -54,10 +54,10 @@ inline constexpr const char* DBCEventConfirmCancelResult = "ConfirmCancelResult"
 struct DBCEvent {
     DBCEventName name;
     const DBCConverterController* sender = nullptr; // never null when delivered; not owned
-    std::optional<bool> operationIsOk;
-    std::optional<qint64> maxCount; // records read or cards fetched
-    std::optional<qint64> finishedCount; // records or cards completely handled so far
-    std::optional<bool> confirmCancelResult; // true: the operation will stop
+    std::optional<bool> operationIsOk = {};
+    std::optional<qint64> maxCount = {}; // records read or cards fetched
+    std::optional<qint64> finishedCount = {}; // records or cards completely handled so far
+    std::optional<bool> confirmCancelResult = {}; // true: the operation will stop
 
     QLatin1StringView publicName() const
     {
@@ -66,7 +66,8 @@ struct DBCEvent {
 };
 
 // Receives the events. It is called on the thread that the object lives in, and the operation
-// thread waits until the call returns.
+// thread waits until the call returns: that thread's event loop must run until the operation has
+// ended.
 class DBCEventReceiver : public QObject {
 public:
     virtual void refreshProgress(const DBCEvent& event) = 0;

@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "operation/DBCConverterController.h"
+
+#include "carddb/DBCDataBaseController.h"
+#include "datafile/DBCFileReader.h"
+#include "datafile/DBCInterchangeNames.h"
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCLog.h"
+#include "operation/DBCStandardInput.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QThread>
+
+#include <exception>
+
+namespace {
+
+constexpr quint32 unexpectedErrorMessage = 102;
+constexpr qsizetype separatorLength = 66;
+
+// The question that confirms a cancel; empty for no operation.
+QString cancelQuestionKey(OperationType type)
+{
+    switch (type) {
+    case OperationType::Import:
+        return QStringLiteral("IDS_MSG_ERR_0315");
+    case OperationType::Export:
+        return QStringLiteral("IDS_MSG_ERR_0210");
+    case OperationType::None:
+        break;
+    }
+    return {};
+}
+
+QString folderFor(const QString& fullPathFolder, OperationType type)
+{
+    return type == OperationType::Export
+        ? QDir(fullPathFolder).filePath(DBCInterchangeNames::rootFolderName())
+        : fullPathFolder;
+}
+
+} // namespace
+
+DBCConversionFactories DBCConversionFactories::real()
+{
+    return {
+        .openDatabase =
+            [](const QString& packagePath) {
+                auto database = DBCDataBaseController::initDBwithPath(packagePath);
+                // A controller that could not be opened has closed descriptor 0 as it went.
+                keepStandardInputOccupied();
+                return database;
+            },
+        .createReader =
+            [](const QString& dataFilePath) {
+                return DBCFileReader::initWithFullFileName(dataFilePath);
+            },
+    };
+}
+
+DBCConverterController::DBCConverterController()
+    : _factories(DBCConversionFactories::real())
+{
+}
+
+DBCConverterController::~DBCConverterController() = default;
+
+std::unique_ptr<DBCConverterController> DBCConverterController::initWith(
+    const QString& fullPathFolder, const QString& fullPathDB, OperationType operationType)
+{
+    auto controller = std::make_unique<DBCConverterController>();
+    controller->setFullPathFolder(folderFor(fullPathFolder, operationType));
+    controller->setFullPathDB(fullPathDB);
+    controller->setOperationType(operationType);
+    if (const DBCLog* log = DBCLog::logInstance())
+        controller->setLogFilePath(log->logFilePath());
+    return controller;
+}
+
+void DBCConverterController::setOperationType(OperationType type)
+{
+    _operationType = _isSupportOperation(type) ? type : OperationType::None;
+}
+
+bool DBCConverterController::_isSupportOperation(OperationType type)
+{
+    return type >= OperationType::Import && type <= OperationType::Export;
+}
+
+void DBCConverterController::setFactories(DBCConversionFactories factories)
+{
+    _factories = std::move(factories);
+}
+
+bool DBCConverterController::run()
+{
+    if (_fullPathFolder.isEmpty() || _fullPathDB.isEmpty() || !_isSupportOperation(_operationType))
+        return false;
+
+    if (DBCLog* log = _log())
+        log->resetLogCount();
+    _logInfo(QString(separatorLength, u'='));
+
+    _outcome.code = _performOperation().code();
+
+    const bool isOk = !isFailure(_outcome.code);
+    _send({.name = DBCEventName::OperationDidFinished, .operationIsOk = isOk});
+    _isOperationFinished = true;
+    return isOk;
+}
+
+// The guard for whatever escapes a sequence, which ends with the message that the sequences
+// themselves give no more.
+DBCError DBCConverterController::_performOperation()
+{
+    bool hasSequenceEnded = false;
+    const DBCError error = _guarded(QStringLiteral("Exception happended.[%1]"), [&] {
+        DBCError sequenceError;
+        if (_operationType == OperationType::Import)
+            _doImport(&sequenceError);
+        else
+            _doExport(&sequenceError);
+        hasSequenceEnded = true;
+        return sequenceError;
+    });
+    if (!hasSequenceEnded)
+        _showAndLog(unexpectedErrorMessage, {});
+    else if (DBCLog* log = _log(); log && error)
+        log->logDebug(QStringLiteral("Operation Finished! Error:[%1]").arg(error.toString()));
+    return error;
+}
+
+DBCError DBCConverterController::_guarded(
+    const QString& debugFormat, const std::function<DBCError()>& steps) const
+{
+    try {
+        return steps();
+    } catch (const std::exception& exception) {
+        const QString description = QString::fromUtf8(exception.what());
+        if (DBCLog* log = _log())
+            log->logDebug(debugFormat.arg(description));
+        return DBCError(DBCResultCode::InternalException).withDescription(description);
+    }
+}
+
+bool DBCConverterController::checkIsNeedToConfirmCancelOperation()
+{
+    if (_isConfirmCancelOperation.exchange(false))
+        _askToConfirmCancel();
+    return _isStopRunning;
+}
+
+void DBCConverterController::_askToConfirmCancel()
+{
+    const DBCAnswer answer = DBCMessage::ShowInfoMessage(
+        cancelQuestionKey(_operationType), DBCButton::Yes, DBCButton::No);
+    const bool isConfirmed = answer == DBCAnswer::Default;
+    _isStopRunning = isConfirmed;
+    if (isConfirmed)
+        DBCLog::info(getLocalString(QStringLiteral("IDS_LOG_INF_CANCEL_OPERATION")));
+    _send({.name = DBCEventName::OperationDidCanceled, .confirmCancelResult = isConfirmed});
+}
+
+bool DBCConverterController::fileManager(
+    const DBCFileManager* /*manager*/, const QString& /*shouldCopyItemAtPath*/, const QString&)
+{
+    return !checkIsNeedToConfirmCancelOperation();
+}
+
+DBCError DBCConverterController::_stopIfCancelled()
+{
+    return checkIsNeedToConfirmCancelOperation() ? DBCError(DBCResultCode::CancelledByUser)
+                                                 : DBCError();
+}
+
+bool DBCConverterController::_isCancel(const DBCError& error)
+{
+    return error.code() == DBCResultCode::CancelledByUser;
+}
+
+bool DBCConverterController::_isFolder(const QString& path)
+{
+    return QFileInfo(path).isDir();
+}
+
+DBCError DBCConverterController::_openDatabase(
+    std::unique_ptr<DBCDataBaseController>* database) const
+{
+    *database = _factories.openDatabase(_fullPathDB);
+    return *database ? DBCError() : DBCError(DBCResultCode::DatabaseOpenFailure);
+}
+
+void DBCConverterController::_handleImportError(const DBCError& error)
+{
+    const DBCMessage::Mapped message = DBCMessage::messageForImportError(error);
+    _showAndLog(message.number, message.arguments);
+}
+
+void DBCConverterController::_handleExportError(const DBCError& error)
+{
+    const DBCMessage::Mapped message = DBCMessage::messageForExportError(error);
+    _showAndLog(message.number, message.arguments);
+}
+
+void DBCConverterController::_showAndLog(quint32 number, const DBCMessageArguments& arguments) const
+{
+    const QString text = DBCMessage::ShowErrorMessage(number, arguments);
+    if (DBCLog* log = _log())
+        log->logError(text);
+}
+
+void DBCConverterController::_send(DBCEvent event) const
+{
+    DBCEventReceiver* receiver = _windowController;
+    if (!receiver)
+        return;
+    event.sender = this;
+    const bool isOwnThread = receiver->thread() == QThread::currentThread();
+    QMetaObject::invokeMethod(
+        receiver, [receiver, &event] { receiver->refreshProgress(event); },
+        isOwnThread ? Qt::DirectConnection : Qt::BlockingQueuedConnection);
+}
+
+void DBCConverterController::_sendProgress(DBCEventName name) const
+{
+    _send({
+        .name = name,
+        .maxCount = _outcome.maxCount,
+        .finishedCount = _outcome.finishedCount,
+    });
+}
+
+DBCLog* DBCConverterController::_log() const
+{
+    return DBCLog::logInstance(_logFilePath);
+}
+
+void DBCConverterController::_logInfo(const QString& text) const
+{
+    if (DBCLog* log = _log())
+        log->logInfo(text);
+}
+
+void DBCConverterController::_logStart(const char* labelKey, const QString& detail) const
+{
+    _logInfo(getLocalString(QStringLiteral("IDS_LOG_INF_START"),
+        {getLocalString(QString::fromLatin1(labelKey)), detail}));
+}
+
+void DBCConverterController::_logEnd(const char* labelKey) const
+{
+    _logInfo(getLocalString(
+        QStringLiteral("IDS_LOG_INF_END"), {getLocalString(QString::fromLatin1(labelKey))}));
+}
+
+QString DBCConverterController::_endLine(const char* formatKey, const char* labelKey) const
+{
+    const DBCLog* log = DBCLog::logInstance();
+    const QString notice = log && log->hasWarningOrError()
+        ? getLocalString(QStringLiteral("IDS_LOG_INF_EXISTS_WRN_OR_ERR"))
+        : QStringLiteral(" ");
+    return getLocalString(QString::fromLatin1(formatKey),
+        {getLocalString(QString::fromLatin1(labelKey)), notice, _outcome.maxCount,
+            _outcome.finishedCount});
+}

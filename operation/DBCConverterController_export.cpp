@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "operation/DBCConverterController.h"
+
+#include "carddb/DBCDataBaseController.h"
+#include "carddb/DBCPackageLayout.h"
+#include "cardimage/DBCDiskUsage.h"
+#include "datafile/DBCColumns.h"
+#include "datafile/DBCCommonFunction.h"
+#include "datafile/DBCFileWriter.h"
+#include "datafile/DBCInterchangeNames.h"
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCChecker.h"
+#include "operation/DBCFileManager.h"
+#include "operation/DBCLog.h"
+
+#include <QDir>
+
+#include <utility>
+
+namespace {
+
+constexpr const char* exportLabel = "IDS_LBL_EXPORT";
+// Allowed for each card's row of the data file, which is not written yet when space is asked for.
+constexpr quint64 bytesPerRow = 2844;
+
+QString lineSeparator()
+{
+    return QStringLiteral("\r\n");
+}
+
+// The title line as a record, so that it goes through the same line building as the cards.
+DBCRecord titleRecord()
+{
+    const std::vector<DBCRecordKey> keys = DBCCommonFunction::createRecordKeyNamesForDataFile();
+    const QStringList titles = DBCCommonFunction::createTitleNamesForDataFile();
+    DBCRecord record;
+    qsizetype column = 0;
+    for (const DBCRecordKey key : keys)
+        record.setValue(key, titles.at(column++));
+    return record;
+}
+
+DBCError writeRow(DBCFileWriter& writer, const DBCRecord& row)
+{
+    if (!isFailure(writer.write(row)))
+        return {};
+    DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_DATA_FILE_WRITE_FAILURE")));
+    return DBCError(DBCResultCode::DataFileWriteFailure);
+}
+
+} // namespace
+
+bool DBCConverterController::_doExport(DBCError* error)
+{
+    if (!error)
+        return false;
+
+    *error = _guarded(QStringLiteral("Exception happended when exporting.[%1]"),
+        [this] { return _exportCards(); });
+    if (_isCancel(*error)) {
+        DBCFileManager::defaultManager()->cleanFolder(_fullPathFolder);
+        *error = DBCError();
+        return true;
+    }
+    _finishExport(*error);
+    return !*error;
+}
+
+DBCError DBCConverterController::_exportCards()
+{
+    _logStart(exportLabel, QStringLiteral(" From:[%1]  To:[%2]").arg(_fullPathDB, _fullPathFolder));
+    _send({.name = DBCEventName::ExportWillBegin});
+
+    std::unique_ptr<DBCDataBaseController> database;
+    if (auto error = _openDatabase(&database))
+        return error;
+    std::vector<DBCRecord> cards;
+    if (auto error = _fetchCards(*database, &cards))
+        return error;
+    if (auto error = _checkSpaceForExport(cards))
+        return error;
+    _outcome.maxCount = static_cast<qint64>(cards.size());
+    _sendProgress(DBCEventName::ExportDataFetchDidFinished);
+
+    std::unique_ptr<DBCFileWriter> writer;
+    if (auto error = _openDataFile(&writer))
+        return error;
+    if (!cards.empty()) {
+        if (auto error = writeRow(*writer, titleRecord()))
+            return error;
+    }
+    auto error = _writeCards(*database, std::move(cards), *writer);
+    if (_isCancel(error))
+        return error;
+    // Written after a failure too: the rows so far stay, and with them the folder's version.
+    if (auto versionError = _writeVersionFile())
+        return versionError;
+    return error;
+}
+
+DBCError DBCConverterController::_fetchCards(
+    DBCDataBaseController& database, std::vector<DBCRecord>* cards) const
+{
+    DBCError error;
+    auto fetched = database.fetchCardDatas(&error);
+    if (error)
+        return error;
+    if (!fetched)
+        return DBCError(DBCResultCode::GeneralFailure);
+    *cards = std::move(*fetched);
+    return {};
+}
+
+DBCError DBCConverterController::_checkSpaceForExport(const std::vector<DBCRecord>& cards) const
+{
+    DBCError error;
+    const quint64 needed = estimateDiskSpaceForExport(cards, &error) + DBCDiskSpaceMargin;
+    if (error)
+        return error;
+    if (!_isFolder(_fullPathFolder))
+        return DBCError(DBCResultCode::FolderNotExist);
+    if (!DBCChecker::checkDiskSizeIsEnough(_fullPathFolder, needed))
+        return DBCError(DBCResultCode::NoSpace);
+    return {};
+}
+
+quint64 DBCConverterController::estimateDiskSpaceForExport(
+    const std::vector<DBCRecord>& cards, DBCError* error) const
+{
+    quint64 total = 0;
+    if (!error)
+        return total;
+    const QDir images(DBCPackageLayout::imagesFolder(_fullPathDB));
+    for (const DBCRecord& card : cards) {
+        const QString imageName = DBCDataBaseController::imageFileName(card);
+        const QString cardID = card.textOrEmpty(DBCRecordKey::cardID);
+        const quint64 imageSize
+            = getSizeWithPath(imageName.isEmpty() ? QString() : images.filePath(imageName), error);
+        if (*error)
+            return total;
+        const quint64 attachmentSize = getSizeWithPath(
+            cardID.isEmpty() ? QString() : DBCPackageLayout::attachmentFolder(_fullPathDB, cardID),
+            error);
+        if (*error)
+            return total;
+        total += bytesPerRow + imageSize + attachmentSize;
+    }
+    return total;
+}
+
+DBCError DBCConverterController::_openDataFile(std::unique_ptr<DBCFileWriter>* writer) const
+{
+    *writer = DBCFileWriter::initWithFileName(
+        DBCInterchangeNames::dataFile(_fullPathFolder), DBCTextEncoding::Utf16, lineSeparator());
+    return *writer ? DBCError() : DBCError(DBCResultCode::DataFileOpenFailure);
+}
+
+DBCError DBCConverterController::_writeCards(
+    DBCDataBaseController& database, std::vector<DBCRecord> cards, DBCFileWriter& writer)
+{
+    for (DBCRecord& waiting : cards) {
+        if (auto stop = _stopIfCancelled())
+            return stop;
+        const DBCRecord card = std::exchange(waiting, DBCRecord());
+        if (!_isFolder(_fullPathDB) || !_isFolder(_fullPathFolder))
+            return DBCError(DBCResultCode::FolderNotExist);
+        if (auto error = _writeCard(database, card, writer))
+            return error;
+        ++_outcome.finishedCount;
+        _sendProgress(DBCEventName::ExportIsRunning);
+    }
+    return {};
+}
+
+DBCError DBCConverterController::_writeCard(
+    DBCDataBaseController& database, const DBCRecord& card, DBCFileWriter& writer) const
+{
+    DBCError error;
+    const auto row = database.exportData(card, _fullPathFolder, &error);
+    if (error)
+        return error;
+    if (!row)
+        return DBCError(DBCResultCode::GeneralFailure);
+    return writeRow(writer, *row);
+}
+
+DBCError DBCConverterController::_writeVersionFile() const
+{
+    const auto writer = DBCFileWriter::initWithFileName(
+        DBCInterchangeNames::versionFile(_fullPathFolder), DBCTextEncoding::Utf16, lineSeparator());
+    const QString line = QString::fromUtf16(DBCInterchangeNames::productCode) + u'\t'
+        + QString::fromUtf16(DBCInterchangeNames::productVersion) + lineSeparator();
+    if (!writer || isFailure(writer->write(line)))
+        return DBCError(DBCResultCode::VersionFileWriteFailure);
+    writer->close();
+    return {};
+}
+
+void DBCConverterController::_finishExport(const DBCError& error)
+{
+    if (error)
+        _handleExportError(error);
+    DBCLog::info(_endLine("IDS_LOG_INF_END_WITH_INFO_EXPORT", exportLabel));
+    _send({
+        .name = DBCEventName::ExportDidFinished,
+        .operationIsOk = !error,
+        .maxCount = _outcome.maxCount,
+        .finishedCount = _outcome.finishedCount,
+    });
+}

@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "operation/DBCConverterController.h"
+
+#include "carddb/DBCDataBaseController.h"
+#include "cardimage/DBCDiskUsage.h"
+#include "datafile/DBCCommonFunction.h"
+#include "datafile/DBCFileReader.h"
+#include "datafile/DBCInterchangeNames.h"
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCChecker.h"
+#include "operation/DBCFileManager.h"
+
+#include <utility>
+
+namespace {
+
+constexpr const char* importLabel = "IDS_LBL_IMPORT";
+constexpr const char* backupLabel = "IDS_LBL_BACKUP";
+constexpr const char* restoreLabel = "IDS_LBL_RESTORE";
+
+// An error about the backup, which goes along unless its path is blank.
+DBCError errorWithBackup(DBCResultCode code, const QString& backupPath)
+{
+    DBCError error(code);
+    if (!DBCChecker::isBlank(backupPath))
+        error.withPathName(backupPath);
+    return error;
+}
+
+} // namespace
+
+bool DBCConverterController::_doImport(DBCError* error)
+{
+    if (!error)
+        return false;
+
+    _logStart(importLabel, QStringLiteral(" From:[%1]  To:[%2]").arg(_fullPathFolder, _fullPathDB));
+    std::unique_ptr<DBCDataBaseController> database;
+    *error = _prepareImport(&database);
+    if (_isCancel(*error)) {
+        _removeBackup(*database);
+        *error = DBCError();
+        return true;
+    }
+    if (*error) {
+        _reportFailedImport(*error);
+        return false;
+    }
+
+    *error = _guarded(QStringLiteral("Exception happended when importing.[%1]"),
+        [&] { return _importRecords(*database); });
+    if (*error)
+        *error = _undoImport(*database, *error);
+    return !*error;
+}
+
+DBCError DBCConverterController::_prepareImport(std::unique_ptr<DBCDataBaseController>* database)
+{
+    if (auto error = _checkFolderVersion())
+        return error;
+    if (auto error = _checkSpaceForImport())
+        return error;
+    if (auto error = _openDatabase(database))
+        return error;
+    (*database)->setDelegate(this);
+    return _backUp(**database);
+}
+
+DBCError DBCConverterController::_checkFolderVersion() const
+{
+    return DBCError::ifFailure(DBCChecker::checkVersionInfo(
+        DBCCommonFunction::getVersionInfo(DBCInterchangeNames::versionFile(_fullPathFolder))));
+}
+
+DBCError DBCConverterController::_checkSpaceForImport() const
+{
+    DBCError error;
+    const quint64 needed = estimateDiskSpaceForImport(&error) + DBCDiskSpaceMargin;
+    if (error)
+        return error;
+    if (!_isFolder(_fullPathDB))
+        return DBCError(DBCResultCode::FolderNotExist);
+    if (!DBCChecker::checkDiskSizeIsEnough(_fullPathDB, needed))
+        return DBCError(DBCResultCode::NoSpace);
+    return {};
+}
+
+quint64 DBCConverterController::estimateDiskSpaceForImport(DBCError* error) const
+{
+    return error ? getSizeWithPath(_fullPathFolder, error) : 0;
+}
+
+DBCError DBCConverterController::_backUp(DBCDataBaseController& database)
+{
+    _send({.name = DBCEventName::DatabaseBackupWillBegin});
+    _logStart(backupLabel);
+    const DBCResultCode result = database.backup();
+    if (_isStopRunning)
+        return DBCError(DBCResultCode::CancelledByUser);
+
+    const QString backupPath = database.backupDBPath();
+    _outcome.backupPath = backupPath;
+    _logEnd(backupLabel);
+    _logInfo(getLocalString(QStringLiteral("IDS_LOG_INF_VMDB_BACKUP_FILE_NAME"), {backupPath}));
+    _send({.name = DBCEventName::DatabaseBackupDidFinished, .operationIsOk = !isFailure(result)});
+    return isFailure(result) ? errorWithBackup(result, backupPath) : DBCError();
+}
+
+DBCError DBCConverterController::_importRecords(DBCDataBaseController& database)
+{
+    _send({.name = DBCEventName::ImportWillBegin});
+    std::vector<DBCRecord> records;
+    if (auto error = _loadRecords(&records))
+        return error;
+    _outcome.maxCount = static_cast<qint64>(records.size());
+    _sendProgress(DBCEventName::ImportDataLoadDidFinished);
+    if (auto error = _storeRecords(database, std::move(records)))
+        return error;
+    return _saveImport(database);
+}
+
+DBCError DBCConverterController::_loadRecords(std::vector<DBCRecord>* records) const
+{
+    const auto reader = _factories.createReader(DBCInterchangeNames::dataFile(_fullPathFolder));
+    if (!reader)
+        return DBCError(DBCResultCode::DataFileOpenFailure);
+    DBCError error;
+    if (auto loaded = reader->loadData(&error))
+        *records = std::move(*loaded);
+    return error;
+}
+
+DBCError DBCConverterController::_storeRecords(
+    DBCDataBaseController& database, std::vector<DBCRecord> records)
+{
+    for (DBCRecord& waiting : records) {
+        if (auto stop = _stopIfCancelled())
+            return stop;
+        // Taken out of the list, so that memory shrinks as the database's side grows.
+        const DBCRecord record = std::exchange(waiting, DBCRecord());
+        if (!_isFolder(_fullPathFolder) || !_isFolder(_fullPathDB))
+            return DBCError(DBCResultCode::FolderNotExist);
+        DBCError error;
+        database.addDataToDataBase(record, _fullPathFolder, &error);
+        if (error)
+            return error;
+        ++_outcome.finishedCount;
+        _sendProgress(DBCEventName::ImportIsRunning);
+    }
+    return {};
+}
+
+DBCError DBCConverterController::_saveImport(DBCDataBaseController& database)
+{
+    if (auto error = DBCError::ifFailure(database.save()))
+        return error;
+    _logInfo(_endLine("IDS_LOG_INF_END_WITH_INFO_IMPORT", importLabel));
+    _sendProgress(DBCEventName::ImportDidFinished);
+    return {};
+}
+
+// Puts the database back after an error or a cancel; what it answers is the operation's error from
+// then on.
+DBCError DBCConverterController::_undoImport(DBCDataBaseController& database, const DBCError& cause)
+{
+    const DBCError error = _isCancel(cause) ? DBCError() : cause;
+    if (error)
+        _reportFailedImport(error);
+
+    _send({.name = DBCEventName::DatabaseRestoreWillBegin});
+    _logStart(restoreLabel);
+    const DBCResultCode result = database.restore();
+    _logEnd(restoreLabel);
+    _send({.name = DBCEventName::DatabaseRestoreDidFinished, .operationIsOk = !isFailure(result)});
+
+    const QString backupPath = database.backupDBPath();
+    if (isFailure(result)) {
+        const DBCError restoreError = errorWithBackup(result, backupPath);
+        _handleImportError(restoreError);
+        return restoreError;
+    }
+    if (_isStopRunning)
+        _removeBackup(database);
+    return error;
+}
+
+void DBCConverterController::_removeBackup(const DBCDataBaseController& database)
+{
+    DBCFileManager::defaultManager()->cleanFolder(database.backupDBPath());
+    _outcome.backupPath.clear();
+}
+
+void DBCConverterController::_reportFailedImport(const DBCError& error)
+{
+    _handleImportError(error);
+    _logInfo(_endLine("IDS_LOG_INF_END_WITH_INFO_IMPORT", importLabel));
+}
