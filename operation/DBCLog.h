@@ -8,8 +8,11 @@
 
 #include <QString>
 
+#include <atomic>
 #include <functional>
 #include <memory>
+#include <mutex>
+#include <optional>
 
 enum class DBCLogType : qint32 { Debug = 0, Info = 1, Warning = 2, Error = 3 };
 
@@ -33,6 +36,7 @@ public:
     DBCResultCode output(const std::optional<QString>& message, DBCLogType logType);
     QString getLogString(const QString& message, const QString& logType) const;
 
+    // Takes the level of the information dictionary, Info (1) where that has no number.
     void readLogLevel();
     QString logFilePath() const;
     quint32 warningLogCount() const { return _warningLogCount; }
@@ -53,8 +57,11 @@ public:
 private:
     explicit DBCLog(std::unique_ptr<DBCFileWriter> fileWriter);
 
+    DBCResultCode writeLine(const QString& message, const QString& tag);
+
+    std::mutex _mutex; // of the writer and the level: the window and an operation both log
     std::unique_ptr<DBCFileWriter> _fileWriter;
-    qint32 _logLevel = 1; // lowest type written; 0: everything goes to the console, nothing to disk
-    quint32 _warningLogCount = 0;
-    quint32 _errorLogCount = 0;
+    qint32 _logLevel; // lowest type written; 0: everything goes to the console, nothing to disk
+    std::atomic<quint32> _warningLogCount = 0;
+    std::atomic<quint32> _errorLogCount = 0;
 };

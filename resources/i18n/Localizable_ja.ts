@@ -1,0 +1,487 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!-- SPDX-License-Identifier: GPL-3.0-or-later -->
+<!DOCTYPE TS>
+<TS version="2.1" language="ja" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="IDS_BUTTON_CANCEL">
+        <source>Cancel</source>
+        <extracomment>The same button while an operation runs.</extracomment>
+        <translation>キャンセル</translation>
+    </message>
+    <message id="IDS_BUTTON_EXPORT">
+        <source>Export</source>
+        <extracomment>Button that starts the operation.</extracomment>
+        <translation>エクスポート</translation>
+    </message>
+    <message id="IDS_BUTTON_IMPORT">
+        <source>Import</source>
+        <extracomment>Button that starts the operation.</extracomment>
+        <translation>インポート</translation>
+    </message>
+    <message id="IDS_BUTTON_MSG_CANCEL">
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message id="IDS_BUTTON_MSG_NO">
+        <source>No</source>
+        <translation>いいえ</translation>
+    </message>
+    <message id="IDS_BUTTON_MSG_OK">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="IDS_BUTTON_MSG_YES">
+        <source>Yes</source>
+        <translation>はい</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_ATT_FILE">
+        <source>添付ファイル</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>添付ファイル</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_DEPARTMENT">
+        <source>部署</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>部署</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_ENTRY_DATE">
+        <source>登録日</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>登録日</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_FULL_NAME">
+        <source>氏名</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>氏名</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_FULL_NAME_S">
+        <source>氏名(フリガナ)</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>氏名(フリガナ)</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_IMG_BACK">
+        <source>名刺画像(裏)</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>名刺画像(裏)</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_IMG_FACE">
+        <source>名刺画像(表)</source>
+        <extracomment>Column title, the same in every language. Changing it makes older files unreadable.</extracomment>
+        <translation>名刺画像(表)</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_JOB_TITLE">
+        <source>役職</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>役職</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_MEMO1">
+        <source>メモ</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>メモ</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_OFFICE_ADDRESS">
+        <source>住所</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>住所</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_OFFICE_ADDRESS_CITY">
+        <source>市区町村</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>市区町村</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_OFFICE_ADDRESS_STATE">
+        <source>都道府県</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>都道府県</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_OFFICE_ADDRESS_STREET">
+        <source>町名・番地</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>町名・番地</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_OFFICE_E_MAIL">
+        <source>メールアドレス</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>メールアドレス</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_OFFICE_FAX">
+        <source>FAX番号</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>FAX番号</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_OFFICE_MOBILE_PHONE">
+        <source>携帯電話番号</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>携帯電話番号</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_OFFICE_NAME">
+        <source>会社名</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>会社名</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_OFFICE_NAME_S">
+        <source>会社名(フリガナ)</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>会社名(フリガナ)</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_OFFICE_PHONE">
+        <source>電話番号</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>電話番号</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_OFFICE_POST">
+        <source>郵便番号</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>郵便番号</translation>
+    </message>
+    <message id="IDS_CSV_TITLE_OFFICE_WEB">
+        <source>Webページ</source>
+        <extracomment>Column title, the same in every language.</extracomment>
+        <translation>Webページ</translation>
+    </message>
+    <message id="IDS_FOLDER_STRUCT_ATTACHMENT">
+        <source>添付ファイル</source>
+        <extracomment>Name on disk, the same in every language. Changing it makes older folders unreadable.</extracomment>
+        <translation>添付ファイル</translation>
+    </message>
+    <message id="IDS_FOLDER_STRUCT_DataFileName">
+        <source>名刺データ.txt</source>
+        <extracomment>Name on disk, the same in every language. Changing it makes older folders unreadable.</extracomment>
+        <translation>名刺データ.txt</translation>
+    </message>
+    <message id="IDS_FOLDER_STRUCT_ROOT">
+        <source>名刺データ</source>
+        <extracomment>Name on disk, the same in every language. Changing it makes older folders unreadable.</extracomment>
+        <translation>名刺データ</translation>
+    </message>
+    <message id="IDS_FOLDER_STRUCT_STANDARD">
+        <source>名刺画像</source>
+        <extracomment>Name on disk, the same in every language. Changing it makes older folders unreadable.</extracomment>
+        <translation>名刺画像</translation>
+    </message>
+    <message id="IDS_LABEL_EXPORT_DATA_PATH">
+        <source>Folder to export into:</source>
+        <translation>エクスポート先のフォルダ:</translation>
+    </message>
+    <message id="IDS_LABEL_EXPORT_VMDB_PATH">
+        <source>Card database to export:</source>
+        <translation>エクスポートする名刺データベース:</translation>
+    </message>
+    <message id="IDS_LABEL_IMPORT_DATA_PATH">
+        <source>Interchange folder to import:</source>
+        <translation>インポートするデータフォルダ:</translation>
+    </message>
+    <message id="IDS_LABEL_IMPORT_VMDB_PATH">
+        <source>Card database to import into:</source>
+        <translation>インポート先の名刺データベース:</translation>
+    </message>
+    <message id="IDS_LBL_BACKUP">
+        <source>Backup</source>
+        <extracomment>Name of the operation, also the first argument of other texts.</extracomment>
+        <translation>バックアップ</translation>
+    </message>
+    <message id="IDS_LBL_EXPORT">
+        <source>Export</source>
+        <extracomment>Name of the operation, also the first argument of other texts.</extracomment>
+        <translation>エクスポート</translation>
+    </message>
+    <message id="IDS_LBL_IMPORT">
+        <source>Import</source>
+        <extracomment>Name of the operation, also the first argument of other texts.</extracomment>
+        <translation>インポート</translation>
+    </message>
+    <message id="IDS_LBL_RESTORE">
+        <source>Restore</source>
+        <extracomment>Name of the operation, also the first argument of other texts.</extracomment>
+        <translation>復元</translation>
+    </message>
+    <message id="IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE">
+        <source>An attachment could not be copied. Check that the attachment can be read and that the destination can be written to.</source>
+        <translation>添付ファイルをコピーできませんでした。添付ファイルを読み取れること、コピー先に書き込めることを確認してください。</translation>
+    </message>
+    <message id="IDS_LOG_ERR_DATA_FILE_WRITE_FAILURE">
+        <source>The data file could not be written. Check that the export folder can be written to and that the disk has free space.</source>
+        <translation>データファイルに書き込めませんでした。エクスポート先のフォルダに書き込めること、ディスクに空き容量があることを確認してください。</translation>
+    </message>
+    <message id="IDS_LOG_ERR_IMAGE_FILE_COPY_FAILURE">
+        <source>A card image could not be written. Check that the image folder of the export can be written to and that the disk has free space.</source>
+        <translation>名刺画像を書き込めませんでした。エクスポート先の画像フォルダに書き込めること、ディスクに空き容量があることを確認してください。</translation>
+    </message>
+    <message id="IDS_LOG_INF_CANCEL_OPERATION">
+        <source>The operation was cancelled by the user.</source>
+        <translation>ユーザーの操作により処理を中止しました。</translation>
+    </message>
+    <message id="IDS_LOG_INF_END">
+        <source>%1 ended.</source>
+        <extracomment>%1: name of the operation.</extracomment>
+        <translation>%1を終了しました。</translation>
+    </message>
+    <message id="IDS_LOG_INF_END_WITH_INFO_EXPORT">
+        <source>%1 ended.%2Cards in the database: %L3, exported: %L4.</source>
+        <extracomment>%1: name of the operation. %2: IDS_LOG_INF_EXISTS_WRN_OR_ERR or a blank. %L3: cards found. %L4: cards written.</extracomment>
+        <translation>%1を終了しました。%2データベースの件数: %L3件、エクスポートした件数: %L4件。</translation>
+    </message>
+    <message id="IDS_LOG_INF_END_WITH_INFO_IMPORT">
+        <source>%1 ended.%2Cards in the data file: %L3, imported: %L4.</source>
+        <extracomment>%1: name of the operation. %2: IDS_LOG_INF_EXISTS_WRN_OR_ERR or a blank. %L3: cards read. %L4: cards stored.</extracomment>
+        <translation>%1を終了しました。%2データファイルの件数: %L3件、インポートした件数: %L4件。</translation>
+    </message>
+    <message id="IDS_LOG_INF_EXISTS_WRN_OR_ERR">
+        <source> There are warnings or errors, see the lines above. </source>
+        <extracomment>Stands inside the two end lines, hence the blanks around it.</extracomment>
+        <translation> 警告またはエラーがあります。上の行を確認してください。 </translation>
+    </message>
+    <message id="IDS_LOG_INF_START">
+        <source>%1 started.%2</source>
+        <extracomment>%1: name of the operation. %2: its paths, beginning with a blank, or nothing.</extracomment>
+        <translation>%1を開始しました。%2</translation>
+    </message>
+    <message id="IDS_LOG_INF_VMDB_BACKUP_FILE_NAME">
+        <source>Backup of the card database: [%1]</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>名刺データベースのバックアップ: [%1]</translation>
+    </message>
+    <message id="IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT">
+        <source>Line %1 [%2]: an attachment was skipped, because its name begins with &quot;.&quot; or holds &quot;/&quot; or &quot;:&quot;. Rename the file and import the card again if it is needed.</source>
+        <extracomment>%1: line of the data file. %2: full name on the card.</extracomment>
+        <translation>%1行目 [%2]: 名前が「.」で始まるか「/」「:」を含む添付ファイルを取り込みませんでした。必要な場合は、ファイル名を変更してもう一度インポートしてください。</translation>
+    </message>
+    <message id="IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT_FOR_EXPORT">
+        <source>Card %1 [%2]: an attachment was skipped, because its name begins with &quot;.&quot; or holds one of / : \ * ? &quot; &lt; &gt; |. Rename the file in Velmora and export again if it is needed.</source>
+        <extracomment>%1: number of the card. %2: full name on the card.</extracomment>
+        <translation>%1件目 [%2]: 名前が「.」で始まるか、/ : \ * ? &quot; &lt; &gt; | のいずれかを含む添付ファイルをエクスポートしませんでした。必要な場合は、Velmoraでファイル名を変更してもう一度エクスポートしてください。</translation>
+    </message>
+    <message id="IDS_LOG_WRN_CONVERT_FAIL">
+        <source>No. %1 [%2]: the card images could not be converted (code %3), so the card is transferred without images. No. is the line of the data file on import and the number of the card on export. Check the image files of this card.</source>
+        <extracomment>%1: line of the data file or number of the card. %2: full name on the card. %3: result code.</extracomment>
+        <translation>No. %1 [%2]: 名刺画像を変換できなかったため、画像なしで処理しました (コード %3)。No. は、インポートではデータファイルの行番号、エクスポートでは名刺の番号です。この名刺の画像ファイルを確認してください。</translation>
+    </message>
+    <message id="IDS_LOG_WRN_FILE_NO_EXISTS">
+        <source>The file or folder does not exist: [%1]. Check its name and put it in this place.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>ファイルまたはフォルダが見つかりません: [%1]。名前を確認し、この場所に置いてください。</translation>
+    </message>
+    <message id="IDS_LOG_WRN_IMAGE_FILE_NO_EXISTS">
+        <source>Card %1 [%2]: the file of the card images is missing in the card database (code %3), so the card is exported without images. Check the card in Velmora.</source>
+        <extracomment>%1: number of the card. %2: full name on the card. %3: result code.</extracomment>
+        <translation>%1件目 [%2]: 名刺データベースに名刺画像のファイルがないため、画像なしでエクスポートしました (コード %3)。Velmoraでこの名刺を確認してください。</translation>
+    </message>
+    <message id="IDS_LOG_WRN_ITEM_MAX_LEN">
+        <source>Line %2 [%3]: the item &quot;%1&quot; is too long. At most 256 characters of an item are stored, the rest is not. Shorten the item in the data file if the rest matters.</source>
+        <extracomment>%1: column title. %2: line of the data file. %3: full name on the card.</extracomment>
+        <translation>%2行目 [%3]: 項目「%1」が長すぎます。1つの項目に保存されるのは256文字までで、残りは保存されません。必要に応じてデータファイルの項目を短くしてください。</translation>
+    </message>
+    <message id="IDS_MSG_DATA_COUNT">
+        <source>Cards: %L1</source>
+        <extracomment>%L1: number of cards. One of the two counts below follows directly.</extracomment>
+        <translation>名刺の件数: %L1件</translation>
+    </message>
+    <message id="IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING">
+        <source>%1 of the card database is running.</source>
+        <extracomment>%1: Backup or Restore.</extracomment>
+        <translation>名刺データベースの%1を実行しています。</translation>
+    </message>
+    <message id="IDS_MSG_DB_OPERATION_SUCCESS">
+        <source>%1 of the card database has finished.</source>
+        <extracomment>%1: Backup.</extracomment>
+        <translation>名刺データベースの%1が完了しました。</translation>
+    </message>
+    <message id="IDS_MSG_DB_RESTORE_FINISH">
+        <source>%1 of the card database has ended.</source>
+        <extracomment>%1: Restore. Shown after a failed restore too.</extracomment>
+        <translation>名刺データベースの%1が終了しました。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0101">
+        <source>There is no log file yet. It is made when an import or export runs.</source>
+        <translation>ログファイルがまだありません。ログファイルは、インポートまたはエクスポートを実行すると作成されます。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0102">
+        <source>An internal error occurred, and the operation could not be completed. Restart VelmoraConverter and try again. The log holds the details.</source>
+        <translation>内部エラーが発生したため、処理を完了できませんでした。VelmoraConverterを起動し直して、もう一度実行してください。詳しくはログを確認してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0103">
+        <source>There is not enough free space on the destination disk. Free some space and try again.</source>
+        <translation>保存先のディスクの空き容量が足りません。空き容量を増やしてから、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0104">
+        <source>The installed version of Velmora is too old. Update Velmora to version 1.1.20 or later and try again.</source>
+        <translation>インストールされているVelmoraのバージョンが古いため、実行できません。Velmoraをバージョン1.1.20以降に更新してから、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0105">
+        <source>The selected folder or card database is on a network volume. Copy it to a disk of this computer, or choose another place on this computer, and try again.</source>
+        <translation>選択したフォルダまたは名刺データベースは、ネットワーク上にあります。このコンピュータのディスクにコピーするか、このコンピュータの別の場所を選択して、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0106">
+        <source>Quit Velmora before you begin, and do not use the card database until the operation has finished. Do you want to begin?</source>
+        <extracomment>Question.</extracomment>
+        <translation>始める前にVelmoraを終了し、処理が終わるまで名刺データベースを使用しないでください。実行しますか?</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0108">
+        <source>The log file could not be opened for viewing. Open it with a text editor: it is VelmoraConverter.log in the folder Library/Logs of your home folder.</source>
+        <translation>ログファイルを表示できませんでした。ホームフォルダのLibrary/LogsにあるVelmoraConverter.logを、テキストエディタで開いてください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0109">
+        <source>The path of the card database is too long. Move the card database to a folder with a shorter path and try again.</source>
+        <translation>名刺データベースのパスが長すぎます。パスの短いフォルダに名刺データベースを移動してから、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0110">
+        <source>The path of the folder is too long. Choose a folder with a shorter path and try again.</source>
+        <translation>フォルダのパスが長すぎます。パスの短いフォルダを選択して、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0201">
+        <source>The card database to export does not exist. Choose an existing card database (.vmdb).</source>
+        <translation>エクスポートする名刺データベースが見つかりません。存在する名刺データベース (.vmdb) を選択してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0202">
+        <source>The folder to export into does not exist. Choose an existing folder.</source>
+        <translation>エクスポート先のフォルダが見つかりません。存在するフォルダを選択してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0203">
+        <source>The card database is in use. Quit Velmora and other programs that use it, then export again.</source>
+        <translation>名刺データベースは使用中です。Velmoraなど、名刺データベースを使用しているプログラムを終了してから、もう一度エクスポートしてください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0204">
+        <source>The export folder could not be created, or the old one could not be replaced. Check that you may write to the selected folder, or choose another folder.</source>
+        <translation>エクスポート用のフォルダを作成できないか、以前のフォルダを置き換えられません。選択したフォルダに書き込めることを確認するか、別のフォルダを選択してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0205">
+        <source>The selected folder already holds an exported folder. It will be deleted with everything in it and made anew. Do you want to continue?</source>
+        <extracomment>Question.</extracomment>
+        <translation>選択したフォルダには、以前にエクスポートしたフォルダがあります。続けると、そのフォルダは中身ごと削除され、新しく作成されます。続けますか?</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0206">
+        <source>The export was stopped, because the destination disk is full. Free some space or choose a folder on another disk, then export again.</source>
+        <translation>エクスポート先のディスクの空き容量が足りないため、エクスポートを中断しました。空き容量を増やすか、別のディスクのフォルダを選択して、もう一度エクスポートしてください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0207">
+        <source>The export was stopped, because an attachment could not be copied. The log holds the details. Check that the attachment can be read and that you may write to the export folder, then export again.</source>
+        <translation>添付ファイルをコピーできなかったため、エクスポートを中断しました。添付ファイルを読み取れること、エクスポート先のフォルダに書き込めることを確認して、もう一度エクスポートしてください。詳しくはログを確認してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0208">
+        <source>The export failed. What was written so far may be incomplete. Check that the card database can be opened in Velmora and that you may write to the selected folder, then export again. The log holds the details.</source>
+        <translation>エクスポートに失敗しました。書き出したデータは完全ではない可能性があります。Velmoraで名刺データベースを開けること、選択したフォルダに書き込めることを確認して、もう一度エクスポートしてください。詳しくはログを確認してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0209">
+        <source>The card database holds no cards, so there is nothing to export. Check that you chose the right card database.</source>
+        <translation>名刺データベースに名刺がないため、エクスポートするデータがありません。選択した名刺データベースが正しいか確認してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0210">
+        <source>Do you want to cancel the export? The folder written so far will be deleted.</source>
+        <extracomment>Question.</extracomment>
+        <translation>エクスポートを中止しますか? ここまでに書き出したフォルダは削除されます。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0211">
+        <source>Cards exported: %L1. The export has finished. Do you want to quit VelmoraConverter?</source>
+        <extracomment>Question. %L1: number of cards.</extracomment>
+        <translation>エクスポートが終了しました (%L1件)。VelmoraConverterを終了しますか?</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0301">
+        <source>The card database cannot be used, or its disk is full. Check that it is a valid card database (.vmdb), that it is neither locked nor read-only, and that its disk has free space, then try again.</source>
+        <translation>名刺データベースを使用できないか、ディスクの空き容量が足りません。正しい名刺データベース (.vmdb) であること、ロックされたり読み取り専用になったりしていないこと、ディスクに空き容量があることを確認して、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0302">
+        <source>The card database to import into does not exist. Choose an existing card database (.vmdb).</source>
+        <translation>インポート先の名刺データベースが見つかりません。存在する名刺データベース (.vmdb) を選択してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0304">
+        <source>The card database is in use. Quit Velmora and other programs that use it, then import again.</source>
+        <translation>名刺データベースは使用中です。Velmoraなど、名刺データベースを使用しているプログラムを終了してから、もう一度インポートしてください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0306">
+        <source>The data file is empty or holds no cards, so nothing was imported. Check the data file: it needs the title line and at least one line for a card. If a line of it is wrong, the log names that line.</source>
+        <translation>データファイルが空か、名刺のデータが1件もないため、インポートしませんでした。データファイルには、タイトル行と1件以上のデータ行が必要です。誤りのある行がある場合は、ログにその行番号が記録されています。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0307">
+        <source>Line %1 of the data file is wrong, so nothing was imported. The title line must hold the 21 titles, and every other line 21 items, separated by tabs. Correct the line and import again.</source>
+        <extracomment>%1: line of the data file.</extracomment>
+        <translation>データファイルの%1行目に誤りがあるため、インポートしませんでした。タイトル行には21個のタイトル、データ行には21個の項目が、タブ区切りで必要です。この行を修正して、もう一度インポートしてください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0308">
+        <source>The interchange folder to import does not exist. Choose an existing folder.</source>
+        <translation>インポートするデータフォルダが見つかりません。存在するフォルダを選択してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0309">
+        <source>The selected folder holds no data file. Choose an interchange folder that holds the file &quot;名刺データ.txt&quot;.</source>
+        <translation>選択したフォルダにデータファイルがありません。「名刺データ.txt」があるデータフォルダを選択してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0310">
+        <source>The data file could not be read, so nothing was imported. Check that you may read it and that it is saved as Unicode text (UTF-16), then import again.</source>
+        <translation>データファイルを読み取れないため、インポートしませんでした。ファイルを読み取れること、Unicodeテキスト (UTF-16) で保存されていることを確認して、もう一度インポートしてください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0311">
+        <source>%1 of the card database failed. Check that its folder can be written to and that the disk has free space, then import again. If a restore failed, the card database may be incomplete or missing: put a copy of the backup in its place first.%2</source>
+        <extracomment>%1: Backup or Restore. %2: the path of the backup on a line of its own, or nothing.</extracomment>
+        <translation>名刺データベースの%1に失敗しました。名刺データベースのあるフォルダに書き込めること、ディスクに空き容量があることを確認して、もう一度インポートしてください。復元に失敗した場合は、名刺データベースが不完全か、失われている可能性があります。先にバックアップのコピーを元の場所に置いてください。%2</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0313">
+        <source>The import failed, and nothing was imported. Check the interchange folder, and that the card database is free and can be written to, then import again. The log holds the details.</source>
+        <translation>インポートに失敗したため、データは取り込まれていません。データフォルダの内容と、名刺データベースが使用中でなく書き込めることを確認して、もう一度インポートしてください。詳しくはログを確認してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0314">
+        <source>This folder was exported by VelmoraConverter and is not meant to be imported again, so nothing was imported. Choose an interchange folder that another program made for import.</source>
+        <translation>このフォルダはVelmoraConverterがエクスポートしたものです。エクスポートしたフォルダを再びインポートすることはできません。インポート用に作成されたデータフォルダを選択してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0315">
+        <source>Do you want to cancel the import? The card database will be put back to its state before the import.</source>
+        <extracomment>Question.</extracomment>
+        <translation>インポートを中止しますか? 名刺データベースはインポート前の状態に戻ります。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0316">
+        <source>The file &quot;Version.txt&quot; of the interchange folder is missing or names another version, so nothing was imported. Choose an interchange folder of version V1.0L10.</source>
+        <translation>データフォルダの「Version.txt」がないか、対応していないバージョンのため、インポートしませんでした。バージョンV1.0L10のデータフォルダを選択してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0317">
+        <source>Cards imported: %L1. The import has finished. Do you want to quit VelmoraConverter?</source>
+        <extracomment>Question. %L1: number of cards.</extracomment>
+        <translation>インポートが終了しました (%L1件)。VelmoraConverterを終了しますか?</translation>
+    </message>
+    <message id="IDS_MSG_EXPORT_COUNT">
+        <source>, exported: %L1</source>
+        <extracomment>%L1: number of cards done. Stands directly behind IDS_MSG_DATA_COUNT.</extracomment>
+        <translation>、エクスポート済み: %L1件</translation>
+    </message>
+    <message id="IDS_MSG_EXPORT_PROGRESS">
+        <source>Exporting: %1%</source>
+        <extracomment>%1: percentage.</extracomment>
+        <translation>エクスポート中: %1%</translation>
+    </message>
+    <message id="IDS_MSG_IMPORT_COUNT">
+        <source>, imported: %L1</source>
+        <extracomment>%L1: number of cards done. Stands directly behind IDS_MSG_DATA_COUNT.</extracomment>
+        <translation>、インポート済み: %L1件</translation>
+    </message>
+    <message id="IDS_MSG_IMPORT_PROGRESS">
+        <source>Importing: %1%</source>
+        <extracomment>%1: percentage.</extracomment>
+        <translation>インポート中: %1%</translation>
+    </message>
+    <message id="IDS_MSG_PROCESS_IS_FINISHED">
+        <source>%1 has finished.</source>
+        <extracomment>%1: name of the operation.</extracomment>
+        <translation>%1が終了しました。</translation>
+    </message>
+    <message id="IDS_MSG_PROCESS_IS_RUNNING">
+        <source>%1 is running.</source>
+        <extracomment>%1: name of the operation.</extracomment>
+        <translation>%1を実行しています。</translation>
+    </message>
+    <message id="IDS_MSG_REFERENCE_LOG_FILE">
+        <source>There are warnings or errors. Open the log to see them.</source>
+        <translation>警告またはエラーがあります。ログを確認してください。</translation>
+    </message>
+    <message id="IDS_OPEN_DATA_FILE_PANEL_TITLE">
+        <source>Choose a Folder</source>
+        <translation>フォルダの選択</translation>
+    </message>
+    <message id="IDS_OPEN_VMDB_FILE_PANEL_TITLE">
+        <source>Choose a Card Database</source>
+        <translation>名刺データベースの選択</translation>
+    </message>
+    <message id="IDS_TITLE_WINDOW">
+        <source>VelmoraConverter</source>
+        <extracomment>Title of the window and of every message.</extracomment>
+        <translation>VelmoraConverter</translation>
+    </message>
+</context>
+</TS>
