@@ -8,6 +8,8 @@ find_package(PkgConfig REQUIRED)
 find_package(JPEG REQUIRED)
 find_package(SQLiteCpp REQUIRED)
 pkg_check_modules(Qpdf REQUIRED IMPORTED_TARGET libqpdf)
+# std::shared_ptr in its interface, without the class that stood there in former versions.
+target_compile_definitions(PkgConfig::Qpdf INTERFACE POINTERHOLDER_TRANSITION=4)
 pkg_check_modules(PopplerQt6 REQUIRED IMPORTED_TARGET poppler-qt6)
 pkg_check_modules(Exif REQUIRED IMPORTED_TARGET libexif)
 pkg_check_modules(Plist REQUIRED IMPORTED_TARGET libplist-2.0)
