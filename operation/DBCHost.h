@@ -12,7 +12,7 @@ struct DBCHost {
     // Bytes free for this user on the file system that holds an existing path; none on failure.
     std::function<std::optional<quint64>(const QString& path)> freeBytes;
     // The immutable attribute, symbolic links followed; false where the file system has no such
-    // flag, none when the attributes cannot be read.
+    // flag or does not show it to this user, none when the attributes cannot be read.
     std::function<std::optional<bool>(const QString& path)> isImmutable;
     // Effective-user access.
     std::function<bool(const QString& path)> isReadable;
@@ -20,10 +20,12 @@ struct DBCHost {
     // Version in binary-coded decimal, 0x1060 for 10.6.0; none where it cannot be asked, which is
     // everywhere on Linux.
     std::function<std::optional<qint32>()> systemVersion;
-    // Names of the running applications.
+    // Names of the running applications: what each process calls itself and what its program file
+    // is called.
     std::function<QStringList()> runningApplications;
 
     QString applicationsFolder; // "/Applications"; empty: none
+    QString programFolder; // the folder that holds this program
     QString mountTable; // "/proc/self/mountinfo"
     QString diskUsageProgram; // "/usr/bin/du"
 

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cardimage/DBCDiskUsage.h"
+
+#include "operation/DBCError.h"
+#include "operation/DBCHost.h"
+#include "operation/DBCLog.h"
+
+#include <QFileInfo>
+#include <QProcess>
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <optional>
+
+namespace {
+
+constexpr quint64 bytesPerUnit = 1024; // "-k"
+
+struct Measurement {
+    quint64 size = 0; // bytes
+    DBCError error;
+};
+
+Measurement failed(DBCResultCode code, const QString& path, const QString& reason)
+{
+    DBCLog::debug(reason);
+    return {0, DBCError(code).withPathName(path).withDescription(reason)};
+}
+
+// None when the bytes are no UTF-8.
+std::optional<QString> decoded(const QByteArray& bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    const QString text = decoder(bytes);
+    return decoder.hasError() ? std::nullopt : std::optional(text);
+}
+
+// Digits 0 to 9 only: a sign, a blank or a line end makes it no number.
+std::optional<quint64> numberIn(const QString& text)
+{
+    const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
+    bool fits = false;
+    const quint64 number = text.toULongLong(&fits);
+    return fits && std::all_of(text.begin(), text.end(), isDigit) ? std::optional(number)
+                                                                  : std::nullopt;
+}
+
+Measurement sizeFromOutput(const QByteArray& output, const QString& path)
+{
+    const std::optional<QString> text = decoded(output);
+    if (!text) {
+        return failed(DBCResultCode::SizeMeasureFailure, path,
+            QStringLiteral("Get nothing from Du command. Path:[%1]").arg(path));
+    }
+    const std::optional<quint64> units = numberIn(text->section(u'\t', 0, 0));
+    if (!units) {
+        return failed(DBCResultCode::SizeMeasureFailure, path,
+            QStringLiteral("The value got from Du command is not number. Path:[%1]").arg(path));
+    }
+    return {*units * bytesPerUnit, {}};
+}
+
+// A name that begins with a dash would be taken for an option.
+QString asArgument(const QString& path)
+{
+    return path.startsWith(u'-') ? QStringLiteral("./") + path : path;
+}
+
+Measurement measure(const QString& path)
+{
+    const QString program = DBCHost::current().diskUsageProgram;
+    QProcess du;
+    du.start(program, {QStringLiteral("-k"), QStringLiteral("-s"), asArgument(path)},
+        QIODevice::ReadOnly);
+    du.waitForFinished(-1);
+    if (du.error() == QProcess::FailedToStart) {
+        return failed(DBCResultCode::InternalException, path,
+            QStringLiteral("Exception happended when get file size by using du command. "
+                           "Exception:[%1]")
+                .arg(program + QStringLiteral(": ") + du.errorString()));
+    }
+    const QByteArray output = du.readAllStandardOutput();
+    const bool succeeded = du.exitStatus() == QProcess::NormalExit && du.exitCode() == 0;
+    if (!succeeded || output.isEmpty()) {
+        return failed(DBCResultCode::SizeMeasureFailure, path,
+            QStringLiteral("Du failed, result %1").arg(du.exitCode()));
+    }
+    return sizeFromOutput(output, path);
+}
+
+} // namespace
+
+quint64 getSizeWithPath(const QString& path, DBCError* outError)
+{
+    if (path.isEmpty() || !QFileInfo::exists(path))
+        return 0;
+    const Measurement measurement = measure(path);
+    if (measurement.error && outError != nullptr)
+        *outError = measurement.error;
+    return measurement.size;
+}
