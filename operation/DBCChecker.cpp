@@ -125,7 +125,7 @@ bool DBCChecker::checkDiskSizeIsEnough(const QString& path, quint64 fileSize)
 
 bool DBCChecker::checkVelmoraIsLaunched()
 {
-    return DBCHost::current().runningApplications().contains(QString(DBCMainApplication::name));
+    return DBCHost::current().runningApplications().contains(DBCMainApplication::name);
 }
 
 bool DBCChecker::isBlank(const QString& text)

@@ -5,7 +5,7 @@ namespace DBCMainApplication {
 
 QString folder(const QString& applicationsFolder)
 {
-    return applicationsFolder + u'/' + QString(name);
+    return applicationsFolder + u'/' + name.toString();
 }
 
 QString bundle(const QString& applicationsFolder)

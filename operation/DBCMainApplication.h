@@ -3,12 +3,13 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 namespace DBCMainApplication {
 
-inline constexpr const char16_t* name = u"Velmora"; // its running name too
+inline constexpr QStringView name = u"Velmora"; // its running name too
 // Compared with the installed version as plain text: "1.1.3" is newer than this.
-inline constexpr const char16_t* minimumVersion = u"1.1.20";
+inline constexpr QStringView minimumVersion = u"1.1.20";
 
 QString folder(const QString& applicationsFolder); // "Velmora"
 QString bundle(const QString& applicationsFolder); // "Velmora/Velmora.app"
