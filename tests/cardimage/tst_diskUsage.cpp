@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cardimage/DBCDiskUsage.h"
+
+#include "operation/DBCError.h"
+#include "tests/support/ScopedHost.h"
+#include "tests/support/TestHome.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+#include <QThread>
+
+#include <sys/stat.h>
+
+namespace {
+
+constexpr quint64 KiB = 1024;
+
+// A home whose disk usage program is the given shell script.
+struct ScriptedHome {
+    TestHome home;
+    ScopedHost host;
+
+    explicit ScriptedHome(const QByteArray& script)
+    {
+        const QString program = home.writeFile(QStringLiteral("du"), "#!/bin/sh\n" + script + "\n");
+        QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
+        host->diskUsageProgram = program;
+    }
+};
+
+// What reaches the console at debug level while it lives.
+class DebugTexts {
+public:
+    DebugTexts()
+    {
+        _texts.clear();
+        _previous = qInstallMessageHandler(
+            [](QtMsgType, const QMessageLogContext&, const QString& text) { _texts += text; });
+    }
+    ~DebugTexts() { qInstallMessageHandler(_previous); }
+    DebugTexts(const DebugTexts&) = delete;
+    DebugTexts& operator=(const DebugTexts&) = delete;
+
+    static bool contain(const QString& text) { return _texts.contains(text); }
+
+private:
+    inline static QString _texts;
+    QtMessageHandler _previous;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(DBCResultCode)
+
+class tst_diskUsage : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void emptyPathAndMissingFileHaveNoSizeAndNoError()
+    {
+        const TestHome home;
+        ScopedHost host;
+        host->diskUsageProgram = QStringLiteral("/nowhere/du"); // must not even be asked
+        DBCError error;
+        QCOMPARE(getSizeWithPath(QString(), &error), quint64(0));
+        QCOMPARE(getSizeWithPath(home.path(QStringLiteral("missing")), &error), quint64(0));
+        QVERIFY(!error);
+    }
+
+    void realFileAndFolderAreMeasured()
+    {
+        const TestHome home;
+        const QString file
+            = home.writeFile(QStringLiteral("folder/file"), QByteArray(300 * 1024, 'x'));
+        struct stat status = {};
+        QCOMPARE(stat(QFile::encodeName(file).constData(), &status), 0);
+        const quint64 allocated = quint64(status.st_blocks) * 512;
+        DBCError error;
+        QCOMPARE(getSizeWithPath(file, &error), (allocated + KiB - 1) / KiB * KiB);
+        QVERIFY(getSizeWithPath(home.path(QStringLiteral("folder")), &error) >= allocated);
+        QVERIFY(!error);
+    }
+
+    void realFileWithABlankOrJapaneseNameIsMeasured_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("blank") << QStringLiteral("a b");
+        QTest::newRow("Japanese") << QStringLiteral(u"\u540D\u523A");
+        QTest::newRow("tab") << QStringLiteral("a\tb");
+        QTest::newRow("line end") << QStringLiteral("a\nb");
+        QTest::newRow("quote") << QStringLiteral("a'b\"$c");
+    }
+    void realFileWithABlankOrJapaneseNameIsMeasured()
+    {
+        QFETCH(QString, name);
+        const TestHome home;
+        const QString file = home.writeFile(name, QByteArray(64 * 1024, 'x'));
+        DBCError error;
+        QVERIFY(getSizeWithPath(file, &error) >= 64 * KiB);
+        QVERIFY(!error);
+    }
+
+    void relativePathWithADashInFrontIsNoOption()
+    {
+        const TestHome home;
+        home.writeFile(QStringLiteral("-version"), QByteArray(64 * 1024, 'x'));
+        const QString before = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(home.path()));
+        DBCError error;
+        const quint64 size = getSizeWithPath(QStringLiteral("-version"), &error);
+        QDir::setCurrent(before);
+        QVERIFY(!error);
+        QVERIFY(size >= 64 * KiB);
+    }
+
+    void argumentsAreKAndSAndThePathInThisOrder()
+    {
+        const ScriptedHome scripted(
+            "printf '%s,' \"$#\" \"$@\" > \"${0%/*}/arguments\"; printf '1\\tx'");
+        DBCError error;
+        QCOMPARE(getSizeWithPath(scripted.home.path(), &error), KiB);
+        QCOMPARE(scripted.home.readFile(QStringLiteral("arguments")),
+            "3,-k,-s," + scripted.home.path().toUtf8() + ',');
+    }
+
+    void outputIsANumberOfKibibytesBeforeTheFirstTab_data()
+    {
+        QTest::addColumn<QByteArray>("script");
+        QTest::addColumn<quint64>("size");
+        QTest::newRow("12, a tab and the path")
+            << QByteArray("printf '12\\tpath\\n'") << quint64(12288);
+        QTest::newRow("no tab at all") << QByteArray("printf 12") << quint64(12288);
+        QTest::newRow("zero") << QByteArray("printf '0\\tpath\\n'") << quint64(0);
+        QTest::newRow("over 4 GiB")
+            << QByteArray("printf '8388608\\tpath\\n'") << quint64(8589934592);
+        QTest::newRow("two tabs") << QByteArray("printf '3\\ta\\tb\\n'") << quint64(3072);
+        QTest::newRow("warnings besides")
+            << QByteArray("echo oops >&2; printf '3\\ta\\n'") << quint64(3072);
+    }
+    void outputIsANumberOfKibibytesBeforeTheFirstTab()
+    {
+        QFETCH(QByteArray, script);
+        const ScriptedHome scripted(script);
+        DBCError error;
+        QTEST(getSizeWithPath(scripted.home.path(), &error), "size");
+        QVERIFY(!error);
+    }
+
+    void failuresAreReported_data()
+    {
+        using enum DBCResultCode;
+        QTest::addColumn<QByteArray>("script");
+        QTest::addColumn<DBCResultCode>("code");
+        QTest::addColumn<QString>("debugText");
+        const auto row = [](const char* name, const char* script, const char* text) {
+            QTest::newRow(name) << QByteArray(script) << SizeMeasureFailure
+                                << QString::fromLatin1(text);
+        };
+        constexpr const char* notNumber = "The value got from Du command is not number. Path:[";
+        row("space before the number", "printf ' 12\\tpath\\n'", notNumber);
+        row("sign before the number", "printf -- '+12\\tpath\\n'", notNumber);
+        row("line end behind the number", "printf '12\\n'", notNumber);
+        row("letters", "printf '12K\\tpath\\n'", notNumber);
+        row("full-width digit", "printf '\\357\\274\\221\\tpath\\n'", notNumber);
+        row("nothing before the tab", "printf '\\tpath\\n'", notNumber);
+        row("number beyond 64 bits", "printf '99999999999999999999\\tpath\\n'", notNumber);
+        row("exit with 1", "printf '12\\tpath\\n'; exit 1", "Du failed, result 1");
+        row("exit with 3 and silence", "exit 3", "Du failed, result 3");
+        row("silence", "exit 0", "Du failed, result 0");
+        row("killed", "printf '12\\tpath\\n'; kill -9 $$", "Du failed, result 9");
+        row("bytes that are no text", "printf '12\\t\\377\\n'",
+            "Get nothing from Du command. Path:[");
+    }
+    void failuresAreReported()
+    {
+        QFETCH(QByteArray, script);
+        QFETCH(QString, debugText);
+        const ScriptedHome scripted(script);
+        const QString path = scripted.home.path();
+        DBCError error;
+        {
+            const DebugTexts texts;
+            QCOMPARE(getSizeWithPath(path, &error), quint64(0));
+            if (debugText.endsWith(u'['))
+                debugText += path + u']';
+            QVERIFY2(texts.contain(debugText), qPrintable(debugText));
+        }
+        QVERIFY(error);
+        QTEST(error.code(), "code");
+        QCOMPARE(error.pathName(), std::optional(path));
+    }
+
+    void missingProgramIsAnInternalException()
+    {
+        const TestHome home;
+        ScopedHost host;
+        host->diskUsageProgram = home.path(QStringLiteral("no-du"));
+        DBCError error;
+        const DebugTexts texts;
+        QCOMPARE(getSizeWithPath(home.path(), &error), quint64(0));
+        QCOMPARE(error.code(), DBCResultCode::InternalException);
+        QVERIFY(texts.contain(
+            QStringLiteral("Exception happended when get file size by using du command. "
+                           "Exception:[")
+            + host->diskUsageProgram));
+        QVERIFY(error.localizedDescription().contains(host->diskUsageProgram));
+    }
+
+    void failureWithoutAnErrorSlotIsZero()
+    {
+        const ScriptedHome scripted("exit 1");
+        QCOMPARE(getSizeWithPath(scripted.home.path(), nullptr), quint64(0));
+    }
+
+    void errorOfTheCallerStaysWhenNothingFails()
+    {
+        const ScriptedHome scripted("printf '1\\tx'");
+        DBCError error(DBCResultCode::NoCards);
+        QCOMPARE(getSizeWithPath(scripted.home.path(), &error), KiB);
+        QCOMPARE(error.code(), DBCResultCode::NoCards);
+    }
+
+    void workerThreadMeasuresToo()
+    {
+        const ScriptedHome scripted("printf '7\\tx'");
+        quint64 size = 0;
+        DBCError error;
+        const std::unique_ptr<QThread> worker(
+            QThread::create([&] { size = getSizeWithPath(scripted.home.path(), &error); }));
+        worker->start();
+        worker->wait();
+        QCOMPARE(size, 7 * KiB);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_diskUsage)
+#include "tst_diskUsage.moc"
