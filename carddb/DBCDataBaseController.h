@@ -42,10 +42,8 @@ public:
     QString DBPath() const { return _strDBPath; }
     void setBackupDBPath(const QString& path) { _strBackupDBPath = path; }
     QString backupDBPath() const { return _strBackupDBPath; } // empty: no backup
-    void setDelegate(DBCCancelDelegate* delegate)
-    {
-        _delegate = delegate;
-    } // not owned; may be null
+    // Not owned; null: nobody is asked.
+    void setDelegate(DBCCancelDelegate* delegate) { _delegate = delegate; }
 
     // --- record import ---
     // True when error holds nothing afterwards. False without an error for an empty folder, a null
@@ -114,6 +112,8 @@ public:
     }
 
 private:
+    DBCError addCard(const DBCRecord& record, const QString& fromPath);
+
     std::unique_ptr<DBCManagedObjectModel> _managedObjectModel;
     std::unique_ptr<DBCManagedObjectContext> _managedObjectContext; // null until opened
     // 0, not -1: until _lock() has run, _unlock() finds descriptor 0 and releases that. Only -1

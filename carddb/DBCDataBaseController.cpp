@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "carddb/DBCDataBaseController.h"
+
+#include "carddb/DBCManagedObjectContext.h"
+#include "carddb/DBCManagedObjectModel.h"
+#include "carddb/DBCPackageLayout.h"
+#include "operation/DBCLog.h"
+
+#include <QFile>
+
+#include <cstdio>
+#include <exception>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int noDescriptor = -1;
+constexpr mode_t lockFileCreationMode = S_IRWXU;
+constexpr mode_t lockFileMode = S_IRWXU | S_IRWXG | S_IRWXO;
+
+} // namespace
+
+DBCDataBaseController::DBCDataBaseController() = default;
+
+DBCDataBaseController::~DBCDataBaseController()
+{
+    static_cast<void>(_unlock());
+}
+
+std::unique_ptr<DBCDataBaseController> DBCDataBaseController::initDBwithPath(const QString& path)
+{
+    if (path.isEmpty())
+        return nullptr;
+    auto controller = std::make_unique<DBCDataBaseController>();
+    controller->setDBPath(path);
+    return controller->managedObjectContext() ? std::move(controller) : nullptr;
+}
+
+const DBCManagedObjectModel* DBCDataBaseController::managedObjectModel()
+{
+    if (!_managedObjectModel)
+        _managedObjectModel = std::make_unique<DBCManagedObjectModel>();
+    return _managedObjectModel.get();
+}
+
+DBCManagedObjectContext* DBCDataBaseController::managedObjectContext()
+{
+    if (_managedObjectContext)
+        return _managedObjectContext.get();
+    if (_strDBPath.isEmpty())
+        return nullptr;
+    _managedObjectContext = DBCManagedObjectContext::open(
+        DBCPackageLayout::storeFile(_strDBPath), *managedObjectModel());
+    // Only a package whose store opened is locked, so that nothing is written into any other.
+    if (_managedObjectContext && isFailure(_lock()))
+        _managedObjectContext.reset();
+    return _managedObjectContext.get();
+}
+
+DBCResultCode DBCDataBaseController::_lock()
+{
+    if (_strDBPath.isEmpty())
+        return DBCResultCode::GeneralFailure;
+    const QByteArray path = QFile::encodeName(DBCPackageLayout::lockFile(_strDBPath));
+    // Whoever made it: a file left behind by a program that died must not keep anybody out. The
+    // question whether another program is at work has been asked before.
+    std::remove(path.constData());
+    _ilockFile = open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, lockFileCreationMode);
+    if (_ilockFile != noDescriptor && chmod(path.constData(), lockFileMode) == 0
+        && flock(_ilockFile, LOCK_EX | LOCK_NB) == 0)
+        return DBCResultCode::Success;
+    // The descriptor stays in the field: destruction releases it like any other.
+    DBCLog::debug(QStringLiteral("There is a lock failure of the Database!"));
+    return DBCResultCode::DatabaseLockFailure;
+}
+
+DBCResultCode DBCDataBaseController::_unlock()
+{
+    if (_ilockFile == noDescriptor)
+        return DBCResultCode::Success;
+    if (flock(_ilockFile, LOCK_UN) == 0 && close(_ilockFile) == 0) {
+        _ilockFile = noDescriptor;
+        return DBCResultCode::Success;
+    }
+    DBCLog::debug(QStringLiteral("There is a Unlock failure of the Database!"));
+    const QString path = DBCPackageLayout::lockFile(_strDBPath);
+    if (!_strDBPath.isEmpty() && QFile::exists(path))
+        std::remove(QFile::encodeName(path).constData());
+    return DBCResultCode::DatabaseUnlockFailure;
+}
+
+DBCResultCode DBCDataBaseController::save()
+{
+    DBCManagedObjectContext* context = managedObjectContext();
+    if (!context)
+        return DBCResultCode::GeneralFailure;
+    try {
+        context->save();
+    } catch (const std::exception& exception) {
+        DBCLog::debug(QStringLiteral("Exception happended.[%1]")
+                          .arg(QString::fromLocal8Bit(exception.what())));
+        return DBCResultCode::DatabaseSaveFailure;
+    }
+    return DBCResultCode::Success;
+}

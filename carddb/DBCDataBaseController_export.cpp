@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "carddb/DBCDataBaseController.h"
+
+#include "carddb/DBCCard.h"
+#include "carddb/DBCCardAttributes.h"
+#include "carddb/DBCManagedObjectContext.h"
+#include "datafile/DBCInterchangeNames.h"
+#include "operation/DBCCancelDelegate.h"
+#include "operation/DBCLog.h"
+
+#include <SQLiteCpp/Exception.h>
+
+namespace {
+
+// An export step that gives neither a result nor an error has failed, too.
+template <typename Result>
+DBCError stepError(const std::optional<Result>& result, const DBCError& error)
+{
+    if (error || result)
+        return error;
+    return DBCError(DBCResultCode::GeneralFailure);
+}
+
+} // namespace
+
+std::optional<std::vector<DBCRecord>> DBCDataBaseController::fetchCardDatas(DBCError* errors)
+{
+    DBCManagedObjectContext* context = errors ? managedObjectContext() : nullptr;
+    if (!context)
+        return std::nullopt;
+    std::vector<DBCRecord> records;
+    DBCError error;
+    try {
+        context->fetchCards(DBCCardSelection::Live, [&](const Card& card) {
+            if (_delegate && _delegate->checkIsNeedToConfirmCancelOperation()) {
+                error = DBCError(DBCResultCode::CancelledByUser);
+                return false;
+            }
+            DBCRecord& record = records.emplace_back(newDataDicWith(card));
+            record.setValue(DBCRecordKey::recordNo, QString::number(records.size()));
+            return true;
+        });
+        if (!error && records.empty())
+            error = DBCError(DBCResultCode::NoCards);
+    } catch (const SQLite::Exception& exception) {
+        DBCLog::debug(QStringLiteral("The cards could not be fetched.[%1]")
+                          .arg(QString::fromLocal8Bit(exception.what())));
+        error = DBCError(DBCResultCode::FetchFailure);
+        records.clear();
+    }
+    if (error)
+        *errors = error;
+    return records;
+}
+
+DBCRecord DBCDataBaseController::newDataDicWith(const Card& card)
+{
+    constexpr std::size_t keysAddedLater = 2; // recordNo and attachmentFile
+    DBCRecord record;
+    record.reserve(DBCCardAttributes.size() + keysAddedLater);
+    for (const DBCCardAttribute& attribute : DBCCardAttributes) {
+        if (const DBCValue* value = card.value(attribute.key))
+            record.setValue(attribute.key, *value);
+        else if (attribute.key == DBCRecordKey::accept_Date)
+            record.setValue(attribute.key, QDateTime::currentDateTime());
+        else
+            record.setValue(attribute.key, QString());
+    }
+    return record;
+}
+
+std::optional<DBCRecord> DBCDataBaseController::exportData(
+    const DBCRecord& record, const QString& toPath, DBCError* errors)
+{
+    if (toPath.isEmpty() || !errors)
+        return std::nullopt;
+    if (const auto code = createDirectoryIfNotExists(toPath); code != DBCResultCode::Success) {
+        *errors = DBCError(code).withPathName(toPath);
+        return std::nullopt;
+    }
+
+    DBCError imageError;
+    const auto images
+        = _exportImageFile(record, DBCInterchangeNames::imageFolder(toPath), &imageError);
+    if (const DBCError error = stepError(images, imageError)) {
+        *errors = error;
+        return std::nullopt;
+    }
+
+    DBCError attachmentError;
+    const auto attachment = _exportAttachFile(
+        record, DBCInterchangeNames::attachmentFolder(toPath), &attachmentError);
+    if (const DBCError error = stepError(attachment, attachmentError)) {
+        *errors = error;
+        return std::nullopt;
+    }
+
+    // An error that the caller left in the slot spoils the card as well.
+    if (*errors)
+        return std::nullopt;
+
+    DBCRecord completed = record;
+    completed.setValue(DBCRecordKey::face_Image_File, images->value(0));
+    completed.setValue(DBCRecordKey::back_Image_File, images->value(1));
+    completed.setValue(DBCRecordKey::attachmentFile, *attachment);
+    return completed;
+}
