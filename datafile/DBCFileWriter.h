@@ -30,12 +30,16 @@ public:
 
     // Opens on first use and appends. GeneralFailure: nothing given; DataFileWriteFailure: a record
     // lacks a column, or the text could not be encoded or written; else the code of open().
+    // A text is written as it is, without a line end of our own.
     DBCResultCode write(const std::optional<QString>& text);
     DBCResultCode write(const DBCRecord& record);
 
-    // The record's line with "\r\n" at its end; none when a column is missing.
+    // The record's line with "\r\n" at its end; none when a column is missing. Values are texts; a
+    // registration date may be a date and is written as yyyy/MM/dd in local time. Any other value
+    // gives an empty item.
     std::optional<QString> createDataStrWith(const DBCRecord& record) const;
     bool validateItemRequired(const DBCRecord& record) const;
+    // Empty when the list is empty or a text is missing.
     static QString deleteSpecialCharater(
         const QStringList& list, const std::optional<QString>& FromString);
     static QString replaceSpecialChars(const QStringList& list,
@@ -44,6 +48,11 @@ public:
 private:
     DBCFileWriter(const QString& fileName, DBCTextEncoding encoding, const QString& lineSeparator);
     bool initMappingTitleDic();
+    bool openHandle();
+    bool append(QByteArrayView bytes);
+    // DataFileWriteFailure for none.
+    DBCResultCode writeLine(const std::optional<QString>& line);
+    static QString cleaned(const QString& value);
 
     QString _fullFileName;
     DBCTextEncoding _encoding;
