@@ -24,6 +24,15 @@ bool mayBeginAFile(char16_t unit)
     return isAscii || isKanaOrIdeograph || isCompatibilityForm;
 }
 
+// The whole units among bytes; convert is one of the library's bulk conversions.
+QString unitsFrom(QByteArrayView bytes, void (*convert)(const void*, qsizetype, void*))
+{
+    QString units(bytes.size() / bytesPerUnit, Qt::Uninitialized);
+    if (!units.isEmpty()) // bytes may be null otherwise
+        convert(bytes.data(), units.size(), units.data());
+    return units;
+}
+
 // Lone surrogates have no encoded form.
 QString withoutLoneSurrogates(QStringView text)
 {
@@ -78,12 +87,8 @@ DBCTextDecoder::Result DBCTextDecoder::decodeUtf16(QByteArrayView piece, QString
     if (!_byteOrder && (bytes.startsWith(littleEndianMark) || bytes.startsWith(bigEndianMark)))
         bytes = bytes.sliced(littleEndianMark.size());
 
-    QString units(bytes.size() / bytesPerUnit, Qt::Uninitialized);
-    if (order == ByteOrder::LittleEndian)
-        qFromLittleEndian<quint16>(bytes.data(), units.size(), units.data());
-    else
-        qFromBigEndian<quint16>(bytes.data(), units.size(), units.data());
-
+    QString units = order == ByteOrder::LittleEndian ? unitsFrom(bytes, qFromLittleEndian<quint16>)
+                                                     : unitsFrom(bytes, qFromBigEndian<quint16>);
     QStringView whole = units;
     if (!whole.isEmpty() && whole.back().isHighSurrogate())
         whole.chop(1);
