@@ -5,7 +5,6 @@
 #include <QImage>
 #include <QSizeF>
 
-// isNull() when nothing was decoded.
 struct DBCBitmap {
     enum class ColorModel : quint8 {
         CalibratedRGB,
@@ -15,12 +14,25 @@ struct DBCBitmap {
         DeviceBlack
     };
 
-    // Format_Mono for one bit (set is black), Grayscale8, RGB888, or a 32-bit format with alpha.
+    // Twice a card at 2400 dpi. What claims to be larger is refused before memory is taken for it.
+    static constexpr qint64 maximumBytes = 256LL * 1024 * 1024;
+
+    // True when an image of this many pixels has at least one and stays within maximumBytes.
+    static bool canHold(QSizeF size, int bitsPerPixel);
+
+    // All bits clear: white when the format is Format_Mono, transparent or black otherwise. A null
+    // bitmap when canHold() refuses the size.
+    static DBCBitmap blank(QSize size, QImage::Format format, ColorModel model);
+    // The point size is the pixel size.
+    static DBCBitmap of(const QImage& pixels, ColorModel model);
+
+    // True when nothing was decoded.
+    bool isNull() const { return pixels.isNull(); }
+    int bitsPerPixel() const { return pixels.depth(); }
+
+    // Format_Mono for one bit (set is black), Grayscale8, RGB888, or a 32-bit format.
     QImage pixels;
     ColorModel colorModel = ColorModel::DeviceRGB;
     // Resolution in dots per inch is pixels x 72 / points.
     QSizeF pointSize;
-
-    bool isNull() const { return pixels.isNull(); }
-    int bitsPerPixel() const { return pixels.depth(); }
 };

@@ -13,8 +13,10 @@
 // is set for PdfCardImageOnly.
 DBCResultCode CheckPdfFile(const QString& path, qint32* pageCount);
 
-// Either image output may be null but not both; either info output may be null but not both. On
-// failure both images are null bitmaps. A one-page document leaves outBack as it was.
+// Either image output may be null but not both; either info output may be null but not both:
+// ParameterError, as for an empty path. NoImageInPdf when a page that is asked for is missing or
+// shows no image that can be taken out. On failure both images are null bitmaps. A one-page
+// document leaves outBack as it was.
 DBCResultCode AcquireCardImageFromPDF(const QString& path, DBCBitmap* outFace,
     CardImageInfo* outFaceInfo, DBCBitmap* outBack, CardImageInfo* outBackInfo);
 

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cardimage/DBCBitmap.h"
+
+bool DBCBitmap::canHold(QSizeF size, int bitsPerPixel)
+{
+    return size.width() >= 1 && size.height() >= 1
+        && size.width() * size.height() * bitsPerPixel <= double(maximumBytes) * 8;
+}
+
+DBCBitmap DBCBitmap::blank(QSize size, QImage::Format format, ColorModel model)
+{
+    if (!canHold(size, QImage::toPixelFormat(format).bitsPerPixel()))
+        return {};
+    QImage pixels(size, format);
+    if (format == QImage::Format_Mono)
+        pixels.setColorTable({qRgb(255, 255, 255), qRgb(0, 0, 0)});
+    pixels.fill(0);
+    return of(pixels, model);
+}
+
+DBCBitmap DBCBitmap::of(const QImage& pixels, ColorModel model)
+{
+    return {pixels, model, pixels.size()};
+}

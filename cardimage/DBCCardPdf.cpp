@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cardimage/DBCCardPdf.h"
+
+#include "cardimage/DBCBitmapImageRep.h"
+#include "cardimage/DBCPdfPageImage.h"
+#include "cardimage/DBCPdfText.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFObjectHandle.hh>
+
+namespace {
+
+constexpr qint32 FullTurn = 360;
+
+// The library's exceptions pass. A document behind a password is one of them.
+void open(QPDF* document, const QString& path)
+{
+    // Opening a pipe would wait for its other end.
+    if (!QFileInfo(path).isFile())
+        throw std::runtime_error("not a file");
+    document->setSuppressWarnings(true);
+    document->processFile(QFile::encodeName(path).constData());
+}
+
+bool isByKnownProducer(QPDF* document)
+{
+    QPDFObjectHandle info = document->getTrailer().getKey("/Info");
+    if (!info.isDictionary() || !info.getKey("/Creator").isString())
+        return false;
+    const std::string creator = info.getKey("/Creator").getUTF8Value();
+    return creator.find("Trevant") != std::string::npos
+        || creator.find("Velmora") != std::string::npos;
+}
+
+// The whole rotation, brought back into a turn once and not further.
+qint32 totalRotation(qint32 contentRotation, QPDFObjectHandle page)
+{
+    QPDFObjectHandle ownRotation = page.getKey("/Rotate");
+    const qint64 sum
+        = contentRotation + (ownRotation.isInteger() ? ownRotation.getIntValueAsInt() : 0LL);
+    if (sum >= FullTurn)
+        return static_cast<qint32>(sum - FullTurn);
+    return static_cast<qint32>(sum < 0 ? sum + FullTurn : sum);
+}
+
+DBCResultCode acquirePage(const QPDFObjectHandle& page, ImageDescriptor* descriptor,
+    DBCBitmap* outImage, CardImageInfo* outInfo)
+{
+    QByteArray data;
+    qint32 rotation = 0;
+    if (const auto code = AcquireImageFromPDFPage(page, &data, descriptor, &rotation);
+        code != DBCResultCode::Success)
+        return code;
+    *outImage = createBitmapImageRep(&data, descriptor);
+    if (outImage->isNull())
+        return DBCResultCode::NoImageInPdf;
+    if (outInfo) {
+        outInfo->rotation = totalRotation(rotation, page);
+        outInfo->xResolution = descriptor->verticalResolution;
+        outInfo->yResolution = descriptor->horizontalResolution;
+        outInfo->isColor = descriptor->depth != DBCBitmapDepth ? 1 : 0;
+    }
+    return DBCResultCode::Success;
+}
+
+DBCResultCode acquirePages(const QString& path, DBCBitmap* outFace, CardImageInfo* outFaceInfo,
+    DBCBitmap* outBack, CardImageInfo* outBackInfo)
+{
+    QPDF document;
+    open(&document, path);
+    const std::vector<QPDFObjectHandle>& pages = document.getAllPages();
+    if (pages.empty())
+        return DBCResultCode::NoImageInPdf;
+    ImageDescriptor descriptor;
+    DBCResultCode code = DBCResultCode::Success;
+    if (outFace)
+        code = acquirePage(pages[0], &descriptor, outFace, outFaceInfo);
+    if (outBack && pages.size() > 1 && code == DBCResultCode::Success)
+        code = acquirePage(pages[1], &descriptor, outBack, outBackInfo);
+    return code;
+}
+
+} // namespace
+
+DBCResultCode CheckPdfFile(const QString& path, qint32* pageCount)
+{
+    if (path.isEmpty())
+        return DBCResultCode::ParameterError;
+    if (!QFileInfo::exists(path))
+        return DBCResultCode::PdfNotExist;
+    try {
+        QPDF document;
+        open(&document, path);
+        if (!isByKnownProducer(&document))
+            return DBCResultCode::PdfNotCard;
+        if (hasPageText(&document, path))
+            return DBCResultCode::PdfCardWithText;
+        if (pageCount)
+            *pageCount = static_cast<qint32>(document.getAllPages().size());
+        return DBCResultCode::PdfCardImageOnly;
+    } catch (const std::exception&) {
+        return DBCResultCode::PdfNotCard;
+    }
+}
+
+DBCResultCode AcquireCardImageFromPDF(const QString& path, DBCBitmap* outFace,
+    CardImageInfo* outFaceInfo, DBCBitmap* outBack, CardImageInfo* outBackInfo)
+{
+    DBCResultCode code = DBCResultCode::NoImageInPdf;
+    if (path.isEmpty() || (!outFace && !outBack) || (!outFaceInfo && !outBackInfo)) {
+        code = DBCResultCode::ParameterError;
+    } else {
+        try {
+            code = acquirePages(path, outFace, outFaceInfo, outBack, outBackInfo);
+        } catch (const std::exception&) {
+            // A document that cannot be opened or followed has no page either.
+        }
+    }
+    if (code != DBCResultCode::Success) {
+        for (DBCBitmap* image : {outFace, outBack}) {
+            if (image)
+                *image = {};
+        }
+    }
+    return code;
+}

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cardimage/DBCCardPdfWriter.h"
+
+#include "cardimage/DBCJpegProperties.h"
+
+#include <QFile>
+
+#include <qpdf/QPDFObjectHandle.hh>
+#include <qpdf/QPDFWriter.hh>
+
+#include <cstring>
+
+namespace {
+
+using Object = QPDFObjectHandle;
+
+const char* colorSpaceOf(int components)
+{
+    switch (components) {
+    case 1:
+        return "/DeviceGray";
+    case 4:
+        return "/DeviceCMYK";
+    default:
+        return "/DeviceRGB";
+    }
+}
+
+std::shared_ptr<Buffer> copyOf(const QByteArray& bytes)
+{
+    auto buffer = std::make_shared<Buffer>(static_cast<size_t>(bytes.size()));
+    std::memcpy(buffer->getBuffer(), bytes.constData(), buffer->getSize());
+    return buffer;
+}
+
+Object newImage(QPDF* document, const QByteArray& jpeg, const DBCJpegProperties& properties)
+{
+    constexpr int bitsPerComponent = 8;
+    Object image = document->newStream();
+    Object dictionary = image.getDict();
+    dictionary.replaceKey("/Type", Object::newName("/XObject"));
+    dictionary.replaceKey("/Subtype", Object::newName("/Image"));
+    dictionary.replaceKey("/Width", Object::newInteger(properties.pixelWidth));
+    dictionary.replaceKey("/Height", Object::newInteger(properties.pixelHeight));
+    dictionary.replaceKey("/BitsPerComponent", Object::newInteger(bitsPerComponent));
+    dictionary.replaceKey("/ColorSpace", Object::newName(colorSpaceOf(properties.components)));
+    // Readers take the four inks as they stand in the file, and these stand for their opposites.
+    if (properties.isInvertedCmyk)
+        dictionary.replaceKey("/Decode", Object::parse("[1 0 1 0 1 0 1 0]"));
+    image.replaceStreamData(copyOf(jpeg), Object::newName("/DCTDecode"), Object::newNull());
+    return image;
+}
+
+// The matrix behind the rendering intent is where a card's rotation is looked for; this one says
+// upright.
+std::string contentsFor(QSize pointSize)
+{
+    return "/Perceptual ri\nq\n" + std::to_string(pointSize.width()) + " 0 0 "
+        + std::to_string(pointSize.height()) + " 0 0 cm\n/Im1 Do\nQ\n";
+}
+
+} // namespace
+
+DBCCardPdfWriter::DBCCardPdfWriter(const QString& path)
+    : _file(std::fopen(QFile::encodeName(path).constData(), "wbe"))
+{
+    _document.emptyPDF();
+    Object info = Object::newDictionary();
+    info.replaceKey("/Creator", Object::newString(creator));
+    _document.getTrailer().replaceKey("/Info", _document.makeIndirectObject(info));
+}
+
+void DBCCardPdfWriter::addPage(
+    const QByteArray& jpeg, const DBCJpegProperties& properties, QSize pointSize)
+{
+    Object images = Object::newDictionary();
+    images.replaceKey("/Im1", newImage(&_document, jpeg, properties));
+    Object resources = Object::newDictionary();
+    resources.replaceKey("/XObject", images);
+    const Object box = Object::parse("[0 0 " + std::to_string(pointSize.width()) + ' '
+        + std::to_string(pointSize.height()) + ']');
+
+    Object page = Object::newDictionary();
+    page.replaceKey("/Type", Object::newName("/Page"));
+    page.replaceKey("/MediaBox", box);
+    page.replaceKey("/Resources", resources);
+    page.replaceKey("/Contents", _document.newStream(contentsFor(pointSize)));
+    _document.addPage(_document.makeIndirectObject(page), false);
+}
+
+bool DBCCardPdfWriter::close()
+{
+    try {
+        QPDFWriter writer(_document);
+        writer.setOutputFile("card PDF", _file.get(), false);
+        writer.setStreamDataMode(qpdf_s_preserve);
+        writer.setObjectStreamMode(qpdf_o_disable);
+        writer.write();
+    } catch (const std::exception&) {
+        return false;
+    }
+    return std::fclose(_file.release()) == 0;
+}

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cardimage/DBCDecimalNumber.h"
+
+#include <charconv>
+#include <cmath>
+
+double leadingDecimalNumber(QByteArrayView text)
+{
+    const auto isBlank = [](char byte) { return byte == ' ' || (byte >= '\t' && byte <= '\r'); };
+    while (!text.isEmpty() && isBlank(text.front()))
+        text = text.sliced(1);
+    if (text.startsWith('+'))
+        text = text.sliced(1);
+    double number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return std::isfinite(number) ? number : 0; // "inf" and "nan" are words, not numbers
+}

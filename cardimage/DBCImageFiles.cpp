@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cardimage/DBCImageFiles.h"
+
+#include "cardimage/DBCBitmapDrawing.h"
+#include "cardimage/DBCCardPdfWriter.h"
+#include "cardimage/DBCDiskUsage.h"
+#include "cardimage/DBCJpegCodec.h"
+#include "cardimage/DBCJpegProperties.h"
+#include "datafile/DBCCommonFunction.h"
+#include "operation/DBCChecker.h"
+#include "operation/DBCError.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <limits>
+#include <new>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int PointsPerInch = 72;
+constexpr int ColorDepth = 24;
+
+// Turns the bitmap upright. A gray picture that counts as colour becomes RGB only where the system
+// is of this version or later.
+DBCResultCode turn(DBCBitmap* bitmap, qint32 rotation, qint32 isColor)
+{
+    constexpr qint32 versionWithColorGray = 0x1060;
+    const int originalDepth = bitmap->bitsPerPixel();
+    const DBCResultCode code = RotateBitmapImageRep(*bitmap, rotation, bitmap);
+    if (code != DBCResultCode::Success)
+        return code;
+    if (originalDepth == 8 && isColor == 1 && getSystemVersion() >= versionWithColorGray)
+        return ConvertImageToDepth(*bitmap, ColorDepth, bitmap);
+    return DBCResultCode::Success;
+}
+
+// A 1-bit picture that needs no turning is written in colour; a turned one stays gray. Files that
+// scripts compare have been so for ever.
+DBCResultCode prepare(DBCBitmap* bitmap, qint32 rotation, qint32 isColor)
+{
+    if (rotation != 0)
+        return turn(bitmap, rotation, isColor);
+    if (bitmap->bitsPerPixel() == 1 || isColor == 0)
+        return ConvertImageToDepth(*bitmap, ColorDepth, bitmap);
+    return DBCResultCode::Success;
+}
+
+DBCResultCode checkSpaceForPdf(const QStringList& paths, const QString& outputPath)
+{
+    quint64 size = DBCDiskSpaceMargin;
+    for (const QString& path : paths) {
+        DBCError error;
+        size += getSizeWithPath(path, &error);
+        if (isFailure(error.code()))
+            return error.code();
+    }
+    return DBCChecker::checkDiskSizeIsEnough(QFileInfo(outputPath).absolutePath(), size)
+        ? DBCResultCode::Success
+        : DBCResultCode::NoSpaceForImport;
+}
+
+// The page is as large as the picture is when its Exif orientation is heeded. The picture on it is
+// not turned.
+QSize pagePointSize(DBCJpegProperties properties)
+{
+    constexpr qint32 firstSidewaysOrientation = 5;
+    constexpr qint32 lastSidewaysOrientation = 8;
+    if (properties.orientation >= firstSidewaysOrientation
+        && properties.orientation <= lastSidewaysOrientation) {
+        std::swap(properties.pixelWidth, properties.pixelHeight);
+        std::swap(properties.xResolution, properties.yResolution);
+    }
+    if (properties.xResolution == 0 || properties.yResolution == 0)
+        return {properties.pixelWidth, properties.pixelHeight};
+    return {properties.pixelWidth * PointsPerInch / properties.xResolution,
+        properties.pixelHeight * PointsPerInch / properties.yResolution};
+}
+
+bool addPage(DBCCardPdfWriter* writer, const QString& path)
+{
+    // What is larger than any picture that could be shown again is not read.
+    if (QFileInfo(path).size() > DBCBitmap::maximumBytes)
+        return false;
+    QByteArray jpeg;
+    if (readJpgFile(QUrl::fromLocalFile(path), &jpeg) != 0)
+        return false;
+    const auto properties = readJpegProperties(jpeg);
+    if (!properties)
+        return false;
+    writer->addPage(jpeg, *properties, pagePointSize(*properties));
+    return true;
+}
+
+class Descriptor {
+public:
+    explicit Descriptor(int number)
+        : _number(number)
+    {
+    }
+    ~Descriptor()
+    {
+        if (_number >= 0)
+            ::close(_number);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    int number() const { return _number; }
+
+private:
+    int _number;
+};
+
+// 0 or minus errno. Sets length to the number of bytes read.
+qint32 readFully(int descriptor, QByteArray* buffer, qsizetype* length)
+{
+    for (*length = 0; *length < buffer->size();) {
+        const ssize_t count = ::read(
+            descriptor, buffer->data() + *length, static_cast<size_t>(buffer->size() - *length));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return -errno;
+        if (count == 0)
+            break;
+        *length += count;
+    }
+    return 0;
+}
+
+} // namespace
+
+DBCResultCode saveJpgFile(const DBCBitmap& image, qint32 rotation, qint32 xResolution,
+    qint32 /*yResolution*/, qint32 isColor, const QString& path)
+{
+    if (image.isNull() || path.isEmpty())
+        return DBCResultCode::GeneralFailure;
+    DBCBitmap bitmap = image;
+    if (prepare(&bitmap, rotation, isColor) != DBCResultCode::Success)
+        return DBCResultCode::PdfToJpegFailure;
+    // No resolution makes an endless size, which the encoder records as none.
+    bitmap.pointSize *= xResolution == 0 ? std::numeric_limits<double>::infinity()
+                                         : static_cast<double>(PointsPerInch) / xResolution;
+    const QByteArray jpeg = encodeJpeg(bitmap);
+    return jpeg.isEmpty() ? DBCResultCode::Success : DBCCommonFunction::saveFile(jpeg, path);
+}
+
+DBCResultCode convertJPG2PDF(const QStringList& paths, const QString& outputPath)
+{
+    if (paths.isEmpty() || outputPath.isEmpty())
+        return DBCResultCode::GeneralFailure;
+    if (const auto code = checkSpaceForPdf(paths, outputPath); isFailure(code))
+        return code;
+    try {
+        DBCCardPdfWriter writer(outputPath);
+        if (!writer.isOpen())
+            return DBCResultCode::PdfCreateFailure;
+        for (const QString& path : paths) {
+            if (!addPage(&writer, path))
+                return DBCResultCode::PdfCreateFailure;
+        }
+        return writer.close() ? DBCResultCode::Success : DBCResultCode::PdfCreateFailure;
+    } catch (const std::exception&) {
+        return DBCResultCode::PdfCreateFailure;
+    }
+}
+
+qint32 readJpgFile(const QUrl& url, QByteArray* outBuffer)
+{
+    constexpr qint32 readFailure = -4960;
+    constexpr qint64 lengthLimit = 4LL * 1024 * 1024 * 1024;
+    if (url.isEmpty() || !outBuffer)
+        return toNumber(DBCResultCode::ParameterError);
+    outBuffer->clear();
+    if (!url.isLocalFile())
+        return readFailure;
+    // A pipe must not keep us waiting for its other end.
+    const QByteArray path = QFile::encodeName(url.toLocalFile());
+    const Descriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (file.number() < 0)
+        return -errno;
+    struct stat status { };
+    if (::fstat(file.number(), &status) != 0)
+        return -errno;
+    if (!S_ISREG(status.st_mode) || status.st_size >= lengthLimit)
+        return readFailure;
+    QByteArray buffer;
+    try {
+        buffer.resize(status.st_size);
+    } catch (const std::bad_alloc&) {
+        return readFailure;
+    }
+    qsizetype length = 0;
+    if (const qint32 error = readFully(file.number(), &buffer, &length); error != 0)
+        return error;
+    if (length != buffer.size())
+        return readFailure;
+    *outBuffer = buffer;
+    return 0;
+}

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "operation/DBCResultCode.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace Poppler {
+class Document;
+}
+
+// The whole document, to be drawn page by page. ParameterError for an empty path or a null output,
+// and when the file does not exist, cannot be read, is no PDF or is locked by a password.
+DBCResultCode AcquireCardImageFromAllPDF(
+    const QString& path, std::unique_ptr<Poppler::Document>* outPdfImage);

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cardimage/DBCPdfStreamData.h"
+
+#include <qpdf/Buffer.hh>
+#include <qpdf/Pipeline.hh>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFObjectHandle.hh>
+
+#include <stdexcept>
+
+namespace {
+
+// Takes bytes up to a limit and then stops whoever sends them: a few kilobytes of compressed zeros
+// must not fill the memory.
+class Collector final : public Pipeline {
+public:
+    explicit Collector(qint64 limit)
+        : Pipeline("collector", nullptr)
+        , _limit(limit)
+    {
+    }
+
+    void write(unsigned char const* data, size_t length) override
+    {
+        const auto room = static_cast<size_t>(_limit - _bytes.size());
+        _bytes.append(
+            reinterpret_cast<const char*>(data), static_cast<qsizetype>(qMin(length, room)));
+        if (length > room)
+            throw std::length_error("limit reached");
+    }
+    void finish() override { }
+
+    const QByteArray& bytes() const { return _bytes; }
+
+private:
+    QByteArray _bytes;
+    qint64 _limit;
+};
+
+// decodeLevel qpdf_dl_none gives the bytes as stored. Sets isDecoded when the filters could be
+// undone at all.
+QByteArray collect(
+    QPDFObjectHandle& stream, qint64 limit, qpdf_stream_decode_level_e decodeLevel, bool* isDecoded)
+{
+    Collector collector(limit);
+    try {
+        stream.pipeStreamData(&collector, isDecoded, 0, decodeLevel, true, false);
+    } catch (const std::exception&) {
+        // Damaged data or the limit: what has arrived is the result.
+    }
+    return collector.bytes();
+}
+
+// How many filters stand before the JPEG's own; 0 when there is no such filter.
+int filtersBeforeJpeg(QPDFObjectHandle& filter)
+{
+    for (int i = 0; filter.isArray() && i < filter.getArrayNItems(); ++i) {
+        if (filter.getArrayItem(i).isNameAndEquals("/DCTDecode"))
+            return i;
+    }
+    return 0;
+}
+
+QPDFObjectHandle firstItems(QPDFObjectHandle value, int count)
+{
+    if (!value.isArray())
+        return value;
+    QPDFObjectHandle result = QPDFObjectHandle::newArray();
+    for (int i = 0; i < count; ++i) {
+        result.appendItem(
+            i < value.getArrayNItems() ? value.getArrayItem(i) : QPDFObjectHandle::newNull());
+    }
+    return result;
+}
+
+} // namespace
+
+std::optional<QByteArray> decodedStreamData(QPDFObjectHandle stream, qint64 limit)
+{
+    bool isDecoded = false;
+    QByteArray bytes = collect(stream, limit, qpdf_dl_specialized, &isDecoded);
+    if (!isDecoded)
+        return std::nullopt;
+    return bytes;
+}
+
+std::optional<QByteArray> jpegStreamData(QPDFObjectHandle stream, qint64 limit)
+{
+    const QByteArray stored = collect(stream, limit, qpdf_dl_none, nullptr);
+    QPDFObjectHandle filter = stream.getDict().getKey("/Filter");
+    QPDFObjectHandle parameters = stream.getDict().getKey("/DecodeParms");
+    const int count = filtersBeforeJpeg(filter);
+    if (count == 0)
+        return stored;
+    // The library undoes all filters of a stream or none, so the first ones get a stream of their
+    // own.
+    QPDFObjectHandle front = QPDFObjectHandle::newStream(&stream.getQPDF(), stored.toStdString());
+    front.replaceDict(stream.getDict().shallowCopy());
+    front.getDict().replaceKey("/Filter", firstItems(filter, count));
+    front.getDict().replaceKey("/DecodeParms", firstItems(parameters, count));
+    return decodedStreamData(front, limit);
+}
