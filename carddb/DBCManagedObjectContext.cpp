@@ -19,7 +19,7 @@
 namespace {
 
 // How long an access waits for another process that holds the store before it fails.
-constexpr int busyTimeoutMs = 2000;
+constexpr int busyTimeoutMs = 1000;
 
 // The store's form of a new object's identity; a UUID and a number follow.
 constexpr const char16_t* identityStart = u"x-coredata:///Card/t";

@@ -19,8 +19,8 @@
 // every store has tables and columns of the main application's own.
 struct PackageLayout {
     int entityNumber = 1; // of the entity Card
-    QStringList withoutColumns; // "ZMEMO"
-    QMap<QString, QString> columnDefaults; // "ZSTATUS" to the SQL text behind DEFAULT
+    QStringList withoutColumns = {}; // "ZMEMO"
+    QMap<QString, QString> columnDefaults = {}; // "ZSTATUS" to the SQL text behind DEFAULT
     QString entityName = QStringLiteral("Card");
     bool writeAheadLog = false;
     bool imagesAndFilesFolders = true;
@@ -73,6 +73,8 @@ public:
 
     // Statements without a result, and the rows of a query. Failures end the test program.
     void execute(const QString& sql, const QList<QVariant>& bindings = {}) const;
+    // The same in a store with a write-ahead log, left behind in the log as by a program that died.
+    void executeIntoLog(const QString& sql) const;
     QList<QVariantList> rows(const QString& sql) const;
     // The first column of the only row.
     QVariant value(const QString& sql) const;
