@@ -3,7 +3,7 @@
 
 #include "datafile/DBCRecord.h"
 #include "datafile/DBCTextEncoding.h"
-#include "operation/DBCHost.h"
+#include "tests/support/ScopedHost.h"
 #include "tests/support/TestHome.h"
 
 #include <QFile>
@@ -19,21 +19,6 @@ using Common = DBCCommonFunction;
 using Code = DBCResultCode;
 
 namespace {
-
-// Puts the machine back as it was when a test has changed what it answers.
-class HostKeeper {
-public:
-    HostKeeper()
-        : _kept(DBCHost::current())
-    {
-    }
-    ~HostKeeper() { DBCHost::current() = _kept; }
-    HostKeeper(const HostKeeper&) = delete;
-    HostKeeper& operator=(const HostKeeper&) = delete;
-
-private:
-    DBCHost _kept;
-};
 
 // Every write beyond this many bytes of a file fails, as on a disk that fills up.
 class FileSizeLimit {
@@ -245,9 +230,9 @@ void tst_commonFunction::saveBelowAFileFails()
 
 void tst_commonFunction::saveIntoAReadOnlyFolderFails()
 {
-    const HostKeeper keeper;
+    ScopedHost host;
+    host.makeReadOnly({_home->path()});
     const QString old = _home->writeFile(QStringLiteral("file"), "kept");
-    DBCHost::current().isWritable = [](const QString&) { return false; };
     QCOMPARE(Common::saveFile(QByteArray("new"), old), Code::FileSaveFailure);
     QCOMPARE(_home->readFile(QStringLiteral("file")), QByteArray("kept"));
 }
@@ -264,9 +249,9 @@ void tst_commonFunction::saveWantsTheMarginFreeBesideTheData()
 {
     QFETCH(quint64, free);
     QFETCH(Code, expected);
-    const HostKeeper keeper;
+    ScopedHost host;
     QString asked;
-    DBCHost::current().freeBytes = [&](const QString& path) {
+    host->freeBytes = [&](const QString& path) {
         asked = path;
         return std::optional(free);
     };
@@ -276,9 +261,9 @@ void tst_commonFunction::saveWantsTheMarginFreeBesideTheData()
 
 void tst_commonFunction::saveWithoutSpaceKeepsTheOldFile()
 {
-    const HostKeeper keeper;
+    ScopedHost host;
+    host.setFreeBytes(1);
     const QString path = _home->writeFile(QStringLiteral("file"), "kept");
-    DBCHost::current().freeBytes = [](const QString&) { return std::optional(quint64 {1}); };
     QCOMPARE(Common::saveFile(QByteArray("new"), path), Code::NoSpaceForExport);
     QCOMPARE(_home->readFile(QStringLiteral("file")), QByteArray("kept"));
 }
@@ -476,15 +461,15 @@ void tst_commonFunction::formatValueWidensKatakanaAndCuts()
 
 void tst_commonFunction::systemVersionFallsBackTo0x1050()
 {
-    const HostKeeper keeper;
-    DBCHost::current().systemVersion = [] { return std::optional<qint32>(); };
+    ScopedHost host;
+    host->systemVersion = [] { return std::optional<qint32>(); };
     QCOMPARE(getSystemVersion(), 4176);
 }
 
 void tst_commonFunction::systemVersionIsWhatTheMachineSays()
 {
-    const HostKeeper keeper;
-    DBCHost::current().systemVersion = [] { return std::optional<qint32>(0x1068); };
+    ScopedHost host;
+    host->systemVersion = [] { return std::optional<qint32>(0x1068); };
     QCOMPARE(getSystemVersion(), 0x1068);
 }
 

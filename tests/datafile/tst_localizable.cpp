@@ -206,8 +206,6 @@ void tst_localizable::substituteCanTakeAnEntryAway()
     QCOMPARE(getLocalString(key), key);
 }
 
-Q_DECLARE_METATYPE(DBCMessageArguments)
-
 int main(int argc, char* argv[])
 {
     // What a program started under another locale says, for environmentChoosesTheLanguage().
