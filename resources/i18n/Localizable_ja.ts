@@ -208,6 +208,16 @@
         <source>A card image could not be written. Check that the image folder of the export can be written to and that the disk has free space.</source>
         <translation>名刺画像を書き込めませんでした。エクスポート先の画像フォルダに書き込めること、ディスクに空き容量があることを確認してください。</translation>
     </message>
+    <message id="IDS_LOG_ERR_TRANSFER_COPY">
+        <source>No. %1 [%2]: [%3] could not be copied to [%4]. Reason: %5. No. is the line of the data file on import and the number of the card on export.</source>
+        <extracomment>%1: line of the data file or number of the card. %2: full name on the card. %3: source path. %4: target path. %5: what the system says.</extracomment>
+        <translation>No. %1 [%2]: [%3] を [%4] にコピーできませんでした。理由: %5。No. は、インポートではデータファイルの行番号、エクスポートでは名刺の番号です。</translation>
+    </message>
+    <message id="IDS_LOG_ERR_TRANSFER_PLACE">
+        <source>No. %1 [%2]: the failure concerns [%3]. No. is the line of the data file on import and the number of the card on export. Check that it exists, that you may read and write there and that the disk has free space, then try again.</source>
+        <extracomment>%1: line of the data file or number of the card. %2: full name on the card. %3: path.</extracomment>
+        <translation>No. %1 [%2]: 問題があった場所は [%3] です。No. は、インポートではデータファイルの行番号、エクスポートでは名刺の番号です。存在すること、読み書きできること、ディスクに空き容量があることを確認して、もう一度実行してください。</translation>
+    </message>
     <message id="IDS_LOG_INF_CANCEL_OPERATION">
         <source>The operation was cancelled by the user.</source>
         <translation>ユーザーの操作により処理を中止しました。</translation>
@@ -252,6 +262,16 @@
         <extracomment>%1: number of the card. %2: full name on the card.</extracomment>
         <translation>%1件目 [%2]: 名前が「.」で始まるか、/ : \ * ? &quot; &lt; &gt; | のいずれかを含む添付ファイルをエクスポートしませんでした。必要な場合は、Velmoraでファイル名を変更してもう一度エクスポートしてください。</translation>
     </message>
+    <message id="IDS_LOG_WRN_ATTACH_NOT_REGULAR">
+        <source>Line %1 [%2]: the attachment &quot;%3&quot; was skipped, because it is a link, a device or another special file. Put the file itself into the folder and import the card again if it is needed.</source>
+        <extracomment>%1: line of the data file. %2: full name on the card. %3: name of the attachment.</extracomment>
+        <translation>%1行目 [%2]: 添付ファイル「%3」は、リンクやデバイスなどの特殊なファイルのため、取り込みませんでした。必要な場合は、ファイルそのものをフォルダに置いて、もう一度インポートしてください。</translation>
+    </message>
+    <message id="IDS_LOG_WRN_ATTACH_NOT_REGULAR_FOR_EXPORT">
+        <source>Card %1 [%2]: the attachment &quot;%3&quot; was skipped, because it is a link, a device or another special file. Add the file itself to the card in Velmora and export again if it is needed.</source>
+        <extracomment>%1: number of the card. %2: full name on the card. %3: name of the attachment.</extracomment>
+        <translation>%1件目 [%2]: 添付ファイル「%3」は、リンクやデバイスなどの特殊なファイルのため、エクスポートしませんでした。必要な場合は、Velmoraで名刺にファイルそのものを添付して、もう一度エクスポートしてください。</translation>
+    </message>
     <message id="IDS_LOG_WRN_CONVERT_FAIL">
         <source>No. %1 [%2]: the card images could not be converted (code %3), so the card is transferred without images. No. is the line of the data file on import and the number of the card on export. Check the image files of this card.</source>
         <extracomment>%1: line of the data file or number of the card. %2: full name on the card. %3: result code.</extracomment>
@@ -271,6 +291,11 @@
         <source>Line %2 [%3]: the item &quot;%1&quot; is too long. At most 256 characters of an item are stored, the rest is not. Shorten the item in the data file if the rest matters.</source>
         <extracomment>%1: column title. %2: line of the data file. %3: full name on the card.</extracomment>
         <translation>%2行目 [%3]: 項目「%1」が長すぎます。1つの項目に保存されるのは256文字までで、残りは保存されません。必要に応じてデータファイルの項目を短くしてください。</translation>
+    </message>
+    <message id="IDS_LOG_WRN_NAME_LEADS_OUT">
+        <source>Line %1 [%2]: the name &quot;%3&quot; leads out of the folder [%4], so it was not used. Put the file into that folder, write its name into the data file without &quot;/&quot; or &quot;..&quot; in front, and import the card again.</source>
+        <extracomment>%1: line of the data file. %2: full name on the card. %3: name in the data file. %4: folder.</extracomment>
+        <translation>%1行目 [%2]: 「%3」はフォルダ [%4] の外を指しているため、使用しませんでした。ファイルをこのフォルダに置き、データファイルには先頭に「/」や「..」を付けずに名前を書いて、もう一度インポートしてください。</translation>
     </message>
     <message id="IDS_MSG_DATA_COUNT">
         <source>Cards: %L1</source>
