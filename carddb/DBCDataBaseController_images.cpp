@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "carddb/DBCDataBaseController.h"
+
+#include "carddb/DBCNameLookup.h"
+#include "carddb/DBCPackageLayout.h"
+#include "carddb/DBCTransferLog.h"
+#include "cardimage/DBCCardPdf.h"
+#include "cardimage/DBCImageFiles.h"
+#include "datafile/DBCCommonFunction.h"
+#include "datafile/DBCInterchangeNames.h"
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCChecker.h"
+#include "operation/DBCLog.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+// The image of one column, or none when the record names none that can be used.
+std::optional<QString> findImage(
+    const QString& imageFolder, const QString& name, const DBCTransferSubject& subject)
+{
+    if (DBCChecker::isBlank(name))
+        return std::nullopt;
+    const auto result
+        = DBCNameLookup::threadInstance().find(imageFolder, name, DBCNameLookup::Kind::RegularFile);
+    if (result.outcome == DBCNameLookup::Outcome::Found)
+        return result.path;
+    if (result.outcome == DBCNameLookup::Outcome::LeadsOut)
+        DBCTransferLog::nameLeadsOut(subject, name, imageFolder);
+    DBCLog::warning(getLocalString(
+        QStringLiteral("IDS_LOG_WRN_FILE_NO_EXISTS"), {QString(imageFolder + u'/' + name)}));
+    return std::nullopt;
+}
+
+QStringList findImages(const QString& folder, const DBCRecord& record)
+{
+    const QString imageFolder = DBCInterchangeNames::imageFolder(folder);
+    const auto subject = DBCTransferSubject::ofImport(record);
+    QStringList paths;
+    for (const DBCRecordKey key : {DBCRecordKey::face_Image_File, DBCRecordKey::back_Image_File}) {
+        if (const auto path = findImage(imageFolder, record.textOrEmpty(key), subject))
+            paths << *path;
+    }
+    return paths;
+}
+
+struct CardImages {
+    DBCBitmap face;
+    CardImageInfo faceInfo;
+    DBCBitmap back;
+    CardImageInfo backInfo;
+};
+
+// Without an error and without a face when the file cannot be loaded for drawing.
+DBCError drawFirstPage(const QString& pdfPath, CardImages* images)
+{
+    const DBCResultCode code
+        = AcquireCardImageFromSearchablePDF(pdfPath, &images->face, &images->faceInfo);
+    return isFailure(code) ? DBCError(DBCResultCode::PdfToJpegFailure) : DBCError();
+}
+
+DBCError acquireImages(const QString& pdfPath, CardImages* images)
+{
+    switch (CheckPdfFile(pdfPath, nullptr)) {
+    case DBCResultCode::PdfNotExist:
+        return DBCError(DBCResultCode::FolderNotExist);
+    case DBCResultCode::PdfCardImageOnly:
+        if (AcquireCardImageFromPDF(
+                pdfPath, &images->face, &images->faceInfo, &images->back, &images->backInfo)
+            == DBCResultCode::Success)
+            return {};
+        *images = {};
+        return drawFirstPage(pdfPath, images);
+    case DBCResultCode::PdfCardWithText:
+        return drawFirstPage(pdfPath, images);
+    default:
+        return DBCError(DBCResultCode::NoImageInPdf);
+    }
+}
+
+DBCError writeImage(const DBCBitmap& image, const CardImageInfo& info, const QString& folder,
+    const QString& name, QStringList* written)
+{
+    if (image.isNull())
+        return {};
+    const DBCResultCode code = saveJpgFile(image, info.rotation, info.xResolution, info.yResolution,
+        info.isColor, folder + u'/' + name);
+    if (isFailure(code))
+        return DBCError(code);
+    *written << name;
+    return {};
+}
+
+DBCError writeImages(
+    const CardImages& images, const QString& toPath, const QString& recordNo, QStringList* written)
+{
+    if (auto error = writeImage(images.face, images.faceInfo, toPath,
+            DBCInterchangeNames::faceImageName(recordNo), written))
+        return error;
+    return writeImage(images.back, images.backInfo, toPath,
+        DBCInterchangeNames::backImageName(recordNo), written);
+}
+
+DBCError convertPages(
+    const QString& pdfPath, const QString& toPath, const QString& recordNo, QStringList* written)
+{
+    CardImages images;
+    if (auto error = acquireImages(pdfPath, &images))
+        return error;
+    return writeImages(images, toPath, recordNo, written);
+}
+
+// The codes that end an export; the card of any other goes out without images.
+bool isFatalForExport(const DBCError& error)
+{
+    return error.code() == DBCResultCode::NoSpaceForExport
+        || error.code() == DBCResultCode::FileSaveFailure;
+}
+
+void warnOfMissingImages(const DBCTransferSubject& subject, DBCResultCode code)
+{
+    const char* key = code == DBCResultCode::FolderNotExist ? "IDS_LOG_WRN_IMAGE_FILE_NO_EXISTS"
+                                                            : "IDS_LOG_WRN_CONVERT_FAIL";
+    DBCTransferLog::cardWarning(key, subject, toNumber(code));
+}
+
+} // namespace
+
+DBCResultCode DBCDataBaseController::createDirectoryIfNotExists(const QString& path)
+{
+    if (path.isEmpty())
+        return DBCResultCode::GeneralFailure;
+    if (QFileInfo(path).isDir() || QDir().mkdir(path))
+        return DBCResultCode::Success;
+    return DBCResultCode::FolderCreateFailure;
+}
+
+QString DBCDataBaseController::imageFileName(const DBCRecord& record)
+{
+    const QString faceImage = record.textOrEmpty(DBCRecordKey::face_Image_File);
+    const QString cardID = record.textOrEmpty(DBCRecordKey::cardID);
+    if (!DBCChecker::isBlank(faceImage) || DBCChecker::isBlank(cardID))
+        return faceImage;
+    return DBCPackageLayout::cardPdfName(cardID);
+}
+
+std::optional<QString> DBCDataBaseController::_addImageFileIntoDB(
+    const QString& folder, const DBCRecord& recordDic, const QString& cardId, DBCError* errors)
+{
+    if (folder.isEmpty() || cardId.isEmpty() || !errors || _strDBPath.isEmpty())
+        return std::nullopt;
+
+    const QStringList paths = findImages(folder, recordDic);
+    if (paths.isEmpty())
+        return QStringLiteral("");
+
+    const auto subject = DBCTransferSubject::ofImport(recordDic);
+    const QString imagesFolder = DBCPackageLayout::imagesFolder(_strDBPath);
+    const DBCResultCode folderCode = createDirectoryIfNotExists(imagesFolder);
+    if (folderCode != DBCResultCode::Success) {
+        DBCTransferLog::errorPlace(subject, imagesFolder);
+        *errors = DBCError(folderCode).withPathName(imagesFolder);
+        return QStringLiteral("");
+    }
+
+    const QString name = DBCPackageLayout::cardPdfName(cardId);
+    const QString target = imagesFolder + u'/' + name;
+    const DBCResultCode code = convertJPG2PDF(paths, target);
+    if (!isFailure(code))
+        return name;
+
+    const bool isCleaned = DBCCommonFunction::cleanTempFile(target);
+    if (!isCleaned || code == DBCResultCode::NoSpaceForImport) {
+        DBCTransferLog::errorPlace(subject, target);
+        *errors = DBCError(code);
+        return name;
+    }
+    DBCTransferLog::cardWarning("IDS_LOG_WRN_CONVERT_FAIL", subject, toNumber(code));
+    return QStringLiteral("");
+}
+
+std::optional<QStringList> DBCDataBaseController::convertPdf2Jpg(
+    const QString& pdfPath, const QString& toPath, const QString& recordNo, DBCError* errors)
+{
+    if (pdfPath.isEmpty() || toPath.isEmpty() || recordNo.isEmpty() || !errors)
+        return std::nullopt;
+
+    QStringList written;
+    if (DBCError error = convertPages(pdfPath, toPath, recordNo, &written)) {
+        *errors = error;
+        return QStringList();
+    }
+    return written;
+}
+
+std::optional<QStringList> DBCDataBaseController::_exportImageFile(
+    const DBCRecord& record, const QString& toPath, DBCError* errors)
+{
+    if (toPath.isEmpty() || !errors || _strDBPath.isEmpty())
+        return std::nullopt;
+
+    const auto subject = DBCTransferSubject::ofExport(record);
+    const QString name = imageFileName(record);
+    if (DBCChecker::isBlank(name))
+        return QStringList();
+
+    const DBCResultCode folderCode = createDirectoryIfNotExists(toPath);
+    if (folderCode != DBCResultCode::Success) {
+        DBCTransferLog::error("IDS_LOG_ERR_IMAGE_FILE_COPY_FAILURE");
+        DBCTransferLog::errorPlace(subject, toPath);
+        *errors = DBCError(folderCode).withPathName(toPath);
+        return QStringList();
+    }
+
+    if (!DBCNameLookup::staysInside(name)) {
+        warnOfMissingImages(subject, DBCResultCode::FolderNotExist);
+        return QStringList();
+    }
+    DBCError error;
+    const auto list = convertPdf2Jpg(DBCPackageLayout::imagesFolder(_strDBPath) + u'/' + name,
+        toPath, record.textOrEmpty(DBCRecordKey::recordNo), &error);
+    if (list && !error)
+        return list;
+    if (isFatalForExport(error)) {
+        if (error.code() == DBCResultCode::FileSaveFailure)
+            DBCTransferLog::error("IDS_LOG_ERR_IMAGE_FILE_COPY_FAILURE");
+        DBCTransferLog::errorPlace(subject, toPath);
+        *errors = error;
+        return list;
+    }
+    warnOfMissingImages(subject, error ? error.code() : DBCResultCode::GeneralFailure);
+    return list;
+}
