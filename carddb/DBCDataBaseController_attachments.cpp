@@ -12,6 +12,7 @@
 #include "operation/DBCChecker.h"
 #include "operation/DBCHost.h"
 #include "operation/DBCLog.h"
+#include "operation/DBCTreeCopy.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -124,12 +125,10 @@ DBCError checkSpace(const Transfer& transfer, const QString& volume)
     return DBCError(transfer.rules.noSpace);
 }
 
-DBCError copyFailure(const Transfer& transfer, const QString& source, const QString& target,
-    const std::error_code& reason)
+DBCError copyFailure(const Transfer& transfer, const QString& source, const QString& target)
 {
     DBCTransferLog::error("IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE");
-    DBCTransferLog::errorCopy(
-        transfer.subject, source, target, QString::fromLocal8Bit(reason.message()));
+    DBCTransferLog::errorCopy(transfer.subject, source, target);
     const bool namesFiles = transfer.rules.failureNames == Rules::FailureNames::Files;
     return DBCError(transfer.rules.copyFailure)
         .withPathName(
@@ -140,15 +139,13 @@ DBCError copyFailure(const Transfer& transfer, const QString& source, const QStr
 DBCError copyEntry(const Transfer& transfer, const std::string& name)
 {
     // Names need not be text, so files are reached by their bytes and only shown as text.
-    const std::filesystem::path source
-        = std::filesystem::path(QFile::encodeName(transfer.source).toStdString()) / name;
-    const std::filesystem::path target
-        = std::filesystem::path(QFile::encodeName(transfer.target).toStdString()) / name;
+    const QByteArray source = QFile::encodeName(transfer.source) + '/' + name.c_str();
+    const QByteArray target = QFile::encodeName(transfer.target) + '/' + name.c_str();
     const QString shownName = QFile::decodeName(name.c_str());
     const QString shownSource = transfer.source + u'/' + shownName;
 
     std::error_code error;
-    const FileType type = std::filesystem::symlink_status(source, error).type();
+    const FileType type = std::filesystem::symlink_status(source.toStdString(), error).type();
     switch (transfer.rules.judge(name, shownSource, type)) {
     case Verdict::Pass:
         return {};
@@ -164,9 +161,9 @@ DBCError copyEntry(const Transfer& transfer, const std::string& name)
     case Verdict::Copy:
         break;
     }
-    if (const std::error_code failure = copyFile(source, target))
-        return copyFailure(transfer, shownSource, transfer.target + u'/' + shownName, failure);
-    return {};
+    if (DBCTreeCopy().copy(source, target))
+        return {};
+    return copyFailure(transfer, shownSource, transfer.target + u'/' + shownName);
 }
 
 DBCError copyEntries(const Transfer& transfer)
@@ -174,7 +171,7 @@ DBCError copyEntries(const Transfer& transfer)
     std::error_code error;
     const auto names = namesInFolder(transfer.source, &error);
     if (!names)
-        return copyFailure(transfer, transfer.source, transfer.target, error);
+        return copyFailure(transfer, transfer.source, transfer.target);
     for (const std::string& name : *names) {
         if (auto failure = copyEntry(transfer, name))
             return failure;

@@ -153,7 +153,7 @@ DBCResultCode DBCDataBaseController::restore()
     DBCFileManager* manager = DBCFileManager::defaultManager();
     if (QFileInfo(package).isDir() && !manager->cleanFolder(package))
         return DBCResultCode::RestoreFailure;
-    if (!copyFolder(withoutLink(backup), package, IsAsync::No)) {
+    if (!copyFolder(backup, package, IsAsync::No)) {
         manager->cleanFolder(package);
         return DBCResultCode::RestoreFailure;
     }

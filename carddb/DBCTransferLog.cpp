@@ -63,11 +63,10 @@ void errorPlace(const DBCTransferSubject& subject, const QString& path)
         QStringLiteral("IDS_LOG_ERR_TRANSFER_PLACE"), {subject.number, subject.fullName, path}));
 }
 
-void errorCopy(const DBCTransferSubject& subject, const QString& source, const QString& target,
-    const QString& reason)
+void errorCopy(const DBCTransferSubject& subject, const QString& source, const QString& target)
 {
     DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_TRANSFER_COPY"),
-        {subject.number, subject.fullName, source, target, reason}));
+        {subject.number, subject.fullName, source, target}));
 }
 
 } // namespace DBCTransferLog

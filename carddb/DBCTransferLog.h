@@ -30,7 +30,6 @@ void nameLeadsOut(const DBCTransferSubject& subject, const QString& name, const 
 
 // Which file or folder of which card an error is about; at error level.
 void errorPlace(const DBCTransferSubject& subject, const QString& path);
-void errorCopy(const DBCTransferSubject& subject, const QString& source, const QString& target,
-    const QString& reason);
+void errorCopy(const DBCTransferSubject& subject, const QString& source, const QString& target);
 
 } // namespace DBCTransferLog
