@@ -35,6 +35,26 @@
         <source>Yes</source>
         <translation>Yes</translation>
     </message>
+    <message id="IDS_CREATE_EXISTS">
+        <source>Something already stands at [%1], so nothing was changed. Choose another name, or move what stands there away first.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>Something already stands at [%1], so nothing was changed. Choose another name, or move what stands there away first.</translation>
+    </message>
+    <message id="IDS_CREATE_FAILED">
+        <source>The card database [%1] could not be made: %2. What had been made of it was removed. Check that you may write there and that the disk has free space, then try again.</source>
+        <extracomment>%1: path. %2: reason.</extracomment>
+        <translation>The card database [%1] could not be made: %2. What had been made of it was removed. Check that you may write there and that the disk has free space, then try again.</translation>
+    </message>
+    <message id="IDS_CREATE_NO_PARENT">
+        <source>The folder [%1], in which the card database is to be made, does not exist. Make the folder first, or check the path.</source>
+        <extracomment>%1: folder.</extracomment>
+        <translation>The folder [%1], in which the card database is to be made, does not exist. Make the folder first, or check the path.</translation>
+    </message>
+    <message id="IDS_CREATE_WRONG_NAME">
+        <source>[%1] cannot be the name of a card database. Choose a name that ends in &quot;.vmdb&quot;.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>[%1] cannot be the name of a card database. Choose a name that ends in &quot;.vmdb&quot;.</translation>
+    </message>
     <message id="IDS_CSV_TITLE_ATT_FILE">
         <source>添付ファイル</source>
         <extracomment>Column title, the same in every language.</extracomment>
@@ -200,18 +220,38 @@
         <source>An attachment could not be copied. Check that the attachment can be read and that the destination can be written to.</source>
         <translation>An attachment could not be copied. Check that the attachment can be read and that the destination can be written to.</translation>
     </message>
+    <message id="IDS_LOG_ERR_DATA_FILE_TOO_LARGE">
+        <source>The data file [%1] has %L2 bytes, which is too large to be read: the limit is %L3 bytes. Divide the data file and import the parts one after the other.</source>
+        <extracomment>%1: path of the data file. %L2: its size. %L3: largest size.</extracomment>
+        <translation>The data file [%1] has %L2 bytes, which is too large to be read: the limit is %L3 bytes. Divide the data file and import the parts one after the other.</translation>
+    </message>
     <message id="IDS_LOG_ERR_DATA_FILE_WRITE_FAILURE">
         <source>The data file could not be written. Check that the export folder can be written to and that the disk has free space.</source>
         <translation>The data file could not be written. Check that the export folder can be written to and that the disk has free space.</translation>
+    </message>
+    <message id="IDS_LOG_ERR_DATA_LINE">
+        <source>Line %1 of [%2]: the line has %4 items, but %3 are needed. Check the line for missing or surplus tabs and for line breaks inside an item, then try again.</source>
+        <extracomment>%1: line. %2: path of the data file. %3: items needed. %4: items found.</extracomment>
+        <translation>Line %1 of [%2]: the line has %4 items, but %3 are needed. Check the line for missing or surplus tabs and for line breaks inside an item, then try again.</translation>
     </message>
     <message id="IDS_LOG_ERR_IMAGE_FILE_COPY_FAILURE">
         <source>A card image could not be written. Check that the image folder of the export can be written to and that the disk has free space.</source>
         <translation>A card image could not be written. Check that the image folder of the export can be written to and that the disk has free space.</translation>
     </message>
+    <message id="IDS_LOG_ERR_TITLE_LINE">
+        <source>Line %1 of [%2]: the title line has %4 titles, but %3 are needed, each of them once. Correct the title line and try again.</source>
+        <extracomment>%1: line. %2: path of the data file. %3: titles needed. %4: titles found.</extracomment>
+        <translation>Line %1 of [%2]: the title line has %4 titles, but %3 are needed, each of them once. Correct the title line and try again.</translation>
+    </message>
+    <message id="IDS_LOG_ERR_TITLE_LINE_MISSING">
+        <source>Line %1 of [%2]: the title line has %4 titles, where %3 are needed, and these are missing: %5. Write the missing titles as they stand here, separated by tabs, save the file as UTF-16 text and try again.</source>
+        <extracomment>%1: line. %2: path of the data file. %3: titles needed. %4: titles found. %5: the missing titles.</extracomment>
+        <translation>Line %1 of [%2]: the title line has %4 titles, where %3 are needed, and these are missing: %5. Write the missing titles as they stand here, separated by tabs, save the file as UTF-16 text and try again.</translation>
+    </message>
     <message id="IDS_LOG_ERR_TRANSFER_COPY">
-        <source>No. %1 [%2]: [%3] could not be copied to [%4]. Reason: %5. No. is the line of the data file on import and the number of the card on export.</source>
-        <extracomment>%1: line of the data file or number of the card. %2: full name on the card. %3: source path. %4: target path. %5: what the system says.</extracomment>
-        <translation>No. %1 [%2]: [%3] could not be copied to [%4]. Reason: %5. No. is the line of the data file on import and the number of the card on export.</translation>
+        <source>No. %1 [%2]: [%3] could not be copied to [%4]. No. is the line of the data file on import and the number of the card on export. Check that the one can be read, that nothing stands at the other and that the disk has free space, then try again.</source>
+        <extracomment>%1: line of the data file or number of the card. %2: full name on the card. %3: source path. %4: target path.</extracomment>
+        <translation>No. %1 [%2]: [%3] could not be copied to [%4]. No. is the line of the data file on import and the number of the card on export. Check that the one can be read, that nothing stands at the other and that the disk has free space, then try again.</translation>
     </message>
     <message id="IDS_LOG_ERR_TRANSFER_PLACE">
         <source>No. %1 [%2]: the failure concerns [%3]. No. is the line of the data file on import and the number of the card on export. Check that it exists, that you may read and write there and that the disk has free space, then try again.</source>
@@ -507,6 +547,81 @@
         <source>VelmoraConverter</source>
         <extracomment>Title of the window and of every message.</extracomment>
         <translation>VelmoraConverter</translation>
+    </message>
+    <message id="IDS_VERIFY_ATTACHMENTS_UNREADABLE">
+        <source>Card &quot;%1&quot; (%2): its attachment folder [%3] cannot be read: %4. Check that it is a folder and that you may read it.</source>
+        <extracomment>%1: full name on the card. %2: card ID. %3: folder. %4: reason.</extracomment>
+        <translation>Card &quot;%1&quot; (%2): its attachment folder [%3] cannot be read: %4. Check that it is a folder and that you may read it.</translation>
+    </message>
+    <message id="IDS_VERIFY_ATTACHMENT_UNREADABLE">
+        <source>Card &quot;%1&quot; (%2): its attachment [%3] cannot be read. Check that you may read it, or put the file back from a backup of the card database.</source>
+        <extracomment>%1: full name on the card. %2: card ID. %3: path.</extracomment>
+        <translation>Card &quot;%1&quot; (%2): its attachment [%3] cannot be read. Check that you may read it, or put the file back from a backup of the card database.</translation>
+    </message>
+    <message id="IDS_VERIFY_CARD_NAME_LEADS_OUT">
+        <source>Card &quot;%1&quot; (%2): the name &quot;%3&quot; leads out of the card database and is not followed. Correct the card in Velmora.</source>
+        <extracomment>%1: full name on the card. %2: card ID. %3: name.</extracomment>
+        <translation>Card &quot;%1&quot; (%2): the name &quot;%3&quot; leads out of the card database and is not followed. Correct the card in Velmora.</translation>
+    </message>
+    <message id="IDS_VERIFY_CARD_PDF_MISSING">
+        <source>Card &quot;%1&quot; (%2): its image file [%3] is missing, so the card is exported without images. Put the file back from a backup of the card database.</source>
+        <extracomment>%1: full name on the card. %2: card ID. %3: path.</extracomment>
+        <translation>Card &quot;%1&quot; (%2): its image file [%3] is missing, so the card is exported without images. Put the file back from a backup of the card database.</translation>
+    </message>
+    <message id="IDS_VERIFY_CARD_PDF_UNUSABLE">
+        <source>Card &quot;%1&quot; (%2): its image file [%3] is damaged, protected or no card PDF, so the card is exported without images. Put the file back from a backup of the card database.</source>
+        <extracomment>%1: full name on the card. %2: card ID. %3: path.</extracomment>
+        <translation>Card &quot;%1&quot; (%2): its image file [%3] is damaged, protected or no card PDF, so the card is exported without images. Put the file back from a backup of the card database.</translation>
+    </message>
+    <message id="IDS_VERIFY_FILE_UNNAMED">
+        <source>No card names [%1], so it only takes up space. Once you are sure that you do not need it, move it out of the card database.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>No card names [%1], so it only takes up space. Once you are sure that you do not need it, move it out of the card database.</translation>
+    </message>
+    <message id="IDS_VERIFY_FOLDER_UNREADABLE">
+        <source>The folder [%1] cannot be read: %2. Check that it is a folder and that you may read it.</source>
+        <extracomment>%1: folder. %2: reason.</extracomment>
+        <translation>The folder [%1] cannot be read: %2. Check that it is a folder and that you may read it.</translation>
+    </message>
+    <message id="IDS_VERIFY_IN_USE">
+        <source>The card database [%1] is in use by another program, so it cannot be verified reliably. Quit that program and verify again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The card database [%1] is in use by another program, so it cannot be verified reliably. Quit that program and verify again.</translation>
+    </message>
+    <message id="IDS_VERIFY_NO_FOLDER">
+        <source>There is no card database at [%1]. Check the path: a card database is a folder whose name ends in &quot;.vmdb&quot;.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>There is no card database at [%1]. Check the path: a card database is a folder whose name ends in &quot;.vmdb&quot;.</translation>
+    </message>
+    <message id="IDS_VERIFY_STORE_DAMAGED">
+        <source>The card store [%1] is damaged: %2. Do not import into this card database, but go back to a backup of it.</source>
+        <extracomment>%1: path of the store. %2: what is wrong.</extracomment>
+        <translation>The card store [%1] is damaged: %2. Do not import into this card database, but go back to a backup of it.</translation>
+    </message>
+    <message id="IDS_VERIFY_STORE_KEYS">
+        <source>The card store [%1] counts its cards up to key %2, but there is a card with key %3, so no card can be added. Go back to a backup of the card database.</source>
+        <extracomment>%1: path of the store. %2: highest key noted. %3: highest key found.</extracomment>
+        <translation>The card store [%1] counts its cards up to key %2, but there is a card with key %3, so no card can be added. Go back to a backup of the card database.</translation>
+    </message>
+    <message id="IDS_VERIFY_STORE_MISSING">
+        <source>The card store [%1] is missing, so the card database holds no cards. Put the file back from a backup of the card database.</source>
+        <extracomment>%1: path of the store.</extracomment>
+        <translation>The card store [%1] is missing, so the card database holds no cards. Put the file back from a backup of the card database.</translation>
+    </message>
+    <message id="IDS_VERIFY_STORE_MODEL">
+        <source>The card store [%1] is not of the expected kind: it lacks %2. Open the card database once with the current version of Velmora, then verify again.</source>
+        <extracomment>%1: path of the store. %2: missing tables or columns.</extracomment>
+        <translation>The card store [%1] is not of the expected kind: it lacks %2. Open the card database once with the current version of Velmora, then verify again.</translation>
+    </message>
+    <message id="IDS_VERIFY_STORE_NOT_READ">
+        <source>The card store [%1] could not be read: %2. Check that you may read it and that the folder for temporary files has room for a copy of it, then verify again.</source>
+        <extracomment>%1: path of the store. %2: reason.</extracomment>
+        <translation>The card store [%1] could not be read: %2. Check that you may read it and that the folder for temporary files has room for a copy of it, then verify again.</translation>
+    </message>
+    <message id="IDS_VERIFY_STORE_NO_STORE">
+        <source>[%1] is not a card store: %2. Put the file back from a backup of the card database.</source>
+        <extracomment>%1: path of the store. %2: reason.</extracomment>
+        <translation>[%1] is not a card store: %2. Put the file back from a backup of the card database.</translation>
     </message>
 </context>
 </TS>

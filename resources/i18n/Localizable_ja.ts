@@ -35,6 +35,26 @@
         <source>Yes</source>
         <translation>はい</translation>
     </message>
+    <message id="IDS_CREATE_EXISTS">
+        <source>Something already stands at [%1], so nothing was changed. Choose another name, or move what stands there away first.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>[%1] にはすでにファイルまたはフォルダがあるため、何も変更していません。別の名前を指定するか、先に既存のものを移動してください。</translation>
+    </message>
+    <message id="IDS_CREATE_FAILED">
+        <source>The card database [%1] could not be made: %2. What had been made of it was removed. Check that you may write there and that the disk has free space, then try again.</source>
+        <extracomment>%1: path. %2: reason.</extracomment>
+        <translation>名刺データベース [%1] を作成できませんでした: %2。作成途中のものは削除しました。作成先に書き込めること、ディスクに空き容量があることを確認して、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_CREATE_NO_PARENT">
+        <source>The folder [%1], in which the card database is to be made, does not exist. Make the folder first, or check the path.</source>
+        <extracomment>%1: folder.</extracomment>
+        <translation>名刺データベースの作成先フォルダ [%1] がありません。先にフォルダを作成するか、パスを確認してください。</translation>
+    </message>
+    <message id="IDS_CREATE_WRONG_NAME">
+        <source>[%1] cannot be the name of a card database. Choose a name that ends in &quot;.vmdb&quot;.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>[%1] は名刺データベースの名前として使用できません。末尾が「.vmdb」の名前を指定してください。</translation>
+    </message>
     <message id="IDS_CSV_TITLE_ATT_FILE">
         <source>添付ファイル</source>
         <extracomment>Column title, the same in every language.</extracomment>
@@ -200,18 +220,38 @@
         <source>An attachment could not be copied. Check that the attachment can be read and that the destination can be written to.</source>
         <translation>添付ファイルをコピーできませんでした。添付ファイルを読み取れること、コピー先に書き込めることを確認してください。</translation>
     </message>
+    <message id="IDS_LOG_ERR_DATA_FILE_TOO_LARGE">
+        <source>The data file [%1] has %L2 bytes, which is too large to be read: the limit is %L3 bytes. Divide the data file and import the parts one after the other.</source>
+        <extracomment>%1: path of the data file. %L2: its size. %L3: largest size.</extracomment>
+        <translation>データファイル [%1] は%L2バイトあり、大きすぎて読み込めません (上限 %L3バイト)。データファイルを分割し、順番にインポートしてください。</translation>
+    </message>
     <message id="IDS_LOG_ERR_DATA_FILE_WRITE_FAILURE">
         <source>The data file could not be written. Check that the export folder can be written to and that the disk has free space.</source>
         <translation>データファイルに書き込めませんでした。エクスポート先のフォルダに書き込めること、ディスクに空き容量があることを確認してください。</translation>
+    </message>
+    <message id="IDS_LOG_ERR_DATA_LINE">
+        <source>Line %1 of [%2]: the line has %4 items, but %3 are needed. Check the line for missing or surplus tabs and for line breaks inside an item, then try again.</source>
+        <extracomment>%1: line. %2: path of the data file. %3: items needed. %4: items found.</extracomment>
+        <translation>[%2] の%1行目: 項目数が%4個です。必要な項目数は%3個です。タブの不足や余分、項目の中の改行がないか確認して、もう一度実行してください。</translation>
     </message>
     <message id="IDS_LOG_ERR_IMAGE_FILE_COPY_FAILURE">
         <source>A card image could not be written. Check that the image folder of the export can be written to and that the disk has free space.</source>
         <translation>名刺画像を書き込めませんでした。エクスポート先の画像フォルダに書き込めること、ディスクに空き容量があることを確認してください。</translation>
     </message>
+    <message id="IDS_LOG_ERR_TITLE_LINE">
+        <source>Line %1 of [%2]: the title line has %4 titles, but %3 are needed, each of them once. Correct the title line and try again.</source>
+        <extracomment>%1: line. %2: path of the data file. %3: titles needed. %4: titles found.</extracomment>
+        <translation>[%2] の%1行目: タイトル行の項目数が%4個です。必要なのは%3個で、同じタイトルを重ねて書くことはできません。タイトル行を修正して、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_LOG_ERR_TITLE_LINE_MISSING">
+        <source>Line %1 of [%2]: the title line has %4 titles, where %3 are needed, and these are missing: %5. Write the missing titles as they stand here, separated by tabs, save the file as UTF-16 text and try again.</source>
+        <extracomment>%1: line. %2: path of the data file. %3: titles needed. %4: titles found. %5: the missing titles.</extracomment>
+        <translation>[%2] の%1行目: タイトル行が正しくありません (項目数 %4、必要な項目数 %3)。不足しているタイトル: %5。不足しているタイトルをこのとおりにタブ区切りで書き、UTF-16のテキストとして保存して、もう一度実行してください。</translation>
+    </message>
     <message id="IDS_LOG_ERR_TRANSFER_COPY">
-        <source>No. %1 [%2]: [%3] could not be copied to [%4]. Reason: %5. No. is the line of the data file on import and the number of the card on export.</source>
-        <extracomment>%1: line of the data file or number of the card. %2: full name on the card. %3: source path. %4: target path. %5: what the system says.</extracomment>
-        <translation>No. %1 [%2]: [%3] を [%4] にコピーできませんでした。理由: %5。No. は、インポートではデータファイルの行番号、エクスポートでは名刺の番号です。</translation>
+        <source>No. %1 [%2]: [%3] could not be copied to [%4]. No. is the line of the data file on import and the number of the card on export. Check that the one can be read, that nothing stands at the other and that the disk has free space, then try again.</source>
+        <extracomment>%1: line of the data file or number of the card. %2: full name on the card. %3: source path. %4: target path.</extracomment>
+        <translation>No. %1 [%2]: [%3] を [%4] にコピーできませんでした。No. は、インポートではデータファイルの行番号、エクスポートでは名刺の番号です。コピー元を読み取れること、コピー先に同じ名前のものがないこと、ディスクに空き容量があることを確認して、もう一度実行してください。</translation>
     </message>
     <message id="IDS_LOG_ERR_TRANSFER_PLACE">
         <source>No. %1 [%2]: the failure concerns [%3]. No. is the line of the data file on import and the number of the card on export. Check that it exists, that you may read and write there and that the disk has free space, then try again.</source>
@@ -507,6 +547,81 @@
         <source>VelmoraConverter</source>
         <extracomment>Title of the window and of every message.</extracomment>
         <translation>VelmoraConverter</translation>
+    </message>
+    <message id="IDS_VERIFY_ATTACHMENTS_UNREADABLE">
+        <source>Card &quot;%1&quot; (%2): its attachment folder [%3] cannot be read: %4. Check that it is a folder and that you may read it.</source>
+        <extracomment>%1: full name on the card. %2: card ID. %3: folder. %4: reason.</extracomment>
+        <translation>名刺「%1」(%2): 添付ファイルのフォルダ [%3] を読み取れません: %4。フォルダであること、読み取れることを確認してください。</translation>
+    </message>
+    <message id="IDS_VERIFY_ATTACHMENT_UNREADABLE">
+        <source>Card &quot;%1&quot; (%2): its attachment [%3] cannot be read. Check that you may read it, or put the file back from a backup of the card database.</source>
+        <extracomment>%1: full name on the card. %2: card ID. %3: path.</extracomment>
+        <translation>名刺「%1」(%2): 添付ファイル [%3] を読み取れません。読み取れることを確認するか、名刺データベースのバックアップからファイルを戻してください。</translation>
+    </message>
+    <message id="IDS_VERIFY_CARD_NAME_LEADS_OUT">
+        <source>Card &quot;%1&quot; (%2): the name &quot;%3&quot; leads out of the card database and is not followed. Correct the card in Velmora.</source>
+        <extracomment>%1: full name on the card. %2: card ID. %3: name.</extracomment>
+        <translation>名刺「%1」(%2): 名前「%3」は名刺データベースの外を指しているため、使用されません。Velmoraで名刺を修正してください。</translation>
+    </message>
+    <message id="IDS_VERIFY_CARD_PDF_MISSING">
+        <source>Card &quot;%1&quot; (%2): its image file [%3] is missing, so the card is exported without images. Put the file back from a backup of the card database.</source>
+        <extracomment>%1: full name on the card. %2: card ID. %3: path.</extracomment>
+        <translation>名刺「%1」(%2): 画像ファイル [%3] がないため、この名刺は画像なしでエクスポートされます。名刺データベースのバックアップからファイルを戻してください。</translation>
+    </message>
+    <message id="IDS_VERIFY_CARD_PDF_UNUSABLE">
+        <source>Card &quot;%1&quot; (%2): its image file [%3] is damaged, protected or no card PDF, so the card is exported without images. Put the file back from a backup of the card database.</source>
+        <extracomment>%1: full name on the card. %2: card ID. %3: path.</extracomment>
+        <translation>名刺「%1」(%2): 画像ファイル [%3] は、破損しているか、保護されているか、名刺のPDFではないため、この名刺は画像なしでエクスポートされます。名刺データベースのバックアップからファイルを戻してください。</translation>
+    </message>
+    <message id="IDS_VERIFY_FILE_UNNAMED">
+        <source>No card names [%1], so it only takes up space. Once you are sure that you do not need it, move it out of the card database.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>[%1] はどの名刺からも参照されておらず、容量を使用しているだけです。不要であることを確認してから、名刺データベースの外に移動してください。</translation>
+    </message>
+    <message id="IDS_VERIFY_FOLDER_UNREADABLE">
+        <source>The folder [%1] cannot be read: %2. Check that it is a folder and that you may read it.</source>
+        <extracomment>%1: folder. %2: reason.</extracomment>
+        <translation>フォルダ [%1] を読み取れません: %2。フォルダであること、読み取れることを確認してください。</translation>
+    </message>
+    <message id="IDS_VERIFY_IN_USE">
+        <source>The card database [%1] is in use by another program, so it cannot be verified reliably. Quit that program and verify again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>名刺データベース [%1] はほかのプログラムが使用中のため、正しく検査できません。そのプログラムを終了してから、もう一度検査してください。</translation>
+    </message>
+    <message id="IDS_VERIFY_NO_FOLDER">
+        <source>There is no card database at [%1]. Check the path: a card database is a folder whose name ends in &quot;.vmdb&quot;.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>[%1] に名刺データベースがありません。パスを確認してください。名刺データベースは、名前の末尾が「.vmdb」のフォルダです。</translation>
+    </message>
+    <message id="IDS_VERIFY_STORE_DAMAGED">
+        <source>The card store [%1] is damaged: %2. Do not import into this card database, but go back to a backup of it.</source>
+        <extracomment>%1: path of the store. %2: what is wrong.</extracomment>
+        <translation>名刺ストア [%1] が破損しています: %2。この名刺データベースにはインポートせず、バックアップに戻してください。</translation>
+    </message>
+    <message id="IDS_VERIFY_STORE_KEYS">
+        <source>The card store [%1] counts its cards up to key %2, but there is a card with key %3, so no card can be added. Go back to a backup of the card database.</source>
+        <extracomment>%1: path of the store. %2: highest key noted. %3: highest key found.</extracomment>
+        <translation>名刺ストア [%1] に記録されている最後のキーは%2ですが、キー%3の名刺があるため、名刺を追加できません。名刺データベースをバックアップに戻してください。</translation>
+    </message>
+    <message id="IDS_VERIFY_STORE_MISSING">
+        <source>The card store [%1] is missing, so the card database holds no cards. Put the file back from a backup of the card database.</source>
+        <extracomment>%1: path of the store.</extracomment>
+        <translation>名刺ストア [%1] がないため、この名刺データベースには名刺がありません。名刺データベースのバックアップからファイルを戻してください。</translation>
+    </message>
+    <message id="IDS_VERIFY_STORE_MODEL">
+        <source>The card store [%1] is not of the expected kind: it lacks %2. Open the card database once with the current version of Velmora, then verify again.</source>
+        <extracomment>%1: path of the store. %2: missing tables or columns.</extracomment>
+        <translation>名刺ストア [%1] の形式が想定と異なります (不足しているもの: %2)。最新のVelmoraで名刺データベースを一度開いてから、もう一度検査してください。</translation>
+    </message>
+    <message id="IDS_VERIFY_STORE_NOT_READ">
+        <source>The card store [%1] could not be read: %2. Check that you may read it and that the folder for temporary files has room for a copy of it, then verify again.</source>
+        <extracomment>%1: path of the store. %2: reason.</extracomment>
+        <translation>名刺ストア [%1] を読み取れませんでした: %2。ファイルを読み取れること、一時フォルダにコピーを置ける空き容量があることを確認して、もう一度検査してください。</translation>
+    </message>
+    <message id="IDS_VERIFY_STORE_NO_STORE">
+        <source>[%1] is not a card store: %2. Put the file back from a backup of the card database.</source>
+        <extracomment>%1: path of the store. %2: reason.</extracomment>
+        <translation>[%1] は名刺ストアではありません: %2。名刺データベースのバックアップからファイルを戻してください。</translation>
     </message>
 </context>
 </TS>
