@@ -1,0 +1,291 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "carddb/DBCPackageVerifier.h"
+
+#include "carddb/DBCCard.h"
+#include "carddb/DBCDataBaseController.h"
+#include "carddb/DBCFolderListing.h"
+#include "carddb/DBCManagedObjectContext.h"
+#include "carddb/DBCNameLookup.h"
+#include "carddb/DBCPackageLayout.h"
+#include "cardimage/DBCCardPdf.h"
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCChecker.h"
+#include "operation/DBCHost.h"
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/Statement.h>
+#include <sqlite3.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <array>
+#include <filesystem>
+
+namespace {
+
+// The store's own file and what SQLite may have left beside it.
+constexpr std::array storeFileSuffixes {"", "-wal", "-journal"};
+
+// A damaged store can yield thousands of findings; nobody needs more than the first.
+constexpr const char* integrityCheck = "PRAGMA integrity_check(5)";
+
+std::filesystem::path nativePath(const QString& path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+
+QString messageOf(const std::error_code& error)
+{
+    return QString::fromLocal8Bit(error.message().c_str());
+}
+
+QString messageOf(const SQLite::Exception& exception)
+{
+    return QString::fromLocal8Bit(exception.what());
+}
+
+DBCProblem problemAt(const QString& path, const char* key, const QStringList& furtherArguments = {})
+{
+    DBCMessageArguments arguments {path};
+    arguments.insert(arguments.end(), furtherArguments.begin(), furtherArguments.end());
+    return {getLocalString(QString::fromLatin1(key), arguments), path};
+}
+
+bool isLive(const Card& card)
+{
+    const DBCValue* flag = card.value(DBCRecordKey::deletedFlag);
+    return flag && *flag == DBCValue(qint64 {0});
+}
+
+QByteArray firstComponent(const QString& name)
+{
+    return QFile::encodeName(name.section(u'/', 0, 0, QString::SectionSkipEmpty));
+}
+
+} // namespace
+
+DBCFindings DBCPackageVerifier::verify(const QString& package, const Progress& progress)
+{
+    DBCPackageVerifier verifier(package, progress);
+    if (auto reason = verifier.reasonNotToLook())
+        return {{}, reason};
+    const QTemporaryDir folder;
+    if (auto reason = verifier.copyStore(folder))
+        return {{}, reason};
+
+    const bool cardsAreKnown = verifier.checkStore(DBCPackageLayout::storeFile(folder.path()));
+    if (cardsAreKnown) {
+        verifier.checkForUnnamedEntries(
+            DBCPackageLayout::imagesFolder(package), verifier._namedImages);
+        verifier.checkForUnnamedEntries(
+            DBCPackageLayout::filesFolder(package), verifier._namedFolders);
+    }
+    return {std::move(verifier._problems)};
+}
+
+DBCPackageVerifier::DBCPackageVerifier(const QString& package, const Progress& progress)
+    : _package(package)
+    , _storePath(DBCPackageLayout::storeFile(package))
+    , _progress(progress)
+{
+}
+
+std::optional<DBCProblem> DBCPackageVerifier::reasonNotToLook() const
+{
+    if (!QFileInfo(_package).isDir())
+        return problemAt(_package, "IDS_VERIFY_NO_FOLDER");
+    // On a read-only medium nobody else is at work, and the lock could not be asked.
+    const QString lock = DBCPackageLayout::lockFile(_package);
+    if (DBCHost::current().isWritable(lock) && DBCChecker::checkDBFileISLocked(lock))
+        return problemAt(_package, "IDS_VERIFY_IN_USE");
+    return std::nullopt;
+}
+
+std::optional<DBCProblem> DBCPackageVerifier::copyStore(const QTemporaryDir& folder) const
+{
+    if (!folder.isValid())
+        return problemAt(_storePath, "IDS_VERIFY_STORE_NOT_READ", {folder.errorString()});
+    for (const char* suffix : storeFileSuffixes) {
+        const auto source = nativePath(_storePath + QString::fromLatin1(suffix));
+        const auto target
+            = nativePath(DBCPackageLayout::storeFile(folder.path()) + QString::fromLatin1(suffix));
+        std::error_code error;
+        if (!std::filesystem::is_regular_file(source, error))
+            continue;
+        std::filesystem::copy_file(source, target, error);
+        if (!error)
+            std::filesystem::permissions(target, std::filesystem::perms::owner_all, error);
+        if (error)
+            return problemAt(_storePath, "IDS_VERIFY_STORE_NOT_READ", {messageOf(error)});
+    }
+    return std::nullopt;
+}
+
+bool DBCPackageVerifier::checkStore(const QString& storeCopy)
+{
+    if (!QFileInfo::exists(storeCopy)) {
+        report(_storePath, "IDS_VERIFY_STORE_MISSING");
+        return false;
+    }
+    try {
+        SQLite::Database store(nativePath(storeCopy).string(), SQLite::OPEN_READWRITE);
+        checkSoundness(store);
+        if (!checkModel(store))
+            return false;
+        checkKeys(store);
+        checkCards(storeCopy, store.execAndGet("SELECT count(*) FROM ZCARD").getInt64());
+        return true;
+    } catch (const SQLite::Exception& exception) {
+        const bool isNoStore = exception.getErrorCode() == SQLITE_NOTADB;
+        report(_storePath, isNoStore ? "IDS_VERIFY_STORE_NO_STORE" : "IDS_VERIFY_STORE_DAMAGED",
+            {messageOf(exception)});
+        return false;
+    }
+}
+
+void DBCPackageVerifier::checkSoundness(SQLite::Database& store)
+{
+    SQLite::Statement findings(store, integrityCheck);
+    while (findings.executeStep()) {
+        const QString finding = QString::fromStdString(findings.getColumn(0).getString());
+        if (finding != QStringLiteral("ok"))
+            report(_storePath, "IDS_VERIFY_STORE_DAMAGED", {finding});
+    }
+}
+
+bool DBCPackageVerifier::checkModel(SQLite::Database& store)
+{
+    const QStringList missing = _model.describe(store).missing;
+    if (!missing.isEmpty())
+        report(_storePath, "IDS_VERIFY_STORE_MODEL", {missing.join(QStringLiteral(", "))});
+    return missing.isEmpty();
+}
+
+// A key above the highest one noted would be given out again, and every save would fail.
+void DBCPackageVerifier::checkKeys(SQLite::Database& store)
+{
+    SQLite::Statement keys(
+        store, "SELECT Z_MAX, (SELECT max(Z_PK) FROM ZCARD) FROM Z_PRIMARYKEY WHERE Z_NAME = ?");
+    keys.bind(1, DBCManagedObjectModel::entityName);
+    if (!keys.executeStep())
+        return;
+    const qint64 noted = keys.getColumn(0).getInt64();
+    const qint64 highest = keys.getColumn(1).getInt64();
+    if (highest > noted)
+        report(_storePath, "IDS_VERIFY_STORE_KEYS",
+            {QString::number(noted), QString::number(highest)});
+}
+
+void DBCPackageVerifier::checkCards(const QString& storeCopy, qint64 count)
+{
+    const auto context = DBCManagedObjectContext::open(storeCopy, _model);
+    if (!context)
+        throw SQLite::Exception("The copy of the store did not open");
+    qint64 finished = 0;
+    context->fetchCards(DBCCardSelection::All, [&](const Card& card) {
+        noteNames(card);
+        if (isLive(card)) {
+            checkPdf(card);
+            checkAttachments(card);
+        }
+        if (_progress)
+            _progress(++finished, count);
+        return true;
+    });
+}
+
+// Deleted cards name their files, too: the main application may still bring them back.
+void DBCPackageVerifier::noteNames(const Card& card)
+{
+    const QString cardID = card.textOrEmpty(DBCRecordKey::cardID);
+    _namedFolders.insert(firstComponent(cardID));
+    _namedImages.insert(firstComponent(DBCPackageLayout::cardPdfName(cardID)));
+    for (const DBCRecordKey key : {DBCRecordKey::face_Image_File, DBCRecordKey::back_Image_File,
+             DBCRecordKey::other_Image_File})
+        _namedImages.insert(firstComponent(card.textOrEmpty(key)));
+}
+
+void DBCPackageVerifier::checkPdf(const Card& card)
+{
+    const QString name
+        = DBCDataBaseController::imageFileName(DBCDataBaseController::newDataDicWith(card));
+    if (DBCChecker::isBlank(name))
+        return;
+    const QString path = DBCPackageLayout::imagesFolder(_package) + u'/' + name;
+    if (!DBCNameLookup::staysInside(name)) {
+        reportCard(card, path, "IDS_VERIFY_CARD_NAME_LEADS_OUT", {name});
+        return;
+    }
+    const bool isNamed = !DBCChecker::isBlank(card.textOrEmpty(DBCRecordKey::face_Image_File));
+    if (!QFileInfo(path).isFile()) {
+        // A card without image names none, and the file that would bear its ID need not exist.
+        if (isNamed)
+            reportCard(card, path, "IDS_VERIFY_CARD_PDF_MISSING", {path});
+        return;
+    }
+    const DBCResultCode kind = CheckPdfFile(path, nullptr);
+    if (kind != DBCResultCode::PdfCardImageOnly && kind != DBCResultCode::PdfCardWithText)
+        reportCard(card, path, "IDS_VERIFY_CARD_PDF_UNUSABLE", {path});
+}
+
+void DBCPackageVerifier::checkAttachments(const Card& card)
+{
+    const QString cardID = card.textOrEmpty(DBCRecordKey::cardID);
+    if (DBCChecker::isBlank(cardID))
+        return;
+    const QString folder = DBCPackageLayout::attachmentFolder(_package, cardID);
+    if (!DBCNameLookup::staysInside(cardID))
+        reportCard(card, folder, "IDS_VERIFY_CARD_NAME_LEADS_OUT", {cardID});
+    else if (QFileInfo::exists(folder))
+        checkAttachmentFolder(card, folder);
+}
+
+void DBCPackageVerifier::checkAttachmentFolder(const Card& card, const QString& folder)
+{
+    std::error_code error;
+    const auto names = namesInFolder(folder, &error);
+    if (!names) {
+        reportCard(card, folder, "IDS_VERIFY_ATTACHMENTS_UNREADABLE", {folder, messageOf(error)});
+        return;
+    }
+    for (const std::string& name : *names) {
+        const QString path = folder + u'/' + QFile::decodeName(name.c_str());
+        if (!DBCHost::current().isReadable(path))
+            reportCard(card, path, "IDS_VERIFY_ATTACHMENT_UNREADABLE", {path});
+    }
+}
+
+void DBCPackageVerifier::checkForUnnamedEntries(
+    const QString& folder, const QSet<QByteArray>& named)
+{
+    if (!QFileInfo::exists(folder))
+        return;
+    std::error_code error;
+    const auto names = namesInFolder(folder, &error);
+    if (!names) {
+        report(folder, "IDS_VERIFY_FOLDER_UNREADABLE", {messageOf(error)});
+        return;
+    }
+    for (const std::string& name : *names) {
+        if (name != ".DS_Store" && !named.contains(QByteArray::fromStdString(name)))
+            report(folder + u'/' + QFile::decodeName(name.c_str()), "IDS_VERIFY_FILE_UNNAMED");
+    }
+}
+
+void DBCPackageVerifier::report(
+    const QString& path, const char* key, const QStringList& furtherArguments)
+{
+    _problems.push_back(problemAt(path, key, furtherArguments));
+}
+
+void DBCPackageVerifier::reportCard(
+    const Card& card, const QString& path, const char* key, const QStringList& furtherArguments)
+{
+    DBCMessageArguments arguments {
+        card.textOrEmpty(DBCRecordKey::full_Name), card.textOrEmpty(DBCRecordKey::cardID)};
+    arguments.insert(arguments.end(), furtherArguments.begin(), furtherArguments.end());
+    _problems.push_back({getLocalString(QString::fromLatin1(key), arguments), path});
+}
