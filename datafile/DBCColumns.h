@@ -38,3 +38,16 @@ inline constexpr std::array<DBCColumn, 21> DBCColumns {{
     {"IDS_CSV_TITLE_MEMO1", DBCRecordKey::memo, 256},
     {"IDS_CSV_TITLE_ENTRY_DATE", DBCRecordKey::register_Date, {}},
 }};
+
+// Place of a column's key in DBCColumns; not for other keys.
+constexpr int columnIndex(DBCRecordKey key)
+{
+    return static_cast<int>(key);
+}
+static_assert([] {
+    for (std::size_t i = 0; i < DBCColumns.size(); ++i) {
+        if (columnIndex(DBCColumns[i].key) != static_cast<int>(i))
+            return false;
+    }
+    return true;
+}());

@@ -1,0 +1,277 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// From the file's lines to records.
+#include "datafile/DBCFileReader.h"
+
+#include "datafile/DBCColumns.h"
+#include "datafile/DBCCommonFunction.h"
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCChecker.h"
+#include "operation/DBCLog.h"
+#include "text/DBCAddresses.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+// The title line counts as record 1.
+constexpr quint64 firstRecordNo = 2;
+
+// The address items are checked as the one text that they are stored as.
+constexpr std::array addressParts {DBCRecordKey::state, DBCRecordKey::city, DBCRecordKey::street};
+
+std::optional<QString> composedAddress(const DBCRecord& record)
+{
+    return DBCAddresses::composeAddressWithDefaultAddress(record.textOrEmpty(DBCRecordKey::address),
+        record.textOrEmpty(DBCRecordKey::street), record.textOrEmpty(DBCRecordKey::city),
+        record.textOrEmpty(DBCRecordKey::state));
+}
+
+bool isBlank(QStringView line)
+{
+    return DBCChecker::isBlank(QString::fromRawData(line.data(), line.size()));
+}
+
+// What the items of each column are called in a warning.
+QStringList labelsFor(QStringList titles)
+{
+    const auto title = [&titles](DBCRecordKey key) { return titles.at(columnIndex(key)); };
+    titles[columnIndex(DBCRecordKey::address)] = title(DBCRecordKey::state) + u'+'
+        + title(DBCRecordKey::city) + u'+' + title(DBCRecordKey::street) + u'/'
+        + title(DBCRecordKey::address);
+    return titles;
+}
+
+QString description(const char* problem, const QString& detail)
+{
+    return QString::fromLatin1(problem) + u'\n' + detail + u'\n';
+}
+
+} // namespace
+
+std::unique_ptr<DBCFileReader> DBCFileReader::initWithFullFileName(
+    const QString& fullFileName, DBCTextEncoding encoding, const QString& lineSeparator)
+{
+    std::unique_ptr<DBCFileReader> reader(new DBCFileReader);
+    reader->setFullFileName(fullFileName);
+    reader->setEncoding(encoding);
+    reader->setLineSeparator(lineSeparator);
+    if (!reader->_initMappingDic())
+        return nullptr;
+    return reader;
+}
+
+DBCFileReader::~DBCFileReader()
+{
+    close();
+}
+
+bool DBCFileReader::_initMappingDic()
+{
+    const QStringList titles = DBCCommonFunction::createTitleNamesForDataFile();
+    const std::vector<DBCRecordKey> keys = DBCCommonFunction::createRecordKeyNamesForDataFile();
+    if (titles.size() != qsizetype(keys.size()) || titles.size() != qsizetype(DBCColumns.size()))
+        return false;
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const QString& title = titles[qsizetype(i)];
+        _mappingTitleDic.insert(title, keys[i]);
+        _mappingItemMaxLengthDic.insert(title, DBCColumns[i].maxLength.value_or(0));
+    }
+    _itemLabels = labelsFor(titles);
+    return true;
+}
+
+std::optional<std::vector<DBCRecord>> DBCFileReader::loadData(DBCError* error)
+{
+    if (!error)
+        return std::nullopt;
+    *error = DBCError::ifFailure(_parseAll());
+    if (*error)
+        return std::nullopt;
+
+    std::vector<DBCRecord> records;
+    handOutRecords([&records](DBCRecord record) { records.push_back(std::move(record)); },
+        [error](const DBCError& lineError) {
+            *error = lineError;
+            return AfterError::Stop;
+        });
+    if (records.empty()) {
+        if (*error)
+            DBCLog::error(_lineErrorText);
+        *error = DBCError(DBCResultCode::DataFileEmpty);
+    }
+    return records;
+}
+
+void DBCFileReader::readRecords(const RecordHandler& onRecord, const ErrorHandler& onError)
+{
+    if (const DBCError error = DBCError::ifFailure(_parseAll()))
+        onError(error);
+    else
+        handOutRecords(onRecord, onError);
+}
+
+void DBCFileReader::handOutRecords(const RecordHandler& onRecord, const ErrorHandler& onError)
+{
+    while (!_isAtEnd()) {
+        DBCError error;
+        if (auto record = getNextRecordCopy(&error)) {
+            onRecord(std::move(*record));
+        } else if (error) {
+            const bool isOver = error.code() != DBCResultCode::DataLineFormatError;
+            if (onError(error) == AfterError::Stop || isOver)
+                return;
+        }
+    }
+}
+
+std::optional<DBCRecord> DBCFileReader::getNextRecordCopy(DBCError* error)
+{
+    std::optional<DBCRecord> record;
+    DBCError failure;
+    try {
+        failure = readNextRecord(&record);
+    } catch (const std::exception& exception) {
+        logException(exception);
+        failure = DBCError(DBCResultCode::InternalException)
+                      .withDescription(QStringLiteral("Internal exception happened!"));
+    }
+    if (failure)
+        record.reset();
+    if (error)
+        *error = failure;
+    return record;
+}
+
+DBCError DBCFileReader::readNextRecord(std::optional<DBCRecord>* record)
+{
+    if (const DBCResultCode status = open(); isFailure(status)) {
+        return DBCError(status).withDescription(
+            description("Failure to open the file!", _fullFileName));
+    }
+    const QString titleLine = _fieldTitlesArray ? QString() : readTitleLine();
+    if (_columnPositions.empty())
+        return titleLineError(titleLine);
+
+    const std::optional<QStringView> line = _getNextLine();
+    if (!line || isBlank(*line))
+        return {};
+    const QList<QStringView> items = _parseLineWithTab(*line);
+    *record = _newRecord(items);
+    if (!*record)
+        return dataLineError(*line, items.size());
+    _validateAllItemLength(**record);
+    _increaseRecordNo();
+    return {};
+}
+
+// The title line, empty when there is none.
+QString DBCFileReader::readTitleLine()
+{
+    const QString line = _getNextLine().value_or(QStringView()).toString();
+    const QList<QStringView> items = _parseLineWithTab(line);
+    if (items.isEmpty())
+        return line;
+    _fieldTitlesArray.emplace();
+    for (const QStringView item : items)
+        _fieldTitlesArray->append(item.toString());
+    if (_validateItemRequired())
+        findColumns();
+    return line;
+}
+
+bool DBCFileReader::_validateItemRequired() const
+{
+    return _fieldTitlesArray && _fieldTitlesArray->size() == _mappingTitleDic.size()
+        && std::all_of(_mappingTitleDic.keyBegin(), _mappingTitleDic.keyEnd(),
+            [this](const QString& title) { return _fieldTitlesArray->contains(title); });
+}
+
+// Looked up once for a title line, so that no record needs to find its columns by name.
+void DBCFileReader::findColumns()
+{
+    _columnPositions.resize(DBCColumns.size());
+    for (qsizetype i = 0; i < _fieldTitlesArray->size(); ++i) {
+        const DBCRecordKey key = _mappingTitleDic.value(_fieldTitlesArray->at(i));
+        _columnPositions[std::size_t(columnIndex(key))] = i;
+    }
+}
+
+std::optional<DBCRecord> DBCFileReader::_newRecord(const QList<QStringView>& items) const
+{
+    if (items.size() != qsizetype(_columnPositions.size()))
+        return std::nullopt;
+    DBCRecord record;
+    record.reserve(DBCColumns.size() + 2);
+    for (std::size_t i = 0; i < DBCColumns.size(); ++i)
+        record.setValue(DBCColumns[i].key, items[_columnPositions[i]].toString());
+    record.setValue(DBCRecordKey::recordNo, QString::number(_currentRecordNo + firstRecordNo));
+    record.setValue(DBCRecordKey::lineNo, QString::number(_currentLineNo));
+    return record;
+}
+
+bool DBCFileReader::_validateAllItemLength(const DBCRecord& record) const
+{
+    const QString lineNo = record.textOrEmpty(DBCRecordKey::lineNo);
+    const QString fullName = record.textOrEmpty(DBCRecordKey::full_Name);
+    bool areValid = true;
+    for (const DBCColumn& column : DBCColumns) {
+        if (!column.maxLength
+            || std::find(addressParts.begin(), addressParts.end(), column.key)
+                != addressParts.end())
+            continue;
+        const std::optional<QString> value = column.key == DBCRecordKey::address
+            ? composedAddress(record)
+            : record.text(column.key);
+        if (!_validateItemLength(_itemLabels.at(columnIndex(column.key)), value, *column.maxLength,
+                lineNo, fullName))
+            areValid = false;
+    }
+    return areValid;
+}
+
+bool DBCFileReader::_validateItemLength(const QString& label, const std::optional<QString>& value,
+    qsizetype maxLength, const QString& lineNo, const QString& fullName) const
+{
+    if (!value || value->size() <= maxLength)
+        return true;
+    DBCLog::warning(
+        getLocalString(QStringLiteral("IDS_LOG_WRN_ITEM_MAX_LEN"), {label, lineNo, fullName}));
+    return false;
+}
+
+DBCError DBCFileReader::titleLineError(const QString& titleLine)
+{
+    const QStringList found = _fieldTitlesArray.value_or(QStringList());
+    QStringList missing;
+    for (const QString& title : DBCCommonFunction::createTitleNamesForDataFile()) {
+        if (!found.contains(title))
+            missing << title;
+    }
+    DBCMessageArguments arguments = lineErrorArguments(found.size());
+    if (missing.isEmpty()) {
+        _lineErrorText = getLocalString(QStringLiteral("IDS_LOG_ERR_TITLE_LINE"), arguments);
+    } else {
+        arguments.emplace_back(missing.join(QStringLiteral(", ")));
+        _lineErrorText
+            = getLocalString(QStringLiteral("IDS_LOG_ERR_TITLE_LINE_MISSING"), arguments);
+    }
+    return DBCError(DBCResultCode::TitleLineFormatError)
+        .withLineNo(qint64(_currentLineNo))
+        .withDescription(description("The format of the title line is incorrect!", titleLine));
+}
+
+DBCError DBCFileReader::dataLineError(QStringView line, qsizetype itemCount)
+{
+    _lineErrorText
+        = getLocalString(QStringLiteral("IDS_LOG_ERR_DATA_LINE"), lineErrorArguments(itemCount));
+    return DBCError(DBCResultCode::DataLineFormatError)
+        .withLineNo(qint64(_currentLineNo))
+        .withDescription(description("The format of the data line is incorrect!", line.toString()));
+}
+
+// Line, file, expected count, found count.
+DBCMessageArguments DBCFileReader::lineErrorArguments(qsizetype found) const
+{
+    return {qint64(_currentLineNo), _fullFileName, qint64(DBCColumns.size()), qint64(found)};
+}

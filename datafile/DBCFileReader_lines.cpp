@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// From the file's bytes to its lines.
+#include "datafile/DBCFileReader.h"
+
+#include "operation/DBCLog.h"
+
+#include <QFileInfo>
+
+#include <stdexcept>
+
+namespace {
+
+// More than a million cards. A file of any size that happens to stand under the name must not take
+// all memory.
+constexpr qint64 largestDataFile = 0x20000000;
+
+void logTooLarge(const QString& path, qint64 size)
+{
+    DBCLog::error(getLocalString(
+        QStringLiteral("IDS_LOG_ERR_DATA_FILE_TOO_LARGE"), {path, size, largestDataFile}));
+}
+
+} // namespace
+
+DBCResultCode DBCFileReader::open()
+{
+    if (_fileHandle.isOpen())
+        return DBCResultCode::Success;
+    if (_fullFileName.isEmpty())
+        return DBCResultCode::GeneralFailure;
+    const QFileInfo info(_fullFileName);
+    if (!info.exists()) {
+        DBCLog::error(
+            getLocalString(QStringLiteral("IDS_LOG_WRN_FILE_NO_EXISTS"), {_fullFileName}));
+        return DBCResultCode::FolderNotExist;
+    }
+    close();
+    if (!info.isFile()) // opening a pipe would wait for its writer
+        return DBCResultCode::DataFileOpenFailure;
+    _fileHandle.setFileName(_fullFileName);
+    return _fileHandle.open(QIODevice::ReadOnly | QIODevice::Unbuffered)
+        ? DBCResultCode::Success
+        : DBCResultCode::DataFileOpenFailure;
+}
+
+DBCResultCode DBCFileReader::close()
+{
+    _fileHandle.close();
+    forgetTitleLine();
+    _currentRecordNo = 0;
+    _currentLineNo = 0;
+    return DBCResultCode::Success;
+}
+
+DBCResultCode DBCFileReader::reset()
+{
+    if (!_fileHandle.isOpen())
+        return DBCResultCode::GeneralFailure;
+    _fileHandle.seek(0);
+    forgetTitleLine();
+    _currentRecordNo = 0;
+    return DBCResultCode::Success;
+}
+
+void DBCFileReader::forgetTitleLine()
+{
+    _cleanBuffer();
+    _partData.clear();
+    _decoder = DBCTextDecoder(_encoding);
+    _isEndOfFile = false;
+    _fieldTitlesArray.reset();
+    _columnPositions.clear();
+}
+
+void DBCFileReader::_cleanBuffer()
+{
+    _lineBufferArray.clear();
+    _lineText.clear();
+    _currentLocation = 0;
+}
+
+void DBCFileReader::setEncoding(DBCTextEncoding encoding)
+{
+    _encoding = encoding;
+    _decoder = DBCTextDecoder(encoding);
+}
+
+DBCResultCode DBCFileReader::_parseAll()
+{
+    try {
+        if (const DBCResultCode status = open(); isFailure(status))
+            return status;
+        _cleanBuffer();
+        if (_fileHandle.size() > largestDataFile) {
+            logTooLarge(_fullFileName, _fileHandle.size());
+            return DBCResultCode::DataFileOpenFailure;
+        }
+        const QByteArray bytes = readWholeFile();
+        if (bytes.isEmpty())
+            return DBCResultCode::DataFileEmpty;
+        std::optional<QString> text = decodeText(bytes, _encoding);
+        if (!text || text->isEmpty()) {
+            DBCLog::debug(QStringLiteral("There is a load data failure occurs!"));
+            return DBCResultCode::DataFileDecodeFailure;
+        }
+        splitIntoLines(std::move(*text));
+        return DBCResultCode::Success;
+    } catch (const std::exception& exception) {
+        logException(exception);
+        return DBCResultCode::InternalException;
+    }
+}
+
+DBCResultCode DBCFileReader::_parse()
+{
+    try {
+        _cleanBuffer();
+        QString text;
+        if (decodeNextChunks(&text) != DBCTextDecoder::Result::Complete)
+            return DBCResultCode::DataFileDecodeFailure;
+        text.prepend(_partData);
+        _partData.clear();
+        if (text.isEmpty())
+            return DBCResultCode::Success;
+        splitIntoLines(std::move(text));
+        if (_lineBufferArray.size() > 1)
+            _partData = _lineBufferArray.takeLast().toString();
+        return DBCResultCode::Success;
+    } catch (const std::exception& exception) {
+        logException(exception);
+        return DBCResultCode::InternalException;
+    }
+}
+
+// A chunk that ends inside a character is completed by the next one. Complete, with an empty text,
+// at the end of the file.
+DBCTextDecoder::Result DBCFileReader::decodeNextChunks(QString* text)
+{
+    using Result = DBCTextDecoder::Result;
+    QByteArray gathered;
+    Result result = Result::Complete;
+    do {
+        const QByteArray chunk = readChunk();
+        if (chunk.isEmpty()) {
+            _isEndOfFile = true;
+            return result;
+        }
+        gathered += chunk;
+        result = _decoder.decode(gathered, text);
+    } while (result == Result::Incomplete);
+    if (result == Result::Invalid) {
+        // Nothing behind it can make it a text.
+        _fileHandle.seek(_fileHandle.size());
+        _isEndOfFile = true;
+    }
+    return result;
+}
+
+QByteArray DBCFileReader::readWholeFile()
+{
+    _fileHandle.seek(0);
+    QByteArray bytes = _fileHandle.readAll();
+    // readAll() gives what it got before an error.
+    if (_fileHandle.error() != QFileDevice::NoError)
+        throw std::runtime_error(_fileHandle.errorString().toStdString());
+    return bytes;
+}
+
+QByteArray DBCFileReader::readChunk()
+{
+    QByteArray bytes = _fileHandle.read(_bufferSize);
+    if (_fileHandle.error() != QFileDevice::NoError)
+        throw std::runtime_error(_fileHandle.errorString().toStdString());
+    return bytes;
+}
+
+void DBCFileReader::splitIntoLines(QString text)
+{
+    _lineText = std::move(text);
+    _lineBufferArray = QStringView(_lineText).split(_lineSeparator);
+}
+
+std::optional<QStringView> DBCFileReader::_getNextLine()
+{
+    if (_currentLocation >= _lineBufferArray.size() && isFailure(_parse()))
+        return std::nullopt;
+    if (_currentLocation >= _lineBufferArray.size() - 1)
+        _isEndOfFile = true;
+    if (_currentLocation >= _lineBufferArray.size())
+        return std::nullopt;
+    _increaseLineNo();
+    return _lineBufferArray[_currentLocation++];
+}
+
+bool DBCFileReader::_isAtEnd() const
+{
+    return _isEndOfFile && _currentLocation >= _lineBufferArray.size();
+}
+
+QList<QStringView> DBCFileReader::_parseLineWithTab(QStringView line) const
+{
+    return line.isEmpty() ? QList<QStringView>() : line.split(QChar(_itemDelimiter));
+}
+
+void DBCFileReader::logException(const std::exception& exception)
+{
+    DBCLog::debug(
+        QStringLiteral("Exception happended.[%1]").arg(QString::fromUtf8(exception.what())));
+}
