@@ -4,6 +4,7 @@
 // or copy inside the kernel where the file system can.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 class DBCCancelDelegate;
@@ -29,10 +30,13 @@ public:
     void setDelegate(DBCCancelDelegate* delegate) { _delegate = delegate; }
 
     // Copies path (file or folder) into the folder toPath, under dstFileName or, when that is
-    // empty, under its own name. Asynchronous: the delegate is asked before each item and at least
-    // once per status interval inside large files; a confirmed cancel fails the copy and leaves
-    // what was copied so far to the caller. options are kept for the interface and must be 0.
-    // error is not filled.
+    // empty, under its own name. A link at path is followed, links inside a folder are kept. False
+    // when something stands at the target already, when the folder would be copied into itself, or
+    // when anything could not be copied; what was copied so far is left to the caller.
+    // Asynchronous: the delegate is asked fileManager() before each item, and
+    // checkIsNeedToConfirmCancelOperation() at the start and then once per status interval, inside
+    // large files too; a confirmed cancel fails the copy. The call returns when the copy has ended,
+    // one way or the other. options are kept for the interface and must be 0. error is not filled.
     bool copyItemAtPath(const QString& path, const QString& toPath, const QString& dstFileName,
         quint32 options, IsAsync isAsync, DBCError* error);
 
@@ -41,6 +45,8 @@ public:
     bool cleanFolder(const QString& path);
 
 private:
+    bool copyWhileAsking(const QByteArray& source, const QByteArray& target);
+
     double _statusInterval = 1.0; // seconds
     DBCCancelDelegate* _delegate = nullptr;
 };

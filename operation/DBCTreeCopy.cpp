@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "operation/DBCTreeCopy.h"
+
+#include "operation/DBCContentsCopy.h"
+#include "operation/DBCDescriptor.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <cerrno>
+#include <cstdlib>
+#include <dirent.h>
+#include <fcntl.h>
+
+namespace {
+
+constexpr mode_t permissionBits = 07777;
+
+bool keepOwner(int descriptor, const struct stat& status)
+{
+    return fchown(descriptor, status.st_uid, status.st_gid) == 0;
+}
+
+bool keepAttributes(int descriptor, const struct stat& status)
+{
+    mode_t mode = status.st_mode & permissionBits;
+    // Only root may give a file away; what is not given must not run with its new owner's rights.
+    if (!keepOwner(descriptor, status))
+        mode &= ~static_cast<mode_t>(S_ISUID | S_ISGID);
+    const struct timespec times[] {
+        status.st_atim, status.st_mtim
+    };
+    return fchmod(descriptor, mode) == 0 && futimens(descriptor, times) == 0;
+}
+
+struct Entry {
+    ino_t inode;
+    QByteArray name;
+};
+
+bool isFolderItself(const char* name)
+{
+    return qstrcmp(name, ".") == 0 || qstrcmp(name, "..") == 0;
+}
+
+// None when the folder could not be read to its end.
+std::optional<std::vector<Entry>> entriesOf(int folder)
+{
+    const int own = fcntl(folder, F_DUPFD_CLOEXEC, 0);
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(own < 0 ? nullptr : fdopendir(own), closedir);
+    if (!listing)
+        return std::nullopt;
+    std::vector<Entry> entries;
+    errno = 0; // readdir tells its end from an error by this alone
+    while (const dirent* entry = readdir(listing.get())) {
+        if (!isFolderItself(entry->d_name))
+            entries.push_back({entry->d_ino, entry->d_name});
+        errno = 0;
+    }
+    if (errno != 0)
+        return std::nullopt;
+    // In the order in which they lie on the disk.
+    std::sort(entries.begin(), entries.end(),
+        [](const Entry& a, const Entry& b) { return a.inode < b.inode; });
+    return entries;
+}
+
+std::optional<QByteArray> linkTarget(int folder, const QByteArray& name, qint64 expectedSize)
+{
+    // One byte more than expected tells a complete target from a cut one.
+    QByteArray target(std::max<qint64>(expectedSize, PATH_MAX) + 1, Qt::Uninitialized);
+    const ssize_t size = readlinkat(
+        folder, name.constData(), target.data(), static_cast<std::size_t>(target.size()));
+    if (size < 0 || size == target.size())
+        return std::nullopt;
+    target.truncate(size);
+    return target;
+}
+
+} // namespace
+
+// A name in an open folder, and the name it gets in another.
+struct DBCTreeCopy::Item {
+    int fromFolder;
+    QByteArray name;
+    int toFolder;
+    QByteArray toName;
+};
+
+bool DBCTreeCopy::copy(const QByteArray& source, const QByteArray& target)
+{
+    const std::unique_ptr<char, void (*)(void*)> resolved(
+        realpath(source.constData(), nullptr), std::free);
+    if (!resolved)
+        return false;
+    _path = source;
+    _toPath = target;
+    _nextQuestion = std::chrono::steady_clock::now();
+    if (!copyItem({AT_FDCWD, resolved.get(), AT_FDCWD, target}))
+        return false;
+    _status.stage = DBCFileOperationStatus::stageComplete;
+    return true;
+}
+
+bool DBCTreeCopy::copyItem(const Item& item)
+{
+    struct stat status = {};
+    if (!mayGoOn() || !mayCopyItem()
+        || fstatat(item.fromFolder, item.name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return false;
+    switch (status.st_mode & S_IFMT) {
+    case S_IFREG:
+        return copyFile(item);
+    case S_IFDIR:
+        return copyFolder(item);
+    case S_IFLNK:
+        return copyLink(item, status);
+    default:
+        // Left out, it would be missing without a word after a restore.
+        return false;
+    }
+}
+
+bool DBCTreeCopy::copyFile(const Item& item)
+{
+    // Closing this descriptor drops the POSIX locks that SQLite, in this process, holds on the same
+    // file. That is harmless only while no transaction is open on the store, which is so whenever a
+    // package is backed up; the package's own lock is of another kind and stays.
+    const DBCDescriptor from(openat(
+        item.fromFolder, item.name.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    struct stat status = {};
+    if (!from || fstat(from.get(), &status) != 0 || !S_ISREG(status.st_mode))
+        return false;
+    DBCDescriptor to(openat(item.toFolder, item.toName.constData(),
+        O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    if (!to)
+        return false;
+    _status.totalBytes += static_cast<quint64>(status.st_size);
+    return copyContents(from.get(), to.get()) && keepAttributes(to.get(), status) && to.close();
+}
+
+bool DBCTreeCopy::copyContents(int from, int to)
+{
+    DBCContentsCopy contents(from, to);
+    while (const std::optional<std::size_t> size = contents.next()) {
+        if (*size == 0)
+            return true;
+        _status.bytesComplete += *size;
+        if (!mayGoOn())
+            return false;
+    }
+    return false;
+}
+
+bool DBCTreeCopy::copyLink(const Item& item, const struct stat& status)
+{
+    const auto target = linkTarget(item.fromFolder, item.name, status.st_size);
+    const char* const toName = item.toName.constData();
+    if (!target || symlinkat(target->constData(), item.toFolder, toName) != 0)
+        return false;
+    (void)fchownat(item.toFolder, toName, status.st_uid, status.st_gid, AT_SYMLINK_NOFOLLOW);
+    const struct timespec times[] {
+        status.st_atim, status.st_mtim
+    };
+    return utimensat(item.toFolder, toName, times, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
+bool DBCTreeCopy::copyFolder(const Item& item)
+{
+    constexpr int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+    const DBCDescriptor from(openat(item.fromFolder, item.name.constData(), flags));
+    struct stat status = {};
+    if (!from || fstat(from.get(), &status) != 0
+        || mkdirat(item.toFolder, item.toName.constData(), S_IRWXU) != 0)
+        return false;
+    const DBCDescriptor to(openat(item.toFolder, item.toName.constData(), flags));
+    // The attributes come last: filling a folder changes its times, and one that may not be written
+    // could not be filled.
+    return to && copyEntries(from.get(), to.get()) && keepAttributes(to.get(), status);
+}
+
+bool DBCTreeCopy::copyEntries(int from, int to)
+{
+    const std::optional<std::vector<Entry>> entries = entriesOf(from);
+    return entries && std::all_of(entries->begin(), entries->end(), [&](const Entry& entry) {
+        return copyEntry(from, to, entry.name);
+    });
+}
+
+bool DBCTreeCopy::copyEntry(int from, int to, const QByteArray& name)
+{
+    const qsizetype size = _path.size();
+    const qsizetype toSize = _toPath.size();
+    _path.append('/').append(name);
+    _toPath.append('/').append(name);
+    const bool copied = copyItem({from, name, to, name});
+    _path.truncate(size);
+    _toPath.truncate(toSize);
+    return copied;
+}
+
+bool DBCTreeCopy::mayCopyItem() const
+{
+    return !_questions.beforeItem
+        || _questions.beforeItem(QFile::decodeName(_path), QFile::decodeName(_toPath));
+}
+
+bool DBCTreeCopy::mayGoOn()
+{
+    const auto now = std::chrono::steady_clock::now();
+    if (!_questions.atInterval || now < _nextQuestion)
+        return true;
+    _nextQuestion = now
+        + std::chrono::duration_cast<std::chrono::steady_clock::duration>(_questions.interval);
+    return _questions.atInterval(_status);
+}
