@@ -374,5 +374,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_images_export)
+QTEST_GUILESS_MAIN(tst_images_export)
 #include "tst_images_export.moc"
