@@ -1,0 +1,359 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "carddb/DBCDataBaseController.h"
+#include "operation/DBCCancelDelegate.h"
+#include "operation/DBCFileManager.h"
+#include "tests/carddb/TransferFixture.h"
+#include "tests/support/FolderSnapshot.h"
+#include "tests/support/ScopedHost.h"
+#include "tests/support/StandardInputKeeper.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <memory>
+
+namespace {
+
+// Answers both questions of a copy and counts them.
+struct Driver : DBCCancelDelegate {
+    bool checkIsNeedToConfirmCancelOperation() override
+    {
+        ++cancelQuestions;
+        return cancels;
+    }
+    bool fileManager(const DBCFileManager*, const QString& path, const QString&) override
+    {
+        items << path;
+        return items.size() <= itemsAllowed;
+    }
+
+    bool cancels = false;
+    int itemsAllowed = 1000;
+    int cancelQuestions = 0;
+    QStringList items;
+};
+
+quint64 diskUsage(const QString& folder)
+{
+    QProcess process;
+    process.start(QStringLiteral("du"), {QStringLiteral("-sk"), folder});
+    process.waitForFinished();
+    return process.readAllStandardOutput().split('\t').value(0).toULongLong() * 1024;
+}
+
+} // namespace
+
+class tst_backup : public QObject {
+    Q_OBJECT
+
+private:
+    QString beside(const QString& name) const { return _f->home.path(name); }
+    DBCDataBaseController& database() { return *_f->database; }
+    void makeFile(const QString& name) const { _f->home.writeFile(name, "x"); }
+
+    // The name that a package of this path would be backed up under.
+    static std::optional<QString> nameFor(const QString& package)
+    {
+        StandardInputKeeper keeper;
+        DBCDataBaseController controller;
+        controller.setDBPath(package);
+        return controller._generateBackupDBPath();
+    }
+    void expectNoBackup()
+    {
+        QCOMPARE(database().backupDBPath(), QString());
+        QVERIFY(!QFileInfo::exists(_backup));
+    }
+
+    std::unique_ptr<TransferFixture> _f;
+    QString _backup;
+
+private Q_SLOTS:
+    void init()
+    {
+        _f = std::make_unique<TransferFixture>();
+        QVERIFY(_f->database);
+        _backup = beside(QStringLiteral("Velmora DB_bak.vmdb"));
+    }
+    void cleanup() { _f.reset(); }
+
+    void backupIsAFullCopyBesideThePackage()
+    {
+        _f->package.writeFile(QStringLiteral("Images/CARD-1_N1.pdf"), "pdf");
+        _f->package.writeFile(QStringLiteral("Files/CARD-1/a.txt"), "text");
+        _f->package.writeFile(QStringLiteral("Unknown/.hidden"), "hidden");
+        QVERIFY(QFile::link(
+            QStringLiteral("../Version.txt"), _f->packagePath(QStringLiteral("Unknown/link"))));
+        QVERIFY(QFile::link(
+            QStringLiteral("nowhere"), _f->packagePath(QStringLiteral("Unknown/dangling"))));
+
+        QCOMPARE(database().backup(), DBCResultCode::Success);
+        QCOMPARE(database().backupDBPath(), _backup);
+        QCOMPARE(snapshotOf(_backup), snapshotOf(_f->package.path()));
+        QVERIFY(_f->log.isEmpty());
+    }
+
+    void thirdNameIsTakenWhenTwoBackupsStand()
+    {
+        _f->home.makeFolder(QStringLiteral("Velmora DB_bak.vmdb"));
+        _f->home.makeFolder(QStringLiteral("Velmora DB_bak1.vmdb"));
+        QCOMPARE(database().backup(), DBCResultCode::Success);
+        QCOMPARE(database().backupDBPath(), beside(QStringLiteral("Velmora DB_bak2.vmdb")));
+        QVERIFY(QFileInfo::exists(beside(QStringLiteral("Velmora DB_bak2.vmdb/Velmora.sqldb"))));
+        QVERIFY(QDir(_backup).isEmpty());
+    }
+
+    void fileTakesANameToo()
+    {
+        makeFile(QStringLiteral("Velmora DB_bak.vmdb"));
+        QCOMPARE(
+            database()._generateBackupDBPath(), beside(QStringLiteral("Velmora DB_bak1.vmdb")));
+    }
+
+    void linkThatLeadsNowhereTakesANameToo()
+    {
+        QVERIFY(QFile::link(QStringLiteral("nowhere"), _backup));
+        QCOMPARE(database().backup(), DBCResultCode::Success);
+        QCOMPARE(database().backupDBPath(), beside(QStringLiteral("Velmora DB_bak1.vmdb")));
+    }
+
+    void tenThousandNamesAreTriedAndNoMore()
+    {
+        makeFile(QStringLiteral("Velmora DB_bak.vmdb"));
+        for (int number = 1; number <= 9998; ++number)
+            makeFile(QStringLiteral("Velmora DB_bak%1.vmdb").arg(number));
+        QCOMPARE(
+            database()._generateBackupDBPath(), beside(QStringLiteral("Velmora DB_bak9999.vmdb")));
+
+        makeFile(QStringLiteral("Velmora DB_bak9999.vmdb"));
+        QVERIFY(!database()._generateBackupDBPath());
+        QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
+        QCOMPARE(database().backupDBPath(), QString());
+        QVERIFY(!QFileInfo::exists(beside(QStringLiteral("Velmora DB_bak10000.vmdb"))));
+    }
+
+    void backupNames_data()
+    {
+        QTest::addColumn<QString>("package");
+        QTest::addColumn<QString>("backup");
+        QTest::newRow("extension in capitals")
+            << QStringLiteral("/none/A.VMDB") << QStringLiteral("/none/A_bak.VMDB");
+        QTest::newRow("dots in the name")
+            << QStringLiteral("/none/a.b.vmdb") << QStringLiteral("/none/a.b_bak.vmdb");
+        QTest::newRow("dots in the folder")
+            << QStringLiteral("/no.ne/a.vmdb") << QStringLiteral("/no.ne/a_bak.vmdb");
+        QTest::newRow("slash at the end")
+            << QStringLiteral("/none/a.vmdb/") << QStringLiteral("/none/a_bak.vmdb");
+        QTest::newRow("relative path")
+            << QStringLiteral("none/a.vmdb") << QStringLiteral("none/a_bak.vmdb");
+        QTest::newRow("at the root") << QStringLiteral("/a.vmdb") << QStringLiteral("/a_bak.vmdb");
+        QTest::newRow("placeholder in the name")
+            << QStringLiteral("/none/%1%2.vmdb") << QStringLiteral("/none/%1%2_bak.vmdb");
+    }
+    void backupNames()
+    {
+        QFETCH(QString, package);
+        QFETCH(QString, backup);
+        QCOMPARE(nameFor(package), backup);
+    }
+
+    void packageWithoutPathHasNoBackupName() { QVERIFY(!nameFor({})); }
+
+    void slashBehindThePackageDoesNotMatter()
+    {
+        database().setDBPath(_f->package.path() + u'/');
+        QCOMPARE(database().backup(), DBCResultCode::Success);
+        QCOMPARE(database().backupDBPath(), _backup);
+    }
+
+    void relativePackageIsBackedUpBesideItself()
+    {
+        const QString before = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(_f->home.path()));
+        database().setDBPath(QStringLiteral("Velmora DB.vmdb"));
+        const DBCResultCode code = database().backup();
+        QVERIFY(QDir::setCurrent(before));
+        QCOMPARE(code, DBCResultCode::Success);
+        QVERIFY(QFileInfo::exists(_backup + QStringLiteral("/Velmora.sqldb")));
+    }
+
+    void linkedPackageIsBackedUpWhereItLies()
+    {
+        _f->home.makeFolder(QStringLiteral("desktop"));
+        const QString link = beside(QStringLiteral("desktop/Cards.vmdb"));
+        QVERIFY(QFile::link(_f->package.path(), link));
+        database().setDBPath(link);
+        QCOMPARE(database().backup(), DBCResultCode::Success);
+        QCOMPARE(database().backupDBPath(),
+            QFileInfo(_f->home.path()).canonicalFilePath()
+                + QStringLiteral("/Velmora DB_bak.vmdb"));
+        QCOMPARE(snapshotOf(_backup), snapshotOf(_f->package.path()));
+    }
+
+    void controllerWithoutPathCannotBackUp()
+    {
+        database().setDBPath({});
+        QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
+    }
+
+    void packageThatIsNotUsableIsNotBackedUp()
+    {
+        ScopedHost host;
+        host.makeReadOnly({_f->package.storePath()});
+        QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
+        expectNoBackup();
+    }
+
+    void packageWithoutStoreIsNotBackedUp()
+    {
+        _f->package.remove(QStringLiteral("Velmora.sqldb"));
+        QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
+        expectNoBackup();
+    }
+
+    void parentFolderThatIsReadOnlyTakesNoBackup()
+    {
+        ScopedHost host;
+        host.makeReadOnly({_f->home.path()});
+        QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
+        expectNoBackup();
+    }
+
+    void failedMeasurementIsPassedOn()
+    {
+        ScopedHost host;
+        host->diskUsageProgram = QStringLiteral("/bin/false");
+        QCOMPARE(database().backup(), DBCResultCode::SizeMeasureFailure);
+        expectNoBackup();
+    }
+
+    void backupNeedsThePackagesSizeAndTheMargin()
+    {
+        _f->package.writeFile(QStringLiteral("Images/big.pdf"), QByteArray(300000, 'x'));
+        const quint64 needed = diskUsage(_f->package.path()) + 524288;
+        ScopedHost host;
+        host.setFreeBytes(needed - 1);
+        QCOMPARE(database().backup(), DBCResultCode::NoSpaceForBackup);
+        expectNoBackup();
+        host.setFreeBytes(needed);
+        QCOMPARE(database().backup(), DBCResultCode::Success);
+    }
+
+    void failedCopyLeavesNothingBehind()
+    {
+        // A pipe cannot be copied.
+        const QString pipe = _f->packagePath(QStringLiteral("zz-pipe"));
+        QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
+        expectNoBackup();
+        QVERIFY(QFileInfo::exists(_f->package.storePath()));
+    }
+
+    void confirmedCancelLeavesNothingBehind()
+    {
+        Driver driver;
+        driver.cancels = true;
+        database().setDelegate(&driver);
+        QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
+        QVERIFY(driver.cancelQuestions > 0);
+        expectNoBackup();
+    }
+
+    void cancelBetweenItemsLeavesNothingBehind()
+    {
+        Driver driver;
+        driver.itemsAllowed = 2;
+        database().setDelegate(&driver);
+        QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
+        QCOMPARE(driver.items.size(), 3);
+        expectNoBackup();
+    }
+
+    void delegateIsLentForTheCopyAndPutBack()
+    {
+        Driver previous;
+        Driver driver;
+        DBCFileManager::defaultManager()->setDelegate(&previous);
+        database().setDelegate(&driver);
+        const DBCResultCode code = database().backup();
+        const DBCCancelDelegate* after = DBCFileManager::defaultManager()->delegate();
+        DBCFileManager::defaultManager()->setDelegate(nullptr);
+
+        QCOMPARE(code, DBCResultCode::Success);
+        QCOMPARE(after, &previous);
+        QVERIFY(driver.cancelQuestions > 0);
+        QVERIFY(driver.items.contains(_f->package.path()));
+        QCOMPARE(previous.cancelQuestions, 0);
+    }
+
+    void delegateIsPutBackAfterAFailureToo()
+    {
+        Driver previous;
+        Driver driver;
+        driver.cancels = true;
+        DBCFileManager::defaultManager()->setDelegate(&previous);
+        database().setDelegate(&driver);
+        const DBCResultCode code = database().backup();
+        const DBCCancelDelegate* after = DBCFileManager::defaultManager()->delegate();
+        DBCFileManager::defaultManager()->setDelegate(nullptr);
+        QCOMPARE(code, DBCResultCode::BackupFailure);
+        QCOMPARE(after, &previous);
+    }
+
+    void failedSecondBackupKeepsThePathOfTheFirst()
+    {
+        QCOMPARE(database().backup(), DBCResultCode::Success);
+        ScopedHost host;
+        host.setFreeBytes(1);
+        QCOMPARE(database().backup(), DBCResultCode::NoSpaceForBackup);
+        QCOMPARE(database().backupDBPath(), _backup);
+    }
+
+    void backupIsRemovedOnRequest()
+    {
+        QCOMPARE(database().backup(), DBCResultCode::Success);
+        QCOMPARE(database().removeBackupDB(), DBCResultCode::Success);
+        QVERIFY(!QFileInfo::exists(_backup));
+        QVERIFY(_f->log.isEmpty());
+        QVERIFY(QFileInfo::exists(_f->package.storePath()));
+    }
+
+    void removingWithoutABackupDoesNothing()
+    {
+        QCOMPARE(database().removeBackupDB(), DBCResultCode::Success);
+        database().setBackupDBPath(beside(QStringLiteral("none.vmdb")));
+        QCOMPARE(database().removeBackupDB(), DBCResultCode::Success);
+        QVERIFY(_f->log.isEmpty());
+    }
+
+    void backupThatCannotBeRemovedIsAWarning()
+    {
+        makeFile(QStringLiteral("a file.vmdb"));
+        const QString path = beside(QStringLiteral("a file.vmdb"));
+        database().setBackupDBPath(path);
+        QCOMPARE(database().removeBackupDB(), DBCResultCode::Success);
+        QCOMPARE(_f->log.warnings,
+            QStringList {
+                QStringLiteral("Remove the database failure! Database Path:[") + path + u']'});
+        QVERIFY(QFileInfo::exists(path));
+    }
+
+    void linkInPlaceOfTheBackupIsNotRemovedAndNotFollowed()
+    {
+        _f->home.writeFile(QStringLiteral("elsewhere/precious.txt"), "x");
+        QVERIFY(QFile::link(beside(QStringLiteral("elsewhere")), _backup));
+        database().setBackupDBPath(_backup);
+        QCOMPARE(database().removeBackupDB(), DBCResultCode::Success);
+        QCOMPARE(_f->log.warnings.size(), 1);
+        QVERIFY(QFileInfo::exists(beside(QStringLiteral("elsewhere/precious.txt"))));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_backup)
+#include "tst_backup.moc"
