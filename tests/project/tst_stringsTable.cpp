@@ -1,0 +1,379 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The two catalogues of the strings table against each other, against what is compiled into the
+// program and against the keys that the sources use.
+
+#include "datafile/DBCLocalizable.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QMap>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTest>
+#include <QXmlStreamReader>
+
+namespace {
+
+using Language = DBCLocalizable::Language;
+
+struct Entry {
+    QString source;
+    QString translation;
+};
+using Catalogue = QMap<QString, Entry>;
+
+// Numbers of the messages, whose keys are formed from them.
+const QList<int> messageNumbers {101, 102, 103, 104, 105, 106, 108, 109, 110, 201, 202, 203, 204,
+    205, 206, 207, 208, 209, 210, 211, 301, 302, 304, 306, 307, 308, 309, 310, 311, 313, 314, 315,
+    316, 317};
+
+// Keys of the window, which no source names as long as it is not built.
+const QSet<QString> windowKeys {
+    QStringLiteral("IDS_BUTTON_CANCEL"),
+    QStringLiteral("IDS_BUTTON_EXPORT"),
+    QStringLiteral("IDS_BUTTON_IMPORT"),
+    QStringLiteral("IDS_LABEL_EXPORT_DATA_PATH"),
+    QStringLiteral("IDS_LABEL_EXPORT_VMDB_PATH"),
+    QStringLiteral("IDS_LABEL_IMPORT_DATA_PATH"),
+    QStringLiteral("IDS_LABEL_IMPORT_VMDB_PATH"),
+    QStringLiteral("IDS_MSG_DATA_COUNT"),
+    QStringLiteral("IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING"),
+    QStringLiteral("IDS_MSG_DB_OPERATION_SUCCESS"),
+    QStringLiteral("IDS_MSG_DB_RESTORE_FINISH"),
+    QStringLiteral("IDS_MSG_EXPORT_COUNT"),
+    QStringLiteral("IDS_MSG_EXPORT_PROGRESS"),
+    QStringLiteral("IDS_MSG_IMPORT_COUNT"),
+    QStringLiteral("IDS_MSG_IMPORT_PROGRESS"),
+    QStringLiteral("IDS_MSG_PROCESS_IS_FINISHED"),
+    QStringLiteral("IDS_MSG_PROCESS_IS_RUNNING"),
+    QStringLiteral("IDS_MSG_REFERENCE_LOG_FILE"),
+    QStringLiteral("IDS_OPEN_DATA_FILE_PANEL_TITLE"),
+    QStringLiteral("IDS_OPEN_VMDB_FILE_PANEL_TITLE"),
+};
+
+// Texts that are the same words in both languages.
+const QSet<QString> untranslatedKeys {
+    QStringLiteral("IDS_TITLE_WINDOW"),
+    QStringLiteral("IDS_BUTTON_MSG_OK"),
+};
+
+bool isNameOnDisk(const QString& key)
+{
+    return key.startsWith(QStringLiteral("IDS_CSV_TITLE_"))
+        || key.startsWith(QStringLiteral("IDS_FOLDER_STRUCT_"));
+}
+
+QByteArray contentsOf(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(path));
+    return file.readAll();
+}
+
+QString keyOfMessage(int number)
+{
+    return QStringLiteral("IDS_MSG_ERR_%1").arg(number, 4, 10, QChar(u'0'));
+}
+
+// In the order of the file, a key that stands twice included.
+QList<std::pair<QString, Entry>> readEntries(const QString& language)
+{
+    QXmlStreamReader reader(contentsOf(QStringLiteral(VELMORA_SOURCE_DIR)
+        + QStringLiteral("/resources/i18n/Localizable_%1.ts").arg(language)));
+    QList<std::pair<QString, Entry>> entries;
+    while (!reader.atEnd()) {
+        if (reader.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        if (reader.name() == QStringLiteral("message"))
+            entries.append({reader.attributes().value(QStringLiteral("id")).toString(), {}});
+        else if (reader.name() == QStringLiteral("source"))
+            entries.last().second.source = reader.readElementText();
+        else if (reader.name() == QStringLiteral("translation"))
+            entries.last().second.translation = reader.readElementText();
+    }
+    if (reader.hasError())
+        qFatal("%s: %s", qPrintable(language), qPrintable(reader.errorString()));
+    return entries;
+}
+
+Catalogue catalogueOf(const QString& language)
+{
+    Catalogue catalogue;
+    for (const auto& [key, entry] : readEntries(language))
+        catalogue.insert(key, entry);
+    return catalogue;
+}
+
+QSet<QString> placeholdersOf(const QString& text)
+{
+    static const QRegularExpression placeholder(QStringLiteral("%L?[1-9]"));
+    QSet<QString> found;
+    for (auto match = placeholder.globalMatch(text); match.hasNext();)
+        found.insert(match.next().captured());
+    return found;
+}
+
+QSet<QString> keysOfSources()
+{
+    static const QRegularExpression key(QStringLiteral("\\bIDS_[A-Za-z0-9_]*[A-Za-z0-9]\\b"));
+    QSet<QString> keys;
+    for (const char* folder :
+        {"text", "datafile", "cardimage", "carddb", "operation", "cli", "app", "resources"}) {
+        QDirIterator files(QStringLiteral(VELMORA_SOURCE_DIR "/") + QString::fromLatin1(folder),
+            {QStringLiteral("*.h"), QStringLiteral("*.cpp"), QStringLiteral("*.ui")}, QDir::Files,
+            QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QString text = QString::fromUtf8(contentsOf(files.next()));
+            for (auto match = key.globalMatch(text); match.hasNext();)
+                keys.insert(match.next().captured());
+        }
+    }
+    return keys;
+}
+
+QString sorted(const QSet<QString>& keys)
+{
+    QStringList list(keys.cbegin(), keys.cend());
+    list.sort();
+    return list.join(u' ');
+}
+
+template <typename Map> QSet<QString> keySet(const Map& map)
+{
+    const QStringList keys = map.keys();
+    return {keys.cbegin(), keys.cend()};
+}
+
+} // namespace
+
+class tst_stringsTable : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+
+    void keysStandOnceAndInOrder_data();
+    void keysStandOnceAndInOrder();
+    void bothCataloguesHaveTheSameKeys();
+    void noTextIsEmpty();
+    void bothTextsTakeTheSameArguments();
+    void textsTakeTheArgumentsTheyAreGiven_data();
+    void textsTakeTheArgumentsTheyAreGiven();
+    void everyTextIsTranslated();
+    void japaneseCatalogueShowsTheEnglishText();
+    void compiledTextsAreThoseOfTheCatalogues();
+    void messagesAreOneLine();
+
+    void namesOnDiskAreTheSameInBothLanguages();
+    void namesOnDiskFitEveryFileSystem();
+    void columnTitlesDiffer();
+    void messageNamesTheDataFile();
+
+    void everyKeyOfTheSourcesHasAText();
+    void everyMessageNumberHasAText();
+    void noTextIsUnused();
+
+private:
+    Catalogue _english;
+    Catalogue _japanese;
+};
+
+void tst_stringsTable::initTestCase()
+{
+    _english = catalogueOf(QStringLiteral("en"));
+    _japanese = catalogueOf(QStringLiteral("ja"));
+    QVERIFY(_english.size() >= 100);
+}
+
+void tst_stringsTable::keysStandOnceAndInOrder_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::newRow("English") << QStringLiteral("en");
+    QTest::newRow("Japanese") << QStringLiteral("ja");
+}
+
+void tst_stringsTable::keysStandOnceAndInOrder()
+{
+    QFETCH(QString, language);
+    QString before;
+    for (const auto& [key, entry] : readEntries(language)) {
+        QVERIFY2(before < key, qPrintable(key));
+        before = key;
+    }
+}
+
+void tst_stringsTable::bothCataloguesHaveTheSameKeys()
+{
+    QCOMPARE(sorted(keySet(_english) - keySet(_japanese)), QString());
+    QCOMPARE(sorted(keySet(_japanese) - keySet(_english)), QString());
+}
+
+void tst_stringsTable::noTextIsEmpty()
+{
+    for (const Catalogue& catalogue : {_english, _japanese}) {
+        for (const auto& [key, entry] : catalogue.asKeyValueRange())
+            QVERIFY2(!entry.translation.trimmed().isEmpty(), qPrintable(key));
+    }
+}
+
+void tst_stringsTable::bothTextsTakeTheSameArguments()
+{
+    for (const auto& [key, entry] : _english.asKeyValueRange()) {
+        QVERIFY2(placeholdersOf(entry.translation) == placeholdersOf(_japanese[key].translation),
+            qPrintable(key));
+    }
+}
+
+void tst_stringsTable::textsTakeTheArgumentsTheyAreGiven_data()
+{
+    QTest::addColumn<int>("given");
+    const auto row = [](const char* key, int given) { QTest::newRow(key) << given; };
+    row("IDS_LOG_INF_START", 2);
+    row("IDS_LOG_INF_END", 1);
+    row("IDS_LOG_INF_END_WITH_INFO_IMPORT", 4);
+    row("IDS_LOG_INF_END_WITH_INFO_EXPORT", 4);
+    row("IDS_LOG_INF_EXISTS_WRN_OR_ERR", 0);
+    row("IDS_LOG_INF_CANCEL_OPERATION", 0);
+    row("IDS_LOG_INF_VMDB_BACKUP_FILE_NAME", 1);
+    row("IDS_LOG_WRN_FILE_NO_EXISTS", 1);
+    row("IDS_LOG_WRN_ITEM_MAX_LEN", 3);
+    row("IDS_LOG_WRN_CONVERT_FAIL", 3);
+    row("IDS_LOG_WRN_IMAGE_FILE_NO_EXISTS", 3);
+    row("IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT", 2);
+    row("IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT_FOR_EXPORT", 2);
+    row("IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE", 0);
+    row("IDS_LOG_ERR_IMAGE_FILE_COPY_FAILURE", 0);
+    row("IDS_LOG_ERR_DATA_FILE_WRITE_FAILURE", 0);
+    row("IDS_MSG_DATA_COUNT", 1);
+    row("IDS_MSG_IMPORT_COUNT", 1);
+    row("IDS_MSG_EXPORT_COUNT", 1);
+    row("IDS_MSG_IMPORT_PROGRESS", 1);
+    row("IDS_MSG_EXPORT_PROGRESS", 1);
+    row("IDS_MSG_PROCESS_IS_RUNNING", 1);
+    row("IDS_MSG_PROCESS_IS_FINISHED", 1);
+    row("IDS_MSG_REFERENCE_LOG_FILE", 0);
+    row("IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING", 1);
+    row("IDS_MSG_DB_OPERATION_SUCCESS", 1);
+    row("IDS_MSG_DB_RESTORE_FINISH", 1);
+    const QMap<int, int> messagesWithArguments {{211, 1}, {307, 1}, {311, 2}, {317, 1}};
+    for (const int number : messageNumbers)
+        row(qPrintable(keyOfMessage(number)), messagesWithArguments.value(number, 0));
+}
+
+void tst_stringsTable::textsTakeTheArgumentsTheyAreGiven()
+{
+    QFETCH(int, given);
+    const QString key = QString::fromLatin1(QTest::currentDataTag());
+    QSet<int> taken;
+    for (const QString& placeholder : placeholdersOf(_english[key].translation))
+        taken.insert(placeholder.last(1).toInt());
+    QSet<int> expected;
+    for (int number = 1; number <= given; ++number)
+        expected.insert(number);
+    QCOMPARE(taken, expected);
+}
+
+void tst_stringsTable::everyTextIsTranslated()
+{
+    for (const auto& [key, entry] : _english.asKeyValueRange()) {
+        const bool isSame = entry.translation == _japanese[key].translation;
+        QVERIFY2(isSame == (isNameOnDisk(key) || untranslatedKeys.contains(key)), qPrintable(key));
+    }
+}
+
+void tst_stringsTable::japaneseCatalogueShowsTheEnglishText()
+{
+    for (const auto& [key, entry] : _english.asKeyValueRange()) {
+        QCOMPARE(entry.source, entry.translation);
+        QCOMPARE(_japanese[key].source, entry.translation);
+    }
+}
+
+void tst_stringsTable::compiledTextsAreThoseOfTheCatalogues()
+{
+    DBCLocalizable::setLanguage(Language::Japanese);
+    for (const auto& [key, entry] : _japanese.asKeyValueRange())
+        QCOMPARE(DBCLocalizable::text(key), entry.translation);
+    DBCLocalizable::setLanguage(Language::English);
+    for (const auto& [key, entry] : _english.asKeyValueRange())
+        QCOMPARE(DBCLocalizable::text(key), entry.translation);
+}
+
+// Each is logged as well, and the log has a line for each.
+void tst_stringsTable::messagesAreOneLine()
+{
+    for (const Catalogue& catalogue : {_english, _japanese}) {
+        for (const auto& [key, entry] : catalogue.asKeyValueRange()) {
+            const bool isLogged = key.startsWith(QStringLiteral("IDS_MSG_ERR_"))
+                || key.startsWith(QStringLiteral("IDS_LOG_"));
+            QVERIFY2(!isLogged || !entry.translation.contains(u'\n'), qPrintable(key));
+        }
+    }
+}
+
+void tst_stringsTable::namesOnDiskAreTheSameInBothLanguages()
+{
+    int names = 0;
+    for (const auto& [key, entry] : _english.asKeyValueRange()) {
+        if (!isNameOnDisk(key))
+            continue;
+        QCOMPARE(entry.translation, _japanese[key].translation);
+        ++names;
+    }
+    QCOMPARE(names, 21 + 4);
+}
+
+void tst_stringsTable::namesOnDiskFitEveryFileSystem()
+{
+    static const QRegularExpression refused(
+        QStringLiteral("[\\x00-\\x1f/\\\\:*?\"<>|]|^[. ]|[. ]$"));
+    for (const auto& [key, entry] : _english.asKeyValueRange()) {
+        if (!isNameOnDisk(key))
+            continue;
+        const QString& name = entry.translation;
+        QVERIFY2(!name.contains(refused), qPrintable(key));
+        QCOMPARE(name.normalized(QString::NormalizationForm_C), name);
+    }
+}
+
+void tst_stringsTable::columnTitlesDiffer()
+{
+    QSet<QString> titles;
+    for (const auto& [key, entry] : _english.asKeyValueRange()) {
+        if (!key.startsWith(QStringLiteral("IDS_CSV_TITLE_")))
+            continue;
+        QVERIFY2(!titles.contains(entry.translation), qPrintable(key));
+        titles.insert(entry.translation);
+    }
+    QCOMPARE(titles.size(), 21);
+}
+
+void tst_stringsTable::messageNamesTheDataFile()
+{
+    const QString name = _english[QStringLiteral("IDS_FOLDER_STRUCT_DataFileName")].translation;
+    const QString key = keyOfMessage(309);
+    QVERIFY(_english[key].translation.contains(name));
+    QVERIFY(_japanese[key].translation.contains(name));
+}
+
+void tst_stringsTable::everyKeyOfTheSourcesHasAText()
+{
+    QCOMPARE(sorted(keysOfSources() - keySet(_english)), QString());
+}
+
+void tst_stringsTable::everyMessageNumberHasAText()
+{
+    for (const int number : messageNumbers)
+        QVERIFY2(_english.contains(keyOfMessage(number)), qPrintable(keyOfMessage(number)));
+}
+
+void tst_stringsTable::noTextIsUnused()
+{
+    QSet<QString> used = keysOfSources() + windowKeys;
+    for (const int number : messageNumbers)
+        used.insert(keyOfMessage(number));
+    QCOMPARE(sorted(keySet(_english) - used), QString());
+}
+
+QTEST_GUILESS_MAIN(tst_stringsTable)
+#include "tst_stringsTable.moc"
