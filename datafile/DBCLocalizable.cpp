@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "datafile/DBCLocalizable.h"
 
+#include <QCoreApplication>
+#include <QLibraryInfo>
 #include <QTranslator>
 
 #include <array>
@@ -53,6 +55,16 @@ const QTranslator& catalogueOf(Language language)
     static const Catalogues catalogues;
     return catalogues.translators[static_cast<std::size_t>(language)];
 }
+
+// Nothing to do about a system without Qt's translations: its texts stay English then.
+void installTextsOfQt()
+{
+    auto* const texts = new QTranslator(QCoreApplication::instance());
+    if (texts->load(DBCLocalizable::locale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+            QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(texts);
+}
+Q_COREAPP_STARTUP_FUNCTION(installTextsOfQt)
 
 std::atomic<const DBCLocalizable::Substitute*> substitute = nullptr;
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The localized strings table "Localizable": every text a person reads is an IDS_* key of it.
+// The localized strings table "Localizable": every text a person reads is an IDS_* key of it. Qt's
+// own texts (standard dialogs, command line errors) follow the table's language in every program
+// that links this library, as soon as it has an application object.
 #pragma once
 
 #include <QHash>

@@ -4,7 +4,6 @@
 #include <QProcess>
 #include <QTest>
 
-#include <clocale>
 #include <cstdio>
 
 using Language = DBCLocalizable::Language;
@@ -61,11 +60,11 @@ void tst_localizable::languageFor()
 void tst_localizable::environmentChoosesTheLanguage_data()
 {
     QTest::addColumn<QStringList>("environment");
-    QTest::addColumn<QString>("yes");
-    const QString english = QStringLiteral("Yes");
-    const QString japanese = QStringLiteral("はい");
-    const auto row = [](const char* settings, const QString& yes) {
-        QTest::newRow(settings) << QString::fromLatin1(settings).split(u' ') << yes;
+    QTest::addColumn<QString>("texts"); // ours and Qt's
+    const QString english = QStringLiteral("Yes/Options:");
+    const QString japanese = QStringLiteral("はい/オプション:");
+    const auto row = [](const char* settings, const QString& texts) {
+        QTest::newRow(settings) << QString::fromLatin1(settings).split(u' ') << texts;
     };
     row("LANG=ja_JP.UTF-8", japanese);
     row("LANG=ja_JP.eucJP", japanese);
@@ -83,7 +82,7 @@ void tst_localizable::environmentChoosesTheLanguage_data()
 void tst_localizable::environmentChoosesTheLanguage()
 {
     QFETCH(QStringList, environment);
-    QFETCH(QString, yes);
+    QFETCH(QString, texts);
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
     for (const char* name : {"LC_ALL", "LC_MESSAGES", "LC_CTYPE", "LANG", "LANGUAGE"})
         variables.remove(QString::fromLatin1(name));
@@ -91,9 +90,9 @@ void tst_localizable::environmentChoosesTheLanguage()
         variables.insert(setting.section(u'=', 0, 0), setting.section(u'=', 1));
     QProcess child;
     child.setProcessEnvironment(variables);
-    child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--say-yes")});
+    child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--speak")});
     QVERIFY(child.waitForFinished(-1));
-    QCOMPARE(QString::fromUtf8(child.readAllStandardOutput()), yes);
+    QCOMPARE(QString::fromUtf8(child.readAllStandardOutput()), texts);
 }
 
 void tst_localizable::textFollowsTheLanguage()
@@ -208,13 +207,14 @@ void tst_localizable::substituteCanTakeAnEntryAway()
 
 int main(int argc, char* argv[])
 {
+    QCoreApplication application(argc, argv);
     // What a program started under another locale says, for environmentChoosesTheLanguage().
-    if (argc == 2 && qstrcmp(argv[1], "--say-yes") == 0) {
-        std::fputs(
-            getLocalString(QStringLiteral("IDS_BUTTON_MSG_YES")).toUtf8().constData(), stdout);
+    if (application.arguments().contains(QStringLiteral("--speak"))) {
+        const QString texts = getLocalString(QStringLiteral("IDS_BUTTON_MSG_YES")) + u'/'
+            + QCoreApplication::translate("QCommandLineParser", "Options:");
+        std::fputs(texts.toUtf8().constData(), stdout);
         return 0;
     }
-    QCoreApplication application(argc, argv);
     tst_localizable test;
     return QTest::qExec(&test, argc, argv);
 }
