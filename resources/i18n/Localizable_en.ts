@@ -370,12 +370,14 @@
         <translation>There is not enough free space on the destination disk. Free some space and try again.</translation>
     </message>
     <message id="IDS_MSG_ERR_0104">
-        <source>The installed version of Velmora is too old. Update Velmora to version 1.1.20 or later and try again.</source>
-        <translation>The installed version of Velmora is too old. Update Velmora to version 1.1.20 or later and try again.</translation>
+        <source>Version %1 of Velmora, installed at [%2], is too old. Update Velmora to version 1.1.20 or later and try again.</source>
+        <extracomment>%1: installed version. %2: path of the application.</extracomment>
+        <translation>Version %1 of Velmora, installed at [%2], is too old. Update Velmora to version 1.1.20 or later and try again.</translation>
     </message>
     <message id="IDS_MSG_ERR_0105">
-        <source>The selected folder or card database is on a network volume. Copy it to a disk of this computer, or choose another place on this computer, and try again.</source>
-        <translation>The selected folder or card database is on a network volume. Copy it to a disk of this computer, or choose another place on this computer, and try again.</translation>
+        <source>[%1] is on a network volume, or it cannot be told where it is. Copy it to a disk of this computer, or choose another place on this computer, and try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>[%1] is on a network volume, or it cannot be told where it is. Copy it to a disk of this computer, or choose another place on this computer, and try again.</translation>
     </message>
     <message id="IDS_MSG_ERR_0106">
         <source>Quit Velmora before you begin, and do not use the card database until the operation has finished. Do you want to begin?</source>
@@ -387,33 +389,39 @@
         <translation>The log file could not be opened for viewing. Open it with a text editor: it is VelmoraConverter.log in the folder Library/Logs of your home folder.</translation>
     </message>
     <message id="IDS_MSG_ERR_0109">
-        <source>The path of the card database is too long. Move the card database to a folder with a shorter path and try again.</source>
-        <translation>The path of the card database is too long. Move the card database to a folder with a shorter path and try again.</translation>
+        <source>The path of the card database [%1] is too long. Move the card database to a folder with a shorter path and try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The path of the card database [%1] is too long. Move the card database to a folder with a shorter path and try again.</translation>
     </message>
     <message id="IDS_MSG_ERR_0110">
-        <source>The path of the folder is too long. Choose a folder with a shorter path and try again.</source>
-        <translation>The path of the folder is too long. Choose a folder with a shorter path and try again.</translation>
+        <source>The path of the folder [%1] is empty or too long. Choose a folder with a shorter path and try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The path of the folder [%1] is empty or too long. Choose a folder with a shorter path and try again.</translation>
     </message>
     <message id="IDS_MSG_ERR_0201">
-        <source>The card database to export does not exist. Choose an existing card database (.vmdb).</source>
-        <translation>The card database to export does not exist. Choose an existing card database (.vmdb).</translation>
+        <source>The card database to export does not exist at [%1]. Choose an existing card database (.vmdb).</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The card database to export does not exist at [%1]. Choose an existing card database (.vmdb).</translation>
     </message>
     <message id="IDS_MSG_ERR_0202">
-        <source>The folder to export into does not exist. Choose an existing folder.</source>
-        <translation>The folder to export into does not exist. Choose an existing folder.</translation>
+        <source>The folder to export into does not exist at [%1]. Choose an existing folder.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The folder to export into does not exist at [%1]. Choose an existing folder.</translation>
     </message>
     <message id="IDS_MSG_ERR_0203">
-        <source>The card database is in use. Quit Velmora and other programs that use it, then export again.</source>
-        <translation>The card database is in use. Quit Velmora and other programs that use it, then export again.</translation>
+        <source>The card database [%1] is in use. Quit Velmora and other programs that use it, then export again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The card database [%1] is in use. Quit Velmora and other programs that use it, then export again.</translation>
     </message>
     <message id="IDS_MSG_ERR_0204">
-        <source>The export folder could not be created, or the old one could not be replaced. Check that you may write to the selected folder, or choose another folder.</source>
-        <translation>The export folder could not be created, or the old one could not be replaced. Check that you may write to the selected folder, or choose another folder.</translation>
+        <source>The export folder [%1] could not be created, or the old one could not be replaced. Check that you may write there and that the old folder is no link, or choose another folder.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The export folder [%1] could not be created, or the old one could not be replaced. Check that you may write there and that the old folder is no link, or choose another folder.</translation>
     </message>
     <message id="IDS_MSG_ERR_0205">
-        <source>The selected folder already holds an exported folder. It will be deleted with everything in it and made anew. Do you want to continue?</source>
-        <extracomment>Question.</extracomment>
-        <translation>The selected folder already holds an exported folder. It will be deleted with everything in it and made anew. Do you want to continue?</translation>
+        <source>There already is an exported folder at [%1]. It will be deleted with everything in it and made anew. Do you want to continue?</source>
+        <extracomment>Question. %1: path.</extracomment>
+        <translation>There already is an exported folder at [%1]. It will be deleted with everything in it and made anew. Do you want to continue?</translation>
     </message>
     <message id="IDS_MSG_ERR_0206">
         <source>The export was stopped, because the destination disk is full. Free some space or choose a folder on another disk, then export again.</source>
@@ -446,12 +454,14 @@
         <translation>The card database cannot be used, or its disk is full. Check that it is a valid card database (.vmdb), that it is neither locked nor read-only, and that its disk has free space, then try again.</translation>
     </message>
     <message id="IDS_MSG_ERR_0302">
-        <source>The card database to import into does not exist. Choose an existing card database (.vmdb).</source>
-        <translation>The card database to import into does not exist. Choose an existing card database (.vmdb).</translation>
+        <source>The card database to import into does not exist at [%1]. Choose an existing card database (.vmdb).</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The card database to import into does not exist at [%1]. Choose an existing card database (.vmdb).</translation>
     </message>
     <message id="IDS_MSG_ERR_0304">
-        <source>The card database is in use. Quit Velmora and other programs that use it, then import again.</source>
-        <translation>The card database is in use. Quit Velmora and other programs that use it, then import again.</translation>
+        <source>The card database [%1] is in use. Quit Velmora and other programs that use it, then import again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The card database [%1] is in use. Quit Velmora and other programs that use it, then import again.</translation>
     </message>
     <message id="IDS_MSG_ERR_0306">
         <source>The data file is empty or holds no cards, so nothing was imported. Check the data file: it needs the title line and at least one line for a card. If a line of it is wrong, the log names that line.</source>
@@ -463,12 +473,14 @@
         <translation>Line %1 of the data file is wrong, so nothing was imported. The title line must hold the 21 titles, and every other line 21 items, separated by tabs. Correct the line and import again.</translation>
     </message>
     <message id="IDS_MSG_ERR_0308">
-        <source>The interchange folder to import does not exist. Choose an existing folder.</source>
-        <translation>The interchange folder to import does not exist. Choose an existing folder.</translation>
+        <source>The interchange folder to import does not exist at [%1]. Choose an existing folder.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The interchange folder to import does not exist at [%1]. Choose an existing folder.</translation>
     </message>
     <message id="IDS_MSG_ERR_0309">
-        <source>The selected folder holds no data file. Choose an interchange folder that holds the file &quot;名刺データ.txt&quot;.</source>
-        <translation>The selected folder holds no data file. Choose an interchange folder that holds the file &quot;名刺データ.txt&quot;.</translation>
+        <source>There is no data file at [%1]. Choose an interchange folder that holds this file.</source>
+        <extracomment>%1: path of the data file.</extracomment>
+        <translation>There is no data file at [%1]. Choose an interchange folder that holds this file.</translation>
     </message>
     <message id="IDS_MSG_ERR_0310">
         <source>The data file could not be read, so nothing was imported. Check that you may read it and that it is saved as Unicode text (UTF-16), then import again.</source>

@@ -370,12 +370,14 @@
         <translation>保存先のディスクの空き容量が足りません。空き容量を増やしてから、もう一度実行してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0104">
-        <source>The installed version of Velmora is too old. Update Velmora to version 1.1.20 or later and try again.</source>
-        <translation>インストールされているVelmoraのバージョンが古いため、実行できません。Velmoraをバージョン1.1.20以降に更新してから、もう一度実行してください。</translation>
+        <source>Version %1 of Velmora, installed at [%2], is too old. Update Velmora to version 1.1.20 or later and try again.</source>
+        <extracomment>%1: installed version. %2: path of the application.</extracomment>
+        <translation>インストールされているVelmora [%2] のバージョン (%1) が古いため、実行できません。Velmoraをバージョン1.1.20以降に更新してから、もう一度実行してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0105">
-        <source>The selected folder or card database is on a network volume. Copy it to a disk of this computer, or choose another place on this computer, and try again.</source>
-        <translation>選択したフォルダまたは名刺データベースは、ネットワーク上にあります。このコンピュータのディスクにコピーするか、このコンピュータの別の場所を選択して、もう一度実行してください。</translation>
+        <source>[%1] is on a network volume, or it cannot be told where it is. Copy it to a disk of this computer, or choose another place on this computer, and try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>[%1] はネットワーク上にあるか、場所を確認できません。このコンピュータのディスクにコピーするか、このコンピュータの別の場所を選択して、もう一度実行してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0106">
         <source>Quit Velmora before you begin, and do not use the card database until the operation has finished. Do you want to begin?</source>
@@ -387,33 +389,39 @@
         <translation>ログファイルを表示できませんでした。ホームフォルダのLibrary/LogsにあるVelmoraConverter.logを、テキストエディタで開いてください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0109">
-        <source>The path of the card database is too long. Move the card database to a folder with a shorter path and try again.</source>
-        <translation>名刺データベースのパスが長すぎます。パスの短いフォルダに名刺データベースを移動してから、もう一度実行してください。</translation>
+        <source>The path of the card database [%1] is too long. Move the card database to a folder with a shorter path and try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>名刺データベース [%1] のパスが長すぎます。パスの短いフォルダに名刺データベースを移動してから、もう一度実行してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0110">
-        <source>The path of the folder is too long. Choose a folder with a shorter path and try again.</source>
-        <translation>フォルダのパスが長すぎます。パスの短いフォルダを選択して、もう一度実行してください。</translation>
+        <source>The path of the folder [%1] is empty or too long. Choose a folder with a shorter path and try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>フォルダのパス [%1] が空か、長すぎます。パスの短いフォルダを選択して、もう一度実行してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0201">
-        <source>The card database to export does not exist. Choose an existing card database (.vmdb).</source>
-        <translation>エクスポートする名刺データベースが見つかりません。存在する名刺データベース (.vmdb) を選択してください。</translation>
+        <source>The card database to export does not exist at [%1]. Choose an existing card database (.vmdb).</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>エクスポートする名刺データベース [%1] が見つかりません。存在する名刺データベース (.vmdb) を選択してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0202">
-        <source>The folder to export into does not exist. Choose an existing folder.</source>
-        <translation>エクスポート先のフォルダが見つかりません。存在するフォルダを選択してください。</translation>
+        <source>The folder to export into does not exist at [%1]. Choose an existing folder.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>エクスポート先のフォルダ [%1] が見つかりません。存在するフォルダを選択してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0203">
-        <source>The card database is in use. Quit Velmora and other programs that use it, then export again.</source>
-        <translation>名刺データベースは使用中です。Velmoraなど、名刺データベースを使用しているプログラムを終了してから、もう一度エクスポートしてください。</translation>
+        <source>The card database [%1] is in use. Quit Velmora and other programs that use it, then export again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>名刺データベース [%1] は使用中です。Velmoraなど、名刺データベースを使用しているプログラムを終了してから、もう一度エクスポートしてください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0204">
-        <source>The export folder could not be created, or the old one could not be replaced. Check that you may write to the selected folder, or choose another folder.</source>
-        <translation>エクスポート用のフォルダを作成できないか、以前のフォルダを置き換えられません。選択したフォルダに書き込めることを確認するか、別のフォルダを選択してください。</translation>
+        <source>The export folder [%1] could not be created, or the old one could not be replaced. Check that you may write there and that the old folder is no link, or choose another folder.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>エクスポート用のフォルダ [%1] を作成できないか、以前のフォルダを置き換えられません。書き込めること、以前のフォルダがリンクでないことを確認するか、別のフォルダを選択してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0205">
-        <source>The selected folder already holds an exported folder. It will be deleted with everything in it and made anew. Do you want to continue?</source>
-        <extracomment>Question.</extracomment>
-        <translation>選択したフォルダには、以前にエクスポートしたフォルダがあります。続けると、そのフォルダは中身ごと削除され、新しく作成されます。続けますか?</translation>
+        <source>There already is an exported folder at [%1]. It will be deleted with everything in it and made anew. Do you want to continue?</source>
+        <extracomment>Question. %1: path.</extracomment>
+        <translation>以前にエクスポートしたフォルダ [%1] があります。続けると、そのフォルダは中身ごと削除され、新しく作成されます。続けますか?</translation>
     </message>
     <message id="IDS_MSG_ERR_0206">
         <source>The export was stopped, because the destination disk is full. Free some space or choose a folder on another disk, then export again.</source>
@@ -446,12 +454,14 @@
         <translation>名刺データベースを使用できないか、ディスクの空き容量が足りません。正しい名刺データベース (.vmdb) であること、ロックされたり読み取り専用になったりしていないこと、ディスクに空き容量があることを確認して、もう一度実行してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0302">
-        <source>The card database to import into does not exist. Choose an existing card database (.vmdb).</source>
-        <translation>インポート先の名刺データベースが見つかりません。存在する名刺データベース (.vmdb) を選択してください。</translation>
+        <source>The card database to import into does not exist at [%1]. Choose an existing card database (.vmdb).</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>インポート先の名刺データベース [%1] が見つかりません。存在する名刺データベース (.vmdb) を選択してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0304">
-        <source>The card database is in use. Quit Velmora and other programs that use it, then import again.</source>
-        <translation>名刺データベースは使用中です。Velmoraなど、名刺データベースを使用しているプログラムを終了してから、もう一度インポートしてください。</translation>
+        <source>The card database [%1] is in use. Quit Velmora and other programs that use it, then import again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>名刺データベース [%1] は使用中です。Velmoraなど、名刺データベースを使用しているプログラムを終了してから、もう一度インポートしてください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0306">
         <source>The data file is empty or holds no cards, so nothing was imported. Check the data file: it needs the title line and at least one line for a card. If a line of it is wrong, the log names that line.</source>
@@ -463,12 +473,14 @@
         <translation>データファイルの%1行目に誤りがあるため、インポートしませんでした。タイトル行には21個のタイトル、データ行には21個の項目が、タブ区切りで必要です。この行を修正して、もう一度インポートしてください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0308">
-        <source>The interchange folder to import does not exist. Choose an existing folder.</source>
-        <translation>インポートするデータフォルダが見つかりません。存在するフォルダを選択してください。</translation>
+        <source>The interchange folder to import does not exist at [%1]. Choose an existing folder.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>インポートするデータフォルダ [%1] が見つかりません。存在するフォルダを選択してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0309">
-        <source>The selected folder holds no data file. Choose an interchange folder that holds the file &quot;名刺データ.txt&quot;.</source>
-        <translation>選択したフォルダにデータファイルがありません。「名刺データ.txt」があるデータフォルダを選択してください。</translation>
+        <source>There is no data file at [%1]. Choose an interchange folder that holds this file.</source>
+        <extracomment>%1: path of the data file.</extracomment>
+        <translation>データファイル [%1] がありません。このファイルがあるデータフォルダを選択してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0310">
         <source>The data file could not be read, so nothing was imported. Check that you may read it and that it is saved as Unicode text (UTF-16), then import again.</source>

@@ -93,6 +93,7 @@ private Q_SLOTS:
 
     void cleanTempFileRemovesAFile();
     void cleanTempFileLeavesAFolderInPlace();
+    void cleanTempFileLeavesALinkToAFolder();
     void cleanTempFileOfNothingFails();
     void cleanTempFileRemovesALinkAndNotItsTarget();
 
@@ -292,6 +293,14 @@ void tst_commonFunction::cleanTempFileLeavesAFolderInPlace()
     const QString folder = _home->makeFolder(QStringLiteral("folder"));
     QVERIFY(!Common::cleanTempFile(folder));
     QVERIFY(QFileInfo(folder).isDir());
+}
+
+void tst_commonFunction::cleanTempFileLeavesALinkToAFolder()
+{
+    const QString link = _home->path(QStringLiteral("link"));
+    QVERIFY(QFile::link(_home->makeFolder(QStringLiteral("folder")), link));
+    QVERIFY(!Common::cleanTempFile(link));
+    QVERIFY(QFileInfo(link).isSymLink());
 }
 
 void tst_commonFunction::cleanTempFileOfNothingFails()
