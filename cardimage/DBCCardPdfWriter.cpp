@@ -99,5 +99,7 @@ bool DBCCardPdfWriter::close()
     } catch (const std::exception&) {
         return false;
     }
-    return std::fclose(_file.release()) == 0;
+    // The library does not ask whether its last bytes reached the disk.
+    const bool isWritten = std::fflush(_file.get()) == 0 && std::ferror(_file.get()) == 0;
+    return std::fclose(_file.release()) == 0 && isWritten;
 }

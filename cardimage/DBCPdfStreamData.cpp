@@ -37,14 +37,12 @@ private:
     qint64 _limit;
 };
 
-// decodeLevel qpdf_dl_none gives the bytes as stored. Sets isDecoded when the filters could be
-// undone at all.
-QByteArray collect(
-    QPDFObjectHandle& stream, qint64 limit, qpdf_stream_decode_level_e decodeLevel, bool* isDecoded)
+// decodeLevel qpdf_dl_none gives the bytes as stored.
+QByteArray collect(QPDFObjectHandle& stream, qint64 limit, qpdf_stream_decode_level_e decodeLevel)
 {
     Collector collector(limit);
     try {
-        stream.pipeStreamData(&collector, isDecoded, 0, decodeLevel, true, false);
+        stream.pipeStreamData(&collector, nullptr, 0, decodeLevel, true, false);
     } catch (const std::exception&) {
         // Damaged data or the limit: what has arrived is the result.
     }
@@ -77,16 +75,16 @@ QPDFObjectHandle firstItems(QPDFObjectHandle value, int count)
 
 std::optional<QByteArray> decodedStreamData(QPDFObjectHandle stream, qint64 limit)
 {
-    bool isDecoded = false;
-    QByteArray bytes = collect(stream, limit, qpdf_dl_specialized, &isDecoded);
-    if (!isDecoded)
+    bool canDecode = false;
+    stream.pipeStreamData(nullptr, &canDecode, 0, qpdf_dl_specialized, true, false);
+    if (!canDecode)
         return std::nullopt;
-    return bytes;
+    return collect(stream, limit, qpdf_dl_specialized);
 }
 
 std::optional<QByteArray> jpegStreamData(QPDFObjectHandle stream, qint64 limit)
 {
-    const QByteArray stored = collect(stream, limit, qpdf_dl_none, nullptr);
+    const QByteArray stored = collect(stream, limit, qpdf_dl_none);
     QPDFObjectHandle filter = stream.getDict().getKey("/Filter");
     QPDFObjectHandle parameters = stream.getDict().getKey("/DecodeParms");
     const int count = filtersBeforeJpeg(filter);
