@@ -2,6 +2,7 @@
 #include "operation/DBCConverterController.h"
 
 #include "carddb/DBCDataBaseController.h"
+#include "carddb/DBCNameLookup.h"
 #include "carddb/DBCPackageLayout.h"
 #include "cardimage/DBCDiskUsage.h"
 #include "datafile/DBCColumns.h"
@@ -12,8 +13,6 @@
 #include "operation/DBCChecker.h"
 #include "operation/DBCFileManager.h"
 #include "operation/DBCLog.h"
-
-#include <QDir>
 
 #include <utility>
 
@@ -26,6 +25,24 @@ constexpr quint64 bytesPerRow = 2844;
 QString lineSeparator()
 {
     return QStringLiteral("\r\n");
+}
+
+// What a card has in the package; no path for what it does not name. A name that leads out of the
+// package is not transferred either, and may lead to the root of the disk.
+QString imagePathOf(const DBCRecord& card, const QString& package)
+{
+    const QString name = DBCDataBaseController::imageFileName(card);
+    return !name.isEmpty() && DBCNameLookup::staysInside(name)
+        ? DBCPackageLayout::imagesFolder(package) + u'/' + name
+        : QString();
+}
+
+QString attachmentPathOf(const DBCRecord& card, const QString& package)
+{
+    const QString cardID = card.textOrEmpty(DBCRecordKey::cardID);
+    return !cardID.isEmpty() && DBCNameLookup::staysInside(cardID)
+        ? DBCPackageLayout::attachmentFolder(package, cardID)
+        : QString();
 }
 
 // The title line as a record, so that it goes through the same line building as the cards.
@@ -127,20 +144,14 @@ DBCError DBCConverterController::_checkSpaceForExport(const std::vector<DBCRecor
 quint64 DBCConverterController::estimateDiskSpaceForExport(
     const std::vector<DBCRecord>& cards, DBCError* error) const
 {
-    quint64 total = 0;
     if (!error)
-        return total;
-    const QDir images(DBCPackageLayout::imagesFolder(_fullPathDB));
+        return 0;
+    quint64 total = 0;
     for (const DBCRecord& card : cards) {
-        const QString imageName = DBCDataBaseController::imageFileName(card);
-        const QString cardID = card.textOrEmpty(DBCRecordKey::cardID);
-        const quint64 imageSize
-            = getSizeWithPath(imageName.isEmpty() ? QString() : images.filePath(imageName), error);
+        const quint64 imageSize = getSizeWithPath(imagePathOf(card, _fullPathDB), error);
         if (*error)
             return total;
-        const quint64 attachmentSize = getSizeWithPath(
-            cardID.isEmpty() ? QString() : DBCPackageLayout::attachmentFolder(_fullPathDB, cardID),
-            error);
+        const quint64 attachmentSize = getSizeWithPath(attachmentPathOf(card, _fullPathDB), error);
         if (*error)
             return total;
         total += bytesPerRow + imageSize + attachmentSize;

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Keeps every event of an operation as one line of text, name and values, in the order of arrival.
+#pragma once
+
+#include "operation/DBCEvent.h"
+
+#include <QStringList>
+#include <QThread>
+
+#include <functional>
+
+struct RecordingReceiver : DBCEventReceiver {
+    void refreshProgress(const DBCEvent& event) override
+    {
+        events << describe(event);
+        senders << event.sender;
+        threads << QThread::currentThread();
+        if (onEvent)
+            onEvent(event);
+    }
+
+    // "DBC_ImportIsRunningNotification max=3 finished=1": the values that the event carries, in the
+    // order ok, max, finished, cancel.
+    static QString describe(const DBCEvent& event)
+    {
+        QString line = event.publicName();
+        const auto flag = [&](const char* name, const std::optional<bool>& value) {
+            if (value)
+                line += u' ' + QString::fromLatin1(name) + u'='
+                    + (*value ? QStringLiteral("true") : QStringLiteral("false"));
+        };
+        const auto count = [&](const char* name, const std::optional<qint64>& value) {
+            if (value)
+                line += u' ' + QString::fromLatin1(name) + u'=' + QString::number(*value);
+        };
+        flag("ok", event.operationIsOk);
+        count("max", event.maxCount);
+        count("finished", event.finishedCount);
+        flag("cancel", event.confirmCancelResult);
+        return line;
+    }
+
+    QStringList events;
+    QList<const DBCConverterController*> senders;
+    QList<QThread*> threads; // that each event arrived on
+    std::function<void(const DBCEvent&)> onEvent; // called after the event is kept
+};

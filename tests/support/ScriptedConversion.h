@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A conversion whose database and data file follow a script: for the situations that real ones do
+// not get into, and for failures at a chosen step. Folders, checks, log and messages are real.
+#pragma once
+
+#include "carddb/DBCDataBaseController.h"
+#include "datafile/DBCFileReader.h"
+#include "operation/DBCConverterController.h"
+#include "tests/support/RecordingPresenter.h"
+#include "tests/support/RecordingReceiver.h"
+#include "tests/support/ScopedHost.h"
+#include "tests/support/StandardInputKeeper.h"
+#include "tests/support/TestHome.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+#include <functional>
+
+// What the substitutes do. Every hook may be empty; index counts from 0.
+struct ConversionScript {
+    bool opens = true;
+    std::vector<DBCRecord> records; // of the data file, or the cards of the database
+    std::optional<DBCError> loadError; // comes with the records
+    bool fetchesNothing = false; // neither cards nor an error
+    std::optional<DBCError> fetchError;
+    QString backupPath; // none: the backup leaves no path
+    DBCResultCode backupResult = DBCResultCode::Success;
+    DBCResultCode restoreResult = DBCResultCode::Success;
+    DBCResultCode saveResult = DBCResultCode::Success;
+
+    std::function<void()> onOpen;
+    std::function<void()> onBackup;
+    std::function<void()> onLoad;
+    std::function<DBCError(int index)> onAdd;
+    std::function<std::optional<DBCRecord>(int index, const DBCRecord& card, DBCError* error)>
+        onExport;
+
+    QStringList calls; // what the driver had done, in order
+    int handled = 0;
+};
+
+// Keeps the descriptor that a controller which never locked anything closes.
+class ScriptedDataBase : private StandardInputKeeper, public DBCDataBaseController {
+public:
+    explicit ScriptedDataBase(ConversionScript& script)
+        : _script(script)
+    {
+    }
+    ~ScriptedDataBase() override { _script.calls << QStringLiteral("close"); }
+
+    DBCResultCode backup() override
+    {
+        _script.calls << QStringLiteral("backup");
+        if (_script.onBackup)
+            _script.onBackup();
+        setBackupDBPath(_script.backupPath);
+        return _script.backupResult;
+    }
+    DBCResultCode restore() override
+    {
+        _script.calls << QStringLiteral("restore");
+        return _script.restoreResult;
+    }
+    DBCResultCode save() override
+    {
+        _script.calls << QStringLiteral("save");
+        return _script.saveResult;
+    }
+    bool addDataToDataBase(const DBCRecord& record, const QString&, DBCError* errors) override
+    {
+        _script.calls << QStringLiteral("add ") + record.textOrEmpty(DBCRecordKey::full_Name);
+        const int index = _script.handled++;
+        *errors = _script.onAdd ? _script.onAdd(index) : DBCError();
+        return !*errors;
+    }
+    std::optional<std::vector<DBCRecord>> fetchCardDatas(DBCError* errors) override
+    {
+        _script.calls << QStringLiteral("fetch");
+        if (_script.fetchError)
+            *errors = *_script.fetchError;
+        if (_script.fetchesNothing)
+            return {};
+        return _script.records;
+    }
+    std::optional<DBCRecord> exportData(
+        const DBCRecord& record, const QString&, DBCError* errors) override
+    {
+        _script.calls << QStringLiteral("export ") + record.textOrEmpty(DBCRecordKey::full_Name);
+        const int index = _script.handled++;
+        return _script.onExport ? _script.onExport(index, record, errors) : record;
+    }
+
+private:
+    ConversionScript& _script;
+};
+
+class ScriptedReader : public DBCFileReader {
+public:
+    explicit ScriptedReader(ConversionScript& script)
+        : _script(script)
+    {
+    }
+    ~ScriptedReader() override { _script.calls << QStringLiteral("release reader"); }
+    std::optional<std::vector<DBCRecord>> loadData(DBCError* error) override
+    {
+        _script.calls << QStringLiteral("load");
+        if (_script.onLoad)
+            _script.onLoad();
+        if (_script.loadError)
+            *error = *_script.loadError;
+        return _script.records;
+    }
+
+private:
+    ConversionScript& _script;
+};
+
+struct ScriptedConversion {
+    explicit ScriptedConversion(OperationType type)
+    {
+        const bool isImport = type == OperationType::Import;
+        const QString chosen = home.makeFolder(QStringLiteral("interchange"));
+        package = home.makeFolder(QStringLiteral("Velmora DB.vmdb"));
+        controller = DBCConverterController::initWith(chosen, package, type);
+        folder = isImport ? chosen : chosen + u'/' + QStringLiteral("cards");
+        controller->setFullPathFolder(folder);
+        controller->setWindowController(&receiver);
+        controller->setFactories(factories());
+        if (isImport)
+            writeVersion(QStringLiteral("ACME\tV1.0L10\r\n"));
+        else
+            home.makeFolder(QStringLiteral("interchange/cards"));
+    }
+
+    // Has disk usage asked of a shell script instead of "du".
+    void measuresBy(const QByteArray& shellCommands)
+    {
+        const QString program
+            = home.writeFile(QStringLiteral("du"), "#!/bin/sh\n" + shellCommands + '\n');
+        if (!QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner))
+            qFatal("cannot make the measuring script executable");
+        host->diskUsageProgram = program;
+    }
+
+    DBCConversionFactories factories()
+    {
+        return {
+            .openDatabase = [this](const QString& path) -> std::unique_ptr<DBCDataBaseController> {
+                script.calls << QStringLiteral("open ") + QFileInfo(path).fileName();
+                if (script.onOpen)
+                    script.onOpen();
+                if (!script.opens)
+                    return nullptr;
+                return std::make_unique<ScriptedDataBase>(script);
+            },
+            .createReader = [this](const QString&) -> std::unique_ptr<DBCFileReader> {
+                if (!readerCanBeMade)
+                    return nullptr;
+                return std::make_unique<ScriptedReader>(script);
+            },
+        };
+    }
+
+    // Cards with the given names; every column is there.
+    void hasCards(const QStringList& names)
+    {
+        for (const QString& name : names) {
+            DBCRecord record;
+            for (std::size_t key = 0; key < columnCount; ++key)
+                record.setValue(static_cast<DBCRecordKey>(key), QString());
+            record.setValue(DBCRecordKey::full_Name, name);
+            script.records.push_back(record);
+        }
+    }
+
+    void writeVersion(const QString& text)
+    {
+        QByteArray bytes("\xff\xfe", 2);
+        for (const QChar unit : text) {
+            bytes += static_cast<char>(unit.unicode() & 0xff);
+            bytes += static_cast<char>(unit.unicode() >> 8);
+        }
+        home.writeFile(QStringLiteral("interchange/Version.txt"), bytes);
+    }
+
+    // A backup that a run would have made.
+    void makesBackup()
+    {
+        script.backupPath = home.makeFolder(QStringLiteral("Velmora DB_bak.vmdb"));
+        home.writeFile(QStringLiteral("Velmora DB_bak.vmdb/Velmora.sqldb"), "copy");
+    }
+    bool hasBackup() const
+    {
+        return QFile::exists(home.path(QStringLiteral("Velmora DB_bak.vmdb")));
+    }
+
+    void cancelWhen(const QString& event)
+    {
+        receiver.onEvent = [this, event](const DBCEvent& received) {
+            if (RecordingReceiver::describe(received) == event)
+                controller->setConfirmCancelOperation(true);
+        };
+    }
+
+    // The log's lines without date, time and program: "[Info] text". A message of several lines has
+    // the further ones as they stand.
+    QStringList log() const
+    {
+        static const QRegularExpression head(QStringLiteral("^\\S+ \\S+ VelmoraConverter "));
+        QStringList lines = home.logText().split(u'\n', Qt::SkipEmptyParts);
+        return lines.replaceInStrings(head, QString());
+    }
+
+    static constexpr std::size_t columnCount = 21;
+
+    TestHome home;
+    ScopedHost host;
+    RecordingPresenter presenter;
+    RecordingReceiver receiver;
+    ConversionScript script;
+    bool readerCanBeMade = true;
+    QString folder; // as the controller has it
+    QString package;
+    std::unique_ptr<DBCConverterController> controller;
+};
+
+// Short texts in place of the table's, so that a test can spell whole log lines.
+inline QHash<QString, std::optional<QString>> shortTexts()
+{
+    const auto key = [](const char* text) { return QString::fromLatin1(text); };
+    return {
+        {key("IDS_LBL_IMPORT"), key("IMPORT")},
+        {key("IDS_LBL_EXPORT"), key("EXPORT")},
+        {key("IDS_LBL_BACKUP"), key("BACKUP")},
+        {key("IDS_LBL_RESTORE"), key("RESTORE")},
+        {key("IDS_LOG_INF_START"), key("begin %1%2")},
+        {key("IDS_LOG_INF_END"), key("end %1")},
+        {key("IDS_LOG_INF_VMDB_BACKUP_FILE_NAME"), key("backup at %1")},
+        {key("IDS_LOG_INF_END_WITH_INFO_IMPORT"), key("end %1|%2|%L3|%L4")},
+        {key("IDS_LOG_INF_END_WITH_INFO_EXPORT"), key("end %1|%2|%L3|%L4")},
+        {key("IDS_LOG_INF_EXISTS_WRN_OR_ERR"), key("SEE LOG")},
+        {key("IDS_LOG_INF_CANCEL_OPERATION"), key("cancelled")},
+        {key("IDS_LOG_ERR_DATA_FILE_WRITE_FAILURE"), key("row not written")},
+        {key("IDS_MSG_ERR_0102"), key("message 102")},
+        {key("IDS_MSG_ERR_0103"), key("message 103")},
+        {key("IDS_MSG_ERR_0206"), key("message 206")},
+        {key("IDS_MSG_ERR_0207"), key("message 207")},
+        {key("IDS_MSG_ERR_0208"), key("message 208")},
+        {key("IDS_MSG_ERR_0209"), key("message 209")},
+        {key("IDS_MSG_ERR_0210"), key("stop exporting?")},
+        {key("IDS_MSG_ERR_0301"), key("message 301")},
+        {key("IDS_MSG_ERR_0306"), key("message 306")},
+        {key("IDS_MSG_ERR_0307"), key("message 307 line %1")},
+        {key("IDS_MSG_ERR_0310"), key("message 310")},
+        {key("IDS_MSG_ERR_0311"), key("message 311 %1%2")},
+        {key("IDS_MSG_ERR_0313"), key("message 313")},
+        {key("IDS_MSG_ERR_0314"), key("message 314")},
+        {key("IDS_MSG_ERR_0315"), key("stop importing?")},
+        {key("IDS_MSG_ERR_0316"), key("message 316")},
+    };
+}
