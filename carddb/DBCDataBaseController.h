@@ -66,13 +66,13 @@ public:
         const DBCRecord& record, const QString& toPath, DBCError* errors);
 
     // --- images and attachments ---
-    std::optional<QString> _addImageFileIntoDB(
+    virtual std::optional<QString> _addImageFileIntoDB(
         const QString& folder, const DBCRecord& recordDic, const QString& cardId, DBCError* errors);
-    std::optional<QString> _addAttachFileIntoDB(
+    virtual std::optional<QString> _addAttachFileIntoDB(
         const QString& folder, const DBCRecord& recordDic, const QString& cardId, DBCError* errors);
-    std::optional<QStringList> _exportImageFile(
+    virtual std::optional<QStringList> _exportImageFile(
         const DBCRecord& record, const QString& toPath, DBCError* errors);
-    std::optional<QString> _exportAttachFile(
+    virtual std::optional<QString> _exportAttachFile(
         const DBCRecord& record, const QString& toPath, DBCError* errors);
     static QString imageFileName(const DBCRecord& record);
     static std::optional<QStringList> convertPdf2Jpg(
