@@ -54,6 +54,16 @@ DBCProblem problemAt(const QString& path, const char* key, const QStringList& fu
     return {getLocalString(QString::fromLatin1(key), arguments), path};
 }
 
+// Asked of the standard library, because Qt takes the root folder where there is no other. A
+// template in a folder that does not exist makes the QTemporaryDir invalid.
+QString temporaryFolderTemplate()
+{
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+    return QFile::decodeName(error ? "/dev/null" : folder.c_str())
+        + QStringLiteral("/VelmoraConverter-XXXXXX");
+}
+
 bool isLive(const Card& card)
 {
     const DBCValue* flag = card.value(DBCRecordKey::deletedFlag);
@@ -72,7 +82,7 @@ DBCFindings DBCPackageVerifier::verify(const QString& package, const Progress& p
     DBCPackageVerifier verifier(package, progress);
     if (auto reason = verifier.reasonNotToLook())
         return {{}, reason};
-    const QTemporaryDir folder;
+    const QTemporaryDir folder(temporaryFolderTemplate());
     if (auto reason = verifier.copyStore(folder))
         return {{}, reason};
 

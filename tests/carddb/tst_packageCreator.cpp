@@ -64,13 +64,10 @@ void tst_packageCreator::newPackageIsUsable()
 void tst_packageCreator::versionFileNamesTheVersion()
 {
     QCOMPARE(DBCPackageCreator::create(packagePath()).outcome, Outcome::Created);
-    QCOMPARE(_home->readFile(QStringLiteral("New.vmdb/Version.txt")),
-        QByteArray("\xFF\xFEV\0e\0l\0m\0o\0r\0a\0\t\0V\0"
-                   "1\0.\0"
-                   "0\0L\0"
-                   "1\0"
-                   "0\0\r\0\n\0",
-            38));
+    // Little-endian UTF-16 with its mark.
+    QCOMPARE(_home->readFile(QStringLiteral("New.vmdb/Version.txt")).toHex(' '),
+        QByteArray("ff fe 56 00 65 00 6c 00 6d 00 6f 00 72 00 61 00 09 00 "
+                   "56 00 31 00 2e 00 30 00 4c 00 31 00 30 00 0d 00 0a 00"));
 }
 
 void tst_packageCreator::storeHasTheFrameworksTables()

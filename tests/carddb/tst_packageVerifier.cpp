@@ -172,7 +172,8 @@ void tst_packageVerifier::storeThatCannotBeCopiedCannotBeLookedAt()
 {
     const QByteArray old = qgetenv("TMPDIR");
     const bool wasSet = qEnvironmentVariableIsSet("TMPDIR");
-    qputenv("TMPDIR", QFile::encodeName(_home->path(QStringLiteral("no such folder"))));
+    const QString noFolder = _home->writeFile(QStringLiteral("plain file"), "x");
+    qputenv("TMPDIR", QFile::encodeName(noFolder + QStringLiteral("/tmp")));
     const DBCFindings findings = verify();
     if (wasSet)
         qputenv("TMPDIR", old);
@@ -345,13 +346,13 @@ void tst_packageVerifier::textsNameTheCardTheFileAndTheRemedyInBothLanguages()
     _package->card({{"ZFULL_NAME", QStringLiteral("山田 %3")},
         {"ZFACE_IMAGE_FILE", QStringLiteral("gone.pdf")}});
     const QString path = _package->path(QStringLiteral("Images/gone.pdf"));
-    QCOMPARE(verify().problems.front().text,
-        QStringLiteral("Card \"山田 %3\" (CARD-1): its image file [%1] is missing, so the card is "
-                       "exported without images. Put the file back from a backup of the package.")
-            .replace(QStringLiteral("%1"), path));
+    const QString english = verify().problems.front().text;
+    QVERIFY(english.startsWith(QStringLiteral("Card \"山田 %3\" (CARD-1): ")));
+    QVERIFY(english.contains(QStringLiteral("image file [%1] is missing").arg(path)));
+    QVERIFY(english.contains(QStringLiteral("backup")));
     DBCLocalizable::setLanguage(DBCLocalizable::Language::Japanese);
     const QString japanese = verify().problems.front().text;
-    QVERIFY(japanese.contains(QStringLiteral("画像ファイル [%1] がありません").arg(path)));
+    QVERIFY(japanese.contains(QStringLiteral("画像ファイル [%1] がない").arg(path)));
     QVERIFY(japanese.contains(QStringLiteral("「山田 %3」(CARD-1)")));
 }
 
