@@ -2,6 +2,7 @@
 #include "cardimage/DBCDiskUsage.h"
 
 #include "operation/DBCError.h"
+#include "tests/support/CapturedStandardError.h"
 #include "tests/support/ScopedHost.h"
 #include "tests/support/TestHome.h"
 
@@ -16,6 +17,12 @@ namespace {
 
 constexpr quint64 KiB = 1024;
 
+void sendDebugTextsToTheConsole(const TestHome& home)
+{
+    home.writeFile(QStringLiteral("home/Library/Preferences/com.velmora.VelmoraConverter.plist"),
+        "<plist version=\"1.0\"><dict><key>Log Level</key><integer>0</integer></dict></plist>");
+}
+
 // A home whose disk usage program is the given shell script.
 struct ScriptedHome {
     TestHome home;
@@ -23,30 +30,11 @@ struct ScriptedHome {
 
     explicit ScriptedHome(const QByteArray& script)
     {
+        sendDebugTextsToTheConsole(home);
         const QString program = home.writeFile(QStringLiteral("du"), "#!/bin/sh\n" + script + "\n");
         QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
         host->diskUsageProgram = program;
     }
-};
-
-// What reaches the console at debug level while it lives.
-class DebugTexts {
-public:
-    DebugTexts()
-    {
-        _texts.clear();
-        _previous = qInstallMessageHandler(
-            [](QtMsgType, const QMessageLogContext&, const QString& text) { _texts += text; });
-    }
-    ~DebugTexts() { qInstallMessageHandler(_previous); }
-    DebugTexts(const DebugTexts&) = delete;
-    DebugTexts& operator=(const DebugTexts&) = delete;
-
-    static bool contain(const QString& text) { return _texts.contains(text); }
-
-private:
-    inline static QString _texts;
-    QtMessageHandler _previous;
 };
 
 } // namespace
@@ -179,13 +167,13 @@ private Q_SLOTS:
         const ScriptedHome scripted(script);
         const QString path = scripted.home.path();
         DBCError error;
-        {
-            const DebugTexts texts;
-            QCOMPARE(getSizeWithPath(path, &error), quint64(0));
-            if (debugText.endsWith(u'['))
-                debugText += path + u']';
-            QVERIFY2(texts.contain(debugText), qPrintable(debugText));
-        }
+        CapturedStandardError console;
+        const quint64 size = getSizeWithPath(path, &error);
+        const QString text = console.text();
+        if (debugText.endsWith(u'['))
+            debugText += path + u']';
+        QVERIFY2(text.endsWith(debugText + u'\n'), qPrintable(text));
+        QCOMPARE(size, quint64(0));
         QVERIFY(error);
         QTEST(error.code(), "code");
         QCOMPARE(error.pathName(), std::optional(path));
@@ -194,16 +182,20 @@ private Q_SLOTS:
     void missingProgramIsAnInternalException()
     {
         const TestHome home;
+        sendDebugTextsToTheConsole(home);
         ScopedHost host;
         host->diskUsageProgram = home.path(QStringLiteral("no-du"));
         DBCError error;
-        const DebugTexts texts;
-        QCOMPARE(getSizeWithPath(home.path(), &error), quint64(0));
+        CapturedStandardError console;
+        const quint64 size = getSizeWithPath(home.path(), &error);
+        const QString text = console.text();
+        QCOMPARE(size, quint64(0));
         QCOMPARE(error.code(), DBCResultCode::InternalException);
-        QVERIFY(texts.contain(
-            QStringLiteral("Exception happended when get file size by using du command. "
-                           "Exception:[")
-            + host->diskUsageProgram));
+        QVERIFY2(text.contains(
+                     QStringLiteral("Exception happended when get file size by using du command. "
+                                    "Exception:[")
+                     + host->diskUsageProgram),
+            qPrintable(text));
         QVERIFY(error.localizedDescription().contains(host->diskUsageProgram));
     }
 
