@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "operation/DBCPreconditions.h"
+
+#include "carddb/DBCPackageLayout.h"
+#include "datafile/DBCCommonFunction.h"
+#include "datafile/DBCInterchangeNames.h"
+#include "operation/DBCChecker.h"
+#include "operation/DBCFileManager.h"
+#include "operation/DBCHost.h"
+#include "operation/DBCLog.h"
+#include "operation/DBCMainApplication.h"
+#include "operation/DBCMessage.h"
+#include "operation/DBCMountTable.h"
+#include "operation/DBCPropertyList.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace {
+
+bool isFolder(const QString& path)
+{
+    return !path.isEmpty() && QFileInfo(path).isDir();
+}
+
+// A folder inside itself is inside, too.
+bool isInside(const QString& path, const QString& folder)
+{
+    return (QFileInfo(path).canonicalFilePath() + u'/')
+        .startsWith(QFileInfo(folder).canonicalFilePath() + u'/');
+}
+
+QString joined(const QString& folder, const QString& name)
+{
+    return folder.isEmpty() || folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
+}
+
+// None when the main application is not installed or does not tell.
+std::optional<QString> mainApplicationVersion(const DBCHost& host)
+{
+    const QString list = DBCMainApplication::versionList(host.applicationsFolder);
+    if (!isFolder(DBCMainApplication::bundle(host.applicationsFolder)) || !QFileInfo(list).isFile())
+        return std::nullopt;
+    const std::optional<QVariantMap> entries = DBCPropertyList::read(list);
+    const QString key = QStringLiteral("CFBundleShortVersionString");
+    return entries && entries->contains(key) ? std::optional(entries->value(key).toString())
+                                             : std::nullopt;
+}
+
+} // namespace
+
+DBCPreconditions::DBCPreconditions(
+    const QString& dataPath, const QString& databasePath, OperationType operationType)
+    : _dataPath(dataPath)
+    , _databasePath(databasePath)
+    , _operationType(operationType)
+    , _exportFolder(joined(dataPath, DBCInterchangeNames::rootFolderName()))
+{
+}
+
+bool DBCPreconditions::_checkPrecondition()
+{
+    _refusal = Refusal::None;
+    if (!checkMainApplicationVersion() || !ask(QStringLiteral("IDS_MSG_ERR_0106")))
+        return false;
+    // The source of the operation first.
+    return isImport() ? _dataPathCheck() && _vmdbPathCheck() : _vmdbPathCheck() && _dataPathCheck();
+}
+
+bool DBCPreconditions::checkMainApplicationVersion()
+{
+    const DBCHost& host = DBCHost::current();
+    const std::optional<QString> version = mainApplicationVersion(host);
+    if (!version || QStringView(*version).compare(DBCMainApplication::minimumVersion) >= 0)
+        return true;
+    return refuse(104, {*version, DBCMainApplication::bundle(host.applicationsFolder)});
+}
+
+bool DBCPreconditions::_dataPathCheck()
+{
+    return isImport() ? checkImportFolder() : checkExportFolder();
+}
+
+bool DBCPreconditions::checkImportFolder()
+{
+    if (!DBCChecker::isValidPathLength(expandedPath(_dataPath), dataPathLimit))
+        return refuse(110, {_dataPath});
+    if (!isFolder(_dataPath))
+        return refuse(308, {_dataPath});
+    if (_networkPathCheck(_dataPath) != DBCResultCode::Success)
+        return refuse(105, {_dataPath});
+    const QString dataFile = joined(_dataPath, DBCInterchangeNames::dataFileName());
+    const QFileInfo file(dataFile);
+    return (file.exists() && !file.isDir()) || refuse(309, {dataFile});
+}
+
+bool DBCPreconditions::checkExportFolder()
+{
+    if (!DBCChecker::isValidPathLength(expandedPath(_exportFolder), dataPathLimit))
+        return refuse(110, {_exportFolder});
+    if (!isFolder(_dataPath))
+        return refuse(202, {_dataPath});
+    if (_networkPathCheck(_dataPath) != DBCResultCode::Success)
+        return refuse(105, {_dataPath});
+    if (isFolder(_exportFolder) && !removeOldExportFolder())
+        return false;
+    if (!DBCChecker::checkDiskSizeIsEnough(_dataPath, DBCDiskSpaceMargin))
+        return refuse(103);
+    return createExportFolder();
+}
+
+bool DBCPreconditions::removeOldExportFolder()
+{
+    if (!ask(QStringLiteral("IDS_MSG_ERR_0205"), {_exportFolder}))
+        return false;
+    // Somebody who keeps the package there agreed to lose an old export, not the cards.
+    const bool holdsThePackage = isInside(_databasePath, _exportFolder);
+    return (!holdsThePackage && DBCFileManager::defaultManager()->cleanFolder(_exportFolder))
+        || refuse(204, {_exportFolder});
+}
+
+bool DBCPreconditions::createExportFolder()
+{
+    const QString folders[] {_exportFolder, DBCInterchangeNames::imageFolder(_exportFolder),
+        DBCInterchangeNames::attachmentFolder(_exportFolder)};
+    for (const QString& folder : folders) {
+        if (!QDir().mkdir(folder))
+            return refuse(204, {folder});
+    }
+    return true;
+}
+
+bool DBCPreconditions::_vmdbPathCheck()
+{
+    const QString store = DBCPackageLayout::storeFile(_databasePath);
+    if (!DBCChecker::isValidPathLength(expandedPath(store), databasePathLimit))
+        return refuse(109, {_databasePath});
+    if (!isFolder(_databasePath))
+        return refuse(isImport() ? 302 : 201, {_databasePath});
+    if (_networkPathCheck(_databasePath) != DBCResultCode::Success)
+        return refuse(105, {_databasePath});
+    return checkPackage();
+}
+
+bool DBCPreconditions::checkPackage()
+{
+    if (isImport() && !DBCChecker::checkDiskSizeIsEnough(_databasePath, DBCDiskSpaceMargin))
+        return refuse(301);
+    const DBCResultCode state = DBCChecker::checkDBAttributes(_databasePath);
+    if (state != DBCResultCode::PackageUsable) {
+        DBCLog::debug(QStringLiteral("The package [%1] cannot be used: 0x%2")
+                          .arg(_databasePath, QString::number(toNumber(state), 16)));
+        return refuse(301);
+    }
+    if (DBCChecker::checkDBFileISLocked(DBCPackageLayout::lockFile(_databasePath)))
+        return refuse(isImport() ? 304 : 203, {_databasePath});
+    return true;
+}
+
+DBCResultCode DBCPreconditions::_networkPathCheck(const QString& path)
+{
+    const QString canonical = path.isEmpty() ? QString() : QFileInfo(path).canonicalFilePath();
+    const std::optional<DBCMountTable> table = DBCMountTable::read(DBCHost::current().mountTable);
+    if (canonical.isEmpty() || !table)
+        return DBCResultCode::GeneralFailure;
+    const std::optional<DBCMountedVolume> volume = table->volumeOf(canonical);
+    return volume && !volume->isNetwork() ? DBCResultCode::Success : DBCResultCode::GeneralFailure;
+}
+
+bool DBCPreconditions::refuse(quint32 number, const DBCMessageArguments& arguments)
+{
+    _refusal = Refusal::ByCheck;
+    DBCMessage::ShowErrorMessage(number, arguments);
+    return false;
+}
+
+bool DBCPreconditions::ask(const QString& messageKey, const DBCMessageArguments& arguments)
+{
+    const DBCAnswer answer = DBCMessage::ShowInfoMessage(
+        messageKey, DBCButton::Yes, DBCButton::No, QString(), arguments);
+    if (answer == DBCAnswer::Default)
+        return true;
+    _refusal = answer == DBCAnswer::NotShown ? Refusal::ByCheck : Refusal::ByUser;
+    return false;
+}
+
+QString DBCPreconditions::expandedPath(const QString& path)
+{
+    const bool namesHome = path == u"~" || path.startsWith(QStringLiteral("~/"));
+    return namesHome ? QDir::homePath() + path.sliced(1) : path;
+}
+
+QString DBCPreconditions::_getDefaultDBPath()
+{
+    const QString own = QDir::homePath() + QStringLiteral("/Library/Application Support");
+    const QString support = isFolder(own)
+        ? own
+        : QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return support.isEmpty() ? QDir::homePath()
+                             : joined(support, DBCMainApplication::name.toString());
+}
+
+std::optional<QString> DBCPreconditions::_getDefaultDataFilePath()
+{
+    const QString desktop = QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
+    return desktop.isEmpty() ? std::nullopt : std::optional(desktop);
+}

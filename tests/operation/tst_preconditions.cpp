@@ -1,0 +1,641 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "operation/DBCPreconditions.h"
+
+#include "datafile/DBCInterchangeNames.h"
+#include "operation/DBCMessage.h"
+#include "tests/support/RecordingPresenter.h"
+#include "tests/support/ScopedHost.h"
+#include "tests/support/TestHome.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QScopeGuard>
+#include <QTest>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr quint64 margin = 0x80000;
+
+// A machine on which everything is in order: a usable package, an interchange folder with a data
+// file, an empty folder to export into, local disks with exactly the room that is needed, and a
+// user who answers Yes.
+struct Situation {
+    TestHome home;
+    ScopedHost host;
+    RecordingPresenter presenter;
+    QString package = home.makeFolder(QStringLiteral("cards.vmdb"));
+    QString interchange = home.makeFolder(QStringLiteral("interchange"));
+    QString desktop = home.makeFolder(QStringLiteral("desktop"));
+    OperationType type;
+
+    explicit Situation(OperationType operationType)
+        : type(operationType)
+    {
+        home.writeFile(QStringLiteral("cards.vmdb/Velmora.sqldb"), "store");
+        home.writeFile(QStringLiteral("interchange/") + DBCInterchangeNames::dataFileName(), "d");
+        presenter.answer = DBCAnswer::Default;
+        host->applicationsFolder = home.path(QStringLiteral("Applications"));
+        host.setFreeBytes(margin);
+        mount("/", "ext4", "/dev/sda1");
+    }
+
+    void mount(const QByteArray& point, const QByteArray& type_, const QByteArray& device)
+    {
+        _mounts += "1 1 8:1 / " + point + " rw - " + type_ + ' ' + device + " rw\n";
+        host->mountTable = home.writeFile(QStringLiteral("mountinfo"), _mounts);
+    }
+    void mountOnNetwork(const QString& path)
+    {
+        mount(QFile::encodeName(QFileInfo(path).canonicalFilePath()), "nfs4", "server:/export");
+    }
+    void installMainApplication(const QByteArray& version)
+    {
+        installVersionList("<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key>"
+                           "<string>"
+            + version + "</string></dict></plist>");
+    }
+    void installVersionList(const QByteArray& list)
+    {
+        home.writeFile(
+            QStringLiteral("Applications/Velmora/Velmora.app/Contents/version.plist"), list);
+    }
+    // Held until the returned descriptor is closed.
+    int lockPackage() const
+    {
+        const QString file = home.writeFile(QStringLiteral("cards.vmdb/.VMLock.vmlk"), "");
+        const int holder = open(QFile::encodeName(file).constData(), O_RDWR | O_CLOEXEC);
+        if (flock(holder, LOCK_EX | LOCK_NB) != 0)
+            qFatal("cannot lock the package");
+        return holder;
+    }
+
+    DBCPreconditions preconditions() const
+    {
+        return {type == OperationType::Import ? interchange : desktop, package, type};
+    }
+    bool check() const { return preconditions()._checkPrecondition(); }
+
+    QString exportFolder() const { return desktop + u'/' + DBCInterchangeNames::rootFolderName(); }
+    void makeOldExport() const
+    {
+        home.writeFile(QStringLiteral("desktop/") + DBCInterchangeNames::rootFolderName()
+                + QStringLiteral("/old"),
+            "old");
+    }
+    bool oldExportStands() const
+    {
+        return QFileInfo::exists(exportFolder() + QStringLiteral("/old"));
+    }
+
+    QStringList questionKeys() const
+    {
+        QStringList keys;
+        for (const DBCQuestion& question : presenter.questions)
+            keys << question.key;
+        return keys;
+    }
+
+private:
+    QByteArray _mounts;
+};
+
+// path, made longer below parent, until it has exactly so many bytes.
+QString pathOfBytes(const QString& parent, qsizetype bytes)
+{
+    QString path = parent;
+    while (bytes - path.toUtf8().size() > 256) // longer names do not exist on disks
+        path += u'/' + QString(200, u'x');
+    return path + u'/' + QString(bytes - path.toUtf8().size() - 1, u'y');
+}
+
+const QList<quint32> nothingShown;
+
+} // namespace
+
+Q_DECLARE_METATYPE(OperationType)
+
+class tst_preconditions : public QObject {
+    Q_OBJECT
+
+    static void bothOperations()
+    {
+        QTest::addColumn<OperationType>("type");
+        QTest::newRow("import") << OperationType::Import;
+        QTest::newRow("export") << OperationType::Export;
+    }
+
+private Q_SLOTS:
+    void everythingInOrderPassesAfterTheOneQuestion_data() { bothOperations(); }
+    void everythingInOrderPassesAfterTheOneQuestion()
+    {
+        QFETCH(OperationType, type);
+        Situation situation(type);
+        DBCPreconditions preconditions = situation.preconditions();
+        QVERIFY(preconditions._checkPrecondition());
+        QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::None);
+        QCOMPARE(situation.presenter.numbers, nothingShown);
+        QCOMPARE(situation.questionKeys(), QStringList(QStringLiteral("IDS_MSG_ERR_0106")));
+    }
+
+    void questionOffersYesAndNoAndNoThirdButton()
+    {
+        Situation situation(OperationType::Import);
+        situation.check();
+        const DBCQuestion question = situation.presenter.questions.value(0);
+        QCOMPARE(question.defaultButton, DBCMessage::btnLableString(DBCButton::Yes));
+        QCOMPARE(question.alternateButton, DBCMessage::btnLableString(DBCButton::No));
+        QVERIFY(question.otherButton.isEmpty());
+    }
+
+    void anyAnswerButYesStopsWithoutAMessage_data()
+    {
+        QTest::addColumn<int>("answer");
+        QTest::newRow("no") << int(DBCAnswer::Alternate);
+        QTest::newRow("other") << int(DBCAnswer::Other);
+    }
+    void anyAnswerButYesStopsWithoutAMessage()
+    {
+        QFETCH(int, answer);
+        Situation situation(OperationType::Export);
+        situation.presenter.answer = DBCAnswer(answer);
+        DBCPreconditions preconditions = situation.preconditions();
+        QVERIFY(!preconditions._checkPrecondition());
+        QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::ByUser);
+        QCOMPARE(situation.presenter.numbers, nothingShown);
+        QVERIFY(!QFileInfo::exists(situation.exportFolder()));
+    }
+
+    // The main application's version
+
+    void versionOfTheMainApplicationIsComparedAsText_data()
+    {
+        QTest::addColumn<QByteArray>("version");
+        QTest::addColumn<bool>("passes");
+        QTest::newRow("the minimum itself") << QByteArray("1.1.20") << true;
+        QTest::newRow("1.1.3, smaller as a number") << QByteArray("1.1.3") << true;
+        QTest::newRow("1.1.10, smaller both ways") << QByteArray("1.1.10") << false;
+        QTest::newRow("1.1.200") << QByteArray("1.1.200") << true;
+        QTest::newRow("1.1.2, a beginning of it") << QByteArray("1.1.2") << false;
+        QTest::newRow("1.10.0, greater as a number") << QByteArray("1.10.0") << true;
+        QTest::newRow("10.0.0") << QByteArray("10.0.0") << true;
+        QTest::newRow("1.0.99") << QByteArray("1.0.99") << false;
+        QTest::newRow("2.0") << QByteArray("2.0") << true;
+        QTest::newRow("empty") << QByteArray("") << false;
+    }
+    void versionOfTheMainApplicationIsComparedAsText()
+    {
+        QFETCH(QByteArray, version);
+        QFETCH(bool, passes);
+        Situation situation(OperationType::Import);
+        situation.installMainApplication(version);
+        QCOMPARE(situation.check(), passes);
+        QCOMPARE(situation.presenter.numbers, passes ? nothingShown : QList<quint32> {104});
+        QCOMPARE(situation.presenter.questions.size(), passes ? 1 : 0);
+    }
+
+    void versionThatCannotBeToldIsNotTested_data()
+    {
+        QTest::addColumn<QByteArray>("list");
+        QTest::newRow("without the key") << QByteArray("<plist><dict></dict></plist>");
+        QTest::newRow("no property list") << QByteArray("1.0");
+    }
+    void versionThatCannotBeToldIsNotTested()
+    {
+        QFETCH(QByteArray, list);
+        Situation situation(OperationType::Import);
+        situation.installVersionList(list);
+        QVERIFY(situation.check());
+    }
+
+    void folderInPlaceOfTheVersionListIsNotTested()
+    {
+        Situation situation(OperationType::Import);
+        situation.home.makeFolder(
+            QStringLiteral("Applications/Velmora/Velmora.app/Contents/version.plist"));
+        QVERIFY(situation.check());
+    }
+
+    // Order
+
+    void sourceOfTheOperationIsCheckedFirst_data() { bothOperations(); }
+    void sourceOfTheOperationIsCheckedFirst()
+    {
+        QFETCH(OperationType, type);
+        Situation situation(type);
+        const QString missing = situation.home.path(QStringLiteral("missing"));
+        DBCPreconditions(missing, missing, type)._checkPrecondition();
+        const quint32 expected = type == OperationType::Import ? 308 : 201;
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {expected});
+    }
+
+    void refusalByACheckIsToldFromTheUsersNo()
+    {
+        Situation situation(OperationType::Import);
+        situation.package = situation.home.path(QStringLiteral("missing.vmdb"));
+        DBCPreconditions preconditions = situation.preconditions();
+        QVERIFY(!preconditions._checkPrecondition());
+        QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::ByCheck);
+    }
+
+    // The data path of an import
+
+    void importFolderPathOf520BytesIsTheLongest()
+    {
+        Situation situation(OperationType::Import);
+        const QString base = situation.home.path(QStringLiteral(u"\u540D"));
+        for (const qsizetype bytes : {520, 521}) {
+            DBCPreconditions(pathOfBytes(base, bytes), situation.package, situation.type)
+                ._dataPathCheck();
+        }
+        QCOMPARE(situation.presenter.numbers, (QList<quint32> {308, 110}));
+    }
+
+    void emptyImportFolderPathIsRefused()
+    {
+        Situation situation(OperationType::Import);
+        situation.interchange.clear();
+        QVERIFY(!situation.preconditions()._dataPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {110});
+    }
+
+    void lengthOfAPathUnderHomeIsThatOfTheExpandedOne()
+    {
+        Situation situation(OperationType::Import);
+        situation.interchange = QStringLiteral("~/") + QString(515, u'x');
+        QVERIFY(!situation.preconditions()._dataPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {110});
+    }
+
+    void importFolderMustExistAndBeAFolder()
+    {
+        Situation situation(OperationType::Import);
+        situation.interchange = situation.home.writeFile(QStringLiteral("file"), "x");
+        QVERIFY(!situation.preconditions()._dataPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {308});
+    }
+
+    void importFolderOnTheNetworkIsRefusedBeforeItsDataFileIsSought()
+    {
+        Situation situation(OperationType::Import);
+        situation.mountOnNetwork(situation.interchange);
+        QFile::remove(DBCInterchangeNames::dataFile(situation.interchange));
+        QVERIFY(!situation.preconditions()._dataPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {105});
+    }
+
+    void importFolderWithoutDataFileIsRefused()
+    {
+        Situation situation(OperationType::Import);
+        QFile::remove(DBCInterchangeNames::dataFile(situation.interchange));
+        QVERIFY(!situation.preconditions()._dataPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {309});
+    }
+
+    void folderUnderTheDataFilesNameIsRefused()
+    {
+        Situation situation(OperationType::Import);
+        const QString dataFile = DBCInterchangeNames::dataFile(situation.interchange);
+        QFile::remove(dataFile);
+        QVERIFY(QDir().mkpath(dataFile));
+        QVERIFY(!situation.preconditions()._dataPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {309});
+    }
+
+    // The data path of an export
+
+    void newExportFolderAndItsTwoFoldersAreMade()
+    {
+        Situation situation(OperationType::Export);
+        QVERIFY(situation.preconditions()._dataPathCheck());
+        QDir folder(situation.exportFolder());
+        QStringList expected {
+            DBCInterchangeNames::imageFolderName(), DBCInterchangeNames::attachmentFolderName()};
+        expected.sort();
+        QStringList made = folder.entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+        made.sort();
+        QCOMPARE(made, expected);
+    }
+
+    void exportFolderPathOf520BytesIsTheLongest()
+    {
+        Situation situation(OperationType::Export);
+        const qsizetype rootBytes = DBCInterchangeNames::rootFolderName().toUtf8().size() + 1;
+        for (const qsizetype bytes : {520, 521}) {
+            const QString parent = pathOfBytes(situation.home.path(), bytes - rootBytes);
+            DBCPreconditions(parent, situation.package, situation.type)._dataPathCheck();
+        }
+        QCOMPARE(situation.presenter.numbers, (QList<quint32> {202, 110}));
+    }
+
+    void folderToExportIntoMustExistAndBeAFolder_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("missing") << QStringLiteral("missing");
+        QTest::newRow("file") << QStringLiteral("file");
+    }
+    void folderToExportIntoMustExistAndBeAFolder()
+    {
+        QFETCH(QString, name);
+        Situation situation(OperationType::Export);
+        situation.home.writeFile(QStringLiteral("file"), "x");
+        situation.desktop = situation.home.path(name);
+        QVERIFY(!situation.preconditions()._dataPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {202});
+    }
+
+    void emptyPathToExportIntoIsRefused()
+    {
+        Situation situation(OperationType::Export);
+        situation.desktop.clear();
+        QVERIFY(!situation.preconditions()._dataPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {202});
+    }
+
+    void folderToExportIntoOnTheNetworkIsRefusedBeforeAnythingIsAsked()
+    {
+        Situation situation(OperationType::Export);
+        situation.makeOldExport();
+        situation.mountOnNetwork(situation.desktop);
+        QVERIFY(!situation.preconditions()._dataPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {105});
+        QVERIFY(situation.presenter.questions.isEmpty());
+        QVERIFY(situation.oldExportStands());
+    }
+
+    void olderExportIsReplacedAfterYes()
+    {
+        Situation situation(OperationType::Export);
+        situation.makeOldExport();
+        QVERIFY(situation.check());
+        QCOMPARE(situation.questionKeys(),
+            QStringList({QStringLiteral("IDS_MSG_ERR_0106"), QStringLiteral("IDS_MSG_ERR_0205")}));
+        QVERIFY(!situation.oldExportStands());
+        QVERIFY(QFileInfo(situation.exportFolder()).isDir());
+    }
+
+    void olderExportIsLeftUntouchedAfterAnyOtherAnswer()
+    {
+        Situation situation(OperationType::Export);
+        situation.makeOldExport();
+        situation.presenter.answers = {DBCAnswer::Default, DBCAnswer::Alternate};
+        DBCPreconditions preconditions = situation.preconditions();
+        QVERIFY(!preconditions._checkPrecondition());
+        QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::ByUser);
+        QCOMPARE(situation.presenter.numbers, nothingShown);
+        QVERIFY(situation.oldExportStands());
+    }
+
+    void olderExportThatCannotBeRemovedIsAnError()
+    {
+        Situation situation(OperationType::Export);
+        QVERIFY(QFile::link(situation.interchange, situation.exportFolder())); // never followed
+        QVERIFY(!situation.preconditions()._dataPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {204});
+        QVERIFY(QFileInfo::exists(DBCInterchangeNames::dataFile(situation.interchange)));
+    }
+
+    void olderExportThatHoldsThePackageIsNotRemoved()
+    {
+        Situation situation(OperationType::Export);
+        situation.makeOldExport();
+        const QString inside = situation.exportFolder() + QStringLiteral("/cards.vmdb");
+        QVERIFY(QDir().rename(situation.package, inside));
+        situation.package = inside;
+        QVERIFY(!situation.check());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {204});
+        QVERIFY(situation.oldExportStands());
+        QVERIFY(QFileInfo::exists(inside + QStringLiteral("/Velmora.sqldb")));
+    }
+
+    void exportNeedsHalfAMegabyte()
+    {
+        Situation situation(OperationType::Export);
+        situation.host.setFreeBytes(margin - 1);
+        QVERIFY(!situation.preconditions()._dataPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {103});
+        QVERIFY(!QFileInfo::exists(situation.exportFolder()));
+    }
+
+    void fileWhereTheExportFolderShouldBeIsAnError()
+    {
+        Situation situation(OperationType::Export);
+        situation.home.writeFile(
+            QStringLiteral("desktop/") + DBCInterchangeNames::rootFolderName(), "kept");
+        QVERIFY(!situation.preconditions()._dataPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {204});
+        QVERIFY(situation.presenter.questions.isEmpty());
+        QVERIFY(QFileInfo(situation.exportFolder()).isFile());
+    }
+
+    void exportFolderThatStandsAlreadyIsNotMadeTwice()
+    {
+        Situation situation(OperationType::Export);
+        DBCPreconditions preconditions = situation.preconditions();
+        QVERIFY(preconditions.createExportFolder());
+        QVERIFY(!preconditions.createExportFolder());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {204});
+    }
+
+    // The package
+
+    void packagePathOf504BytesWithItsStoreIsTheLongest_data() { bothOperations(); }
+    void packagePathOf504BytesWithItsStoreIsTheLongest()
+    {
+        QFETCH(OperationType, type);
+        Situation situation(type);
+        const qsizetype storeBytes = QByteArray("/Velmora.sqldb").size();
+        for (const qsizetype bytes : {504, 505}) {
+            const QString package = pathOfBytes(situation.home.path(), bytes - storeBytes);
+            DBCPreconditions(situation.interchange, package, type)._vmdbPathCheck();
+        }
+        const quint32 missing = type == OperationType::Import ? 302 : 201;
+        QCOMPARE(situation.presenter.numbers, (QList<quint32> {missing, 109}));
+    }
+
+    void packageMustBeAnExistingFolder_data()
+    {
+        QTest::addColumn<OperationType>("type");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<quint32>("number");
+        const QString missing = QStringLiteral("missing.vmdb");
+        const QString file = QStringLiteral("file.vmdb");
+        QTest::newRow("import missing") << OperationType::Import << missing << 302u;
+        QTest::newRow("import file") << OperationType::Import << file << 302u;
+        QTest::newRow("export missing") << OperationType::Export << missing << 201u;
+        QTest::newRow("export file") << OperationType::Export << file << 201u;
+    }
+    void packageMustBeAnExistingFolder()
+    {
+        QFETCH(OperationType, type);
+        QFETCH(QString, name);
+        QFETCH(quint32, number);
+        Situation situation(type);
+        situation.home.writeFile(QStringLiteral("file.vmdb"), "x");
+        situation.package = situation.home.path(name);
+        QVERIFY(!situation.preconditions()._vmdbPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {number});
+    }
+
+    void packageOnTheNetworkIsRefusedBeforeAnyLockTest_data() { bothOperations(); }
+    void packageOnTheNetworkIsRefusedBeforeAnyLockTest()
+    {
+        QFETCH(OperationType, type);
+        Situation situation(type);
+        const int holder = situation.lockPackage();
+        const auto released = qScopeGuard([holder] { close(holder); });
+        situation.mountOnNetwork(situation.package);
+        situation.host.setFreeBytes(0);
+        QVERIFY(!situation.check());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {105});
+    }
+
+    void importNeedsHalfAMegabyteBesideThePackage()
+    {
+        Situation situation(OperationType::Import);
+        situation.host.setFreeBytes(margin - 1);
+        QVERIFY(!situation.preconditions()._vmdbPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {301});
+    }
+
+    void exportNeedsNoSpaceBesideThePackage()
+    {
+        Situation situation(OperationType::Export);
+        situation.host.setFreeBytes(0);
+        QVERIFY(situation.preconditions()._vmdbPathCheck());
+    }
+
+    void unusablePackageIsRefusedForBoth_data() { bothOperations(); }
+    void unusablePackageIsRefusedForBoth()
+    {
+        QFETCH(OperationType, type);
+        Situation situation(type);
+        const int holder = situation.lockPackage();
+        const auto released = qScopeGuard([holder] { close(holder); });
+        situation.host.makeReadOnly({situation.package + QStringLiteral("/Velmora.sqldb")});
+        QVERIFY(!situation.preconditions()._vmdbPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {301});
+    }
+
+    void lockedPackageIsRefused_data()
+    {
+        QTest::addColumn<OperationType>("type");
+        QTest::addColumn<quint32>("number");
+        QTest::newRow("import") << OperationType::Import << 304u;
+        QTest::newRow("export") << OperationType::Export << 203u;
+    }
+    void lockedPackageIsRefused()
+    {
+        QFETCH(OperationType, type);
+        QFETCH(quint32, number);
+        Situation situation(type);
+        const int holder = situation.lockPackage();
+        QVERIFY(!situation.preconditions()._vmdbPathCheck());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {number});
+        close(holder);
+        QVERIFY(situation.preconditions()._vmdbPathCheck());
+    }
+
+    // Volumes
+
+    void localAndNetworkVolumesAreTold_data()
+    {
+        QTest::addColumn<QByteArray>("type");
+        QTest::addColumn<QByteArray>("device");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("disk") << QByteArray("ext4") << QByteArray("/dev/sdb1") << 0;
+        QTest::newRow("tmpfs") << QByteArray("tmpfs") << QByteArray("tmpfs") << 0;
+        QTest::newRow("overlay") << QByteArray("overlay") << QByteArray("overlay") << 0;
+        QTest::newRow("nfs") << QByteArray("nfs4") << QByteArray("server:/x") << -1;
+        QTest::newRow("cifs") << QByteArray("cifs") << QByteArray("//server/x") << -1;
+        QTest::newRow("autofs") << QByteArray("autofs") << QByteArray("/dev/auto") << -1;
+    }
+    void localAndNetworkVolumesAreTold()
+    {
+        QFETCH(QByteArray, type);
+        QFETCH(QByteArray, device);
+        Situation situation(OperationType::Import);
+        const QString folder = situation.home.makeFolder(QStringLiteral("mounted/deep"));
+        situation.mount(
+            QFile::encodeName(QFileInfo(situation.home.path()).canonicalFilePath()) + "/mounted",
+            type, device);
+        QTEST(int(toNumber(DBCPreconditions::_networkPathCheck(folder))), "expected");
+    }
+
+    void linkIsJudgedByWhatItPointsAt()
+    {
+        Situation situation(OperationType::Import);
+        const QString share = situation.home.makeFolder(QStringLiteral("share/inner"));
+        const QString link = situation.home.path(QStringLiteral("link"));
+        QVERIFY(QFile::link(share, link));
+        situation.mountOnNetwork(situation.home.path(QStringLiteral("share")));
+        QCOMPARE(DBCPreconditions::_networkPathCheck(link), DBCResultCode::GeneralFailure);
+    }
+
+    void emptyAndMissingPathsAreOnNoVolume()
+    {
+        const Situation situation(OperationType::Import);
+        QCOMPARE(DBCPreconditions::_networkPathCheck(QString()), DBCResultCode::GeneralFailure);
+        QCOMPARE(
+            DBCPreconditions::_networkPathCheck(situation.home.path(QStringLiteral("missing"))),
+            DBCResultCode::GeneralFailure);
+    }
+
+    void failingQueryIsNoLocalVolume()
+    {
+        Situation situation(OperationType::Import);
+        situation.host->mountTable = situation.home.path(QStringLiteral("missing"));
+        QCOMPARE(
+            DBCPreconditions::_networkPathCheck(situation.package), DBCResultCode::GeneralFailure);
+    }
+
+    // Paths
+
+    void homeSignInFrontIsExpanded()
+    {
+        const TestHome home;
+        const QString folder = home.path(QStringLiteral("home"));
+        QCOMPARE(DBCPreconditions::expandedPath(QStringLiteral("~")), folder);
+        QCOMPARE(
+            DBCPreconditions::expandedPath(QStringLiteral("~/a~")), folder + QStringLiteral("/a~"));
+        QCOMPARE(
+            DBCPreconditions::expandedPath(QStringLiteral("~other/a")), QStringLiteral("~other/a"));
+        QCOMPARE(DBCPreconditions::expandedPath(QStringLiteral("/a/~")), QStringLiteral("/a/~"));
+        QCOMPARE(DBCPreconditions::expandedPath(QString()), QString());
+    }
+
+    void packagesAreKeptInTheApplicationSupportFolderWhenThereIsOne()
+    {
+        const TestHome home;
+        const QString support = home.makeFolder(QStringLiteral("home/Library/Application Support"));
+        QCOMPARE(DBCPreconditions::_getDefaultDBPath(), support + QStringLiteral("/Velmora"));
+    }
+
+    void packagesAreKeptInTheDataFolderOtherwise()
+    {
+        const TestHome home;
+        const QByteArray before = qgetenv("XDG_DATA_HOME");
+        const bool wasSet = qEnvironmentVariableIsSet("XDG_DATA_HOME");
+        const auto restored = qScopeGuard(
+            [&] { wasSet ? qputenv("XDG_DATA_HOME", before) : qunsetenv("XDG_DATA_HOME"); });
+        qunsetenv("XDG_DATA_HOME");
+        QCOMPARE(DBCPreconditions::_getDefaultDBPath(),
+            home.path(QStringLiteral("home/.local/share/Velmora")));
+        qputenv("XDG_DATA_HOME", "/srv/data");
+        QCOMPARE(DBCPreconditions::_getDefaultDBPath(), QStringLiteral("/srv/data/Velmora"));
+    }
+
+    void dataFolderIsTheDesktop()
+    {
+        const TestHome home;
+        QCOMPARE(DBCPreconditions::_getDefaultDataFilePath(),
+            std::optional(home.path(QStringLiteral("home/Desktop"))));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_preconditions)
+#include "tst_preconditions.moc"
