@@ -8,6 +8,7 @@
 #include "cardimage/DBCJpegProperties.h"
 #include "datafile/DBCCommonFunction.h"
 #include "operation/DBCChecker.h"
+#include "operation/DBCDescriptor.h"
 #include "operation/DBCError.h"
 
 #include <QFile>
@@ -98,25 +99,6 @@ bool addPage(DBCCardPdfWriter* writer, const QString& path)
     return true;
 }
 
-class Descriptor {
-public:
-    explicit Descriptor(int number)
-        : _number(number)
-    {
-    }
-    ~Descriptor()
-    {
-        if (_number >= 0)
-            ::close(_number);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int number() const { return _number; }
-
-private:
-    int _number;
-};
-
 // 0 or minus errno. Sets length to the number of bytes read.
 qint32 readFully(int descriptor, QByteArray* buffer, qsizetype* length)
 {
@@ -182,11 +164,11 @@ qint32 readJpgFile(const QUrl& url, QByteArray* outBuffer)
         return readFailure;
     // A pipe must not keep us waiting for its other end.
     const QByteArray path = QFile::encodeName(url.toLocalFile());
-    const Descriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (file.number() < 0)
+    const DBCDescriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file)
         return -errno;
     struct stat status { };
-    if (::fstat(file.number(), &status) != 0)
+    if (::fstat(file.get(), &status) != 0)
         return -errno;
     if (!S_ISREG(status.st_mode) || status.st_size >= lengthLimit)
         return readFailure;
@@ -197,7 +179,7 @@ qint32 readJpgFile(const QUrl& url, QByteArray* outBuffer)
         return readFailure;
     }
     qsizetype length = 0;
-    if (const qint32 error = readFully(file.number(), &buffer, &length); error != 0)
+    if (const qint32 error = readFully(file.get(), &buffer, &length); error != 0)
         return error;
     if (length != buffer.size())
         return readFailure;

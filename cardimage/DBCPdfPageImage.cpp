@@ -160,7 +160,8 @@ void setConstantFields(ImageDescriptor* descriptor, DBCImageDepth depth)
     descriptor->colorTableId = -1;
 }
 
-std::optional<QByteArray> imageData(QPDFObjectHandle image, const ImageDescriptor& descriptor)
+std::optional<QByteArray> imageData(
+    const QPDFObjectHandle& image, const ImageDescriptor& descriptor)
 {
     return descriptor.depth == DBCBitmapDepth
         ? decodedStreamData(image, longestBitmapData(descriptor))
