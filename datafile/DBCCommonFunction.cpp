@@ -69,6 +69,7 @@ QStringList DBCCommonFunction::createTitleNamesForDataFile()
 std::vector<DBCRecordKey> DBCCommonFunction::createRecordKeyNamesForDataFile()
 {
     std::vector<DBCRecordKey> keys;
+    keys.reserve(DBCColumns.size());
     for (const DBCColumn& column : DBCColumns)
         keys.push_back(column.key);
     return keys;

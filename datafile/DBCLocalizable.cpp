@@ -120,7 +120,7 @@ DBCLocalizable::Language DBCLocalizable::languageFor(const QStringList& wanted)
 QLocale DBCLocalizable::locale()
 {
     const TableLanguage& entry = entryOf(language());
-    return QLocale(entry.code, entry.territory);
+    return {entry.code, entry.territory};
 }
 
 std::optional<QString> DBCLocalizable::text(const QString& key)

@@ -158,7 +158,7 @@ DBCResultCode DBCLog::writeLine(const QString& message, const QString& tag)
     return result;
 }
 
-QString DBCLog::getLogString(const QString& message, const QString& logType) const
+QString DBCLog::getLogString(const QString& message, const QString& logType)
 {
     const QString now = QLocale::c().toString(
         QDateTime::currentDateTime(), QStringLiteral("yyyy/MM/dd HH:mm:ss"));

@@ -34,7 +34,7 @@ public:
     DBCResultCode logWarning(const std::optional<QString>& message); // counted even when filtered
     DBCResultCode logError(const std::optional<QString>& message); // counted even when filtered
     DBCResultCode output(const std::optional<QString>& message, DBCLogType logType);
-    QString getLogString(const QString& message, const QString& logType) const;
+    static QString getLogString(const QString& message, const QString& logType);
 
     // Takes the level of the information dictionary, Info (1) where that has no number.
     void readLogLevel();
@@ -50,7 +50,8 @@ public:
     static void warning(const QString& message);
     static void error(const QString& message);
 
-    // Sees each warning and error of every instance as it is logged; empty: nobody.
+    // Sees each warning and error of every instance, those that the level filters out included;
+    // called on the thread that logs. Empty: nobody.
     using Observer = std::function<void(DBCLogType type, const QString& message)>;
     static void setObserver(Observer observer);
 

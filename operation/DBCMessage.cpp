@@ -177,7 +177,7 @@ void DBCMessage::setPresenter(DBCMessagePresenter* presenter)
 
 QString DBCMessage::ShowErrorMessage(quint32 number, const DBCMessageArguments& arguments)
 {
-    const QString text = errorText(number, arguments);
+    QString text = errorText(number, arguments);
     presenter().showError(number, windowTitle(), text);
     return text;
 }
@@ -186,7 +186,7 @@ QString DBCMessage::ShowErrorMessageAlertSheet(QWindow* window,
     const std::function<void()>& didEndSelector, quint32 errorId,
     const DBCMessageArguments& arguments)
 {
-    const QString text = errorText(errorId, arguments);
+    QString text = errorText(errorId, arguments);
     presenter().showErrorSheet(window, errorId, windowTitle(), text, didEndSelector);
     return text;
 }

@@ -180,8 +180,7 @@ void tst_log::digitsDoNotFollowTheLocale()
 {
     const QLocale before;
     QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
-    const QString line
-        = DBCLog::logInstance()->getLogString(QStringLiteral("m"), QStringLiteral("[Tag]"));
+    const QString line = DBCLog::getLogString(QStringLiteral("m"), QStringLiteral("[Tag]"));
     QLocale::setDefault(before);
     static const QRegularExpression form(QStringLiteral(
         "^[0-9]{4}/[0-9]{2}/[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2} VelmoraConverter \\[Tag\\] m\n$"));
