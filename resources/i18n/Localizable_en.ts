@@ -35,6 +35,246 @@
         <source>Yes</source>
         <translation>Yes</translation>
     </message>
+    <message id="IDS_CHECK_ATTACHMENT_FOLDER_MISSING">
+        <source>Line %1 [%2]: the attachment folder [%3] does not exist, and an import would stop there. Check the name in the data file, or put the folder in this place.</source>
+        <extracomment>%1: line of the data file. %2: full name on the card. %3: path.</extracomment>
+        <translation>Line %1 [%2]: the attachment folder [%3] does not exist, and an import would stop there. Check the name in the data file, or put the folder in this place.</translation>
+    </message>
+    <message id="IDS_CHECK_DATA_FILE_EMPTY">
+        <source>The data file [%1] holds no cards. It needs the title line and at least one line for a card.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The data file [%1] holds no cards. It needs the title line and at least one line for a card.</translation>
+    </message>
+    <message id="IDS_CHECK_DATA_FILE_ENCODING">
+        <source>The data file [%1] is no UTF-16 text. Save it as Unicode text (UTF-16).</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The data file [%1] is no UTF-16 text. Save it as Unicode text (UTF-16).</translation>
+    </message>
+    <message id="IDS_CHECK_DATA_FILE_MISSING">
+        <source>The data file [%1] is missing. Put it in this place under this name.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The data file [%1] is missing. Put it in this place under this name.</translation>
+    </message>
+    <message id="IDS_CHECK_DATA_FILE_UNREADABLE">
+        <source>The data file [%1] could not be read (code %2). Check that you may read it.</source>
+        <extracomment>%1: path. %2: result code.</extracomment>
+        <translation>The data file [%1] could not be read (code %2). Check that you may read it.</translation>
+    </message>
+    <message id="IDS_CHECK_FILE_UNREADABLE">
+        <source>Line %1 [%2]: [%3] cannot be read. Check that you may read it.</source>
+        <extracomment>%1: line of the data file. %2: full name on the card. %3: path.</extracomment>
+        <translation>Line %1 [%2]: [%3] cannot be read. Check that you may read it.</translation>
+    </message>
+    <message id="IDS_CHECK_FOLDER_MISSING">
+        <source>The interchange folder [%1] does not exist. Choose an existing folder.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The interchange folder [%1] does not exist. Choose an existing folder.</translation>
+    </message>
+    <message id="IDS_CHECK_FOLDER_UNREADABLE">
+        <source>The interchange folder [%1] cannot be read. Check that you may read it.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The interchange folder [%1] cannot be read. Check that you may read it.</translation>
+    </message>
+    <message id="IDS_CHECK_IMAGE_MISSING">
+        <source>Line %1 [%2]: the image [%3] does not exist, so the card would be imported without it. Check the name in the data file, or put the image in this place.</source>
+        <extracomment>%1: line of the data file. %2: full name on the card. %3: path.</extracomment>
+        <translation>Line %1 [%2]: the image [%3] does not exist, so the card would be imported without it. Check the name in the data file, or put the image in this place.</translation>
+    </message>
+    <message id="IDS_CHECK_IMAGE_NO_JPEG">
+        <source>Line %1 [%2]: [%3] is no JPEG image, so the card would be imported without images. Save it as a JPEG file.</source>
+        <extracomment>%1: line of the data file. %2: full name on the card. %3: path.</extracomment>
+        <translation>Line %1 [%2]: [%3] is no JPEG image, so the card would be imported without images. Save it as a JPEG file.</translation>
+    </message>
+    <message id="IDS_CHECK_SIZE">
+        <source>The size of [%1] could not be measured. Check that you may read everything in it.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The size of [%1] could not be measured. Check that you may read everything in it.</translation>
+    </message>
+    <message id="IDS_CHECK_VERSION_MISSING">
+        <source>[%1] is missing, or it is no UTF-16 text, so the folder cannot be imported. Choose an interchange folder of version %2, or put the file of such a folder in this place.</source>
+        <extracomment>%1: path. %2: version.</extracomment>
+        <translation>[%1] is missing, or it is no UTF-16 text, so the folder cannot be imported. Choose an interchange folder of version %2, or put the file of such a folder in this place.</translation>
+    </message>
+    <message id="IDS_CHECK_VERSION_OTHER">
+        <source>[%1] names another version than %2, so the folder cannot be imported. Choose an interchange folder of that version.</source>
+        <extracomment>%1: path. %2: version.</extracomment>
+        <translation>[%1] names another version than %2, so the folder cannot be imported. Choose an interchange folder of that version.</translation>
+    </message>
+    <message id="IDS_CHECK_VERSION_PRODUCT">
+        <source>[%1] says that VelmoraConverter exported this folder, and such a folder cannot be imported again. Choose an interchange folder that another program made for import.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>[%1] says that VelmoraConverter exported this folder, and such a folder cannot be imported again. Choose an interchange folder that another program made for import.</translation>
+    </message>
+    <message id="IDS_CLI_BACKUP">
+        <source>Backup of the card database as it was before: [%1]</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>Backup of the card database as it was before: [%1]</translation>
+    </message>
+    <message id="IDS_CLI_CHECKED">
+        <source>Cards in the data file: %L1. Free space that an import needs: %2.</source>
+        <extracomment>%L1: count. %2: size with its unit.</extracomment>
+        <translation>Cards in the data file: %L1. Free space that an import needs: %2.</translation>
+    </message>
+    <message id="IDS_CLI_CREATED">
+        <source>An empty card database was made: [%1]</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>An empty card database was made: [%1]</translation>
+    </message>
+    <message id="IDS_CLI_ERR_NO_COMMAND">
+        <source>A command is missing: import, export, check, verify or create.</source>
+        <translation>A command is missing: import, export, check, verify or create.</translation>
+    </message>
+    <message id="IDS_CLI_ERR_OPERANDS">
+        <source>Wrong paths for &quot;%1&quot;. Write: velmora-convert %1 %2</source>
+        <extracomment>%1: command. %2: names of its paths.</extracomment>
+        <translation>Wrong paths for &quot;%1&quot;. Write: velmora-convert %1 %2</translation>
+    </message>
+    <message id="IDS_CLI_ERR_OPTION_VALUE">
+        <source>The options take no values.</source>
+        <translation>The options take no values.</translation>
+    </message>
+    <message id="IDS_CLI_ERR_UNKNOWN_COMMAND">
+        <source>There is no command &quot;%1&quot;. The commands are import, export, check, verify and create.</source>
+        <extracomment>%1: what stands in place of a command.</extracomment>
+        <translation>There is no command &quot;%1&quot;. The commands are import, export, check, verify and create.</translation>
+    </message>
+    <message id="IDS_CLI_ERR_UNKNOWN_OPTION">
+        <source>There is no option &quot;%1&quot;.</source>
+        <extracomment>%1: option.</extracomment>
+        <translation>There is no option &quot;%1&quot;.</translation>
+    </message>
+    <message id="IDS_CLI_EXPORTED">
+        <source>Cards exported: %L1 of %L2, into the folder [%3].</source>
+        <extracomment>%L1: cards done. %L2: cards in all. %3: path.</extracomment>
+        <translation>Cards exported: %L1 of %L2, into the folder [%3].</translation>
+    </message>
+    <message id="IDS_CLI_EXPORT_CANCELLED">
+        <source>The export was cancelled. The folder [%1] was removed.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The export was cancelled. The folder [%1] was removed.</translation>
+    </message>
+    <message id="IDS_CLI_EXPORT_FAILED">
+        <source>The export failed after %L1 of %L2 cards, folder [%3].</source>
+        <extracomment>%L1: cards done. %L2: cards in all. %3: path.</extracomment>
+        <translation>The export failed after %L1 of %L2 cards, folder [%3].</translation>
+    </message>
+    <message id="IDS_CLI_HELP_CHECK">
+        <source>Lists every problem of the interchange folder FOLDER; changes nothing.</source>
+        <translation>Lists every problem of the interchange folder FOLDER; changes nothing.</translation>
+    </message>
+    <message id="IDS_CLI_HELP_CREATE">
+        <source>Makes the empty card database PACKAGE (.vmdb).</source>
+        <translation>Makes the empty card database PACKAGE (.vmdb).</translation>
+    </message>
+    <message id="IDS_CLI_HELP_EXIT">
+        <source>Exit status: 0 done; 1 failed; 2 wrong usage; 3 refused before anything began; 4 done, with warnings or errors in the log; 130 cancelled. check and verify: 0 no problems, 4 problems found, 1 could not look.</source>
+        <translation>Exit status: 0 done; 1 failed; 2 wrong usage; 3 refused before anything began; 4 done, with warnings or errors in the log; 130 cancelled. check and verify: 0 no problems, 4 problems found, 1 could not look.</translation>
+    </message>
+    <message id="IDS_CLI_HELP_EXPORT">
+        <source>Exports the card database PACKAGE into a new interchange folder inside the folder PARENT.</source>
+        <translation>Exports the card database PACKAGE into a new interchange folder inside the folder PARENT.</translation>
+    </message>
+    <message id="IDS_CLI_HELP_HELP">
+        <source>Shows this help.</source>
+        <translation>Shows this help.</translation>
+    </message>
+    <message id="IDS_CLI_HELP_IMPORT">
+        <source>Imports the interchange folder FOLDER into the card database PACKAGE.</source>
+        <translation>Imports the interchange folder FOLDER into the card database PACKAGE.</translation>
+    </message>
+    <message id="IDS_CLI_HELP_JSON">
+        <source>Writes one JSON object a line to standard output, the result last.</source>
+        <translation>Writes one JSON object a line to standard output, the result last.</translation>
+    </message>
+    <message id="IDS_CLI_HELP_QUIET">
+        <source>Shows errors and problems only, neither progress nor summary.</source>
+        <translation>Shows errors and problems only, neither progress nor summary.</translation>
+    </message>
+    <message id="IDS_CLI_HELP_USAGE">
+        <source>velmora-convert moves business cards between a card database and an interchange folder. Usage: velmora-convert COMMAND [OPTIONS]</source>
+        <translation>velmora-convert moves business cards between a card database and an interchange folder. Usage: velmora-convert COMMAND [OPTIONS]</translation>
+    </message>
+    <message id="IDS_CLI_HELP_VERIFY">
+        <source>Lists every problem of the card database PACKAGE; changes nothing.</source>
+        <translation>Lists every problem of the card database PACKAGE; changes nothing.</translation>
+    </message>
+    <message id="IDS_CLI_HELP_VERSION">
+        <source>Shows the version.</source>
+        <translation>Shows the version.</translation>
+    </message>
+    <message id="IDS_CLI_HELP_YES">
+        <source>Answers every question with Yes.</source>
+        <translation>Answers every question with Yes.</translation>
+    </message>
+    <message id="IDS_CLI_IMPORTED">
+        <source>Cards imported: %L1 of %L2, into the card database [%3].</source>
+        <extracomment>%L1: cards done. %L2: cards in all. %3: path.</extracomment>
+        <translation>Cards imported: %L1 of %L2, into the card database [%3].</translation>
+    </message>
+    <message id="IDS_CLI_IMPORT_CANCELLED">
+        <source>The import was cancelled. The card database [%1] is as it was before.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The import was cancelled. The card database [%1] is as it was before.</translation>
+    </message>
+    <message id="IDS_CLI_IMPORT_FAILED">
+        <source>The import failed after %L1 of %L2 cards, card database [%3].</source>
+        <extracomment>%L1: cards done. %L2: cards in all. %3: path.</extracomment>
+        <translation>The import failed after %L1 of %L2 cards, card database [%3].</translation>
+    </message>
+    <message id="IDS_CLI_LOG">
+        <source>Log: [%1], warnings: %L2, errors: %L3</source>
+        <extracomment>%1: path. %L2 and %L3: counts.</extracomment>
+        <translation>Log: [%1], warnings: %L2, errors: %L3</translation>
+    </message>
+    <message id="IDS_CLI_NEEDS_YES">
+        <source>%1 This question cannot be asked here, so it counts as answered with No. Run the command again with --yes to answer Yes, or run it in a terminal.</source>
+        <extracomment>%1: question.</extracomment>
+        <translation>%1 This question cannot be asked here, so it counts as answered with No. Run the command again with --yes to answer Yes, or run it in a terminal.</translation>
+    </message>
+    <message id="IDS_CLI_NO_LOG">
+        <source>No log could be written at [%1], so warnings are not counted. Check that you may write there.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>No log could be written at [%1], so warnings are not counted. Check that you may write there.</translation>
+    </message>
+    <message id="IDS_CLI_NO_PROBLEMS">
+        <source>No problems were found in [%1].</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>No problems were found in [%1].</translation>
+    </message>
+    <message id="IDS_CLI_PROBLEMS">
+        <source>Problems found in [%1]: %L2.</source>
+        <extracomment>%1: path. %L2: count.</extracomment>
+        <translation>Problems found in [%1]: %L2.</translation>
+    </message>
+    <message id="IDS_CLI_PROGRESS">
+        <source>%1 (%L2 of %L3)</source>
+        <extracomment>%1: percentage with its text. %L2: cards done. %L3: cards in all.</extracomment>
+        <translation>%1 (%L2 of %L3)</translation>
+    </message>
+    <message id="IDS_CLI_PROGRESS_TIME">
+        <source>%1 (%L2 of %L3), time left %4</source>
+        <extracomment>%1: percentage with its text. %L2: cards done. %L3: cards in all. %4: time.</extracomment>
+        <translation>%1 (%L2 of %L3), time left %4</translation>
+    </message>
+    <message id="IDS_CLI_PROMPT">
+        <source>%1 [y/N]</source>
+        <extracomment>%1: question. Answered with y or n in every language.</extracomment>
+        <translation>%1 [y/N]</translation>
+    </message>
+    <message id="IDS_CLI_TRY_HELP">
+        <source>&quot;velmora-convert --help&quot; shows all commands and options.</source>
+        <translation>&quot;velmora-convert --help&quot; shows all commands and options.</translation>
+    </message>
+    <message id="IDS_CLI_VERIFIED">
+        <source>Cards in the card database: %L1.</source>
+        <extracomment>%L1: count.</extracomment>
+        <translation>Cards in the card database: %L1.</translation>
+    </message>
+    <message id="IDS_CLI_VERIFY_PROGRESS">
+        <source>Verifying: %1%</source>
+        <extracomment>%1: percentage.</extracomment>
+        <translation>Verifying: %1%</translation>
+    </message>
     <message id="IDS_CREATE_EXISTS">
         <source>Something already stands at [%1], so nothing was changed. Choose another name, or move what stands there away first.</source>
         <extracomment>%1: path.</extracomment>

@@ -55,6 +55,7 @@ const QSet<QString> windowKeys {
 const QSet<QString> untranslatedKeys {
     QStringLiteral("IDS_TITLE_WINDOW"),
     QStringLiteral("IDS_BUTTON_MSG_OK"),
+    QStringLiteral("IDS_CLI_PROMPT"),
 };
 
 bool isNameOnDisk(const QString& key)
