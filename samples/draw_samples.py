@@ -41,6 +41,7 @@ SIDES = {
     "0005_back.jpg": landscape_cards.lindholm_back,
     "0006_表.jpg": portrait_cards.hayakawa_face,
     "0007_裏.jpg": landscape_cards.fujimura_back,
+    "0008_表.jpg": landscape_cards.otsuka_face,
     "0009_表.jpg": landscape_cards.saionji_face,
     "0009_裏.jpg": landscape_cards.saionji_back,
     "0010_表.jpg": portrait_cards.tsukioka_face,

@@ -4,7 +4,7 @@
 from math import cos, pi, sin
 
 from card_canvas import LONG_SIDE, SANS_BOLD, SERIF, SERIF_BOLD, SHORT_SIDE, CardCanvas
-from sample_cards import AOYAGI, FUJIMURA, LINDHOLM, MIURA, ONODERA, SAIONJI, WATARAI
+from sample_cards import AOYAGI, FUJIMURA, LINDHOLM, MIURA, ONODERA, OTSUKA, SAIONJI, WATARAI
 
 
 def contours(canvas, x, y, ink, count, first=3.0, step=2.6):
@@ -254,6 +254,44 @@ def crest(canvas, x, y, radius, ink):
             ink,
             0.22,
         )
+
+
+def otsuka_face():
+    sun, brick, ink = "#f3a43b", "#c8552b", "#33271f"
+    canvas = CardCanvas(paper="#fffaf2")
+    canvas.circle(76, 15, 6.4, fill=sun)
+    for number in range(12):
+        angle = number * pi / 6
+        canvas.rule(
+            76 + 7.8 * cos(angle),
+            15 + 7.8 * sin(angle),
+            76 + 9.6 * cos(angle),
+            15 + 9.6 * sin(angle),
+            sun,
+            0.5,
+        )
+    for left, top, right in ((58, 40, 66), (66.8, 36.5, 75), (75.8, 41.5, 84)):
+        canvas.rectangle(left, top, right, SHORT_SIDE, fill="#f0dcc0")
+        canvas.polygon([(left - 0.8, top), ((left + right) / 2, top - 4.2), (right + 0.8, top)], brick)
+        canvas.rectangle(left + 2.6, top + 2.6, right - 2.6, top + 5.6, fill="#fdeec4")
+    canvas.rule(9, 16.6, 9, 8.2, brick, 0.9)
+    canvas.text(11.5, 13.8, OTSUKA.company, 10.5, brick, SANS_BOLD, 0.06)
+    canvas.text(9, 24.0, f"{OTSUKA.department}　{OTSUKA.job_Title}", 6.6, ink, tracking=0.06)
+    canvas.spread(9, 31.6, OTSUKA.full_Name.replace("　", " "), 15, 37, ink, SERIF_BOLD)
+    canvas.lines(
+        9,
+        40.0,
+        [
+            f"〒{OTSUKA.zip_PostalCode}　{OTSUKA.one_line_address}",
+            f"TEL {OTSUKA.telephone_Number}　FAX {OTSUKA.fax_Number}",
+            f"携帯 {OTSUKA.mobile_Number}",
+            OTSUKA.e_Mail,
+        ],
+        5.9,
+        3.5,
+        ink=ink,
+    )
+    return canvas.finished()
 
 
 def saionji_face():

@@ -189,6 +189,7 @@ FUJIMURA = SampleCard(
 )
 
 OTSUKA = SampleCard(
+    face_Image_File="0008_表.jpg",
     attachmentFile="0008",
     full_Name="大塚　陽介",
     full_Name_Kana="ｵｵﾂｶ ﾖｳｽｹ",
@@ -204,7 +205,7 @@ OTSUKA = SampleCard(
     fax_Number="043-000-8891",
     mobile_Number="090-0000-8890",
     e_Mail="otsuka@hidamari-estate.example.jp",
-    memo="名刺切れのため、電話で連絡先を聞き取り。",
+    memo="物件一覧をメールで受領。",
     register_Date="2023/01/06",
     attachments=[
         Attachment("物件一覧.txt", "南陽台ハイツ 201　2LDK　駅徒歩8分\n菜花コーポ 105　1K　駅徒歩3分\n"),
