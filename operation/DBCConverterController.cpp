@@ -6,7 +6,7 @@
 #include "datafile/DBCInterchangeNames.h"
 #include "datafile/DBCLocalizable.h"
 #include "operation/DBCLog.h"
-#include "operation/DBCStandardInput.h"
+#include "operation/DBCStandardDescriptors.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -49,7 +49,7 @@ DBCConversionFactories DBCConversionFactories::real()
             [](const QString& packagePath) {
                 auto database = DBCDataBaseController::initDBwithPath(packagePath);
                 // A controller that could not be opened has closed descriptor 0 as it went.
-                keepStandardInputOccupied();
+                keepStandardDescriptorsOpen();
                 return database;
             },
         .createReader =
