@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/DBCCommands.h"
+#include "cli/DBCSignalWatcher.h"
+#include "datafile/DBCInterchangeNames.h"
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCConverterController.h"
+#include "operation/DBCPreconditions.h"
+
+#include <QCoreApplication>
+#include <QThread>
+
+namespace {
+
+// The two paths of a conversion in the driver's order.
+struct Conversion {
+    OperationType type;
+    QString dataPath; // export: the folder in which the interchange folder is made
+    QString package;
+
+    explicit Conversion(const DBCRequest& request)
+        : type(
+            request.command == DBCCommand::Import ? OperationType::Import : OperationType::Export)
+        , dataPath(request.paths.at(type == OperationType::Import ? 0 : 1))
+        , package(request.paths.at(type == OperationType::Import ? 1 : 0))
+    {
+    }
+    bool isImport() const { return type == OperationType::Import; }
+    QString exportedFolder() const
+    {
+        return dataPath + u'/' + DBCInterchangeNames::rootFolderName();
+    }
+};
+
+// Hands the operation's events on.
+class EventForwarder : public DBCEventReceiver {
+public:
+    EventForwarder(DBCConverterController& controller, DBCReporter& reporter)
+        : _controller(controller)
+        , _reporter(reporter)
+    {
+    }
+    void refreshProgress(const DBCEvent& event) override
+    {
+        // A second signal while the question stood is answered by the same answer.
+        if (event.name == DBCEventName::OperationDidCanceled)
+            _controller.setConfirmCancelOperation(false);
+        _reporter.event(event);
+    }
+
+private:
+    DBCConverterController& _controller;
+    DBCReporter& _reporter;
+};
+
+// Runs the operation on a thread of its own and this thread's event loop until it has ended.
+bool runToItsEnd(DBCConverterController& controller, DBCReporter& reporter)
+{
+    EventForwarder forwarder(controller, reporter);
+    controller.setWindowController(&forwarder);
+    const DBCSignalWatcher signalWatcher([&] { controller.setConfirmCancelOperation(true); });
+
+    bool isOk = false;
+    const std::unique_ptr<QThread> operation(QThread::create([&] { isOk = controller.run(); }));
+    QEventLoop loop;
+    QObject::connect(operation.get(), &QThread::finished, &loop, &QEventLoop::quit);
+    operation->start();
+    loop.exec();
+    operation->wait();
+    return isOk;
+}
+
+DBCExitCode exitCodeOf(bool isOk, const DBCConverterController& controller)
+{
+    if (!isOk)
+        return DBCExitCode::Failed;
+    if (controller.isStopRunning())
+        return DBCExitCode::Cancelled;
+    const DBCLog* log = DBCLog::logInstance();
+    return log && log->hasWarningOrError() ? DBCExitCode::DoneWithWarnings : DBCExitCode::Done;
+}
+
+QString text(const char* key, const DBCMessageArguments& arguments)
+{
+    return getLocalString(QString::fromLatin1(key), arguments);
+}
+
+QString outcomeText(const Conversion& conversion, const DBCCommandResult& result)
+{
+    const bool isImport = conversion.isImport();
+    if (result.exitCode == DBCExitCode::Cancelled)
+        return isImport ? text("IDS_CLI_IMPORT_CANCELLED", {conversion.package})
+                        : text("IDS_CLI_EXPORT_CANCELLED", {conversion.exportedFolder()});
+    const DBCMessageArguments arguments {result.finishedCount, result.maxCount,
+        isImport ? conversion.package : conversion.exportedFolder()};
+    if (result.exitCode == DBCExitCode::Failed)
+        return isImport ? text("IDS_CLI_IMPORT_FAILED", arguments)
+                        : text("IDS_CLI_EXPORT_FAILED", arguments);
+    return isImport ? text("IDS_CLI_IMPORTED", arguments) : text("IDS_CLI_EXPORTED", arguments);
+}
+
+QStringList summaryOf(const Conversion& conversion, const DBCCommandResult& result)
+{
+    QStringList lines {outcomeText(conversion, result)};
+    if (!result.backupPath.isEmpty())
+        lines << text("IDS_CLI_BACKUP", {result.backupPath});
+    const DBCLog* log = DBCLog::logInstance();
+    if (!log)
+        return lines << text("IDS_CLI_NO_LOG", {DBCLog::_defaultLogFilePath()});
+    return lines << text("IDS_CLI_LOG",
+               {log->logFilePath(), qint64 {result.warningCount}, qint64 {result.errorCount}});
+}
+
+} // namespace
+
+DBCCommandResult runConversion(const DBCRequest& request, DBCReporter& reporter)
+{
+    const Conversion conversion(request);
+    if (!DBCPreconditions(conversion.dataPath, conversion.package, conversion.type)
+             ._checkPrecondition())
+        return {.exitCode = DBCExitCode::Refused, .code = DBCResultCode::GeneralFailure};
+
+    const auto controller = DBCConverterController::initWith(
+        conversion.dataPath, conversion.package, conversion.type);
+    const bool isOk = runToItsEnd(*controller, reporter);
+
+    const DBCConverterController::Outcome& outcome = controller->outcome();
+    DBCCommandResult result {
+        .exitCode = exitCodeOf(isOk, *controller),
+        .code = outcome.code,
+        .maxCount = outcome.maxCount,
+        .finishedCount = outcome.finishedCount,
+        .backupPath = outcome.backupPath,
+    };
+    if (const DBCLog* log = DBCLog::logInstance()) {
+        result.warningCount = log->warningLogCount();
+        result.errorCount = log->errorLogCount();
+    }
+    result.summary = summaryOf(conversion, result);
+    return result;
+}

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a command tells whoever started it. One reporter speaks to people, another to programs.
+#pragma once
+
+#include "cli/DBCExitCode.h"
+#include "operation/DBCEvent.h"
+#include "operation/DBCLog.h"
+#include "operation/DBCMessage.h"
+#include "operation/DBCProblem.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+// What a command came to.
+struct DBCCommandResult {
+    DBCExitCode exitCode = DBCExitCode::Done;
+    DBCResultCode code = DBCResultCode::Success;
+    qint64 maxCount = 0; // cards there were
+    qint64 finishedCount = 0; // cards done
+    quint32 warningCount = 0; // in the log
+    quint32 errorCount = 0; // in the log
+    QString backupPath = {}; // empty: there is none
+    std::optional<qint64> problemCount = {}; // of a command that looks for problems
+    std::optional<quint64> bytesNeeded = {}; // free space that an import of the folder asks for
+    QStringList summary = {}; // for people
+
+    bool isOk() const
+    {
+        return exitCode == DBCExitCode::Done
+            || (exitCode == DBCExitCode::DoneWithWarnings && !problemCount);
+    }
+};
+
+class DBCReporter {
+public:
+    virtual ~DBCReporter() = default;
+
+    virtual void event(const DBCEvent& event) = 0;
+    // number: of the table's messages; none for a text of the terminal's own.
+    virtual void message(std::optional<quint32> number, const QString& text) = 0;
+    virtual void answered(const DBCQuestion& question, DBCAnswer answer) = 0;
+    virtual void logged(DBCLogType type, const QString& text) = 0;
+    virtual void problem(const DBCProblem& problem) = 0;
+    virtual void verifying(qint64 finishedCount, qint64 maxCount) = 0;
+    virtual void result(const DBCCommandResult& result) = 0;
+    // Leaves the terminal clean for a question.
+    virtual void makeRoomForQuestion() = 0;
+};

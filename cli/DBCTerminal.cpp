@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/DBCTerminal.h"
+
+#include "datafile/DBCLocalizable.h"
+
+#include <QStringList>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+// Taken in every language of the program.
+bool isYes(const QString& answer)
+{
+    static const QStringList yes {
+        QStringLiteral("y"), QStringLiteral("yes"), QStringLiteral("\u306f\u3044")};
+    return yes.contains(answer.trimmed(), Qt::CaseInsensitive);
+}
+
+bool changesDirection(QChar character)
+{
+    const char16_t unit = character.unicode();
+    return (unit >= u'\u202a' && unit <= u'\u202e') || (unit >= u'\u2066' && unit <= u'\u2069');
+}
+
+bool endsLine(QChar character)
+{
+    return character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
+}
+
+} // namespace
+
+QString escapedForTerminal(const QString& text)
+{
+    QString escaped;
+    escaped.reserve(text.size());
+    for (const QChar character : text) {
+        if (character.category() == QChar::Other_Control || changesDirection(character)
+            || endsLine(character))
+            escaped += QStringLiteral("\\u%1").arg(
+                QString::number(character.unicode(), 16).toUpper(), 4, u'0');
+        else
+            escaped += character;
+    }
+    return escaped;
+}
+
+DBCTerminal::DBCTerminal()
+    : _input(fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1))
+{
+}
+
+DBCTerminal::~DBCTerminal()
+{
+    if (_input != -1)
+        close(_input);
+}
+
+bool DBCTerminal::isInteractive() const
+{
+    return isatty(_input) != 0 && isStandardErrorTerminal();
+}
+
+bool DBCTerminal::isStandardErrorTerminal()
+{
+    return isatty(STDERR_FILENO) != 0;
+}
+
+bool DBCTerminal::confirms(const QString& question) const
+{
+    write(stderr, getLocalString(QStringLiteral("IDS_CLI_PROMPT"), {question}) + u' ');
+    QByteArray line;
+    char byte = 0;
+    while (true) {
+        const ssize_t count = read(_input, &byte, 1);
+        if (count == -1 && errno == EINTR)
+            continue;
+        if (count != 1 || byte == '\n')
+            break;
+        line += byte;
+    }
+    return isYes(QString::fromUtf8(line));
+}
+
+void DBCTerminal::write(std::FILE* stream, const QString& text)
+{
+    QStringList lines;
+    for (const QString& line : text.split(u'\n'))
+        lines << escapedForTerminal(line);
+    std::fputs(lines.join(u'\n').toUtf8().constData(), stream);
+    std::fflush(stream);
+}
+
+void DBCTerminal::writeLine(std::FILE* stream, const QString& text)
+{
+    std::fputs((escapedForTerminal(text) + u'\n').toUtf8().constData(), stream);
+    std::fflush(stream);
+}

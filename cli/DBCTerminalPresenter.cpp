@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/DBCTerminalPresenter.h"
+
+#include "datafile/DBCLocalizable.h"
+
+namespace {
+
+// Asked only after a signal, which is as good as a yes where nobody can be asked.
+bool asksToConfirmCancel(const DBCQuestion& question)
+{
+    return question.key == QLatin1StringView("IDS_MSG_ERR_0315")
+        || question.key == QLatin1StringView("IDS_MSG_ERR_0210");
+}
+
+} // namespace
+
+DBCTerminalPresenter::DBCTerminalPresenter(
+    const DBCTerminal& terminal, DBCReporter& reporter, Answers answers)
+    : _terminal(terminal)
+    , _reporter(reporter)
+    , _answers(answers)
+{
+    DBCMessage::setPresenter(this);
+}
+
+DBCTerminalPresenter::~DBCTerminalPresenter()
+{
+    DBCMessage::setPresenter(nullptr);
+}
+
+void DBCTerminalPresenter::showError(quint32 number, const QString& /*title*/, const QString& text)
+{
+    _reporter.message(number, text);
+}
+
+DBCAnswer DBCTerminalPresenter::askQuestion(const DBCQuestion& question)
+{
+    const DBCAnswer answer = answerTo(question) ? DBCAnswer::Default : DBCAnswer::Alternate;
+    _reporter.answered(question, answer);
+    return answer;
+}
+
+bool DBCTerminalPresenter::answerTo(const DBCQuestion& question)
+{
+    if (_answers == Answers::AlwaysYes)
+        return true;
+    if (_terminal.isInteractive()) {
+        _reporter.makeRoomForQuestion();
+        return _terminal.confirms(question.text);
+    }
+    if (asksToConfirmCancel(question))
+        return true;
+    _reporter.message({}, getLocalString(QStringLiteral("IDS_CLI_NEEDS_YES"), {question.text}));
+    return false;
+}
