@@ -4,6 +4,7 @@
 #include "carddb/DBCPackageLayout.h"
 #include "datafile/DBCCommonFunction.h"
 #include "datafile/DBCInterchangeNames.h"
+#include "operation/DBCDescriptor.h"
 #include "operation/DBCHost.h"
 #include "operation/DBCMainApplication.h"
 #include "text/DBCCharacterSets.h"
@@ -11,14 +12,12 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QScopeGuard>
 
 #include <algorithm>
 #include <vector>
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <unistd.h>
 
 namespace {
 
@@ -104,14 +103,11 @@ bool DBCChecker::checkDBFileISLocked(const QString& path)
 {
     if (path.isEmpty() || !QFileInfo::exists(path))
         return false;
-    const int descriptor
-        = open(QFile::encodeName(path).constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
-    if (descriptor < 0)
+    const DBCDescriptor file(
+        open(QFile::encodeName(path).constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
+    if (!file || flock(file.get(), LOCK_EX | LOCK_NB) != 0)
         return true;
-    const auto closer = qScopeGuard([descriptor] { close(descriptor); });
-    if (flock(descriptor, LOCK_EX | LOCK_NB) != 0)
-        return true;
-    flock(descriptor, LOCK_UN);
+    flock(file.get(), LOCK_UN);
     return false;
 }
 

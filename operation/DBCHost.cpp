@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "operation/DBCHost.h"
 
+#include "operation/DBCDescriptor.h"
+
 #include <QFile>
 #include <QFileInfo>
-#include <QScopeGuard>
 
 #include <algorithm>
 #include <filesystem>
@@ -37,12 +38,11 @@ bool isRefusal(int error)
 // counts as not immutable: the access rights decide about it.
 std::optional<bool> isImmutableByFlags(const QByteArray& path)
 {
-    const int descriptor = open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (descriptor < 0)
+    const DBCDescriptor file(open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (!file)
         return isRefusal(errno) || errno == ENXIO ? std::optional(false) : std::nullopt;
-    const auto closer = qScopeGuard([descriptor] { close(descriptor); });
     int flags = 0;
-    if (ioctl(descriptor, FS_IOC_GETFLAGS, &flags) == 0)
+    if (ioctl(file.get(), FS_IOC_GETFLAGS, &flags) == 0)
         return (flags & FS_IMMUTABLE_FL) != 0;
     const bool hasNoFlags = errno == ENOTTY || errno == EOPNOTSUPP || errno == EINVAL
         || errno == ENOSYS || isRefusal(errno);

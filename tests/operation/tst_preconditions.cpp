@@ -13,6 +13,8 @@
 #include <QScopeGuard>
 #include <QTest>
 
+#include <functional>
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -118,6 +120,7 @@ const QList<quint32> nothingShown;
 } // namespace
 
 Q_DECLARE_METATYPE(OperationType)
+Q_DECLARE_METATYPE(std::function<void(Situation&)>)
 
 class tst_preconditions : public QObject {
     Q_OBJECT
@@ -168,6 +171,50 @@ private Q_SLOTS:
         QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::ByUser);
         QCOMPARE(situation.presenter.numbers, nothingShown);
         QVERIFY(!QFileInfo::exists(situation.exportFolder()));
+    }
+
+    void refusalNamesThePlaceItIsAbout_data()
+    {
+        using Change = std::function<void(Situation&)>;
+        QTest::addColumn<OperationType>("type");
+        QTest::addColumn<Change>("change");
+        QTest::addColumn<quint32>("number");
+        QTest::addColumn<QString>("place"); // relative to the home of the situation
+        const auto row = [](quint32 number, OperationType type, const char* place, Change change) {
+            QTest::addRow("%u", number)
+                << type << std::move(change) << number << QString::fromUtf8(place);
+        };
+        const auto import = OperationType::Import;
+        const auto exporting = OperationType::Export;
+        row(104, import, "Applications/Velmora/Velmora.app",
+            [](Situation& s) { s.installMainApplication("1.0"); });
+        row(105, import, "cards.vmdb", [](Situation& s) { s.mountOnNetwork(s.package); });
+        row(201, exporting, "gone.vmdb",
+            [](Situation& s) { s.package = s.home.path(QStringLiteral("gone.vmdb")); });
+        row(202, exporting, "gone",
+            [](Situation& s) { s.desktop = s.home.path(QStringLiteral("gone")); });
+        row(204, exporting, "desktop/",
+            [](Situation& s) { QFile::link(s.interchange, s.exportFolder()); });
+        row(302, import, "gone.vmdb",
+            [](Situation& s) { s.package = s.home.path(QStringLiteral("gone.vmdb")); });
+        row(308, import, "gone",
+            [](Situation& s) { s.interchange = s.home.path(QStringLiteral("gone")); });
+        row(309, import, "interchange/",
+            [](Situation& s) { QFile::remove(DBCInterchangeNames::dataFile(s.interchange)); });
+    }
+    void refusalNamesThePlaceItIsAbout()
+    {
+        QFETCH(OperationType, type);
+        QFETCH(std::function<void(Situation&)>, change);
+        QFETCH(quint32, number);
+        QFETCH(QString, place);
+        Situation situation(type);
+        change(situation);
+        QVERIFY(!situation.check());
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {number});
+        const QString text = situation.presenter.texts.value(0);
+        QVERIFY2(text.contains(situation.home.path(place)), qPrintable(text));
+        QVERIFY2(!text.contains(u'%'), qPrintable(text));
     }
 
     // The main application's version
