@@ -84,6 +84,16 @@ bool isUsablePackage(const QString& path)
     return DBCChecker::checkDBAttributes(path) == DBCResultCode::PackageUsable;
 }
 
+bool isRestorable(const QString& backup, const QString& package)
+{
+    if (!isTaken(backup)) {
+        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_WRN_FILE_NO_EXISTS"), {backup}));
+        return false;
+    }
+    // Removing the package would take a backup inside it along.
+    return isUsablePackage(backup) && !isSameOrInside(backup, package);
+}
+
 } // namespace
 
 std::optional<QString> DBCDataBaseController::_generateBackupDBPath() const
@@ -137,17 +147,7 @@ DBCResultCode DBCDataBaseController::restore()
 
     const QString package = QDir::cleanPath(_strDBPath);
     const QString backup = QDir::cleanPath(_strBackupDBPath);
-    if (!isWritableFolder(QFileInfo(package).path()))
-        return DBCResultCode::RestoreFailure;
-    if (!isTaken(backup)) {
-        DBCLog::error(
-            getLocalString(QStringLiteral("IDS_LOG_WRN_FILE_NO_EXISTS"), {_strBackupDBPath}));
-        return DBCResultCode::RestoreFailure;
-    }
-    if (!isUsablePackage(backup))
-        return DBCResultCode::RestoreFailure;
-    // Removing the package would take the backup with it.
-    if (isSameOrInside(backup, package))
+    if (!isWritableFolder(QFileInfo(package).path()) || !isRestorable(backup, package))
         return DBCResultCode::RestoreFailure;
 
     DBCFileManager* manager = DBCFileManager::defaultManager();

@@ -71,7 +71,6 @@ DBCError acquireImages(const QString& pdfPath, CardImages* images)
                 pdfPath, &images->face, &images->faceInfo, &images->back, &images->backInfo)
             == DBCResultCode::Success)
             return {};
-        *images = {};
         return drawFirstPage(pdfPath, images);
     case DBCResultCode::PdfCardWithText:
         return drawFirstPage(pdfPath, images);
@@ -139,7 +138,7 @@ DBCResultCode DBCDataBaseController::createDirectoryIfNotExists(const QString& p
 
 QString DBCDataBaseController::imageFileName(const DBCRecord& record)
 {
-    const QString faceImage = record.textOrEmpty(DBCRecordKey::face_Image_File);
+    QString faceImage = record.textOrEmpty(DBCRecordKey::face_Image_File);
     const QString cardID = record.textOrEmpty(DBCRecordKey::cardID);
     if (!DBCChecker::isBlank(faceImage) || DBCChecker::isBlank(cardID))
         return faceImage;
@@ -219,7 +218,7 @@ std::optional<QStringList> DBCDataBaseController::_exportImageFile(
         return QStringList();
     }
     DBCError error;
-    const auto list = convertPdf2Jpg(DBCPackageLayout::imagesFolder(_strDBPath) + u'/' + name,
+    auto list = convertPdf2Jpg(DBCPackageLayout::imagesFolder(_strDBPath) + u'/' + name,
         toPath, record.textOrEmpty(DBCRecordKey::recordNo), &error);
     if (list && !error)
         return list;

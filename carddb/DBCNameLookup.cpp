@@ -91,7 +91,7 @@ DBCNameLookup::Result DBCNameLookup::find(const QString& folder, const QString& 
 {
     if (name.startsWith(u'/'))
         return {Outcome::LeadsOut, {}};
-    const Result missing {staysInside(name) ? Outcome::Missing : Outcome::LeadsOut, {}};
+    Result missing {staysInside(name) ? Outcome::Missing : Outcome::LeadsOut, {}};
 
     QStringList components = name.split(u'/', Qt::SkipEmptyParts);
     components.removeAll(QStringLiteral("."));

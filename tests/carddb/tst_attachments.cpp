@@ -272,6 +272,19 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(cardFolder()));
     }
 
+    void folderThatGoesAwayBeforeItIsListedIsAnImportFailure()
+    {
+        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
+        const QString program = _f->home.writeFile(
+            QStringLiteral("du"), "#!/bin/sh\nrm -r \"$3\" && printf '4\\t'\n");
+        QCOMPARE(chmod(QFile::encodeName(program).constData(), 0700), 0);
+        ScopedHost host;
+        host->diskUsageProgram = program;
+        QCOMPARE(add(), QStringLiteral(""));
+        QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
+        QVERIFY(copyFailureWasLogged());
+    }
+
     void importNeedsTheFoldersSizeAndTheMargin()
     {
         _f->folder.attachment(named, QStringLiteral("a.txt"), QByteArray(100000, 'a'));

@@ -202,6 +202,16 @@ private Q_SLOTS:
         QVERIFY(_f->log.warnings.isEmpty());
     }
 
+    void fullDiskIsAnErrorAlsoWhenAFileCouldBeCleanedAway()
+    {
+        _f->package.writeFile(QStringLiteral("Images/") + pdfName, "old");
+        ScopedHost host;
+        host.setFreeBytes(1000);
+        QCOMPARE(add({{Key::face_Image_File, QStringLiteral("face.jpg")}}), pdfName);
+        QCOMPARE(_f->error.code(), DBCResultCode::NoSpaceForImport);
+        QVERIFY(!pdfExists());
+    }
+
     void imageThatCannotBeMeasuredIsAnError()
     {
         ScopedHost host;
