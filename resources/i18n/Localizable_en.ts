@@ -602,8 +602,8 @@
         <translation>There is no log file yet. It is made when an import or export runs.</translation>
     </message>
     <message id="IDS_MSG_ERR_0102">
-        <source>An internal error occurred, and the operation could not be completed. Restart VelmoraConverter and try again. The log holds the details.</source>
-        <translation>An internal error occurred, and the operation could not be completed. Restart VelmoraConverter and try again. The log holds the details.</translation>
+        <source>An internal error occurred, and the operation could not be completed. Try again. If the error comes back, the log holds the details.</source>
+        <translation>An internal error occurred, and the operation could not be completed. Try again. If the error comes back, the log holds the details.</translation>
     </message>
     <message id="IDS_MSG_ERR_0103">
         <source>There is not enough free space on the destination disk. Free some space and try again.</source>

@@ -602,8 +602,8 @@
         <translation>ログファイルがまだありません。ログファイルは、インポートまたはエクスポートを実行すると作成されます。</translation>
     </message>
     <message id="IDS_MSG_ERR_0102">
-        <source>An internal error occurred, and the operation could not be completed. Restart VelmoraConverter and try again. The log holds the details.</source>
-        <translation>内部エラーが発生したため、処理を完了できませんでした。VelmoraConverterを起動し直して、もう一度実行してください。詳しくはログを確認してください。</translation>
+        <source>An internal error occurred, and the operation could not be completed. Try again. If the error comes back, the log holds the details.</source>
+        <translation>内部エラーが発生したため、処理を完了できませんでした。もう一度実行してください。エラーが繰り返される場合は、ログで詳細を確認してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0103">
         <source>There is not enough free space on the destination disk. Free some space and try again.</source>
