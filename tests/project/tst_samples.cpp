@@ -131,6 +131,7 @@ void tst_samples::imageIsACardAt300DotsPerInch_data()
     row("0005_back.jpg", lying, 3);
     row("0006_表.jpg", lying, 3);
     row("0007_裏.jpg", lying, 3);
+    row("0008_表.jpg", lying, 3);
     row("0009_表.jpg", lying, 1);
     row("0009_裏.jpg", lying, 1);
     row("0010_表.jpg", standing, 3);
