@@ -94,6 +94,7 @@ bool DBCFileManager::copyWhileAsking(const QByteArray& source, const QByteArray&
         && copy.status().bytesComplete >= copy.status().totalBytes;
 }
 
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): asked of the shared instance
 bool DBCFileManager::cleanFolder(const QString& path)
 {
     namespace fs = std::filesystem;
