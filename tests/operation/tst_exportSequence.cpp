@@ -68,7 +68,7 @@ struct Export : ScriptedConversion {
         const QByteArray bytes = bytesOf(dataPath());
         const QString text = QString::fromUtf16(
             reinterpret_cast<const char16_t*>(bytes.constData()), bytes.size() / 2);
-        return text.mid(1).split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
+        return text.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
     }
     static QByteArray bytesOf(const QString& path)
     {

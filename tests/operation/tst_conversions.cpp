@@ -1,0 +1,494 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Whole conversions over real folders and packages, from the driver down to the files.
+#include "datafile/DBCInterchangeNames.h"
+#include "operation/DBCConverterController.h"
+#include "operation/DBCHost.h"
+#include "tests/support/DataFileBuilder.h"
+#include "tests/support/FolderSnapshot.h"
+#include "tests/support/InterchangeFolder.h"
+#include "tests/support/JpegBuilder.h"
+#include "tests/support/PackageFixture.h"
+#include "tests/support/RecordingPresenter.h"
+#include "tests/support/RecordingReceiver.h"
+#include "tests/support/ScopedHost.h"
+#include "tests/support/StandardInputKeeper.h"
+#include "tests/support/TestHome.h"
+
+#include <QImage>
+#include <QtTest>
+
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace {
+
+using Key = DBCRecordKey;
+
+QString text(const char16_t* value)
+{
+    return QString::fromUtf16(value);
+}
+
+// A package with one older card, and a folder of three cards with images and attachments.
+struct World {
+    World()
+    {
+        package.card({{"ZFULL_NAME", text(u"古田 一")}})
+            .withPdf("%PDF-1.4 of an older card")
+            .withAttachment(QStringLiteral("old.txt"), "old");
+        folder.image(QStringLiteral("1.jpg"), front)
+            .image(QStringLiteral("2.jpg"), back)
+            .image(QStringLiteral("3.jpg"), portrait)
+            .attachment(QStringLiteral("plans"), QStringLiteral("a.txt"), "first")
+            .attachment(QStringLiteral("plans"), text(u"図面.txt"), "second");
+        writeCards({});
+    }
+
+    // last: items of the third card besides its name.
+    void writeCards(const DataFileBuilder::Items& last)
+    {
+        DataFileBuilder::Items third {{Key::full_Name, text(u"渡辺 三郎")}};
+        third.insert(third.end(), last.begin(), last.end());
+        folder.dataFile(
+            DataFileBuilder()
+                .titleLine()
+                .row({{Key::full_Name, text(u"星野 太郎")},
+                    {Key::full_Name_Kana, text(u"ホシノ タロウ")}, {Key::company, text(u"ﾎｼﾉ商会")},
+                    {Key::register_Date, text(u"2009/03/05")},
+                    {Key::face_Image_File, text(u"1.jpg")}, {Key::back_Image_File, text(u"2.jpg")},
+                    {Key::attachmentFile, text(u"plans")}})
+                .row({{Key::full_Name, text(u"田中 花子")},
+                    {Key::telephone_Number, text(u"03-0000-0001")},
+                    {Key::face_Image_File, text(u"3.jpg")}})
+                .row(third)
+                .build());
+    }
+
+    bool importCards() { return run(OperationType::Import, folder.path()); }
+    bool exportCards()
+    {
+        const QString parent = home.makeFolder(QStringLiteral("exported"));
+        home.makeFolder(QStringLiteral("exported/") + DBCInterchangeNames::rootFolderName());
+        return run(OperationType::Export, parent);
+    }
+    bool run(OperationType type, const QString& path)
+    {
+        controller = DBCConverterController::initWith(path, package.path(), type);
+        controller->setWindowController(&receiver);
+        return controller->run();
+    }
+    void cancelAt(DBCEventName name, int occurrence)
+    {
+        presenter.answer = DBCAnswer::Default;
+        receiver.onEvent = [this, name, occurrence, seen = 0](const DBCEvent& event) mutable {
+            if (event.name == name && ++seen == occurrence)
+                controller->setConfirmCancelOperation(true);
+        };
+    }
+
+    QString exported() const
+    {
+        return home.path(QStringLiteral("exported/")) + DBCInterchangeNames::rootFolderName();
+    }
+    QByteArray exportedFile(const QString& relative) const
+    {
+        return home.readFile(
+            QStringLiteral("exported/") + DBCInterchangeNames::rootFolderName() + u'/' + relative);
+    }
+    QStringList exportedRows() const
+    {
+        const QByteArray bytes = exportedFile(DBCInterchangeNames::dataFileName());
+        const QString all = QString::fromUtf16(
+            reinterpret_cast<const char16_t*>(bytes.constData()), bytes.size() / 2);
+        return all.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
+    }
+    static QString item(const QString& row, Key key)
+    {
+        const int column = static_cast<int>(key);
+        return row.section(u'\t', column, column);
+    }
+    QString backup() const { return home.path(QStringLiteral("Velmora DB_bak.vmdb")); }
+
+    TestHome home;
+    ScopedHost host;
+    StandardInputKeeper standardInput;
+    RecordingPresenter presenter;
+    RecordingReceiver receiver;
+    PackageFixture package {home};
+    InterchangeFolder folder {home};
+    QByteArray front = JpegBuilder(105, 60).dotsPerInch(300, 300).bytes();
+    QByteArray back = JpegBuilder(105, 60).gray().dotsPerInch(300, 300).bytes();
+    QByteArray portrait = JpegBuilder(60, 105).dotsPerInch(300, 300).bytes();
+    std::unique_ptr<DBCConverterController> controller;
+};
+
+} // namespace
+
+class tst_conversions : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void importStoresCardsImagesAndAttachments();
+    void importedCardsAreExportedAgain();
+    void importKeepsTheInterchangeFolderAsItIs();
+    void exportKeepsThePackageAsItIs();
+
+    void importThatFailsAtTheLastRecordLeavesThePackageAsItWas();
+    void importCancelledAtTheLastRecordLeavesThePackageAsItWas();
+    void importCancelledInTheBackupLeavesThePackageAsItWas();
+    void folderDeletedWhileImportingLeavesThePackageAsItWas();
+    void exportCancelledUnderWayLeavesNothing();
+
+    void badFolderEndsTheImport_data();
+    void badFolderEndsTheImport();
+    void badPackageEndsTheImport_data();
+    void badPackageEndsTheImport();
+    void packageThatDoesNotOpenLeavesStandardInputOpen();
+    void emptyPackageHasNothingToExport();
+    void attachmentThatCannotBeWrittenStopsTheExport();
+};
+
+void tst_conversions::importStoresCardsImagesAndAttachments()
+{
+    World world;
+
+    QVERIFY(world.importCards());
+
+    QCOMPARE(world.package.value(QStringLiteral("PRAGMA integrity_check")).toString(),
+        QStringLiteral("ok"));
+    const auto cards = world.package.rows(QStringLiteral(
+        "SELECT ZFULL_NAME, ZCOMPANY, ZFACE_IMAGE_FILE, ZCARDID FROM ZCARD ORDER BY Z_PK"));
+    QCOMPARE(cards.size(), 4);
+    QCOMPARE(cards.at(1).at(0).toString(), text(u"星野 太郎"));
+    QCOMPARE(cards.at(1).at(1).toString(), text(u"ホシノ商会"));
+    QCOMPARE(cards.at(3).at(2).toString(), QString());
+    const QByteArray pdf
+        = world.package.readFile(QStringLiteral("Images/") + cards.at(1).at(2).toString());
+    QVERIFY(pdf.contains(world.front));
+    QVERIFY(pdf.contains(world.back));
+    const QString files = QStringLiteral("Files/") + cards.at(1).at(3).toString() + u'/';
+    QCOMPARE(world.package.readFile(files + QStringLiteral("a.txt")), QByteArray("first"));
+    QCOMPARE(world.package.readFile(files + text(u"図面.txt")), QByteArray("second"));
+    QCOMPARE(world.controller->outcome().backupPath, world.backup());
+    QVERIFY(world.presenter.numbers.isEmpty());
+}
+
+void tst_conversions::importedCardsAreExportedAgain()
+{
+    World world;
+    world.package.execute(QStringLiteral("UPDATE ZCARD SET ZDELETEDFLAG = 1"));
+    QVERIFY(world.importCards());
+
+    QVERIFY(world.exportCards());
+
+    const QStringList rows = world.exportedRows();
+    QCOMPARE(rows.size(), 4);
+    QCOMPARE(rows.at(0), DataFileBuilder::titles().join(u'\t'));
+    QCOMPARE(World::item(rows.at(1), Key::full_Name), text(u"星野 太郎"));
+    QCOMPARE(World::item(rows.at(1), Key::full_Name_Kana), text(u"ホシノ タロウ"));
+    QCOMPARE(World::item(rows.at(1), Key::company), text(u"ホシノ商会"));
+    QCOMPARE(World::item(rows.at(1), Key::register_Date), text(u"2009/03/05"));
+    QCOMPARE(World::item(rows.at(1), Key::attachmentFile), text(u"1"));
+    QCOMPARE(World::item(rows.at(2), Key::telephone_Number), text(u"03-0000-0001"));
+    QCOMPARE(World::item(rows.at(3), Key::full_Name), text(u"渡辺 三郎"));
+    QCOMPARE(World::item(rows.at(3), Key::face_Image_File), QString());
+
+    const QString images = DBCInterchangeNames::imageFolderName() + u'/';
+    const auto face = QImage::fromData(
+        world.exportedFile(images + World::item(rows.at(1), Key::face_Image_File)));
+    QCOMPARE(face.size(), QSize(105, 60));
+    QCOMPARE(qRound(face.dotsPerMeterX() * 0.0254), 300);
+    const auto upright = QImage::fromData(
+        world.exportedFile(images + World::item(rows.at(2), Key::face_Image_File)));
+    QCOMPARE(upright.size(), QSize(60, 105));
+    QCOMPARE(world.exportedFile(
+                 DBCInterchangeNames::attachmentFolderName() + QStringLiteral("/1/a.txt")),
+        QByteArray("first"));
+    QCOMPARE(world.exportedFile(QStringLiteral("Version.txt")).size(), 32);
+}
+
+void tst_conversions::importKeepsTheInterchangeFolderAsItIs()
+{
+    World world;
+    const QStringList before = snapshotOf(world.folder.path());
+
+    QVERIFY(world.importCards());
+
+    QCOMPARE(snapshotOf(world.folder.path()), before);
+}
+
+void tst_conversions::exportKeepsThePackageAsItIs()
+{
+    World world;
+    const auto before = world.package.contents();
+
+    QVERIFY(world.exportCards());
+
+    QCOMPARE(world.package.contents(), before);
+}
+
+void tst_conversions::importThatFailsAtTheLastRecordLeavesThePackageAsItWas()
+{
+    World world;
+    world.writeCards({{Key::attachmentFile, text(u"no such folder")}});
+    const auto before = world.package.contents();
+
+    QVERIFY(!world.importCards());
+
+    QCOMPARE(world.controller->outcome().code, DBCResultCode::AttachmentImportFailure);
+    QCOMPARE(world.controller->outcome().finishedCount, 2);
+    QCOMPARE(world.package.contents(), before);
+    QVERIFY(QFile::exists(world.backup()));
+    const QString log = world.home.logText();
+    QVERIFY(log.contains(QStringLiteral("no such folder")));
+    QVERIFY(log.contains(QStringLiteral("[Error]")));
+    QVERIFY(log.contains(getLocalString(QStringLiteral("IDS_LBL_RESTORE"))));
+}
+
+void tst_conversions::importCancelledAtTheLastRecordLeavesThePackageAsItWas()
+{
+    World world;
+    world.cancelAt(DBCEventName::ImportIsRunning, 2);
+    const auto before = world.package.contents();
+
+    QVERIFY(world.importCards());
+
+    QVERIFY(world.controller->isStopRunning());
+    QCOMPARE(world.controller->outcome().finishedCount, 2);
+    QCOMPARE(world.package.contents(), before);
+    QVERIFY(!QFile::exists(world.backup()));
+    QVERIFY(world.home.logText().contains(
+        getLocalString(QStringLiteral("IDS_LOG_INF_CANCEL_OPERATION"))));
+}
+
+void tst_conversions::importCancelledInTheBackupLeavesThePackageAsItWas()
+{
+    World world;
+    world.cancelAt(DBCEventName::DatabaseBackupWillBegin, 1);
+    const auto before = world.package.contents();
+
+    QVERIFY(world.importCards());
+
+    QCOMPARE(world.presenter.questions.size(), 1);
+    QCOMPARE(world.package.contents(), before);
+    QVERIFY(!QFile::exists(world.backup()));
+    QCOMPARE(world.receiver.events.constLast(),
+        QStringLiteral("DBC_OperationDidFinishedNotification ok=true"));
+}
+
+void tst_conversions::folderDeletedWhileImportingLeavesThePackageAsItWas()
+{
+    World world;
+    const auto before = world.package.contents();
+    world.receiver.onEvent = [&](const DBCEvent& event) {
+        if (event.name == DBCEventName::ImportIsRunning)
+            QDir(world.folder.path()).removeRecursively();
+    };
+
+    QVERIFY(!world.importCards());
+
+    QCOMPARE(world.controller->outcome().code, DBCResultCode::FolderNotExist);
+    QCOMPARE(world.package.contents(), before);
+}
+
+void tst_conversions::exportCancelledUnderWayLeavesNothing()
+{
+    World world;
+    world.package.card();
+    world.cancelAt(DBCEventName::ExportIsRunning, 1);
+
+    QVERIFY(world.exportCards());
+
+    QVERIFY(!QFile::exists(world.exported()));
+    QVERIFY(QFile::exists(world.home.path(QStringLiteral("exported"))));
+}
+
+namespace {
+
+struct BadFolder {
+    std::function<void(World&)> spoil;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(BadFolder)
+
+void tst_conversions::badFolderEndsTheImport_data()
+{
+    QTest::addColumn<BadFolder>("bad");
+    QTest::addColumn<DBCResultCode>("code");
+    QTest::addColumn<quint32>("message");
+    const auto row = [](const char* name, std::function<void(World&)> spoil, DBCResultCode code,
+                         quint32 message) {
+        QTest::newRow(name) << BadFolder {std::move(spoil)} << code << message;
+    };
+    const auto dataFile = [](const QByteArray& bytes) {
+        return [bytes](World& world) { world.folder.dataFile(bytes); };
+    };
+    row(
+        "exported folder", [](World& world) { world.folder.version(QStringLiteral("TELKA")); },
+        DBCResultCode::VersionFileRefusedProduct, 314);
+    row(
+        "no version", [](World& world) { world.folder.withoutVersion(); },
+        DBCResultCode::VersionFileMismatch, 316);
+    row(
+        "no data file", [](World& world) { QFile::remove(world.folder.dataFilePath()); },
+        DBCResultCode::FolderNotExist, 313);
+    row(
+        "folder as data file",
+        [](World& world) {
+            QFile::remove(world.folder.dataFilePath());
+            QDir().mkpath(world.folder.dataFilePath());
+        },
+        DBCResultCode::DataFileOpenFailure, 310);
+    row("empty data file", dataFile({}), DBCResultCode::DataFileEmpty, 306);
+    row("title line alone", dataFile(DataFileBuilder().titleLine().build()),
+        DBCResultCode::DataFileEmpty, 306);
+    row("wrong title line", dataFile(DataFileBuilder().line(text(u"x\ty")).row(21).build()),
+        DBCResultCode::DataFileEmpty, 306);
+    row("short last line", dataFile(DataFileBuilder().titleLine().row(21).row(20).build()),
+        DBCResultCode::DataLineFormatError, 307);
+    row("long line in the middle",
+        dataFile(DataFileBuilder().titleLine().row(21).row(22).row(21).build()),
+        DBCResultCode::DataLineFormatError, 307);
+    row("odd number of bytes", dataFile(DataFileBuilder().titleLine().bytes("x").build()),
+        DBCResultCode::DataFileDecodeFailure, 310);
+    row(
+        "image folder cannot be made",
+        [](World& world) {
+            world.package.remove(QStringLiteral("Images"));
+            world.package.writeFile(QStringLiteral("Images"), "a file");
+        },
+        DBCResultCode::FolderCreateFailure, 313);
+    row(
+        "disk fills up",
+        [](World& world) {
+            world.receiver.onEvent = [&world](const DBCEvent& event) {
+                if (event.name == DBCEventName::ImportDataLoadDidFinished)
+                    world.host.setFreeBytes(0x80000);
+            };
+        },
+        DBCResultCode::NoSpaceForImport, 301);
+    row(
+        "no space from the start", [](World& world) { world.host.setFreeBytes(1000); },
+        DBCResultCode::NoSpace, 103);
+}
+
+void tst_conversions::badFolderEndsTheImport()
+{
+    QFETCH(BadFolder, bad);
+    QFETCH(DBCResultCode, code);
+    QFETCH(quint32, message);
+    World world;
+    bad.spoil(world);
+    const auto before = world.package.contents();
+
+    QVERIFY(!world.importCards());
+
+    QCOMPARE(world.controller->outcome().code, code);
+    QCOMPARE(world.presenter.numbers, QList<quint32> {message});
+    QCOMPARE(world.package.contents(), before);
+}
+
+void tst_conversions::badPackageEndsTheImport_data()
+{
+    QTest::addColumn<BadFolder>("bad");
+    QTest::addColumn<DBCResultCode>("code");
+    const auto row = [](const char* name, std::function<void(World&)> spoil, DBCResultCode code) {
+        QTest::newRow(name) << BadFolder {std::move(spoil)} << code;
+    };
+    row(
+        "no package", [](World& world) { QDir(world.package.path()).removeRecursively(); },
+        DBCResultCode::FolderNotExist);
+    row(
+        "no store", [](World& world) { world.package.remove(QStringLiteral("Velmora.sqldb")); },
+        DBCResultCode::DatabaseOpenFailure);
+    row(
+        "text file as store",
+        [](World& world) {
+            world.package.writeFile(QStringLiteral("Velmora.sqldb"), "these are no cards");
+        },
+        DBCResultCode::DatabaseOpenFailure);
+    row(
+        "store of another model",
+        [](World& world) {
+            world.package.execute(QStringLiteral("ALTER TABLE ZCARD DROP COLUMN ZMEMO"));
+        },
+        DBCResultCode::DatabaseOpenFailure);
+    row(
+        "read-only store",
+        [](World& world) { world.host.makeReadOnly({world.package.storePath()}); },
+        DBCResultCode::BackupFailure);
+    row(
+        "no room for the backup",
+        [](World& world) {
+            // Enough for the folder, not for a copy of the package.
+            world.receiver.onEvent = [&world](const DBCEvent& event) {
+                if (event.name == DBCEventName::DatabaseBackupWillBegin)
+                    world.host.setFreeBytes(0x80000);
+            };
+        },
+        DBCResultCode::NoSpaceForBackup);
+}
+
+void tst_conversions::badPackageEndsTheImport()
+{
+    QFETCH(BadFolder, bad);
+    QFETCH(DBCResultCode, code);
+    World world;
+    bad.spoil(world);
+    const QStringList before
+        = QFile::exists(world.package.path()) ? world.package.contents().keys() : QStringList();
+
+    QVERIFY(!world.importCards());
+
+    QCOMPARE(world.controller->outcome().code, code);
+    QCOMPARE(world.presenter.numbers.size(), 1);
+    QVERIFY(!QFile::exists(world.backup()));
+    if (!before.isEmpty())
+        QCOMPARE(world.package.contents().keys(), before);
+}
+
+void tst_conversions::packageThatDoesNotOpenLeavesStandardInputOpen()
+{
+    World world;
+    world.package.writeFile(QStringLiteral("Velmora.sqldb"), "these are no cards");
+
+    QVERIFY(!world.importCards());
+    QVERIFY(fcntl(STDIN_FILENO, F_GETFD) != -1);
+    QVERIFY(!world.importCards());
+    QVERIFY(fcntl(STDIN_FILENO, F_GETFD) != -1);
+}
+
+void tst_conversions::emptyPackageHasNothingToExport()
+{
+    World world;
+    world.package.execute(QStringLiteral("UPDATE ZCARD SET ZDELETEDFLAG = 1"));
+
+    QVERIFY(!world.exportCards());
+
+    QCOMPARE(world.controller->outcome().code, DBCResultCode::NoCards);
+    QCOMPARE(world.presenter.numbers, QList<quint32> {209});
+    QVERIFY(world.exportedRows().isEmpty());
+}
+
+void tst_conversions::attachmentThatCannotBeWrittenStopsTheExport()
+{
+    World world;
+    world.receiver.onEvent = [&](const DBCEvent& event) {
+        if (event.name == DBCEventName::ExportDataFetchDidFinished)
+            world.home.makeFolder(QStringLiteral("exported/")
+                + DBCInterchangeNames::rootFolderName() + u'/'
+                + DBCInterchangeNames::attachmentFolderName() + QStringLiteral("/1/old.txt"));
+    };
+
+    QVERIFY(!world.exportCards());
+
+    QCOMPARE(world.controller->outcome().code, DBCResultCode::AttachmentExportFailure);
+    QCOMPARE(world.presenter.numbers, QList<quint32> {207});
+    QCOMPARE(world.exportedRows().size(), 1);
+    QCOMPARE(world.exportedFile(QStringLiteral("Version.txt")).size(), 32);
+}
+
+QTEST_GUILESS_MAIN(tst_conversions)
+#include "tst_conversions.moc"
