@@ -116,9 +116,9 @@ struct World {
     RecordingReceiver receiver;
     PackageFixture package {home};
     InterchangeFolder folder {home};
-    QByteArray front = JpegBuilder(105, 60).dotsPerInch(300, 300).bytes();
-    QByteArray back = JpegBuilder(105, 60).gray().dotsPerInch(300, 300).bytes();
-    QByteArray portrait = JpegBuilder(60, 105).dotsPerInch(300, 300).bytes();
+    QByteArray front = JpegBuilder(100, 50).dotsPerInch(300, 300).bytes();
+    QByteArray back = JpegBuilder(100, 50).gray().dotsPerInch(300, 300).bytes();
+    QByteArray portrait = JpegBuilder(50, 100).dotsPerInch(300, 300).bytes();
     std::unique_ptr<DBCConverterController> controller;
 };
 
@@ -196,11 +196,11 @@ void tst_conversions::importedCardsAreExportedAgain()
     const QString images = DBCInterchangeNames::imageFolderName() + u'/';
     const auto face = QImage::fromData(
         world.exportedFile(images + World::item(rows.at(1), Key::face_Image_File)));
-    QCOMPARE(face.size(), QSize(105, 60));
+    QCOMPARE(face.size(), QSize(100, 50));
     QCOMPARE(qRound(face.dotsPerMeterX() * 0.0254), 300);
     const auto upright = QImage::fromData(
         world.exportedFile(images + World::item(rows.at(2), Key::face_Image_File)));
-    QCOMPARE(upright.size(), QSize(60, 105));
+    QCOMPARE(upright.size(), QSize(50, 100));
     QCOMPARE(world.exportedFile(
                  DBCInterchangeNames::attachmentFolderName() + QStringLiteral("/1/a.txt")),
         QByteArray("first"));

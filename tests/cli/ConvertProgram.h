@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Runs velmora-convert as its users do: a process of its own, with a home folder of the test's.
+#pragma once
+
+#include "tests/support/TestHome.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QList>
+#include <QProcess>
+#include <QStringList>
+
+#include <functional>
+
+struct ProgramRun {
+    int exitCode = -1; // -1: ended by a signal, or never started
+    QString output;
+    QString errors;
+
+    QStringList outputLines() const { return output.split(u'\n', Qt::SkipEmptyParts); }
+    // The output as one object a line; a line that is no object becomes an empty one.
+    QList<QJsonObject> objects() const
+    {
+        QList<QJsonObject> all;
+        for (const QString& line : outputLines())
+            all << QJsonDocument::fromJson(line.toUtf8()).object();
+        return all;
+    }
+    // The members under the only name of an object of that name; the last one of several.
+    QJsonObject object(const QString& name) const
+    {
+        QJsonObject found;
+        for (const QJsonObject& object : objects()) {
+            if (object.contains(name))
+                found = object.value(name).toObject();
+        }
+        return found;
+    }
+    QStringList names() const
+    {
+        QStringList all;
+        for (const QJsonObject& object : objects())
+            all << object.keys().join(u',');
+        return all;
+    }
+};
+
+class ConvertProgram {
+public:
+    explicit ConvertProgram(const TestHome& home)
+        : _home(home)
+    {
+    }
+
+    QString language = QStringLiteral("C");
+    QString workingFolder;
+    QByteArray input; // nothing else comes in
+
+    static QString path() { return QStringLiteral(VELMORA_CONVERT); }
+
+    ProgramRun run(const QStringList& arguments) const { return finish(start(path(), arguments)); }
+    // With further shell words behind the arguments: "<&-" closes standard input.
+    ProgramRun runInShell(const QStringList& arguments, const QString& redirections) const
+    {
+        QStringList words {
+            QStringLiteral("-c"), QStringLiteral("exec \"$0\" \"$@\" ") + redirections, path()};
+        return finish(start(QStringLiteral("/bin/sh"), words + arguments));
+    }
+
+    std::unique_ptr<QProcess> start(const QString& program, const QStringList& arguments,
+        const std::function<void()>& beforeExec = {}) const
+    {
+        auto process = std::make_unique<QProcess>();
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("HOME"), _home.path(QStringLiteral("home")));
+        environment.insert(QStringLiteral("LC_ALL"), language);
+        environment.remove(QStringLiteral("LANGUAGE"));
+        process->setProcessEnvironment(environment);
+        process->setWorkingDirectory(workingFolder.isEmpty() ? _home.path() : workingFolder);
+        if (beforeExec)
+            process->setChildProcessModifier(beforeExec);
+        process->start(program, arguments);
+        if (!process->waitForStarted())
+            qFatal("cannot start %s", qPrintable(program));
+        process->write(input);
+        process->closeWriteChannel();
+        return process;
+    }
+
+    static ProgramRun finish(const std::unique_ptr<QProcess>& process)
+    {
+        constexpr int patienceMs = 120'000;
+        if (!process->waitForFinished(patienceMs))
+            qFatal("%s does not end", qPrintable(process->program()));
+        ProgramRun result;
+        result.exitCode = process->exitStatus() == QProcess::NormalExit ? process->exitCode() : -1;
+        result.output = QString::fromUtf8(process->readAllStandardOutput());
+        result.errors = QString::fromUtf8(process->readAllStandardError());
+        return result;
+    }
+
+private:
+    const TestHome& _home;
+};
