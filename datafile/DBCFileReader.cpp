@@ -95,6 +95,8 @@ std::optional<std::vector<DBCRecord>> DBCFileReader::loadData(DBCError* error)
             *error = lineError;
             return AfterError::Stop;
         });
+    if (_isAtEnd())
+        _cleanBuffer(); // the records hold copies, and the text is as large as the file
     if (records.empty()) {
         if (*error)
             DBCLog::error(_lineErrorText);

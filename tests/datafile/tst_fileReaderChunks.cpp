@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Record by record: getNextRecordCopy() on a file that is read in chunks, open, close and reset.
-#include "datafile/DBCFileReader.h"
-
-#include "tests/support/DataFileBuilder.h"
-#include "tests/support/TestHome.h"
+#include "tests/datafile/ReaderFixture.h"
 
 #include <QtTest>
 
@@ -11,11 +8,11 @@ using Key = DBCRecordKey;
 using Code = DBCResultCode;
 using Encoding = DataFileBuilder::Encoding;
 
-class tst_fileReaderChunks : public QObject {
+class tst_fileReaderChunks : public QObject, private ReaderFixture {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { begin(); }
+    void cleanup() { end(); }
 
     void everyChunkSizeGivesTheSameRecords_data();
     void everyChunkSizeGivesTheSameRecords();
@@ -38,29 +35,14 @@ private Q_SLOTS:
     void accessorsChangeWhatIsRead();
 
 private:
-    QString dataFile() const { return _home->path(QStringLiteral("data.txt")); }
-    std::unique_ptr<DBCFileReader> readerFor(
-        const DataFileBuilder& file, quint32 bufferSize = 0x100000) const
+    std::unique_ptr<DBCFileReader> readerInChunks(
+        const DataFileBuilder& file, quint32 bufferSize) const
     {
-        auto reader = DBCFileReader::initWithFullFileName(file.writeTo(dataFile()));
+        auto reader = readerFor(file);
         reader->setBufferSize(bufferSize);
         return reader;
     }
-
-    std::unique_ptr<TestHome> _home;
-    DBCError _error;
 };
-
-void tst_fileReaderChunks::init()
-{
-    _home = std::make_unique<TestHome>();
-    _error = DBCError();
-}
-
-void tst_fileReaderChunks::cleanup()
-{
-    _home.reset();
-}
 
 static QString memoOf(const std::optional<DBCRecord>& record)
 {
@@ -98,7 +80,7 @@ void tst_fileReaderChunks::everyChunkSizeGivesTheSameRecords()
     QStringList memos;
     for (int i = 0; i < 30; ++i)
         memos << QStringLiteral("\U00020BB7\U00020BB7 %1").arg(i);
-    const auto reader = readerFor(fileWithMemos(memos, encoding), bufferSize);
+    const auto reader = readerInChunks(fileWithMemos(memos, encoding), bufferSize);
     for (int i = 0; i < 30; ++i) {
         const auto record = reader->getNextRecordCopy(&_error);
         QVERIFY2(!_error, qPrintable(_error.toString()));
@@ -114,7 +96,7 @@ void tst_fileReaderChunks::lastLineWithoutSeparatorIsReadInChunks()
 {
     DataFileBuilder file = fileWithMemos({QStringLiteral("1"), QStringLiteral("2")});
     file.text(QString(19, u'\t') + QStringLiteral("last\t"));
-    const auto reader = readerFor(file, quint32(fileWithMemos({}).build().size()));
+    const auto reader = readerInChunks(file, quint32(fileWithMemos({}).build().size()));
     reader->getNextRecordCopy(&_error);
     reader->getNextRecordCopy(&_error);
     QCOMPARE(memoOf(reader->getNextRecordCopy(&_error)), QStringLiteral("last"));
@@ -122,7 +104,7 @@ void tst_fileReaderChunks::lastLineWithoutSeparatorIsReadInChunks()
 
 void tst_fileReaderChunks::lineLongerThanTheChunksIsCutAsItComes()
 {
-    const auto reader = readerFor(fileWithMemos({QString(20000, u'x')}), 10000);
+    const auto reader = readerInChunks(fileWithMemos({QString(20000, u'x')}), 10000);
     QVERIFY(!reader->getNextRecordCopy(&_error));
     QCOMPARE(_error.code(), Code::DataLineFormatError);
 }
@@ -152,7 +134,7 @@ void tst_fileReaderChunks::fileCutInsideACharacterEndsTheReading()
 {
     DataFileBuilder file = fileWithMemos({});
     const auto size = quint32(file.build().size());
-    const auto reader = readerFor(file.bytes("x"), size);
+    const auto reader = readerInChunks(file.bytes("x"), size);
     QVERIFY(!reader->getNextRecordCopy(&_error));
     QVERIFY(!_error); // no further line could be read
     QVERIFY(!reader->getNextRecordCopy(&_error));
@@ -163,7 +145,7 @@ void tst_fileReaderChunks::invalidTextInALaterChunkEndsTheReading()
     DataFileBuilder file = fileWithMemos({QStringLiteral("1")});
     const auto size = quint32(file.build().size());
     file.bytes(QByteArray::fromHex("B7DF")).row(21).row(21);
-    const auto reader = readerFor(file, size);
+    const auto reader = readerInChunks(file, size);
     QCOMPARE(memoOf(reader->getNextRecordCopy(&_error)), QStringLiteral("1"));
     for (int i = 0; i < 3; ++i)
         QVERIFY(!reader->getNextRecordCopy(&_error));

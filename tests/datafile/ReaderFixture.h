@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the tests of the file reader share: a home of their own, a data file in it, and the log.
+#pragma once
+
+#include "datafile/DBCFileReader.h"
+#include "tests/support/DataFileBuilder.h"
+#include "tests/support/TestHome.h"
+
+#include <memory>
+
+class ReaderFixture {
+protected:
+    using Records = std::vector<DBCRecord>;
+
+    void begin()
+    {
+        _home = std::make_unique<TestHome>();
+        _error = DBCError();
+    }
+    void end() { _home.reset(); }
+
+    QString dataFile() const { return _home->path(QStringLiteral("data.txt")); }
+    std::unique_ptr<DBCFileReader> readerFor(const DataFileBuilder& file) const
+    {
+        return DBCFileReader::initWithFullFileName(file.writeTo(dataFile()));
+    }
+    // What loading the file gives; its error is kept in _error.
+    std::optional<Records> load(const DataFileBuilder& file)
+    {
+        return readerFor(file)->loadData(&_error);
+    }
+
+    static DataFileBuilder fileWithTitle() { return DataFileBuilder().titleLine(); }
+    static QString text(const DBCRecord& record, DBCRecordKey key)
+    {
+        return record.text(key).value_or(QStringLiteral("absent"));
+    }
+
+    QStringList warnings() const { return linesWith(QStringLiteral(" [Warning] ")); }
+    QStringList errors() const { return linesWith(QStringLiteral(" [Error] ")); }
+    QStringList linesWith(const QString& tag) const
+    {
+        return _home->logText().split(u'\n').filter(tag);
+    }
+
+    std::unique_ptr<TestHome> _home;
+    DBCError _error;
+};

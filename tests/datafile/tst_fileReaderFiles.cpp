@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Files of every kind: encodings, refusals, and reading for every problem.
+#include "tests/datafile/ReaderFixture.h"
+
+#include <QtTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+using Key = DBCRecordKey;
+using Code = DBCResultCode;
+using Encoding = DataFileBuilder::Encoding;
+using Mark = DataFileBuilder::Mark;
+
+class tst_fileReaderFiles : public QObject, private ReaderFixture {
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { begin(); }
+    void cleanup() { end(); }
+
+    void bigEndianFileIsRead();
+    void fileWithoutMarkIsRead_data();
+    void fileWithoutMarkIsRead();
+    void fileThatIsNoTextIsRefused_data();
+    void fileThatIsNoTextIsRefused();
+    void utf8FileIsRefused();
+    void utf8FileIsReadWhenAskedFor();
+    void emptyFileIsReported();
+    void missingFileIsReportedAndLogged();
+    void missingFileNameIsAGeneralFailure();
+    void folderInPlaceOfTheFileCannotBeOpened();
+    void pipeInPlaceOfTheFileCannotBeOpened();
+    void unreadableFileCannotBeOpened();
+    void failingReadIsAnInternalException();
+    void hugeFileIsRefusedWithItsSize();
+    void missingErrorSlotGivesNothing();
+    void readingEverythingGoesOnBehindWrongLines();
+    void readingEverythingStopsWhenTold();
+    void readingEverythingEndsAtAWrongTitleLine();
+    void readingEverythingReportsAFileThatCannotBeLoaded();
+};
+
+void tst_fileReaderFiles::bigEndianFileIsRead()
+{
+    const auto records = load(DataFileBuilder(Encoding::Utf16BigEndian)
+                                  .titleLine()
+                                  .row({{Key::full_Name, QStringLiteral("星野 太郎")}}));
+    QVERIFY(!_error);
+    QCOMPARE(text(records->front(), Key::full_Name), QStringLiteral("星野 太郎"));
+}
+
+void tst_fileReaderFiles::fileWithoutMarkIsRead_data()
+{
+    QTest::addColumn<Encoding>("encoding");
+    QTest::newRow("little-endian") << Encoding::Utf16LittleEndian;
+    QTest::newRow("big-endian") << Encoding::Utf16BigEndian;
+}
+
+void tst_fileReaderFiles::fileWithoutMarkIsRead()
+{
+    QFETCH(Encoding, encoding);
+    // The first title decides about the byte order: it must not be possible in both.
+    QStringList titles = DataFileBuilder::titles();
+    const auto kana = std::find_if(titles.begin(), titles.end(), [](const QString& title) {
+        return title.front() >= QChar(0x3041) && title.front() <= QChar(0x30FE);
+    });
+    QVERIFY(kana != titles.end());
+    std::iter_swap(titles.begin(), kana);
+    const auto records = load(DataFileBuilder(encoding, Mark::Missing).titleLine(titles).row(21));
+    QVERIFY(!_error);
+    QCOMPARE(records->size(), std::size_t(1));
+}
+
+void tst_fileReaderFiles::fileThatIsNoTextIsRefused_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    const QByteArray whole = fileWithTitle().row(21).row(21).build();
+    QTest::newRow("odd last byte") << whole + 'x';
+    QTest::newRow("cut inside a character") << whole.chopped(1);
+    QTest::newRow("lone high surrogate") << whole + QByteArray::fromHex("42D8 0D00 0A00");
+    QTest::newRow("lone low surrogate in the middle")
+        << whole + QByteArray::fromHex("B7DF") + whole.sliced(2);
+    QTest::newRow("mark alone") << QByteArray::fromHex("FFFE");
+    QTest::newRow("one byte") << QByteArray("x");
+}
+
+void tst_fileReaderFiles::fileThatIsNoTextIsRefused()
+{
+    QFETCH(QByteArray, bytes);
+    QVERIFY(!load(DataFileBuilder(Encoding::Utf8, Mark::Missing).bytes(bytes)));
+    QCOMPARE(_error.code(), Code::DataFileDecodeFailure);
+    QVERIFY(!_error.lineNo());
+}
+
+// As UTF-16 it is either no text or a text without one of the titles.
+void tst_fileReaderFiles::utf8FileIsRefused()
+{
+    const DataFileBuilder file = DataFileBuilder(Encoding::Utf8).titleLine().row(21);
+    const auto records = load(file);
+    QVERIFY(!records || records->empty());
+    QVERIFY(_error.code() == Code::DataFileDecodeFailure || _error.code() == Code::DataFileEmpty);
+}
+
+void tst_fileReaderFiles::utf8FileIsReadWhenAskedFor()
+{
+    const QString path = DataFileBuilder(Encoding::Utf8).titleLine().row(21).writeTo(dataFile());
+    const auto reader = DBCFileReader::initWithFullFileName(path, DBCTextEncoding::Utf8);
+    QCOMPARE(reader->encoding(), DBCTextEncoding::Utf8);
+    QCOMPARE(reader->loadData(&_error)->size(), std::size_t(1));
+}
+
+void tst_fileReaderFiles::emptyFileIsReported()
+{
+    _home->writeFile(QStringLiteral("data.txt"), {});
+    const auto reader = DBCFileReader::initWithFullFileName(dataFile());
+    QVERIFY(!reader->loadData(&_error));
+    QCOMPARE(_error.code(), Code::DataFileEmpty);
+}
+
+void tst_fileReaderFiles::missingFileIsReportedAndLogged()
+{
+    const auto reader = DBCFileReader::initWithFullFileName(dataFile());
+    QCOMPARE(reader->fullFileName(), dataFile());
+    QVERIFY(!reader->loadData(&_error));
+    QCOMPARE(_error.code(), Code::FolderNotExist);
+    QVERIFY(_error.localizedDescription().isEmpty());
+    QCOMPARE(errors().size(), 1);
+    QVERIFY(errors().first().contains(dataFile()));
+}
+
+void tst_fileReaderFiles::missingFileNameIsAGeneralFailure()
+{
+    const auto reader = DBCFileReader::initWithFullFileName({});
+    QVERIFY(!reader->loadData(&_error));
+    QCOMPARE(_error.code(), Code::GeneralFailure);
+}
+
+void tst_fileReaderFiles::folderInPlaceOfTheFileCannotBeOpened()
+{
+    _home->makeFolder(QStringLiteral("data.txt"));
+    QVERIFY(!DBCFileReader::initWithFullFileName(dataFile())->loadData(&_error));
+    QCOMPARE(_error.code(), Code::DataFileOpenFailure);
+}
+
+void tst_fileReaderFiles::pipeInPlaceOfTheFileCannotBeOpened()
+{
+    QCOMPARE(::mkfifo(QFile::encodeName(dataFile()).constData(), 0700), 0);
+    QVERIFY(!DBCFileReader::initWithFullFileName(dataFile())->loadData(&_error));
+    QCOMPARE(_error.code(), Code::DataFileOpenFailure);
+}
+
+void tst_fileReaderFiles::unreadableFileCannotBeOpened()
+{
+    if (::geteuid() == 0)
+        QSKIP("root may read everything");
+    QFile::setPermissions(fileWithTitle().row(21).writeTo(dataFile()), {});
+    QVERIFY(!DBCFileReader::initWithFullFileName(dataFile())->loadData(&_error));
+    QCOMPARE(_error.code(), Code::DataFileOpenFailure);
+}
+
+// A process's memory is a regular file whose first page cannot be read.
+void tst_fileReaderFiles::failingReadIsAnInternalException()
+{
+    const auto reader = DBCFileReader::initWithFullFileName(QStringLiteral("/proc/self/mem"));
+    QVERIFY(!reader->loadData(&_error));
+    QCOMPARE(_error.code(), Code::InternalException);
+    QVERIFY(!reader->getNextRecordCopy(&_error));
+    QVERIFY(_error);
+}
+
+void tst_fileReaderFiles::hugeFileIsRefusedWithItsSize()
+{
+    fileWithTitle().row(21).writeTo(dataFile());
+    QVERIFY(QFile::resize(dataFile(), qint64(3) << 30)); // sparse: takes no space
+    QVERIFY(!DBCFileReader::initWithFullFileName(dataFile())->loadData(&_error));
+    QCOMPARE(_error.code(), Code::DataFileOpenFailure);
+    QCOMPARE(errors().size(), 1);
+    QVERIFY(errors().first().contains(QStringLiteral("3,221,225,472")));
+}
+
+void tst_fileReaderFiles::missingErrorSlotGivesNothing()
+{
+    QVERIFY(!readerFor(fileWithTitle().row(21))->loadData(nullptr));
+}
+
+void tst_fileReaderFiles::readingEverythingGoesOnBehindWrongLines()
+{
+    const auto reader = readerFor(fileWithTitle().row(20).row(21).row(22).blankLine().row(21));
+    QStringList seen;
+    reader->readRecords(
+        [&seen](const DBCRecord& record) {
+            seen << QStringLiteral("record ") + text(record, Key::lineNo);
+        },
+        [&](const DBCError& error) {
+            seen << QStringLiteral("error %1 in %2")
+                        .arg(toNumber(error.code()))
+                        .arg(*error.lineNo());
+            if (!reader->lineErrorText().contains(error.lineNo() == 2 ? u"20" : u"22"))
+                seen << reader->lineErrorText();
+            return DBCFileReader::AfterError::GoOn;
+        });
+    QCOMPARE(seen,
+        QStringList({QStringLiteral("error -104 in 2"), QStringLiteral("record 3"),
+            QStringLiteral("error -104 in 4"), QStringLiteral("record 6")}));
+    QCOMPARE(errors().size(), 0);
+}
+
+void tst_fileReaderFiles::readingEverythingStopsWhenTold()
+{
+    int records = 0;
+    int problems = 0;
+    readerFor(fileWithTitle().row(21).row(20).row(21))
+        ->readRecords([&records](const DBCRecord&) { ++records; },
+            [&problems](const DBCError&) {
+                ++problems;
+                return DBCFileReader::AfterError::Stop;
+            });
+    QCOMPARE(records, 1);
+    QCOMPARE(problems, 1);
+}
+
+void tst_fileReaderFiles::readingEverythingEndsAtAWrongTitleLine()
+{
+    QList<Code> problems;
+    readerFor(DataFileBuilder().titleLine({QStringLiteral("wrong")}).row(21).row(21))
+        ->readRecords([](const DBCRecord&) { QFAIL("no record expected"); },
+            [&problems](const DBCError& error) {
+                problems << error.code();
+                return DBCFileReader::AfterError::GoOn;
+            });
+    QCOMPARE(problems, QList<Code>({Code::TitleLineFormatError}));
+}
+
+void tst_fileReaderFiles::readingEverythingReportsAFileThatCannotBeLoaded()
+{
+    QList<Code> problems;
+    DBCFileReader::initWithFullFileName(dataFile())
+        ->readRecords([](const DBCRecord&) { QFAIL("no record expected"); },
+            [&problems](const DBCError& error) {
+                problems << error.code();
+                return DBCFileReader::AfterError::GoOn;
+            });
+    QCOMPARE(problems, QList<Code>({Code::FolderNotExist}));
+}
+
+QTEST_GUILESS_MAIN(tst_fileReaderFiles)
+#include "tst_fileReaderFiles.moc"
