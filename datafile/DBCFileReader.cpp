@@ -212,11 +212,10 @@ std::optional<DBCRecord> DBCFileReader::_newRecord(const QList<QStringView>& ite
     return record;
 }
 
-bool DBCFileReader::_validateAllItemLength(const DBCRecord& record) const
+void DBCFileReader::_validateAllItemLength(const DBCRecord& record) const
 {
     const QString lineNo = record.textOrEmpty(DBCRecordKey::lineNo);
     const QString fullName = record.textOrEmpty(DBCRecordKey::full_Name);
-    bool areValid = true;
     for (const DBCColumn& column : DBCColumns) {
         if (!column.maxLength
             || std::find(addressParts.begin(), addressParts.end(), column.key)
@@ -225,11 +224,9 @@ bool DBCFileReader::_validateAllItemLength(const DBCRecord& record) const
         const std::optional<QString> value = column.key == DBCRecordKey::address
             ? composedAddress(record)
             : record.text(column.key);
-        if (!_validateItemLength(_itemLabels.at(columnIndex(column.key)), value, *column.maxLength,
-                lineNo, fullName))
-            areValid = false;
+        _validateItemLength(
+            _itemLabels.at(columnIndex(column.key)), value, *column.maxLength, lineNo, fullName);
     }
-    return areValid;
 }
 
 bool DBCFileReader::_validateItemLength(const QString& label, const std::optional<QString>& value,

@@ -101,7 +101,8 @@ private:
     bool _validateItemRequired() const;
     void findColumns();
     std::optional<DBCRecord> _newRecord(const QList<QStringView>& items) const;
-    bool _validateAllItemLength(const DBCRecord& record) const;
+    void _validateAllItemLength(const DBCRecord& record) const;
+    // False after a warning about a value that is too long.
     bool _validateItemLength(const QString& label, const std::optional<QString>& value,
         qsizetype maxLength, const QString& lineNo, const QString& fullName) const;
     DBCError titleLineError(const QString& titleLine);
