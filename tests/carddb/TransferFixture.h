@@ -9,6 +9,7 @@
 #include "tests/support/PackageFixture.h"
 #include "tests/support/TestHome.h"
 
+#include <QProcess>
 #include <QStringList>
 
 #include <initializer_list>
@@ -31,6 +32,15 @@ struct RecordedLog {
     QStringList warnings;
     QStringList errors;
 };
+
+// What the system says a folder takes, in bytes.
+inline quint64 diskUsage(const QString& folder)
+{
+    QProcess process;
+    process.start(QStringLiteral("du"), {QStringLiteral("-sk"), folder});
+    process.waitForFinished();
+    return process.readAllStandardOutput().split('\t').value(0).toULongLong() * 1024;
+}
 
 struct TransferFixture {
     using Values = std::initializer_list<std::pair<DBCRecordKey, QString>>;

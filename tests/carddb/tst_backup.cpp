@@ -10,7 +10,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QTest>
 
 #include <sys/stat.h>
@@ -38,14 +37,6 @@ struct Driver : DBCCancelDelegate {
     int cancelQuestions = 0;
     QStringList items;
 };
-
-quint64 diskUsage(const QString& folder)
-{
-    QProcess process;
-    process.start(QStringLiteral("du"), {QStringLiteral("-sk"), folder});
-    process.waitForFinished();
-    return process.readAllStandardOutput().split('\t').value(0).toULongLong() * 1024;
-}
 
 } // namespace
 

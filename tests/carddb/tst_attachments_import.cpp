@@ -1,20 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/carddb/TransferFixture.h"
+#include "tests/carddb/AttachmentFixture.h"
 #include "tests/support/ScopedHost.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QTest>
 
-#include <fcntl.h>
-#include <sys/socket.h>
-#include <sys/stat.h>
-#include <sys/un.h>
-#include <unistd.h>
-
-#include <cstring>
 #include <memory>
 
 using Key = DBCRecordKey;
@@ -24,49 +16,9 @@ namespace {
 const QString cardId = QStringLiteral("0A1B-1");
 const QString named = QStringLiteral("plans");
 
-// Everything in a folder, its hidden files and links that lead nowhere included.
-QStringList entries(const QString& folder)
-{
-    return QDir(folder).entryList(
-        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
-}
-
-void makeSpecialEntries(const QString& folder)
-{
-    QVERIFY(QFile::link(QStringLiteral("a.txt"), folder + QStringLiteral("/b-link")));
-    QVERIFY(QFile::link(QStringLiteral("none"), folder + QStringLiteral("/c-dangling")));
-    QVERIFY(QFile::link(QStringLiteral("/usr"), folder + QStringLiteral("/d-folder-link")));
-    const QString pipe = folder + QStringLiteral("/e-pipe");
-    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-
-    // A socket's path must be short, however long that of the temporary folder is.
-    const int directory = open(QFile::encodeName(folder).constData(), O_PATH | O_CLOEXEC);
-    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_un address {};
-    address.sun_family = AF_UNIX;
-    const QByteArray path = "/proc/self/fd/" + QByteArray::number(directory) + "/f-socket";
-    std::memcpy(address.sun_path, path.constData(), std::size_t(path.size()));
-    // bind() takes the general form of an address.
-    QCOMPARE(bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
-    close(socket);
-    close(directory);
-}
-
-const QStringList specialNames {QStringLiteral("b-link"), QStringLiteral("c-dangling"),
-    QStringLiteral("d-folder-link"), QStringLiteral("e-pipe"), QStringLiteral("f-socket")};
-
-// What the system says a folder takes, in bytes.
-quint64 diskUsage(const QString& folder)
-{
-    QProcess process;
-    process.start(QStringLiteral("du"), {QStringLiteral("-sk"), folder});
-    process.waitForFinished();
-    return process.readAllStandardOutput().split('\t').value(0).toULongLong() * 1024;
-}
-
 } // namespace
 
-class tst_attachments : public QObject {
+class tst_attachments_import : public QObject {
     Q_OBJECT
 
 private:
@@ -75,14 +27,8 @@ private:
         return _f->database->_addAttachFileIntoDB(_f->folder.path(),
             TransferFixture::record({{Key::attachmentFile, folder}}), cardId, &_f->error);
     }
-    std::optional<QString> exportCard()
-    {
-        return _f->database->_exportAttachFile(
-            TransferFixture::record({{Key::cardID, cardId}}), _target, &_f->error);
-    }
     QString filesFolder() const { return _f->packagePath(QStringLiteral("Files")); }
     QString cardFolder() const { return filesFolder() + u'/' + cardId; }
-    QString exportFolder() const { return _target + QStringLiteral("/6"); }
     void stored(const QString& name, const QByteArray& bytes) const
     {
         _f->package.writeFile(QStringLiteral("Files/0A1B-1/") + name, bytes);
@@ -92,42 +38,16 @@ private:
         return TransferFixture::text(
             "IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT", {QStringLiteral("7"), QStringLiteral("Hanako")});
     }
-    static QString exportNameWarning()
-    {
-        return TransferFixture::text("IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT_FOR_EXPORT",
-            {QStringLiteral("6"), QStringLiteral("Hanako")});
-    }
-    static QStringList specialWarnings(const char* key, const QString& number)
-    {
-        QStringList warnings;
-        for (const QString& name : specialNames)
-            warnings << TransferFixture::text(key, {number, QStringLiteral("Hanako"), name});
-        return warnings;
-    }
-    bool copyFailureWasLogged() const
-    {
-        return _f->log.errors.contains(
-            TransferFixture::text("IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE"));
-    }
-    static QByteArray contents(const QString& path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
 
     std::unique_ptr<TransferFixture> _f;
-    QString _target;
 
 private Q_SLOTS:
     void init()
     {
         _f = std::make_unique<TransferFixture>();
         QVERIFY(_f->database);
-        _target = _f->home.path(QStringLiteral("export"));
     }
     void cleanup() { _f.reset(); }
-
-    // --- import ---
 
     void filesAreTakenInUnderTheCardId()
     {
@@ -136,8 +56,8 @@ private Q_SLOTS:
         QCOMPARE(add(), cardId);
         QVERIFY(!_f->error);
         QVERIFY(_f->log.isEmpty());
-        QCOMPARE(contents(cardFolder() + QStringLiteral("/a.txt")), QByteArray("first"));
-        QCOMPARE(contents(cardFolder() + u'/' + QChar(0x56F3) + QStringLiteral(" 1.dwg")),
+        QCOMPARE(contentsOf(cardFolder() + QStringLiteral("/a.txt")), QByteArray("first"));
+        QCOMPARE(contentsOf(cardFolder() + u'/' + QChar(0x56F3) + QStringLiteral(" 1.dwg")),
             QByteArray("second"));
     }
 
@@ -219,7 +139,7 @@ private Q_SLOTS:
         host.makeReadOnly({_f->package.storePath()});
         QCOMPARE(add(), QStringLiteral(""));
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
-        QVERIFY(copyFailureWasLogged());
+        QVERIFY(copyFailureWasLogged(_f->log));
         QVERIFY(!QFileInfo::exists(cardFolder()));
     }
 
@@ -258,7 +178,7 @@ private Q_SLOTS:
         host.makeUnreadable({_f->folder.attachmentPath(named)});
         QCOMPARE(add(), QStringLiteral(""));
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
-        QVERIFY(copyFailureWasLogged());
+        QVERIFY(copyFailureWasLogged(_f->log));
         QVERIFY(!QFileInfo::exists(cardFolder()));
     }
 
@@ -282,7 +202,7 @@ private Q_SLOTS:
         host->diskUsageProgram = program;
         QCOMPARE(add(), QStringLiteral(""));
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
-        QVERIFY(copyFailureWasLogged());
+        QVERIFY(copyFailureWasLogged(_f->log));
     }
 
     void importNeedsTheFoldersSizeAndTheMargin()
@@ -323,11 +243,11 @@ private Q_SLOTS:
             QStringLiteral("[%1 - %2]")
                 .arg(_f->folder.attachmentPath(named, QStringLiteral("b.txt")),
                     cardFolder() + QStringLiteral("/b.txt")));
-        QVERIFY(copyFailureWasLogged());
+        QVERIFY(copyFailureWasLogged(_f->log));
         // What was copied before stays, nothing comes after, and nothing is replaced.
         QCOMPARE(entries(cardFolder()),
             (QStringList {QStringLiteral("a.txt"), QStringLiteral("b.txt")}));
-        QCOMPARE(contents(cardFolder() + QStringLiteral("/b.txt")), QByteArray("old"));
+        QCOMPARE(contentsOf(cardFolder() + QStringLiteral("/b.txt")), QByteArray("old"));
     }
 
     void specialEntriesAreLeftOutWithAWarningEach()
@@ -420,170 +340,7 @@ private Q_SLOTS:
         QCOMPARE(add(QStringLiteral(".")), QStringLiteral(""));
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
     }
-
-    // --- export ---
-
-    void filesAreTakenOutUnderTheRecordNumber()
-    {
-        stored(QStringLiteral("a.txt"), "first");
-        stored(QStringLiteral("b.txt"), "second");
-        QCOMPARE(exportCard(), QStringLiteral("6"));
-        QVERIFY(!_f->error);
-        QVERIFY(_f->log.isEmpty());
-        QCOMPARE(contents(exportFolder() + QStringLiteral("/a.txt")), QByteArray("first"));
-        QCOMPARE(contents(exportFolder() + QStringLiteral("/b.txt")), QByteArray("second"));
-    }
-
-    void emptyCardFolderExportsNothingAndMakesNoFolder()
-    {
-        QVERIFY(QDir(filesFolder()).mkdir(cardId));
-        QCOMPARE(exportCard(), QStringLiteral(""));
-        QVERIFY(!_f->error);
-        QVERIFY(!QFileInfo::exists(exportFolder()));
-    }
-
-    void cardWithoutFolderExportsNothing() { QCOMPARE(exportCard(), QStringLiteral("")); }
-
-    void fileInPlaceOfTheCardFolderExportsNothing()
-    {
-        _f->package.writeFile(QStringLiteral("Files/") + cardId, "a file");
-        QCOMPARE(exportCard(), QStringLiteral(""));
-        QVERIFY(!_f->error);
-    }
-
-    void cardWithoutIdExportsNothing()
-    {
-        stored(QStringLiteral("a.txt"), "a");
-        for (const QString& id : {QString(), QStringLiteral("  ")}) {
-            QCOMPARE(_f->database->_exportAttachFile(
-                         TransferFixture::record({{Key::cardID, id}}), _target, &_f->error),
-                QStringLiteral(""));
-        }
-        QVERIFY(!_f->error);
-        QVERIFY(!QFileInfo::exists(_target));
-    }
-
-    void cardIdThatLeadsOutOfThePackageExportsNothing()
-    {
-        _f->home.writeFile(QStringLiteral("secrets/key.txt"), "secret");
-        QCOMPARE(_f->database->_exportAttachFile(
-                     TransferFixture::record({{Key::cardID, QStringLiteral("../../secrets")}}),
-                     _target, &_f->error),
-            QStringLiteral(""));
-        QVERIFY(!QFileInfo::exists(exportFolder()));
-    }
-
-    void exportWithoutAnArgumentGivesNothing()
-    {
-        stored(QStringLiteral("a.txt"), "a");
-        const DBCRecord record = TransferFixture::record({{Key::cardID, cardId}});
-        DBCRecord withoutNumber = record;
-        withoutNumber.removeValue(Key::recordNo);
-        QVERIFY(!_f->database->_exportAttachFile(record, {}, &_f->error));
-        QVERIFY(!_f->database->_exportAttachFile(record, _target, nullptr));
-        QVERIFY(!_f->database->_exportAttachFile(withoutNumber, _target, &_f->error));
-        _f->database->setDBPath({});
-        QVERIFY(!_f->database->_exportAttachFile(record, _target, &_f->error));
-        QVERIFY(!_f->error);
-    }
-
-    void attachmentFolderThatCannotBeMadeIsAnError()
-    {
-        stored(QStringLiteral("a.txt"), "a");
-        _target = _f->home.path(QStringLiteral("missing/folder"));
-        QCOMPARE(exportCard(), QStringLiteral(""));
-        QCOMPARE(_f->error.code(), DBCResultCode::FolderCreateFailure);
-        QCOMPARE(_f->error.pathName(), _target);
-        QVERIFY(!copyFailureWasLogged());
-    }
-
-    void cardFolderThatCannotBeMadeOnExportIsAnError()
-    {
-        stored(QStringLiteral("a.txt"), "a");
-        _f->home.writeFile(QStringLiteral("export/6"), "a file");
-        QCOMPARE(exportCard(), QStringLiteral(""));
-        QCOMPARE(_f->error.code(), DBCResultCode::FolderCreateFailure);
-        QCOMPARE(_f->error.pathName(), exportFolder());
-        QVERIFY(copyFailureWasLogged());
-    }
-
-    void cardFolderThatCannotBeMeasuredIsAnError()
-    {
-        stored(QStringLiteral("a.txt"), "a");
-        ScopedHost host;
-        host->diskUsageProgram = QStringLiteral("/bin/false");
-        QCOMPARE(exportCard(), QStringLiteral(""));
-        QCOMPARE(_f->error.code(), DBCResultCode::SizeMeasureFailure);
-    }
-
-    void exportNeedsTheFoldersSizeAndTheMargin()
-    {
-        stored(QStringLiteral("a.txt"), QByteArray(100000, 'a'));
-        const quint64 needed = diskUsage(cardFolder()) + 524288;
-        ScopedHost host;
-        host.setFreeBytes(needed - 1);
-        QCOMPARE(exportCard(), QStringLiteral(""));
-        QCOMPARE(_f->error.code(), DBCResultCode::NoSpaceForExport);
-        QVERIFY(!_f->error.pathName());
-
-        _f->error = {};
-        host.setFreeBytes(needed);
-        QCOMPARE(exportCard(), QStringLiteral("6"));
-    }
-
-    void failedExportCopyNamesTheTwoFolders()
-    {
-        stored(QStringLiteral("a.txt"), "new");
-        stored(QStringLiteral("b.txt"), "b");
-        _f->home.writeFile(QStringLiteral("export/6/a.txt"), "old");
-        QCOMPARE(exportCard(), QStringLiteral(""));
-        QCOMPARE(_f->error.code(), DBCResultCode::AttachmentExportFailure);
-        QCOMPARE(
-            _f->error.pathName(), QStringLiteral("[%1 - %2]").arg(cardFolder(), exportFolder()));
-        QVERIFY(copyFailureWasLogged());
-        QCOMPARE(entries(exportFolder()), QStringList {QStringLiteral("a.txt")});
-        QCOMPARE(contents(exportFolder() + QStringLiteral("/a.txt")), QByteArray("old"));
-    }
-
-    void namesThatOtherSystemsRefuseAreLeftOut()
-    {
-        stored(QStringLiteral("a.txt"), "a");
-        stored(QStringLiteral(".hidden"), "h");
-        stored(QStringLiteral("what?.txt"), "q");
-        stored(QStringLiteral("b:c.txt"), "c");
-        QCOMPARE(exportCard(), QStringLiteral("6"));
-        QVERIFY(!_f->error);
-        QCOMPARE(entries(exportFolder()), QStringList {QStringLiteral("a.txt")});
-        QCOMPARE(_f->log.warnings,
-            (QStringList {exportNameWarning(), exportNameWarning(), exportNameWarning()}));
-    }
-
-    void foldersInTheCardFolderAreLeftOutWithoutAWord()
-    {
-        stored(QStringLiteral("a.txt"), "a");
-        stored(QStringLiteral("folder/inside.txt"), "i");
-        QCOMPARE(exportCard(), QStringLiteral("6"));
-        QCOMPARE(entries(exportFolder()), QStringList {QStringLiteral("a.txt")});
-        QVERIFY(_f->log.isEmpty());
-    }
-
-    void hiddenFolderIsRefusedForItsName()
-    {
-        stored(QStringLiteral(".folder/inside.txt"), "i");
-        QCOMPARE(exportCard(), QStringLiteral("6"));
-        QCOMPARE(_f->log.warnings, QStringList {exportNameWarning()});
-    }
-
-    void specialEntriesAreLeftOutOfTheExport()
-    {
-        stored(QStringLiteral("a.txt"), "a");
-        makeSpecialEntries(cardFolder());
-        QCOMPARE(exportCard(), QStringLiteral("6"));
-        QCOMPARE(entries(exportFolder()), QStringList {QStringLiteral("a.txt")});
-        QCOMPARE(_f->log.warnings,
-            specialWarnings("IDS_LOG_WRN_ATTACH_NOT_REGULAR_FOR_EXPORT", QStringLiteral("6")));
-    }
 };
 
-QTEST_GUILESS_MAIN(tst_attachments)
-#include "tst_attachments.moc"
+QTEST_GUILESS_MAIN(tst_attachments_import)
+#include "tst_attachments_import.moc"

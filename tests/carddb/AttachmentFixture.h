@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Folders of attachments and what is to be seen of them.
+#pragma once
+
+#include "tests/carddb/TransferFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cstring>
+
+// Everything in a folder, its hidden files and links that lead nowhere included.
+inline QStringList entries(const QString& folder)
+{
+    return QDir(folder).entryList(
+        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+}
+
+inline QByteArray contentsOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+// An entry of each kind that is no attachment; specialNames in their order.
+inline void makeSpecialEntries(const QString& folder)
+{
+    QVERIFY(QFile::link(QStringLiteral("a.txt"), folder + QStringLiteral("/b-link")));
+    QVERIFY(QFile::link(QStringLiteral("none"), folder + QStringLiteral("/c-dangling")));
+    QVERIFY(QFile::link(QStringLiteral("/usr"), folder + QStringLiteral("/d-folder-link")));
+    const QString pipe = folder + QStringLiteral("/e-pipe");
+    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+
+    // A socket's path must be short, however long that of the temporary folder is.
+    const int directory = open(QFile::encodeName(folder).constData(), O_PATH | O_CLOEXEC);
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_un address {};
+    address.sun_family = AF_UNIX;
+    const QByteArray path = "/proc/self/fd/" + QByteArray::number(directory) + "/f-socket";
+    std::memcpy(address.sun_path, path.constData(), std::size_t(path.size()));
+    // bind() takes the general form of an address.
+    QCOMPARE(bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
+    close(socket);
+    close(directory);
+}
+
+inline const QStringList specialNames {QStringLiteral("b-link"), QStringLiteral("c-dangling"),
+    QStringLiteral("d-folder-link"), QStringLiteral("e-pipe"), QStringLiteral("f-socket")};
+
+inline QStringList specialWarnings(const char* key, const QString& number)
+{
+    QStringList warnings;
+    for (const QString& name : specialNames)
+        warnings << TransferFixture::text(key, {number, QStringLiteral("Hanako"), name});
+    return warnings;
+}
+
+inline bool copyFailureWasLogged(const RecordedLog& log)
+{
+    return log.errors.contains(TransferFixture::text("IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE"));
+}
