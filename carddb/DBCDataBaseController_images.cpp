@@ -218,8 +218,8 @@ std::optional<QStringList> DBCDataBaseController::_exportImageFile(
         return QStringList();
     }
     DBCError error;
-    auto list = convertPdf2Jpg(DBCPackageLayout::imagesFolder(_strDBPath) + u'/' + name,
-        toPath, record.textOrEmpty(DBCRecordKey::recordNo), &error);
+    auto list = convertPdf2Jpg(DBCPackageLayout::imagesFolder(_strDBPath) + u'/' + name, toPath,
+        record.textOrEmpty(DBCRecordKey::recordNo), &error);
     if (list && !error)
         return list;
     if (isFatalForExport(error)) {
