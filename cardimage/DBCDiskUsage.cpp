@@ -7,6 +7,7 @@
 
 #include <QFileInfo>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -66,10 +67,22 @@ QString asArgument(const QString& path)
     return path.startsWith(u'-') ? QStringLiteral("./") + path : path;
 }
 
+// Loading the user's locale takes du as long as its work on a file, and digits need none.
+const QProcessEnvironment& environmentWithoutLocale()
+{
+    static const QProcessEnvironment environment = [] {
+        QProcessEnvironment inherited = QProcessEnvironment::systemEnvironment();
+        inherited.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+        return inherited;
+    }();
+    return environment;
+}
+
 Measurement measure(const QString& path)
 {
     const QString program = DBCHost::current().diskUsageProgram;
     QProcess du;
+    du.setProcessEnvironment(environmentWithoutLocale());
     du.start(program, {QStringLiteral("-k"), QStringLiteral("-s"), asArgument(path)},
         QIODevice::ReadOnly);
     du.waitForFinished(-1);

@@ -216,10 +216,20 @@ void DBCConverterController::_send(DBCEvent event) const
     if (!receiver)
         return;
     event.sender = this;
+    // Each thread sees what the other has written. Qt's queue takes care of that where no thread
+    // checker can look, so it is said here once more.
+    const auto synchronize = [this] { _eventCrossings.fetch_add(1, std::memory_order_acq_rel); };
     const bool isOwnThread = receiver->thread() == QThread::currentThread();
+    synchronize();
     QMetaObject::invokeMethod(
-        receiver, [receiver, &event] { receiver->refreshProgress(event); },
+        receiver,
+        [&] {
+            synchronize();
+            receiver->refreshProgress(event);
+            synchronize();
+        },
         isOwnThread ? Qt::DirectConnection : Qt::BlockingQueuedConnection);
+    synchronize();
 }
 
 void DBCConverterController::_sendProgress(DBCEventName name) const

@@ -146,6 +146,7 @@ private:
     std::atomic<bool> _isConfirmCancelOperation = false;
     std::atomic<bool> _isOperationFinished = false;
     DBCEventReceiver* _windowController = nullptr;
+    mutable std::atomic<quint64> _eventCrossings = 0; // between the two threads
     DBCConversionFactories _factories;
     Outcome _outcome;
 };

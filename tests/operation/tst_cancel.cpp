@@ -1,12 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The two threads of a conversion: events that cross over, and a cancel that is asked for on one
 // thread and found on the other.
+#include "cardimage/DBCDiskUsage.h"
 #include "datafile/DBCLocalizable.h"
 #include "tests/support/ScriptedConversion.h"
 
 #include <QtTest>
 
 #include <thread>
+
+// In place of the one that starts "du": until it has become that program, a child process shares
+// its parent's memory, and the thread sanitizer takes what it does for this thread's doing.
+quint64 getSizeWithPath(const QString& /*path*/, DBCError* /*outError*/)
+{
+    return 0;
+}
 
 namespace {
 
