@@ -67,6 +67,7 @@ private Q_SLOTS:
     void cancelledImportThatCannotBeRestoredIsAnError();
     void exportCancelledInTheLoopRemovesItsFolder();
     void cancelAfterTheLastRecordIsNotAskedAnyMore();
+    void cancelAskedForAgainAndAgainWhileItRuns();
 };
 
 void tst_cancel::eventsArriveOnTheReceiversThreadInOrder()
@@ -282,6 +283,26 @@ void tst_cancel::cancelAfterTheLastRecordIsNotAskedAnyMore()
     QVERIFY(conversion.presenter.questions.isEmpty());
     QVERIFY(conversion.script.calls.contains(QStringLiteral("save")));
     QVERIFY(conversion.hasBackup());
+}
+
+void tst_cancel::cancelAskedForAgainAndAgainWhileItRuns()
+{
+    ScriptedConversion conversion(OperationType::Import);
+    conversion.makesBackup();
+    conversion.hasCards(threeNames());
+    std::thread impatientUser([&controller = *conversion.controller] {
+        while (!controller.isOperationFinished() && !controller.isStopRunning()) {
+            controller.setConfirmCancelOperation(true);
+            std::this_thread::yield();
+        }
+    });
+
+    const bool isOk = runOnItsOwnThread(*conversion.controller);
+    impatientUser.join();
+
+    QVERIFY(isOk);
+    QCOMPARE(conversion.script.calls.filter(QStringLiteral("add")).size(), 3);
+    QVERIFY(conversion.script.calls.contains(QStringLiteral("save")));
 }
 
 QTEST_GUILESS_MAIN(tst_cancel)
