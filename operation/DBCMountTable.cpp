@@ -7,7 +7,16 @@
 #include <algorithm>
 #include <array>
 
+#include <linux/magic.h>
+#include <sys/vfs.h>
+
 namespace {
+
+// The same kinds by the numbers of linux/magic.h; of a user-space file system the number tells no
+// more than that, so it counts as one that may reach another machine.
+constexpr std::array<unsigned, 10> networkNumbers {AFS_SUPER_MAGIC, AUTOFS_SUPER_MAGIC,
+    CEPH_SUPER_MAGIC, CIFS_SUPER_MAGIC, CODA_SUPER_MAGIC, FUSE_SUPER_MAGIC, NFS_SUPER_MAGIC,
+    SMB2_SUPER_MAGIC, SMB_SUPER_MAGIC, V9FS_MAGIC};
 
 // Types whose volumes lie on another machine, or appear only when they are looked at.
 constexpr std::array<QStringView, 26> networkTypes {
@@ -121,4 +130,13 @@ std::optional<DBCMountedVolume> DBCMountTable::volumeOf(const QString& canonical
             found = &volume;
     }
     return found != nullptr ? std::optional(*found) : std::nullopt;
+}
+
+bool isOnNetworkFileSystem(const QString& path)
+{
+    struct statfs status { };
+    if (statfs(QFile::encodeName(path).constData(), &status) != 0)
+        return true;
+    const auto number = static_cast<unsigned>(status.f_type);
+    return std::find(networkNumbers.begin(), networkNumbers.end(), number) != networkNumbers.end();
 }

@@ -31,3 +31,8 @@ public:
 private:
     std::vector<DBCMountedVolume> _volumes; // in the order in which they were mounted
 };
+
+// Whether the file system that holds an existing path reaches another machine, by the kernel's own
+// number for its type; true, too, when that cannot be asked. For paths that no line of the table
+// covers: below a changed root ("chroot") the root itself is no mount point and stands in none.
+bool isOnNetworkFileSystem(const QString& path);

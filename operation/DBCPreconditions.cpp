@@ -165,7 +165,8 @@ DBCResultCode DBCPreconditions::_networkPathCheck(const QString& path)
     if (canonical.isEmpty() || !table)
         return DBCResultCode::GeneralFailure;
     const std::optional<DBCMountedVolume> volume = table->volumeOf(canonical);
-    return volume && !volume->isNetwork() ? DBCResultCode::Success : DBCResultCode::GeneralFailure;
+    const bool isNetwork = volume ? volume->isNetwork() : isOnNetworkFileSystem(canonical);
+    return isNetwork ? DBCResultCode::GeneralFailure : DBCResultCode::Success;
 }
 
 bool DBCPreconditions::refuse(quint32 number, const DBCMessageArguments& arguments)

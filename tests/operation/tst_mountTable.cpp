@@ -102,11 +102,19 @@ private Q_SLOTS:
         QVERIFY(!DBCMountTable::read(home.path()).has_value());
     }
 
-    void realTableCoversTheRoot()
+    void realTableCoversTheKernelsOwnFolder()
     {
         const auto table = DBCMountTable::read(DBCHost::real().mountTable);
         QVERIFY(table.has_value());
-        QVERIFY(table->volumeOf(QStringLiteral("/")).has_value());
+        const auto volume = table->volumeOf(QStringLiteral("/proc"));
+        QVERIFY(volume.has_value());
+        QCOMPARE(volume->type, QStringLiteral("proc"));
+    }
+
+    void fileSystemIsToldByItsNumber()
+    {
+        QVERIFY(!isOnNetworkFileSystem(QStringLiteral("/proc")));
+        QVERIFY(isOnNetworkFileSystem(QStringLiteral("/proc/no such place")));
     }
 
     void volumesAreLocalOrOnTheNetwork_data()

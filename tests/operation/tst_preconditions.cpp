@@ -613,6 +613,14 @@ private Q_SLOTS:
         QTEST(int(toNumber(DBCPreconditions::_networkPathCheck(folder))), "expected");
     }
 
+    void pathBelowAChangedRootIsJudgedByItsFileSystem()
+    {
+        Situation situation(OperationType::Import);
+        situation.host->mountTable = situation.home.writeFile(
+            QStringLiteral("changedRoot"), "1 2 0:1 / /proc rw - proc proc rw\n");
+        QCOMPARE(DBCPreconditions::_networkPathCheck(situation.package), DBCResultCode::Success);
+    }
+
     void linkIsJudgedByWhatItPointsAt()
     {
         Situation situation(OperationType::Import);
