@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Every library comes from a Debian package; cmake/packages-build.txt lists them.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui LinguistTools)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui LinguistTools Network Widgets)
 if(VELMORA_BUILD_TESTS)
     find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
 endif()
