@@ -232,12 +232,16 @@ void DBCConverterController::_send(DBCEvent event) const
     synchronize();
 }
 
-void DBCConverterController::_sendProgress(DBCEventName name) const
+void DBCConverterController::_sendProgress(
+    DBCEventName name, const std::vector<DBCRecord>& cards) const
 {
+    const auto next = static_cast<std::size_t>(_outcome.finishedCount);
     _send({
         .name = name,
         .maxCount = _outcome.maxCount,
         .finishedCount = _outcome.finishedCount,
+        .currentCard
+        = next < cards.size() ? cards[next].textOrEmpty(DBCRecordKey::full_Name) : QString(),
     });
 }
 

@@ -99,7 +99,8 @@ private:
     void _logEnd(const char* labelKey) const;
     QString _endLine(const char* formatKey, const char* labelKey) const;
     void _send(DBCEvent event) const;
-    void _sendProgress(DBCEventName name) const;
+    // cards: those of the operation, to name the one whose turn it is.
+    void _sendProgress(DBCEventName name, const std::vector<DBCRecord>& cards) const;
     void _showAndLog(quint32 number, const DBCMessageArguments& arguments) const;
     DBCError _performOperation();
     void _askToConfirmCancel();

@@ -97,7 +97,7 @@ DBCError DBCConverterController::_exportCards()
     if (auto error = _checkSpaceForExport(cards))
         return error;
     _outcome.maxCount = static_cast<qint64>(cards.size());
-    _sendProgress(DBCEventName::ExportDataFetchDidFinished);
+    _sendProgress(DBCEventName::ExportDataFetchDidFinished, cards);
 
     std::unique_ptr<DBCFileWriter> writer;
     if (auto error = _openDataFile(&writer))
@@ -178,7 +178,7 @@ DBCError DBCConverterController::_writeCards(
         if (auto error = _writeCard(database, card, writer))
             return error;
         ++_outcome.finishedCount;
-        _sendProgress(DBCEventName::ExportIsRunning);
+        _sendProgress(DBCEventName::ExportIsRunning, cards);
     }
     return {};
 }

@@ -113,7 +113,7 @@ DBCError DBCConverterController::_importRecords(DBCDataBaseController& database)
     if (auto error = _loadRecords(&records))
         return error;
     _outcome.maxCount = static_cast<qint64>(records.size());
-    _sendProgress(DBCEventName::ImportDataLoadDidFinished);
+    _sendProgress(DBCEventName::ImportDataLoadDidFinished, records);
     if (auto error = _storeRecords(database, std::move(records)))
         return error;
     return _saveImport(database);
@@ -145,7 +145,7 @@ DBCError DBCConverterController::_storeRecords(
         if (error)
             return error;
         ++_outcome.finishedCount;
-        _sendProgress(DBCEventName::ImportIsRunning);
+        _sendProgress(DBCEventName::ImportIsRunning, records);
     }
     return {};
 }
@@ -155,7 +155,7 @@ DBCError DBCConverterController::_saveImport(DBCDataBaseController& database)
     if (auto error = DBCError::ifFailure(database.save()))
         return error;
     _logInfo(_endLine("IDS_LOG_INF_END_WITH_INFO_IMPORT", importLabel));
-    _sendProgress(DBCEventName::ImportDidFinished);
+    _sendProgress(DBCEventName::ImportDidFinished, {});
     return {};
 }
 

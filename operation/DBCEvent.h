@@ -4,6 +4,7 @@
 
 #include <QLatin1StringView>
 #include <QObject>
+#include <QString>
 
 #include <array>
 #include <optional>
@@ -58,6 +59,7 @@ struct DBCEvent {
     std::optional<qint64> maxCount = {}; // records read or cards fetched
     std::optional<qint64> finishedCount = {}; // records or cards completely handled so far
     std::optional<bool> confirmCancelResult = {}; // true: the operation will stop
+    QString currentCard = {}; // full name on the card whose turn it is; empty: none
 
     QLatin1StringView publicName() const
     {

@@ -5,19 +5,44 @@
 <context>
     <name></name>
     <message id="IDS_BUTTON_CANCEL">
-        <source>Cancel</source>
+        <source>C&amp;ancel</source>
         <extracomment>The same button while an operation runs.</extracomment>
-        <translation>Cancel</translation>
+        <translation>C&amp;ancel</translation>
+    </message>
+    <message id="IDS_BUTTON_CHOOSE_DATABASE">
+        <source>Choose Databa&amp;se…</source>
+        <extracomment>Opens the panel that chooses a card database.</extracomment>
+        <translation>Choose Databa&amp;se…</translation>
+    </message>
+    <message id="IDS_BUTTON_CHOOSE_EXPORT">
+        <source>&amp;Export cards</source>
+        <extracomment>Choice of the first screen.</extracomment>
+        <translation>&amp;Export cards</translation>
+    </message>
+    <message id="IDS_BUTTON_CHOOSE_FOLDER">
+        <source>&amp;Choose Folder…</source>
+        <extracomment>Opens the panel that chooses a folder.</extracomment>
+        <translation>&amp;Choose Folder…</translation>
+    </message>
+    <message id="IDS_BUTTON_CHOOSE_IMPORT">
+        <source>&amp;Import cards</source>
+        <extracomment>Choice of the first screen.</extracomment>
+        <translation>&amp;Import cards</translation>
+    </message>
+    <message id="IDS_BUTTON_CONTINUE">
+        <source>&amp;Continue</source>
+        <extracomment>Goes from the first screen to the second.</extracomment>
+        <translation>&amp;Continue</translation>
     </message>
     <message id="IDS_BUTTON_EXPORT">
-        <source>Export</source>
+        <source>&amp;Export</source>
         <extracomment>Button that starts the operation.</extracomment>
-        <translation>Export</translation>
+        <translation>&amp;Export</translation>
     </message>
     <message id="IDS_BUTTON_IMPORT">
-        <source>Import</source>
+        <source>&amp;Import</source>
         <extracomment>Button that starts the operation.</extracomment>
-        <translation>Import</translation>
+        <translation>&amp;Import</translation>
     </message>
     <message id="IDS_BUTTON_MSG_CANCEL">
         <source>Cancel</source>
@@ -34,6 +59,19 @@
     <message id="IDS_BUTTON_MSG_YES">
         <source>Yes</source>
         <translation>Yes</translation>
+    </message>
+    <message id="IDS_BUTTON_OPEN_LOG">
+        <source>Open &amp;Log</source>
+        <translation>Open &amp;Log</translation>
+    </message>
+    <message id="IDS_BUTTON_QUIT">
+        <source>&amp;Quit</source>
+        <translation>&amp;Quit</translation>
+    </message>
+    <message id="IDS_BUTTON_RETURN">
+        <source>&amp;Back</source>
+        <extracomment>Goes back to the first screen.</extracomment>
+        <translation>&amp;Back</translation>
     </message>
     <message id="IDS_CHECK_ATTACHMENT_FOLDER_MISSING">
         <source>Line %1 [%2]: the attachment folder [%3] does not exist, and an import would stop there. Check the name in the data file, or put the folder in this place.</source>
@@ -420,21 +458,93 @@
         <extracomment>Name on disk, the same in every language. Changing it makes older folders unreadable.</extracomment>
         <translation>名刺画像</translation>
     </message>
+    <message id="IDS_LABEL_CHOICE">
+        <source>What would you like to do?</source>
+        <extracomment>Title of the first screen.</extracomment>
+        <translation>What would you like to do?</translation>
+    </message>
+    <message id="IDS_LABEL_CHOICE_EXPORT">
+        <source>Writes every card of a card database into a folder, as a data file with images and attachments.</source>
+        <translation>Writes every card of a card database into a folder, as a data file with images and attachments.</translation>
+    </message>
+    <message id="IDS_LABEL_CHOICE_IMPORT">
+        <source>Adds the cards of such a folder to a card database. The card database is backed up first.</source>
+        <translation>Adds the cards of such a folder to a card database. The card database is backed up first.</translation>
+    </message>
+    <message id="IDS_LABEL_CLOSE_LATER">
+        <source>The card database is still being worked on. Cancel first, or wait for the end.</source>
+        <extracomment>Says why the window does not close.</extracomment>
+        <translation>The card database is still being worked on. Cancel first, or wait for the end.</translation>
+    </message>
+    <message id="IDS_LABEL_CURRENT_CARD">
+        <source>Card: %1</source>
+        <extracomment>%1: full name on the card.</extracomment>
+        <translation>Card: %1</translation>
+    </message>
     <message id="IDS_LABEL_EXPORT_DATA_PATH">
-        <source>Folder to export into:</source>
-        <translation>Folder to export into:</translation>
+        <source>F&amp;older to export into:</source>
+        <translation>F&amp;older to export into:</translation>
     </message>
     <message id="IDS_LABEL_EXPORT_VMDB_PATH">
-        <source>Card database to export:</source>
-        <translation>Card database to export:</translation>
+        <source>Card &amp;database to export:</source>
+        <translation>Card &amp;database to export:</translation>
     </message>
     <message id="IDS_LABEL_IMPORT_DATA_PATH">
-        <source>Interchange folder to import:</source>
-        <translation>Interchange folder to import:</translation>
+        <source>Interchange f&amp;older to import:</source>
+        <translation>Interchange f&amp;older to import:</translation>
     </message>
     <message id="IDS_LABEL_IMPORT_VMDB_PATH">
-        <source>Card database to import into:</source>
-        <translation>Card database to import into:</translation>
+        <source>Card &amp;database to import into:</source>
+        <translation>Card &amp;database to import into:</translation>
+    </message>
+    <message id="IDS_LABEL_KEEP_AWAKE">
+        <source>Business cards are being converted.</source>
+        <extracomment>Told to the desktop as the reason why the computer must not go to sleep.</extracomment>
+        <translation>Business cards are being converted.</translation>
+    </message>
+    <message id="IDS_LABEL_LAST_PATH">
+        <source>Last time: %1 (press ↓)</source>
+        <extracomment>Shown in the empty field. %1: path. Down takes it over.</extracomment>
+        <translation>Last time: %1 (press ↓)</translation>
+    </message>
+    <message id="IDS_LABEL_MENU">
+        <source>&amp;File</source>
+        <extracomment>The menu that holds Quit.</extracomment>
+        <translation>&amp;File</translation>
+    </message>
+    <message id="IDS_LABEL_MINUTES_LEFT">
+        <source>About %L1 min left</source>
+        <extracomment>%L1: minutes, 1 and more.</extracomment>
+        <translation>About %L1 min left</translation>
+    </message>
+    <message id="IDS_LABEL_PATH_IS_FILE">
+        <source>This is a file. Choose a folder.</source>
+        <extracomment>Below a path field.</extracomment>
+        <translation>This is a file. Choose a folder.</translation>
+    </message>
+    <message id="IDS_LABEL_PATH_NO_DATA_FILE">
+        <source>This folder holds no file [%1]. Choose the folder that holds it.</source>
+        <extracomment>Below a path field. %1: name of the data file.</extracomment>
+        <translation>This folder holds no file [%1]. Choose the folder that holds it.</translation>
+    </message>
+    <message id="IDS_LABEL_PATH_NO_DATABASE">
+        <source>This folder is no card database. Choose a folder whose name ends in ".vmdb".</source>
+        <extracomment>Below a path field.</extracomment>
+        <translation>This folder is no card database. Choose a folder whose name ends in ".vmdb".</translation>
+    </message>
+    <message id="IDS_LABEL_PATH_NOT_FOUND">
+        <source>There is nothing at this path. Check it, or choose with the button.</source>
+        <extracomment>Below a path field.</extracomment>
+        <translation>There is nothing at this path. Check it, or choose with the button.</translation>
+    </message>
+    <message id="IDS_LABEL_PROGRESS">
+        <source>Progress</source>
+        <extracomment>What a screen reader calls the progress bar.</extracomment>
+        <translation>Progress</translation>
+    </message>
+    <message id="IDS_LABEL_SECONDS_LEFT">
+        <source>Less than a minute left</source>
+        <translation>Less than a minute left</translation>
     </message>
     <message id="IDS_LBL_BACKUP">
         <source>Backup</source>

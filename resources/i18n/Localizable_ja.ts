@@ -5,19 +5,44 @@
 <context>
     <name></name>
     <message id="IDS_BUTTON_CANCEL">
-        <source>Cancel</source>
+        <source>C&amp;ancel</source>
         <extracomment>The same button while an operation runs.</extracomment>
-        <translation>キャンセル</translation>
+        <translation>キャンセル(&amp;A)</translation>
+    </message>
+    <message id="IDS_BUTTON_CHOOSE_DATABASE">
+        <source>Choose Databa&amp;se…</source>
+        <extracomment>Opens the panel that chooses a card database.</extracomment>
+        <translation>データベースを選択(&amp;S)...</translation>
+    </message>
+    <message id="IDS_BUTTON_CHOOSE_EXPORT">
+        <source>&amp;Export cards</source>
+        <extracomment>Choice of the first screen.</extracomment>
+        <translation>名刺をエクスポート(&amp;E)</translation>
+    </message>
+    <message id="IDS_BUTTON_CHOOSE_FOLDER">
+        <source>&amp;Choose Folder…</source>
+        <extracomment>Opens the panel that chooses a folder.</extracomment>
+        <translation>フォルダを選択(&amp;C)...</translation>
+    </message>
+    <message id="IDS_BUTTON_CHOOSE_IMPORT">
+        <source>&amp;Import cards</source>
+        <extracomment>Choice of the first screen.</extracomment>
+        <translation>名刺をインポート(&amp;I)</translation>
+    </message>
+    <message id="IDS_BUTTON_CONTINUE">
+        <source>&amp;Continue</source>
+        <extracomment>Goes from the first screen to the second.</extracomment>
+        <translation>続ける(&amp;C)</translation>
     </message>
     <message id="IDS_BUTTON_EXPORT">
-        <source>Export</source>
+        <source>&amp;Export</source>
         <extracomment>Button that starts the operation.</extracomment>
-        <translation>エクスポート</translation>
+        <translation>エクスポート(&amp;E)</translation>
     </message>
     <message id="IDS_BUTTON_IMPORT">
-        <source>Import</source>
+        <source>&amp;Import</source>
         <extracomment>Button that starts the operation.</extracomment>
-        <translation>インポート</translation>
+        <translation>インポート(&amp;I)</translation>
     </message>
     <message id="IDS_BUTTON_MSG_CANCEL">
         <source>Cancel</source>
@@ -34,6 +59,19 @@
     <message id="IDS_BUTTON_MSG_YES">
         <source>Yes</source>
         <translation>はい</translation>
+    </message>
+    <message id="IDS_BUTTON_OPEN_LOG">
+        <source>Open &amp;Log</source>
+        <translation>ログを開く(&amp;L)</translation>
+    </message>
+    <message id="IDS_BUTTON_QUIT">
+        <source>&amp;Quit</source>
+        <translation>終了(&amp;Q)</translation>
+    </message>
+    <message id="IDS_BUTTON_RETURN">
+        <source>&amp;Back</source>
+        <extracomment>Goes back to the first screen.</extracomment>
+        <translation>戻る(&amp;B)</translation>
     </message>
     <message id="IDS_CHECK_ATTACHMENT_FOLDER_MISSING">
         <source>Line %1 [%2]: the attachment folder [%3] does not exist, and an import would stop there. Check the name in the data file, or put the folder in this place.</source>
@@ -420,21 +458,93 @@
         <extracomment>Name on disk, the same in every language. Changing it makes older folders unreadable.</extracomment>
         <translation>名刺画像</translation>
     </message>
+    <message id="IDS_LABEL_CHOICE">
+        <source>What would you like to do?</source>
+        <extracomment>Title of the first screen.</extracomment>
+        <translation>実行する処理を選択してください</translation>
+    </message>
+    <message id="IDS_LABEL_CHOICE_EXPORT">
+        <source>Writes every card of a card database into a folder, as a data file with images and attachments.</source>
+        <translation>名刺データベースのすべての名刺を、データファイル、画像、添付ファイルとしてフォルダに書き出します。</translation>
+    </message>
+    <message id="IDS_LABEL_CHOICE_IMPORT">
+        <source>Adds the cards of such a folder to a card database. The card database is backed up first.</source>
+        <translation>データフォルダの名刺を名刺データベースに追加します。追加する前に、名刺データベースをバックアップします。</translation>
+    </message>
+    <message id="IDS_LABEL_CLOSE_LATER">
+        <source>The card database is still being worked on. Cancel first, or wait for the end.</source>
+        <extracomment>Says why the window does not close.</extracomment>
+        <translation>名刺データベースを処理中です。先にキャンセルするか、終了するまでお待ちください。</translation>
+    </message>
+    <message id="IDS_LABEL_CURRENT_CARD">
+        <source>Card: %1</source>
+        <extracomment>%1: full name on the card.</extracomment>
+        <translation>名刺: %1</translation>
+    </message>
     <message id="IDS_LABEL_EXPORT_DATA_PATH">
-        <source>Folder to export into:</source>
-        <translation>エクスポート先のフォルダ:</translation>
+        <source>F&amp;older to export into:</source>
+        <translation>エクスポート先のフォルダ(&amp;O):</translation>
     </message>
     <message id="IDS_LABEL_EXPORT_VMDB_PATH">
-        <source>Card database to export:</source>
-        <translation>エクスポートする名刺データベース:</translation>
+        <source>Card &amp;database to export:</source>
+        <translation>エクスポートする名刺データベース(&amp;D):</translation>
     </message>
     <message id="IDS_LABEL_IMPORT_DATA_PATH">
-        <source>Interchange folder to import:</source>
-        <translation>インポートするデータフォルダ:</translation>
+        <source>Interchange f&amp;older to import:</source>
+        <translation>インポートするデータフォルダ(&amp;O):</translation>
     </message>
     <message id="IDS_LABEL_IMPORT_VMDB_PATH">
-        <source>Card database to import into:</source>
-        <translation>インポート先の名刺データベース:</translation>
+        <source>Card &amp;database to import into:</source>
+        <translation>インポート先の名刺データベース(&amp;D):</translation>
+    </message>
+    <message id="IDS_LABEL_KEEP_AWAKE">
+        <source>Business cards are being converted.</source>
+        <extracomment>Told to the desktop as the reason why the computer must not go to sleep.</extracomment>
+        <translation>名刺データを変換しています。</translation>
+    </message>
+    <message id="IDS_LABEL_LAST_PATH">
+        <source>Last time: %1 (press ↓)</source>
+        <extracomment>Shown in the empty field. %1: path. Down takes it over.</extracomment>
+        <translation>前回: %1 (↓キーで入力)</translation>
+    </message>
+    <message id="IDS_LABEL_MENU">
+        <source>&amp;File</source>
+        <extracomment>The menu that holds Quit.</extracomment>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message id="IDS_LABEL_MINUTES_LEFT">
+        <source>About %L1 min left</source>
+        <extracomment>%L1: minutes, 1 and more.</extracomment>
+        <translation>残り約%L1分</translation>
+    </message>
+    <message id="IDS_LABEL_PATH_IS_FILE">
+        <source>This is a file. Choose a folder.</source>
+        <extracomment>Below a path field.</extracomment>
+        <translation>これはファイルです。フォルダを選択してください。</translation>
+    </message>
+    <message id="IDS_LABEL_PATH_NO_DATA_FILE">
+        <source>This folder holds no file [%1]. Choose the folder that holds it.</source>
+        <extracomment>Below a path field. %1: name of the data file.</extracomment>
+        <translation>このフォルダに [%1] がありません。このファイルがあるフォルダを選択してください。</translation>
+    </message>
+    <message id="IDS_LABEL_PATH_NO_DATABASE">
+        <source>This folder is no card database. Choose a folder whose name ends in ".vmdb".</source>
+        <extracomment>Below a path field.</extracomment>
+        <translation>このフォルダは名刺データベースではありません。名前の末尾が「.vmdb」のフォルダを選択してください。</translation>
+    </message>
+    <message id="IDS_LABEL_PATH_NOT_FOUND">
+        <source>There is nothing at this path. Check it, or choose with the button.</source>
+        <extracomment>Below a path field.</extracomment>
+        <translation>このパスには何もありません。パスを確認するか、ボタンで選択してください。</translation>
+    </message>
+    <message id="IDS_LABEL_PROGRESS">
+        <source>Progress</source>
+        <extracomment>What a screen reader calls the progress bar.</extracomment>
+        <translation>進行状況</translation>
+    </message>
+    <message id="IDS_LABEL_SECONDS_LEFT">
+        <source>Less than a minute left</source>
+        <translation>残り1分未満</translation>
     </message>
     <message id="IDS_LBL_BACKUP">
         <source>Backup</source>

@@ -1,0 +1,343 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/DBCConverterWindowController.h"
+
+#include "app/DBCConverterWindowTexts.h"
+#include "app/DBCFilePanels.h"
+#include "app/DBCLocalizedWidgets.h"
+#include "app/DBCLogViewer.h"
+#include "app/DBCMainWindowController.h"
+#include "app/DBCPaths.h"
+#include "carddb/DBCPackageLayout.h"
+#include "operation/DBCLog.h"
+#include "operation/DBCMessage.h"
+#include "operation/DBCSettings.h"
+#include "ui_DBCConverterView.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QShortcut>
+#include <QToolTip>
+
+namespace {
+
+// Places in the path area: the source on top, an arrow, the target.
+constexpr int upperPlace = 0;
+constexpr int lowerPlace = 2;
+
+constexpr int linesOfMessageArea = 3;
+
+constexpr int millisecondsBetweenAnswers = 5;
+
+bool isFolder(const QString& path)
+{
+    return !path.isEmpty() && QFileInfo(path).isDir();
+}
+
+// Room for texts that come and go, so that nothing else moves when they do.
+void reserveLines(QWidget& widget, int lines)
+{
+    widget.setMinimumHeight(widget.fontMetrics().lineSpacing() * lines);
+}
+
+QString standardPackage()
+{
+    return DBCConverterWindowController::_getDefaultDBPath() + u'/'
+        + QStringView(DBCPackageLayout::defaultName).toString();
+}
+
+} // namespace
+
+DBCConverterWindowController::DBCConverterWindowController(
+    DBCMainWindowController& mainWndCtrl, QAction& menuItemTerminate)
+    : _mainWndCtrl(mainWndCtrl)
+    , _menuItemTerminate(menuItemTerminate)
+    , _converterView(new QWidget(&mainWndCtrl))
+    , _ui(std::make_unique<Ui::DBCConverterView>())
+    , _convertKey(new QShortcut(_converterView))
+    , _presenter(mainWndCtrl)
+{
+    _ui->setupUi(_converterView);
+    _converterView->hide();
+    localizeWidgets(*_converterView);
+    _dataPathHint = std::make_unique<DBCPathHint>(*_ui->_dataPathTextField, *_ui->dataPathReason);
+    _vmdbPathHint = std::make_unique<DBCPathHint>(*_ui->_vmdbPathTextField, *_ui->vmdbPathReason);
+    _connectControls();
+    _registerObsever();
+}
+
+DBCConverterWindowController::~DBCConverterWindowController()
+{
+    windDown();
+}
+
+void DBCConverterWindowController::_connectControls()
+{
+    using Self = DBCConverterWindowController;
+    const auto onClick = [this](QPushButton* button, void (Self::*action)()) {
+        connect(button, &QPushButton::clicked, this, action);
+    };
+    onClick(_ui->_dataPathSelectionBtn, &Self::selectDataFilePathAction);
+    onClick(_ui->_vmdbPathSelectionBtn, &Self::selectDBFilePathAction);
+    onClick(_ui->_openLogBtn, &Self::readLogAction);
+    onClick(_ui->_return2MainWindowBtn, &Self::return2MainWndAction);
+    onClick(_ui->_closeBtn, &Self::quitBtnAction);
+    connect(_ui->_convertBtn, &QPushButton::clicked, this,
+        [this] { isRunning() ? cancelConverting() : convertAction(); });
+    connect(_convertKey, &QShortcut::activated, _ui->_convertBtn, &QPushButton::click);
+    for (QLineEdit* const field : {_ui->_dataPathTextField, _ui->_vmdbPathTextField}) {
+        connect(field, &QLineEdit::textChanged, this, &Self::controlTextDidChange);
+        connect(field, &QLineEdit::returnPressed, _ui->_convertBtn, &QPushButton::click);
+    }
+    connect(
+        new QShortcut(Qt::Key_Down, _ui->_dataPathTextField, nullptr, nullptr, Qt::WidgetShortcut),
+        &QShortcut::activated, this, &Self::_takeLastDataPath);
+    _runningTimer.setSingleShot(true);
+    connect(&_runningTimer, &QTimer::timeout, this, &Self::_showRunning);
+}
+
+void DBCConverterWindowController::setOperationType(OperationType type)
+{
+    _operationType = type;
+    _initConverterWindow();
+}
+
+void DBCConverterWindowController::_initConverterWindow()
+{
+    const DBCLog* const log = DBCLog::logInstance();
+    setLogFilePath(log ? log->logFilePath() : QString());
+    _setOpenLogBtnStatus();
+    _ui->_dataPathTextField->clear();
+    _ui->_vmdbPathTextField->clear();
+    for (QLabel* const reason : {_ui->dataPathReason, _ui->vmdbPathReason})
+        reserveLines(*reason, 1);
+    reserveLines(*_ui->currentCard, 1);
+    reserveLines(*_ui->_messageArea, linesOfMessageArea);
+    _initMsgAndProgressBar();
+    _showOperationTexts();
+    _orderPathBoxes();
+    _mainWndCtrl.showView(_converterView);
+    _fillDefaultPaths();
+    _setBtnStatus();
+    (_isImport() ? _ui->_dataPathTextField : _ui->_vmdbPathTextField)->setFocus();
+}
+
+void DBCConverterWindowController::_showOperationTexts()
+{
+    const DBCConverterWindowTexts& texts = _texts();
+    _ui->_dataPathTitleTextField->setText(texts.dataPathLabel.text());
+    _ui->_vmdbPathTitleTextField->setText(texts.databasePathLabel.text());
+    _restoreToConvertBtn();
+    _dataPathHint->setSubject(
+        _isImport() ? DBCPathHint::Subject::InterchangeFolder : DBCPathHint::Subject::ExportParent);
+    _vmdbPathHint->setSubject(DBCPathHint::Subject::CardDatabase);
+    _lastDataPath = DBCPaths::lastDataPath(_operationType);
+    _ui->_dataPathTextField->setPlaceholderText(_lastDataPath.isEmpty()
+            ? QString()
+            : getLocalString(QStringLiteral("IDS_LABEL_LAST_PATH"), {_lastDataPath}));
+}
+
+void DBCConverterWindowController::_orderPathBoxes()
+{
+    QWidget* const upper = _isImport() ? _ui->_dataPathBox : _ui->_vmdbPathBox;
+    QWidget* const lower = _isImport() ? _ui->_vmdbPathBox : _ui->_dataPathBox;
+    QVBoxLayout* const area = _ui->pathArea;
+    area->removeWidget(upper);
+    area->removeWidget(lower);
+    area->insertWidget(upperPlace, upper);
+    area->insertWidget(lowerPlace, lower);
+
+    const std::array<QWidget*, 2> data {_ui->_dataPathTextField, _ui->_dataPathSelectionBtn};
+    const std::array<QWidget*, 2> database {_ui->_vmdbPathTextField, _ui->_vmdbPathSelectionBtn};
+    const auto& first = _isImport() ? data : database;
+    const auto& second = _isImport() ? database : data;
+    const std::array<QWidget*, 9> order {first[0], first[1], second[0], second[1],
+        _ui->_messageArea, _ui->_openLogBtn, _ui->_return2MainWindowBtn, _ui->_closeBtn,
+        _ui->_convertBtn};
+    for (std::size_t i = 1; i < order.size(); ++i)
+        QWidget::setTabOrder(order.at(i - 1), order.at(i));
+}
+
+void DBCConverterWindowController::_fillDefaultPaths()
+{
+    const QString preferred = DBCSettings::mainApplicationDatabasePath().value_or(QString());
+    for (const QString& package : {preferred, standardPackage()}) {
+        if (isFolder(package)) {
+            _ui->_vmdbPathTextField->setText(package);
+            break;
+        }
+    }
+    const QString folder = _getDefaultDataFilePath().value_or(QString());
+    if (!_isImport() && isFolder(folder))
+        _ui->_dataPathTextField->setText(folder);
+}
+
+QString DBCConverterWindowController::_getDefaultDBPath()
+{
+    return DBCPreconditions::_getDefaultDBPath();
+}
+
+std::optional<QString> DBCConverterWindowController::_getDefaultDataFilePath()
+{
+    return DBCPreconditions::_getDefaultDataFilePath();
+}
+
+// Down in the empty field takes what its placeholder offers.
+void DBCConverterWindowController::_takeLastDataPath()
+{
+    if (_ui->_dataPathTextField->text().isEmpty())
+        _ui->_dataPathTextField->setText(_lastDataPath);
+}
+
+void DBCConverterWindowController::selectDataFilePathAction()
+{
+    const QString typed = _dataPath();
+    DBCFolderPanel panel(&_mainWndCtrl,
+        getLocalString(QStringLiteral("IDS_OPEN_DATA_FILE_PANEL_TITLE")),
+        isFolder(typed) ? typed : _getDefaultDataFilePath().value_or(QString()),
+        _isImport() ? DBCFolderPanel::NewFolders::Forbidden : DBCFolderPanel::NewFolders::Allowed);
+    if (panel.exec() == QDialog::Accepted) {
+        _ui->_dataPathTextField->setText(panel.selectedFiles().value(0));
+        _setBtnStatus();
+    }
+}
+
+void DBCConverterWindowController::selectDBFilePathAction()
+{
+    const QString typed = _databasePath();
+    DBCPackagePanel panel(&_mainWndCtrl,
+        getLocalString(QStringLiteral("IDS_OPEN_VMDB_FILE_PANEL_TITLE")),
+        isFolder(typed) ? typed : standardPackage());
+    if (panel.exec() == QDialog::Accepted) {
+        _ui->_vmdbPathTextField->setText(panel.selectedFiles().value(0));
+        _setBtnStatus();
+    }
+}
+
+bool DBCConverterWindowController::canTakeDrop(const QString& path) const
+{
+    return _converterView->isVisible() && _ui->_dataPathTextField->isEnabled() && isFolder(path);
+}
+
+void DBCConverterWindowController::takeDrop(const QString& path)
+{
+    QLineEdit* const field
+        = DBCPaths::isPackage(path) ? _ui->_vmdbPathTextField : _ui->_dataPathTextField;
+    field->setText(path);
+    field->setFocus();
+}
+
+QString DBCConverterWindowController::_dataPath() const
+{
+    return DBCPaths::usable(_ui->_dataPathTextField->text());
+}
+
+QString DBCConverterWindowController::_databasePath() const
+{
+    return DBCPaths::usable(_ui->_vmdbPathTextField->text());
+}
+
+DBCPreconditions DBCConverterWindowController::_preconditions() const
+{
+    return {_dataPath(), _databasePath(), _operationType};
+}
+
+bool DBCConverterWindowController::_checkPrecondition() const
+{
+    return _preconditions()._checkPrecondition();
+}
+
+bool DBCConverterWindowController::_dataPathCheck() const
+{
+    return _preconditions()._dataPathCheck();
+}
+
+bool DBCConverterWindowController::_vmdbPathCheck() const
+{
+    return _preconditions()._vmdbPathCheck();
+}
+
+bool DBCConverterWindowController::createExportFolder() const
+{
+    return _preconditions().createExportFolder();
+}
+
+DBCResultCode DBCConverterWindowController::_networkPathCheck(const QString& path)
+{
+    return DBCPreconditions::_networkPathCheck(path);
+}
+
+void DBCConverterWindowController::convertAction()
+{
+    if (!_checkPrecondition())
+        return;
+    _disenableAllButtons();
+    _redrawProgressBox();
+    _initMsgAndProgressBar();
+    _disenableMenuItem();
+    _enableWindowsCloseBtnWith(false);
+    DBCPaths::rememberDataPath(_operationType, _dataPath());
+    _startOperation();
+}
+
+void DBCConverterWindowController::_startOperation()
+{
+    if (_operationThread)
+        _operationThread->wait();
+    _IsCloseApp = false;
+    _ctrlDBCConverterController
+        = DBCConverterController::initWith(_dataPath(), _databasePath(), _operationType);
+    _ctrlDBCConverterController->setWindowController(this);
+    _ctrlDBCConverterController->setFactories(_factories);
+    _inhibitor.hold(getLocalString(QStringLiteral("IDS_LABEL_KEEP_AWAKE")));
+    _isOperationRunning = true;
+    _operationThread.reset(
+        QThread::create([controller = _ctrlDBCConverterController.get()] { controller->run(); }));
+    _operationThread->start();
+}
+
+void DBCConverterWindowController::windDown()
+{
+    _presenter.leaveUnattended();
+    if (!_operationThread)
+        return;
+    _ctrlDBCConverterController->setConfirmCancelOperation(true);
+    // The operation thread waits for the answer to each event and question, and there may be no
+    // event loop left to give it.
+    while (!_operationThread->wait(QDeadlineTimer(millisecondsBetweenAnswers))) {
+        QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+        QCoreApplication::sendPostedEvents(&_presenter, QEvent::MetaCall);
+    }
+    _isOperationRunning = false;
+}
+
+void DBCConverterWindowController::readLogAction()
+{
+    const QFileInfo log(_logPathString);
+    if (_logPathString.isEmpty() || !log.exists() || log.isDir())
+        DBCMessage::ShowErrorMessage(101);
+    else if (!showLogFile(_logPathString, &_mainWndCtrl))
+        DBCMessage::ShowErrorMessage(108);
+}
+
+void DBCConverterWindowController::return2MainWndAction()
+{
+    _mainWndCtrl.initMainWindow();
+}
+
+void DBCConverterWindowController::quitBtnAction()
+{
+    _mainWndCtrl.quitBtnAction();
+}
+
+void DBCConverterWindowController::controlTextDidChange()
+{
+    _setBtnStatus();
+}
+
+void DBCConverterWindowController::explainWhyItStaysOpen() const
+{
+    const QWidget& button = *_ui->_convertBtn;
+    QToolTip::showText(button.mapToGlobal(QPoint(0, 0)),
+        getLocalString(QStringLiteral("IDS_LABEL_CLOSE_LATER")), _ui->_convertBtn);
+}

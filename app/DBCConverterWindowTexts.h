@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the converter screen says of each operation, as keys of the strings table.
+#pragma once
+
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCConverterController.h"
+
+#include <QKeySequence>
+
+struct DBCConverterWindowTexts {
+    struct Key {
+        const char* name;
+        QString text(const DBCMessageArguments& arguments = {}) const
+        {
+            return getLocalString(QString::fromLatin1(name), arguments);
+        }
+    };
+
+    Key dataPathLabel;
+    Key databasePathLabel;
+    Key convertButton;
+    QKeyCombination convertKey;
+    Key label; // the operation's name
+    Key progress; // %1: percentage
+    Key finishedCount; // %L1: count
+    Key quitQuestion; // %L1: count
+
+    // Import's for any type but export.
+    static const DBCConverterWindowTexts& of(OperationType type);
+};

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The program's window in a home of its own, with every message and question answered in advance:
+//
+//     WindowFixture fixture;
+//     fixture.choose(OperationType::Import);
+//     fixture.send({.name = DBCEventName::ImportWillBegin});
+//     QCOMPARE(fixture.hint(), u"Importing: 0%"_qs);
+#pragma once
+
+#include "app/DBCConverterWindowController.h"
+#include "app/DBCMainWindowController.h"
+#include "app/DBCMessageArea.h"
+#include "tests/support/RecordingPresenter.h"
+#include "tests/support/ScopedHost.h"
+#include "tests/support/TestHome.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+
+struct WindowFixture {
+    WindowFixture()
+    {
+        host->applicationsFolder = home.path(QStringLiteral("Applications"));
+        window.show();
+    }
+
+    template <typename Control> Control& control(const char* name)
+    {
+        auto* const found = window.findChild<Control*>(QLatin1StringView(name));
+        if (!found)
+            qFatal("the window has no control %s", name);
+        return *found;
+    }
+    QPushButton& button(const char* name) { return control<QPushButton>(name); }
+    QLineEdit& dataPath() { return control<QLineEdit>("_dataPathTextField"); }
+    QLineEdit& databasePath() { return control<QLineEdit>("_vmdbPathTextField"); }
+    QPushButton& convert() { return button("_convertBtn"); }
+    QProgressBar& bar() { return control<QProgressBar>("_progressBar"); }
+    QString hint() { return control<QLabel>("_progressHint").text(); }
+    DBCMessageArea& messageArea() { return control<DBCMessageArea>("_messageArea"); }
+    // What the area says, line by line, as a screen reader gets it.
+    QString message() { return messageArea().accessibleName(); }
+    bool isMessageRed()
+    {
+        return messageArea().text().contains(
+            DBCMessageArea::attentionColor(messageArea().palette()).name());
+    }
+    // "2 of 102", or "busy" while the bar moves to and fro.
+    QString barText()
+    {
+        if (bar().minimum() == 0 && bar().maximum() == 0)
+            return QStringLiteral("busy");
+        return QStringLiteral("%1 of %2").arg(bar().value()).arg(bar().maximum());
+    }
+
+    void choose(OperationType type)
+    {
+        control<QRadioButton>(type == OperationType::Export ? "exportChoice" : "importChoice")
+            .setChecked(true);
+        button("continueBtn").click();
+    }
+    void send(const DBCEvent& event) { window.converter().refreshProgress(event); }
+    QAction& quitMenuItem()
+    {
+        return *window.findChild<QAction*>(QStringLiteral("_menuItemTerminate"));
+    }
+
+    // The names of the controls that can be used, sorted: what the user sees of a state.
+    QStringList enabledControls()
+    {
+        static const QStringList names {QStringLiteral("_closeBtn"), QStringLiteral("_convertBtn"),
+            QStringLiteral("_dataPathSelectionBtn"), QStringLiteral("_dataPathTextField"),
+            QStringLiteral("_dataPathTitleTextField"), QStringLiteral("_openLogBtn"),
+            QStringLiteral("_return2MainWindowBtn"), QStringLiteral("_vmdbPathSelectionBtn"),
+            QStringLiteral("_vmdbPathTextField"), QStringLiteral("_vmdbPathTitleTextField")};
+        QStringList enabled;
+        for (const QString& name : names) {
+            if (control<QWidget>(qPrintable(name)).isEnabled())
+                enabled << name;
+        }
+        return enabled;
+    }
+
+    TestHome home;
+    ScopedHost host;
+    DBCMainWindowController window;
+    RecordingPresenter presenter; // takes the place of the window's own
+};
