@@ -254,8 +254,11 @@ void tst_mainWindow::nothingIsCutOffAtTheSmallestSize()
             const int neededHeight = widget->hasHeightForWidth()
                 ? widget->heightForWidth(widget->width())
                 : widget->sizeHint().height();
-            QVERIFY2(
-                widget->height() >= neededHeight, qPrintable(QStringLiteral("%1 %2 %3 %4").arg(screen, widget->objectName()).arg(widget->height()).arg(neededHeight)));
+            QVERIFY2(widget->height() >= neededHeight,
+                qPrintable(QStringLiteral("%1 %2 %3 %4")
+                               .arg(screen, widget->objectName())
+                               .arg(widget->height())
+                               .arg(neededHeight)));
             const auto* const label = qobject_cast<const QLabel*>(widget);
             if (!label || !label->wordWrap())
                 QVERIFY2(widget->width() >= widget->minimumSizeHint().width(),
