@@ -7,6 +7,7 @@
 #include "app/DBCLogViewer.h"
 #include "app/DBCMainWindowController.h"
 #include "app/DBCPaths.h"
+#include "app/DBCSingleInstance.h"
 #include "carddb/DBCPackageLayout.h"
 #include "operation/DBCLog.h"
 #include "operation/DBCMessage.h"
@@ -56,12 +57,18 @@ DBCConverterWindowController::DBCConverterWindowController(
     , _ui(std::make_unique<Ui::DBCConverterView>())
     , _convertKey(new QShortcut(_converterView))
     , _presenter(mainWndCtrl)
+    , _notification([&mainWndCtrl] { DBCSingleInstance::bringToFront(mainWndCtrl, {}); })
 {
     _ui->setupUi(_converterView);
     _converterView->hide();
     localizeWidgets(*_converterView);
     _dataPathHint = std::make_unique<DBCPathHint>(*_ui->_dataPathTextField, *_ui->dataPathReason);
     _vmdbPathHint = std::make_unique<DBCPathHint>(*_ui->_vmdbPathTextField, *_ui->vmdbPathReason);
+    // Fields that begin and end at the same places, whatever the buttons are called.
+    const int width = std::max(_ui->_dataPathSelectionBtn->sizeHint().width(),
+        _ui->_vmdbPathSelectionBtn->sizeHint().width());
+    _ui->_dataPathSelectionBtn->setMinimumWidth(width);
+    _ui->_vmdbPathSelectionBtn->setMinimumWidth(width);
     _connectControls();
     _registerObsever();
 }
@@ -316,8 +323,8 @@ void DBCConverterWindowController::readLogAction()
     const QFileInfo log(_logPathString);
     if (_logPathString.isEmpty() || !log.exists() || log.isDir())
         DBCMessage::ShowErrorMessage(101);
-    else if (!showLogFile(_logPathString, &_mainWndCtrl))
-        DBCMessage::ShowErrorMessage(108);
+    else
+        showLogFile(_logPathString, &_mainWndCtrl, [] { DBCMessage::ShowErrorMessage(108); });
 }
 
 void DBCConverterWindowController::return2MainWndAction()

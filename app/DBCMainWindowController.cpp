@@ -97,7 +97,8 @@ void DBCMainWindowController::showView(QWidget* view)
     // Wrapped texts need more lines the narrower the window is, which a smallest size made from
     // single widgets does not know.
     const QLayout& layout = *view->layout();
-    view->setMinimumHeight(layout.totalHeightForWidth(layout.totalMinimumSize().width()));
+    if (layout.hasHeightForWidth())
+        view->setMinimumHeight(layout.totalHeightForWidth(layout.totalMinimumSize().width()));
     setCentralWidget(view);
     view->show();
     if (!isMaximized() && !isFullScreen())

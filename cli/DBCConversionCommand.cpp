@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/DBCCommands.h"
-#include "cli/DBCSignalWatcher.h"
+#include "operation/DBCSignalWatcher.h"
 #include "datafile/DBCInterchangeNames.h"
 #include "datafile/DBCLocalizable.h"
 #include "operation/DBCConverterController.h"

@@ -125,6 +125,7 @@ DBCHost DBCHost::real()
     host.programFolder = ::programFolder();
     host.mountTable = QStringLiteral("/proc/self/mountinfo");
     host.diskUsageProgram = QStringLiteral("/usr/bin/du");
+    host.fileOpener = QStringLiteral("xdg-open");
     return host;
 }
 

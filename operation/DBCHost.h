@@ -28,6 +28,7 @@ struct DBCHost {
     QString programFolder; // the folder that holds this program
     QString mountTable; // "/proc/self/mountinfo"
     QString diskUsageProgram; // "/usr/bin/du"
+    QString fileOpener; // "xdg-open", which opens a file as the desktop does
 
     // The machine as it is.
     static DBCHost real();

@@ -39,6 +39,11 @@
         <extracomment>Button that starts the operation.</extracomment>
         <translation>&amp;Export</translation>
     </message>
+    <message id="IDS_BUTTON_FIND_NEXT">
+        <source>Find &amp;Next</source>
+        <extracomment>In the viewer of the log.</extracomment>
+        <translation>Find &amp;Next</translation>
+    </message>
     <message id="IDS_BUTTON_IMPORT">
         <source>&amp;Import</source>
         <extracomment>Button that starts the operation.</extracomment>
@@ -489,6 +494,11 @@
         <source>Card &amp;database to export:</source>
         <translation>Card &amp;database to export:</translation>
     </message>
+    <message id="IDS_LABEL_FIND">
+        <source>&amp;Find:</source>
+        <extracomment>In the viewer of the log.</extracomment>
+        <translation>&amp;Find:</translation>
+    </message>
     <message id="IDS_LABEL_IMPORT_DATA_PATH">
         <source>Interchange f&amp;older to import:</source>
         <translation>Interchange f&amp;older to import:</translation>
@@ -507,6 +517,11 @@
         <extracomment>Shown in the empty field. %1: path. Down takes it over.</extracomment>
         <translation>Last time: %1 (press ↓)</translation>
     </message>
+    <message id="IDS_LABEL_LOG_TAIL">
+        <source>(This is the end of a long log. All of it is in [%1].)</source>
+        <extracomment>First line of the viewer. %1: path.</extracomment>
+        <translation>(This is the end of a long log. All of it is in [%1].)</translation>
+    </message>
     <message id="IDS_LABEL_MENU">
         <source>&amp;File</source>
         <extracomment>The menu that holds Quit.</extracomment>
@@ -516,6 +531,11 @@
         <source>About %L1 min left</source>
         <extracomment>%L1: minutes, 1 and more.</extracomment>
         <translation>About %L1 min left</translation>
+    </message>
+    <message id="IDS_LABEL_NO_SINGLE_COPY">
+        <source>VelmoraConverter was not started: another copy seems to run but does not answer, or its runtime folder cannot be used. Quit the other copy, or log out and in again, then start it once more.</source>
+        <extracomment>Written to the terminal.</extracomment>
+        <translation>VelmoraConverter was not started: another copy seems to run but does not answer, or its runtime folder cannot be used. Quit the other copy, or log out and in again, then start it once more.</translation>
     </message>
     <message id="IDS_LABEL_PATH_IS_FILE">
         <source>This is a file. Choose a folder.</source>

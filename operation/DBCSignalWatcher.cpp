@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/DBCSignalWatcher.h"
+#include "operation/DBCSignalWatcher.h"
 
 #include <pthread.h>
 #include <sys/signalfd.h>

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Asks the desktop to keep the computer awake, where it offers that; elsewhere nothing happens. The
+// window never waits for the desktop's answer.
+#pragma once
+
+#include <QObject>
+
+#include <functional>
+
+class DBCSuspendInhibitor : public QObject {
+public:
+    ~DBCSuspendInhibitor() override { release(); }
+
+    // reason: shown by the desktop.
+    void hold(const QString& reason);
+    void release();
+
+private:
+    quint64 _holding = 0; // number of the current hold; 0: none
+    quint64 _holds = 0;
+    QList<std::function<void()>> _releases; // of what the desktop has granted
+};

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/DBCConverterWindowController.h"
+#include "app/DBCMainWindowController.h"
+#include "app/DBCSingleInstance.h"
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCSettings.h"
+#include "operation/DBCSignalWatcher.h"
+#include "operation/DBCStandardDescriptors.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+DBCConverterWindowController* screen = nullptr;
+
+// A display that goes away ends the program inside the event loop, and an operation must not be
+// left halfway even then.
+void windDownAtExit()
+{
+    if (screen)
+        screen->windDown();
+}
+
+void explain(const char* key)
+{
+    std::fprintf(stderr, "%s\n", qUtf8Printable(getLocalString(QString::fromLatin1(key))));
+}
+
+int runWindow(DBCSingleInstance& instance)
+{
+    DBCMainWindowController window;
+    screen = &window.converter();
+    std::atexit(windDownAtExit);
+    const DBCSignalWatcher signalWatcher([] {
+        screen->windDown();
+        QCoreApplication::quit();
+    });
+    QObject::connect(&instance, &DBCSingleInstance::raiseRequested, &window,
+        [&](const QByteArray& token) { DBCSingleInstance::bringToFront(window, token); });
+    QObject::connect(&window, &DBCMainWindowController::terminateRequested, qApp,
+        &QCoreApplication::quit, Qt::QueuedConnection);
+    window.show();
+    const int result = QApplication::exec();
+    screen = nullptr;
+    return result;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    keepStandardDescriptorsOpen();
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("VelmoraConverter"));
+    QGuiApplication::setDesktopFileName(QString::fromLatin1(DBCSettings::bundleIdentifier));
+
+    DBCSingleInstance instance;
+    switch (instance.claim()) {
+    case DBCSingleInstance::Role::First:
+        return runWindow(instance);
+    case DBCSingleInstance::Role::Second:
+        return EXIT_SUCCESS;
+    case DBCSingleInstance::Role::Undetermined:
+        explain("IDS_LABEL_NO_SINGLE_COPY");
+        return EXIT_SUCCESS;
+    }
+    Q_UNREACHABLE();
+}
