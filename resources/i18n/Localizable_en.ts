@@ -542,20 +542,20 @@
         <extracomment>Below a path field.</extracomment>
         <translation>This is a file. Choose a folder.</translation>
     </message>
-    <message id="IDS_LABEL_PATH_NO_DATA_FILE">
-        <source>This folder holds no file [%1]. Choose the folder that holds it.</source>
-        <extracomment>Below a path field. %1: name of the data file.</extracomment>
-        <translation>This folder holds no file [%1]. Choose the folder that holds it.</translation>
+    <message id="IDS_LABEL_PATH_NOT_FOUND">
+        <source>There is nothing at this path. Check it, or choose with the button.</source>
+        <extracomment>Below a path field.</extracomment>
+        <translation>There is nothing at this path. Check it, or choose with the button.</translation>
     </message>
     <message id="IDS_LABEL_PATH_NO_DATABASE">
         <source>This folder is no card database. Choose a folder whose name ends in ".vmdb".</source>
         <extracomment>Below a path field.</extracomment>
         <translation>This folder is no card database. Choose a folder whose name ends in ".vmdb".</translation>
     </message>
-    <message id="IDS_LABEL_PATH_NOT_FOUND">
-        <source>There is nothing at this path. Check it, or choose with the button.</source>
-        <extracomment>Below a path field.</extracomment>
-        <translation>There is nothing at this path. Check it, or choose with the button.</translation>
+    <message id="IDS_LABEL_PATH_NO_DATA_FILE">
+        <source>This folder holds no file [%1]. Choose the folder that holds it.</source>
+        <extracomment>Below a path field. %1: name of the data file.</extracomment>
+        <translation>This folder holds no file [%1]. Choose the folder that holds it.</translation>
     </message>
     <message id="IDS_LABEL_PROGRESS">
         <source>Progress</source>

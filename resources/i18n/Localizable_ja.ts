@@ -542,20 +542,20 @@
         <extracomment>Below a path field.</extracomment>
         <translation>これはファイルです。フォルダを選択してください。</translation>
     </message>
-    <message id="IDS_LABEL_PATH_NO_DATA_FILE">
-        <source>This folder holds no file [%1]. Choose the folder that holds it.</source>
-        <extracomment>Below a path field. %1: name of the data file.</extracomment>
-        <translation>このフォルダに [%1] がありません。このファイルがあるフォルダを選択してください。</translation>
+    <message id="IDS_LABEL_PATH_NOT_FOUND">
+        <source>There is nothing at this path. Check it, or choose with the button.</source>
+        <extracomment>Below a path field.</extracomment>
+        <translation>このパスには何もありません。パスを確認するか、ボタンで選択してください。</translation>
     </message>
     <message id="IDS_LABEL_PATH_NO_DATABASE">
         <source>This folder is no card database. Choose a folder whose name ends in ".vmdb".</source>
         <extracomment>Below a path field.</extracomment>
         <translation>このフォルダは名刺データベースではありません。名前の末尾が「.vmdb」のフォルダを選択してください。</translation>
     </message>
-    <message id="IDS_LABEL_PATH_NOT_FOUND">
-        <source>There is nothing at this path. Check it, or choose with the button.</source>
-        <extracomment>Below a path field.</extracomment>
-        <translation>このパスには何もありません。パスを確認するか、ボタンで選択してください。</translation>
+    <message id="IDS_LABEL_PATH_NO_DATA_FILE">
+        <source>This folder holds no file [%1]. Choose the folder that holds it.</source>
+        <extracomment>Below a path field. %1: name of the data file.</extracomment>
+        <translation>このフォルダに [%1] がありません。このファイルがあるフォルダを選択してください。</translation>
     </message>
     <message id="IDS_LABEL_PROGRESS">
         <source>Progress</source>
