@@ -77,8 +77,8 @@ void DBCWindowPresenter::askQuestionSheet(QWindow* /*window*/, const DBCQuestion
 void DBCWindowPresenter::leaveUnattended()
 {
     _isUnattended = true;
-    if (_openBox)
-        _openBox->reject();
+    if (QMessageBox* const box = _openBox)
+        box->reject();
 }
 
 std::unique_ptr<QMessageBox> DBCWindowPresenter::makeErrorBox(

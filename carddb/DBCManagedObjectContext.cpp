@@ -141,7 +141,8 @@ std::string DBCManagedObjectContext::insertStatement() const
     for (std::size_t i = 0; i < DBCCardAttributes.size(); ++i) {
         // A value that was set is never NULL, so NULL can stand for "not set" and one statement
         // serves every card: the table's own default then counts, and 0 for numbers without one.
-        std::string value = "?" + std::to_string(parameter++);
+        std::string value("?");
+        value += std::to_string(parameter++);
         const auto ownDefault = _description.columnDefaults.find(_model.columns()[i]);
         if (ownDefault != _description.columnDefaults.end())
             value = "coalesce(" + value + ", (" + ownDefault->second + "))";

@@ -8,8 +8,6 @@
 #include <qpdf/QPDFObjectHandle.hh>
 #include <qpdf/QPDFWriter.hh>
 
-#include <cstring>
-
 namespace {
 
 using Object = QPDFObjectHandle;
@@ -26,14 +24,14 @@ const char* colorSpaceOf(int components)
     }
 }
 
-std::shared_ptr<Buffer> copyOf(const QByteArray& bytes)
+// A view: the bytes must outlive the buffer, which the library only reads.
+std::shared_ptr<Buffer> bufferOf(QByteArray& bytes)
 {
-    auto buffer = std::make_shared<Buffer>(static_cast<size_t>(bytes.size()));
-    std::memcpy(buffer->getBuffer(), bytes.constData(), buffer->getSize());
-    return buffer;
+    return std::make_shared<Buffer>(
+        reinterpret_cast<unsigned char*>(bytes.data()), static_cast<size_t>(bytes.size()));
 }
 
-Object newImage(QPDF* document, const QByteArray& jpeg, const DBCJpegProperties& properties)
+Object newImage(QPDF* document, QByteArray& jpeg, const DBCJpegProperties& properties)
 {
     constexpr int bitsPerComponent = 8;
     Object image = document->newStream();
@@ -47,7 +45,7 @@ Object newImage(QPDF* document, const QByteArray& jpeg, const DBCJpegProperties&
     // Readers take the four inks as they stand in the file, and these stand for their opposites.
     if (properties.isInvertedCmyk)
         dictionary.replaceKey("/Decode", Object::parse("[1 0 1 0 1 0 1 0]"));
-    image.replaceStreamData(copyOf(jpeg), Object::newName("/DCTDecode"), Object::newNull());
+    image.replaceStreamData(bufferOf(jpeg), Object::newName("/DCTDecode"), Object::newNull());
     return image;
 }
 
@@ -71,10 +69,11 @@ DBCCardPdfWriter::DBCCardPdfWriter(const QString& path)
 }
 
 void DBCCardPdfWriter::addPage(
-    const QByteArray& jpeg, const DBCJpegProperties& properties, QSize pointSize)
+    QByteArray jpeg, const DBCJpegProperties& properties, QSize pointSize)
 {
+    _jpegs.push_back(std::move(jpeg));
     Object images = Object::newDictionary();
-    images.replaceKey("/Im1", newImage(&_document, jpeg, properties));
+    images.replaceKey("/Im1", newImage(&_document, _jpegs.back(), properties));
     Object resources = Object::newDictionary();
     resources.replaceKey("/XObject", images);
     const Object box = Object::parse("[0 0 " + std::to_string(pointSize.width()) + ' '

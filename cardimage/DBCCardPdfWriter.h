@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <cstdio>
+#include <deque>
 #include <memory>
 
 #include <qpdf/QPDF.hh>
@@ -26,7 +27,7 @@ public:
     bool isOpen() const { return _file != nullptr; }
 
     // A page of that many points, filled by the JPEG. The library's exceptions pass.
-    void addPage(const QByteArray& jpeg, const DBCJpegProperties& properties, QSize pointSize);
+    void addPage(QByteArray jpeg, const DBCJpegProperties& properties, QSize pointSize);
 
     // False when the file cannot be written; it then holds anything. Nothing may follow.
     bool close();
@@ -37,5 +38,6 @@ private:
     };
 
     std::unique_ptr<std::FILE, FileCloser> _file;
+    std::deque<QByteArray> _jpegs; // stay where they are while the document refers to them
     QPDF _document;
 };

@@ -95,7 +95,7 @@ bool addPage(DBCCardPdfWriter* writer, const QString& path)
     const auto properties = readJpegProperties(jpeg);
     if (!properties)
         return false;
-    writer->addPage(jpeg, *properties, pagePointSize(*properties));
+    writer->addPage(std::move(jpeg), *properties, pagePointSize(*properties));
     return true;
 }
 
@@ -183,6 +183,6 @@ qint32 readJpgFile(const QUrl& url, QByteArray* outBuffer)
         return error;
     if (length != buffer.size())
         return readFailure;
-    *outBuffer = buffer;
+    *outBuffer = std::move(buffer);
     return 0;
 }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/DBCCommands.h"
-#include "operation/DBCSignalWatcher.h"
 #include "datafile/DBCInterchangeNames.h"
 #include "datafile/DBCLocalizable.h"
 #include "operation/DBCConverterController.h"
 #include "operation/DBCPreconditions.h"
+#include "operation/DBCSignalWatcher.h"
 
 #include <QCoreApplication>
 #include <QThread>
