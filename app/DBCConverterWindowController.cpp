@@ -7,7 +7,7 @@
 #include "app/DBCLogViewer.h"
 #include "app/DBCMainWindowController.h"
 #include "app/DBCPaths.h"
-#include "app/DBCSingleInstance.h"
+#include "app/DBCWindowActivation.h"
 #include "carddb/DBCPackageLayout.h"
 #include "operation/DBCLog.h"
 #include "operation/DBCMessage.h"
@@ -57,7 +57,7 @@ DBCConverterWindowController::DBCConverterWindowController(
     , _ui(std::make_unique<Ui::DBCConverterView>())
     , _convertKey(new QShortcut(_converterView))
     , _presenter(mainWndCtrl)
-    , _notification([&mainWndCtrl] { DBCSingleInstance::bringToFront(mainWndCtrl, {}); })
+    , _notification([&mainWndCtrl](const QByteArray& token) { bringToFront(mainWndCtrl, token); })
 {
     _ui->setupUi(_converterView);
     _converterView->hide();

@@ -4,11 +4,10 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDeadlineTimer>
 #include <QLocalServer>
 #include <QLockFile>
 #include <QObject>
-
-class QWidget;
 
 class DBCSingleInstance : public QObject {
     Q_OBJECT
@@ -19,25 +18,26 @@ public:
         Undetermined, // whether another copy runs cannot be told, or it does not answer
     };
 
-    // folder: where the copies meet; only its user may write there.
+    // folder: where the copies meet; only its user may enter it. Empty: none could be found.
     explicit DBCSingleInstance(const QString& folder = meetingFolder());
 
-    Role claim();
+    // Waits some seconds for a first copy that starts, ends or is busy. activationToken: what the
+    // desktop gave to this start, for the first copy.
+    Role claim(const QByteArray& activationToken);
 
     // The user's runtime folder.
     static QString meetingFolder();
-    // The leave to take the focus that the desktop gave to this start; empty: none.
-    static QByteArray activationToken();
-    static void bringToFront(QWidget& window, const QByteArray& activationToken);
 
 Q_SIGNALS:
+    // A second copy has been started.
     void raiseRequested(const QByteArray& activationToken);
 
 private:
-    bool listen();
-    bool askFirstCopy() const;
-    void answerSecondCopy();
+    void listen();
+    bool askFirstCopy(const QByteArray& activationToken, const QDeadlineTimer& deadline) const;
+    void answerSecondCopies();
 
+    bool _hasFolder;
     QString _socket;
     QLockFile _lock;
     QLocalServer _server;

@@ -2,6 +2,7 @@
 #include "app/DBCConverterWindowController.h"
 #include "app/DBCMainWindowController.h"
 #include "app/DBCSingleInstance.h"
+#include "app/DBCWindowActivation.h"
 #include "datafile/DBCLocalizable.h"
 #include "operation/DBCSettings.h"
 #include "operation/DBCSignalWatcher.h"
@@ -39,7 +40,7 @@ int runWindow(DBCSingleInstance& instance)
         QCoreApplication::quit();
     });
     QObject::connect(&instance, &DBCSingleInstance::raiseRequested, &window,
-        [&](const QByteArray& token) { DBCSingleInstance::bringToFront(window, token); });
+        [&](const QByteArray& token) { bringToFront(window, token); });
     QObject::connect(&window, &DBCMainWindowController::terminateRequested, qApp,
         &QCoreApplication::quit, Qt::QueuedConnection);
     window.show();
@@ -53,12 +54,13 @@ int runWindow(DBCSingleInstance& instance)
 int main(int argc, char** argv)
 {
     keepStandardDescriptorsOpen();
+    const QByteArray activationToken = activationTokenOfStart();
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("VelmoraConverter"));
     QGuiApplication::setDesktopFileName(QString::fromLatin1(DBCSettings::bundleIdentifier));
 
     DBCSingleInstance instance;
-    switch (instance.claim()) {
+    switch (instance.claim(activationToken)) {
     case DBCSingleInstance::Role::First:
         return runWindow(instance);
     case DBCSingleInstance::Role::Second:
