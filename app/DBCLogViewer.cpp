@@ -5,22 +5,29 @@
 #include "operation/DBCHost.h"
 
 #include <QDialogButtonBox>
+#include <QElapsedTimer>
+#include <QFile>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPointer>
 #include <QProcess>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QTextBlock>
+#include <QShortcut>
+
+#include <csignal>
+#include <unistd.h>
 
 namespace {
 
-constexpr int millisecondsBetweenReads = 1000;
+constexpr int millisecondsBetweenReads = 500;
 constexpr QSize usualSize {820, 520}; // device-independent pixels
+
+// An opener that ends later than that was the program that showed the log, however it ended.
+constexpr qint64 millisecondsToRefuse = 5000;
 
 QString text(const char* key, const DBCMessageArguments& arguments = {})
 {
@@ -29,14 +36,29 @@ QString text(const char* key, const DBCMessageArguments& arguments = {})
 
 void showInViewer(const QString& path, QWidget* parent, const std::function<void()>& onFailure)
 {
-    auto* const viewer = new DBCLogViewer(path, parent);
-    viewer->setAttribute(Qt::WA_DeleteOnClose);
-    if (viewer->isReadable()) {
-        viewer->show();
+    auto* viewer = parent->findChild<DBCLogViewer*>();
+    if (!viewer) {
+        viewer = new DBCLogViewer(path, parent);
+        viewer->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    if (!viewer->isReadable()) {
+        delete viewer;
+        onFailure();
         return;
     }
-    delete viewer;
-    onFailure();
+    viewer->show();
+    viewer->raise();
+    viewer->activateWindow();
+}
+
+// What is opened stays when this program or its terminal ends, and is not deaf to the signals that
+// this program takes in its own way.
+void becomeIndependent()
+{
+    setsid();
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
 }
 
 } // namespace
@@ -44,62 +66,69 @@ void showInViewer(const QString& path, QWidget* parent, const std::function<void
 void showLogFile(const QString& path, QWidget* parent, const std::function<void()>& onFailure)
 {
     // The opener tells by its exit code that no program takes such files, which a mere start of it
-    // would not show.
-    auto* const opener = new QProcess(parent);
+    // would not show. It belongs to nobody: a window that closes must not end it.
+    auto* const opener = new QProcess;
     const auto fallBack = [=] { showInViewer(path, parent, onFailure); };
     QObject::connect(opener, &QProcess::errorOccurred, parent, [=](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart) {
-            opener->deleteLater();
+        if (error == QProcess::FailedToStart)
             fallBack();
-        }
     });
+    QElapsedTimer running;
+    running.start();
     QObject::connect(opener, &QProcess::finished, parent, [=](int exitCode) {
-        opener->deleteLater();
-        if (exitCode != 0)
+        if (exitCode != 0 && running.elapsed() < millisecondsToRefuse)
             fallBack();
+    });
+    QObject::connect(opener, &QProcess::stateChanged, opener, [=](QProcess::ProcessState state) {
+        if (state == QProcess::NotRunning)
+            opener->deleteLater();
     });
     opener->setStandardInputFile(QProcess::nullDevice());
     opener->setStandardOutputFile(QProcess::nullDevice());
     opener->setStandardErrorFile(QProcess::nullDevice());
+    opener->setChildProcessModifier(becomeIndependent);
     opener->start(DBCHost::current().fileOpener, {path});
 }
 
 DBCLogViewer::DBCLogViewer(const QString& path, QWidget* parent)
     : QDialog(parent)
-    , _file(path)
+    , _path(path)
+    , _notice(new QLabel(text("IDS_LABEL_LOG_TAIL", {path}), this))
     , _text(new QPlainTextEdit(this))
     , _wanted(new QLineEdit(this))
+    , _findResult(new QLabel(this))
 {
     setWindowTitle(QFileInfo(path).fileName());
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
     resize(usualSize);
     makeControls();
-    if (!_file.open(QIODevice::ReadOnly))
-        return;
-    if (_file.size() > tailLength) {
-        _file.seek(_file.size() - tailLength);
-        _file.readLine(); // the rest of a line that is cut
-        _text->appendPlainText(text("IDS_LABEL_LOG_TAIL", {path}));
-    }
-    readOn();
+    makeKeys();
+    _isReadable = readOn();
     connect(&_readTimer, &QTimer::timeout, this, &DBCLogViewer::readOn);
     _readTimer.start(millisecondsBetweenReads);
 }
 
 void DBCLogViewer::makeControls()
 {
+    _notice->setTextFormat(Qt::PlainText);
+    _notice->setWordWrap(true);
     _text->setReadOnly(true);
+    _text->setUndoRedoEnabled(false);
+    _text->setTabChangesFocus(true);
     _text->setLineWrapMode(QPlainTextEdit::NoWrap);
     _text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     _text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     _text->setAccessibleName(windowTitle());
+    _findResult->setTextFormat(Qt::PlainText);
 
     auto* const label = new QLabel(text("IDS_LABEL_FIND"), this);
     label->setBuddy(_wanted);
-    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     auto* const find = new QPushButton(text("IDS_BUTTON_FIND_NEXT"), this);
-    connect(find, &QPushButton::clicked, this, &DBCLogViewer::findNext);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     find->setDefault(true);
+    connect(find, &QPushButton::clicked, this, &DBCLogViewer::findNext);
+    connect(_wanted, &QLineEdit::textEdited, _findResult, &QLabel::clear);
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     auto* const below = new QHBoxLayout;
     below->addWidget(label);
@@ -107,30 +136,87 @@ void DBCLogViewer::makeControls()
     below->addWidget(find);
     below->addWidget(buttons);
     auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(_notice);
     layout->addWidget(_text, 1);
     layout->addLayout(below);
+    layout->addWidget(_findResult);
 }
 
-void DBCLogViewer::readOn()
+void DBCLogViewer::makeKeys()
 {
-    const QByteArray bytes = _file.readAll();
+    const auto onKey = [this](QKeySequence::StandardKey key, auto action) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this, action);
+    };
+    onKey(QKeySequence::FindNext, &DBCLogViewer::findNext);
+    onKey(QKeySequence::Find, [this] {
+        _wanted->setFocus();
+        _wanted->selectAll();
+    });
+}
+
+// The height of the lines, and so where the end is, is known only now.
+void DBCLogViewer::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (event->spontaneous())
+        return;
+    _text->moveCursor(QTextCursor::End);
+    _text->setFocus();
+}
+
+bool DBCLogViewer::readOn()
+{
+    // Opened anew each time: the file may have been replaced. Not a pipe, which would wait.
+    QFile file(_path);
+    if (!QFileInfo(_path).isFile() || !file.open(QIODevice::ReadOnly))
+        return false;
+    const qint64 size = file.size();
+    const bool isOther = size < _position || _position < 0;
+    if (isOther)
+        startAt(std::max<qint64>(0, size - tailLength));
+    if (!file.seek(_position))
+        return false;
+    if (isOther && _position > 0)
+        _position += file.readLine().size(); // the rest of a line that is cut
+    const QByteArray bytes = file.readAll();
+    _position += bytes.size();
+    append(bytes);
+    return file.error() == QFileDevice::NoError;
+}
+
+void DBCLogViewer::startAt(qint64 position)
+{
+    _position = position;
+    _decoder = QStringDecoder(QStringDecoder::Utf8);
+    _text->clear();
+    _notice->setVisible(position > 0);
+}
+
+void DBCLogViewer::append(const QByteArray& bytes)
+{
     if (bytes.isEmpty())
         return;
-    const bool isAtEnd
-        = _text->verticalScrollBar()->value() == _text->verticalScrollBar()->maximum();
-    QString lines = QString::fromUtf8(bytes);
-    if (lines.endsWith(u'\n'))
-        lines.chop(1);
-    _text->appendPlainText(lines);
+    QScrollBar& bar = *_text->verticalScrollBar();
+    const bool isAtEnd = bar.value() == bar.maximum();
+    // A cursor of its own: what the reader has selected stays.
+    QTextCursor end(_text->document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(_decoder(bytes));
     if (isAtEnd)
-        _text->verticalScrollBar()->setValue(_text->verticalScrollBar()->maximum());
+        bar.setValue(bar.maximum());
 }
 
 // Goes on at the top behind the last place.
 void DBCLogViewer::findNext()
 {
-    if (_text->find(_wanted->text()))
+    const QString wanted = _wanted->text();
+    const QTextCursor before = _text->textCursor();
+    _findResult->clear();
+    if (wanted.isEmpty() || _text->find(wanted))
         return;
     _text->moveCursor(QTextCursor::Start);
-    _text->find(_wanted->text());
+    if (_text->find(wanted))
+        return;
+    _text->setTextCursor(before);
+    _findResult->setText(text("IDS_LABEL_NOT_FOUND", {wanted}));
 }

@@ -4,11 +4,12 @@
 #pragma once
 
 #include <QDialog>
-#include <QFile>
+#include <QStringDecoder>
 #include <QTimer>
 
 #include <functional>
 
+class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 
@@ -18,20 +19,33 @@ void showLogFile(const QString& path, QWidget* parent, const std::function<void(
 class DBCLogViewer : public QDialog {
     Q_OBJECT
 public:
-    // The end of the file, at most tailLength bytes of it, and what is written to it later.
+    // The end of the file, at most tailLength bytes of it, and what is written to it later. A file
+    // that is emptied or replaced is shown anew.
     DBCLogViewer(const QString& path, QWidget* parent);
 
-    bool isReadable() const { return _file.isOpen(); }
+    // Whether the file could be read when the viewer was made.
+    bool isReadable() const { return _isReadable; }
 
     static constexpr qint64 tailLength = 0x200000; // bytes
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void makeControls();
-    void readOn();
+    void makeKeys();
+    bool readOn();
+    void startAt(qint64 position);
+    void append(const QByteArray& bytes);
     void findNext();
 
-    QFile _file;
-    QPlainTextEdit* _text; // owned by the dialog
-    QLineEdit* _wanted; // owned by the dialog
+    QString _path;
+    qint64 _position = -1; // of the next byte to read; -1: nothing has been read yet
+    QStringDecoder _decoder;
+    bool _isReadable = false;
     QTimer _readTimer;
+    QLabel* _notice; // owned by the dialog, as the following
+    QPlainTextEdit* _text;
+    QLineEdit* _wanted;
+    QLabel* _findResult;
 };

@@ -518,9 +518,9 @@
         <translation>Last time: %1 (press ↓)</translation>
     </message>
     <message id="IDS_LABEL_LOG_TAIL">
-        <source>(This is the end of a long log. All of it is in [%1].)</source>
-        <extracomment>First line of the viewer. %1: path.</extracomment>
-        <translation>(This is the end of a long log. All of it is in [%1].)</translation>
+        <source>Only the end of this long log is shown. All of it is in [%1].</source>
+        <extracomment>Stands above the log in its viewer. %1: path.</extracomment>
+        <translation>Only the end of this long log is shown. All of it is in [%1].</translation>
     </message>
     <message id="IDS_LABEL_MENU">
         <source>&amp;File</source>
@@ -531,6 +531,11 @@
         <source>About %L1 min left</source>
         <extracomment>%L1: minutes, 1 and more.</extracomment>
         <translation>About %L1 min left</translation>
+    </message>
+    <message id="IDS_LABEL_NOT_FOUND">
+        <source>“%1” was not found.</source>
+        <extracomment>In the viewer of the log. %1: what was looked for.</extracomment>
+        <translation>“%1” was not found.</translation>
     </message>
     <message id="IDS_LABEL_NO_SINGLE_COPY">
         <source>VelmoraConverter was not started: another copy seems to run but does not answer, or its runtime folder cannot be used. Quit the other copy, or log out and in again, then start it once more.</source>

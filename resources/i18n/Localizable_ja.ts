@@ -518,9 +518,9 @@
         <translation>前回: %1 (↓キーで入力)</translation>
     </message>
     <message id="IDS_LABEL_LOG_TAIL">
-        <source>(This is the end of a long log. All of it is in [%1].)</source>
-        <extracomment>First line of the viewer. %1: path.</extracomment>
-        <translation>(ログの末尾だけを表示しています。全体は [%1] にあります。)</translation>
+        <source>Only the end of this long log is shown. All of it is in [%1].</source>
+        <extracomment>Stands above the log in its viewer. %1: path.</extracomment>
+        <translation>ログの末尾だけを表示しています。全体は [%1] にあります。</translation>
     </message>
     <message id="IDS_LABEL_MENU">
         <source>&amp;File</source>
@@ -531,6 +531,11 @@
         <source>About %L1 min left</source>
         <extracomment>%L1: minutes, 1 and more.</extracomment>
         <translation>残り約%L1分</translation>
+    </message>
+    <message id="IDS_LABEL_NOT_FOUND">
+        <source>“%1” was not found.</source>
+        <extracomment>In the viewer of the log. %1: what was looked for.</extracomment>
+        <translation>「%1」は見つかりません。</translation>
     </message>
     <message id="IDS_LABEL_NO_SINGLE_COPY">
         <source>VelmoraConverter was not started: another copy seems to run but does not answer, or its runtime folder cannot be used. Quit the other copy, or log out and in again, then start it once more.</source>
