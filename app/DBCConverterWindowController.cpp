@@ -303,18 +303,29 @@ void DBCConverterWindowController::_startOperation()
     _operationThread->start();
 }
 
+void DBCConverterWindowController::endSoon()
+{
+    _presenter.leaveUnattended();
+    if (!isRunning()) {
+        _mainWndCtrl.close();
+        return;
+    }
+    _isEnding = true;
+    _ctrlDBCConverterController->setConfirmCancelOperation(true);
+}
+
 void DBCConverterWindowController::windDown()
 {
     _presenter.leaveUnattended();
-    if (!_operationThread)
+    // An event is handled further down the stack and asks whether to quit: everything is on the
+    // disk by then, and the operation could not go on before this returns.
+    if (!_operationThread || _isReacting)
         return;
     _ctrlDBCConverterController->setConfirmCancelOperation(true);
-    // The operation thread waits for the answer to each event and question, and there may be no
-    // event loop left to give it.
-    while (!_operationThread->wait(QDeadlineTimer(millisecondsBetweenAnswers))) {
+    // The operation thread waits until each event is handled, and there may be no event loop left
+    // that would do it.
+    while (!_operationThread->wait(QDeadlineTimer(millisecondsBetweenAnswers)))
         QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
-        QCoreApplication::sendPostedEvents(&_presenter, QEvent::MetaCall);
-    }
     _isOperationRunning = false;
 }
 

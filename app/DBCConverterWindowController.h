@@ -64,8 +64,10 @@ public:
 
     bool isRunning() const { return _isOperationRunning; }
     void explainWhyItStaysOpen() const;
-    // For a program that has to end at once: cancels a running operation without asking and returns
-    // when the card database is whole again. Needs no event loop.
+    // For a program that is asked to end: cancels a running operation without asking and closes the
+    // window when the card database is whole again.
+    void endSoon();
+    // The same for a program that ends when this returns. Needs no event loop.
     void windDown();
 
     // How the driver comes by its collaborators; a test substitutes its own.
@@ -153,6 +155,8 @@ private:
     std::unique_ptr<DBCConverterController> _ctrlDBCConverterController;
     std::unique_ptr<QThread> _operationThread;
     bool _isOperationRunning = false; // from its start to its last event
+    bool _isReacting = false; // an event is being handled, and the operation waits for it
+    bool _isEnding = false; // the window closes with the operation's end
     QString _lastDataPath; // of this operation's type; empty: none
 
     // Events of single cards come faster than eyes and screens follow; the newest is shown.

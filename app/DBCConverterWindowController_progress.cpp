@@ -9,6 +9,7 @@
 #include "ui_DBCConverterView.h"
 
 #include <QAction>
+#include <QScopedValueRollback>
 #include <QShortcut>
 
 #include <algorithm>
@@ -85,6 +86,7 @@ void DBCConverterWindowController::_registerObsever()
 
 void DBCConverterWindowController::refreshProgress(const DBCEvent& event)
 {
+    const QScopedValueRollback reacting(_isReacting, true);
     if (const Reaction reaction = _reactions.at(static_cast<std::size_t>(event.name)))
         (this->*reaction)(event);
 }
@@ -381,7 +383,8 @@ void DBCConverterWindowController::_operationDidFinish(const DBCEvent& event)
     _restoreToConvertBtn();
     _isOperationRunning = false;
     _ui->_messageArea->setFocus();
-    if (!isStopped && !_hasWarningsInLog() && _IsCloseApp)
+    const bool isAskedToClose = !isStopped && !_hasWarningsInLog() && _IsCloseApp;
+    if (isAskedToClose || _isEnding)
         _mainWndCtrl.close();
     else if (!isStopped && _hasWarningsInLog())
         _notifyUnwatched();

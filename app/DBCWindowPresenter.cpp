@@ -3,7 +3,10 @@
 
 #include <QAbstractButton>
 #include <QPushButton>
+#include <QSemaphore>
 #include <QThread>
+
+#include <atomic>
 
 namespace {
 
@@ -27,7 +30,34 @@ DBCAnswer answerOf(const QMessageBox& box)
     }
 }
 
+DBCAnswer unattendedAnswer(const DBCQuestion& question)
+{
+    const bool asksToCancel = question.key == QLatin1StringView("IDS_MSG_ERR_0315")
+        || question.key == QLatin1StringView("IDS_MSG_ERR_0210");
+    return asksToCancel ? DBCAnswer::Default : DBCAnswer::Alternate;
+}
+
 } // namespace
+
+class DBCWindowPresenter::Request {
+public:
+    // The first answer counts.
+    void give(DBCAnswer answer)
+    {
+        DBCAnswer none = DBCAnswer::NotShown;
+        if (_answer.compare_exchange_strong(none, answer))
+            _given.release();
+    }
+    DBCAnswer wait()
+    {
+        _given.acquire();
+        return _answer;
+    }
+
+private:
+    std::atomic<DBCAnswer> _answer = DBCAnswer::NotShown;
+    QSemaphore _given;
+};
 
 DBCWindowPresenter::DBCWindowPresenter(QWidget& window)
     : _window(window)
@@ -42,18 +72,13 @@ DBCWindowPresenter::~DBCWindowPresenter()
 
 void DBCWindowPresenter::showError(quint32 /*number*/, const QString& title, const QString& text)
 {
-    onWindowThread([&] { show(*makeErrorBox(title, text)); });
+    answerOn(DBCAnswer::Default, [this, title, text] { return show(*makeErrorBox(title, text)); });
 }
 
 DBCAnswer DBCWindowPresenter::askQuestion(const DBCQuestion& question)
 {
-    DBCAnswer answer = DBCAnswer::Alternate;
-    onWindowThread([&] {
-        const auto box = makeQuestionBox(question);
-        show(*box);
-        answer = _isUnattended ? unattendedAnswer(question) : answerOf(*box);
-    });
-    return answer;
+    return answerOn(
+        unattendedAnswer(question), [this, question] { return show(*makeQuestionBox(question)); });
 }
 
 void DBCWindowPresenter::showErrorSheet(QWindow* /*window*/, quint32 /*number*/,
@@ -76,7 +101,12 @@ void DBCWindowPresenter::askQuestionSheet(QWindow* /*window*/, const DBCQuestion
 
 void DBCWindowPresenter::leaveUnattended()
 {
-    _isUnattended = true;
+    {
+        const std::lock_guard lock(_mutex);
+        _isUnattended = true;
+        if (_waiting)
+            _waiting->give(_waitingAnswer);
+    }
     if (QMessageBox* const box = _openBox)
         box->reject();
 }
@@ -112,25 +142,33 @@ void DBCWindowPresenter::openSheet(
     sheet->open();
 }
 
-int DBCWindowPresenter::show(QMessageBox& box)
+DBCAnswer DBCWindowPresenter::show(QMessageBox& box)
 {
-    if (_isUnattended)
-        return QDialog::Rejected;
     box.setWindowModality(Qt::WindowModal);
     _openBox = &box;
-    return box.exec();
+    box.exec();
+    return answerOf(box);
 }
 
-DBCAnswer DBCWindowPresenter::unattendedAnswer(const DBCQuestion& question) const
+DBCAnswer DBCWindowPresenter::answerOn(DBCAnswer unattended, const std::function<DBCAnswer()>& show)
 {
-    const bool asksToCancel = question.key == QLatin1StringView("IDS_MSG_ERR_0315")
-        || question.key == QLatin1StringView("IDS_MSG_ERR_0210");
-    return asksToCancel ? DBCAnswer::Default : DBCAnswer::Alternate;
-}
-
-void DBCWindowPresenter::onWindowThread(const std::function<void()>& act)
-{
-    const bool isWindowThread = thread() == QThread::currentThread();
-    QMetaObject::invokeMethod(
-        this, act, isWindowThread ? Qt::DirectConnection : Qt::BlockingQueuedConnection);
+    const auto request = std::make_shared<Request>();
+    {
+        const std::lock_guard lock(_mutex);
+        if (_isUnattended)
+            return unattended;
+        _waiting = request;
+        _waitingAnswer = unattended;
+    }
+    // Not a blocking call: the window may have to end while the box is open, and the other thread
+    // must then be able to go on before the box is closed.
+    if (thread() == QThread::currentThread())
+        request->give(show());
+    else
+        QMetaObject::invokeMethod(
+            this, [request, show] { request->give(show()); }, Qt::QueuedConnection);
+    const DBCAnswer answer = request->wait();
+    const std::lock_guard lock(_mutex);
+    _waiting.reset();
+    return answer;
 }

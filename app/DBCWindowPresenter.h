@@ -9,6 +9,9 @@
 #include <QObject>
 #include <QPointer>
 
+#include <memory>
+#include <mutex>
+
 class DBCWindowPresenter : public QObject, public DBCMessagePresenter {
 public:
     // Not owned; outlives this object.
@@ -29,14 +32,22 @@ public:
     void leaveUnattended();
 
 private:
+    // What a thread waits for: the user's answer or, when nobody is there any more, the one given
+    // for him.
+    class Request;
+
     std::unique_ptr<QMessageBox> makeErrorBox(const QString& title, const QString& text);
     std::unique_ptr<QMessageBox> makeQuestionBox(const DBCQuestion& question);
     void openSheet(std::unique_ptr<QMessageBox> box, const std::function<void(int)>& ended);
-    int show(QMessageBox& box);
-    DBCAnswer unattendedAnswer(const DBCQuestion& question) const;
-    void onWindowThread(const std::function<void()>& act);
+    DBCAnswer show(QMessageBox& box);
+    // Runs show on the window's thread and waits for its answer; unattended is the answer of an
+    // absent user.
+    DBCAnswer answerOn(DBCAnswer unattended, const std::function<DBCAnswer()>& show);
 
     QWidget& _window;
     QPointer<QMessageBox> _openBox;
+    std::mutex _mutex; // of what follows, which the operation's thread uses, too
     bool _isUnattended = false;
+    std::shared_ptr<Request> _waiting; // null: nobody waits
+    DBCAnswer _waitingAnswer = DBCAnswer::Alternate; // should the user turn out to be absent
 };

@@ -9,6 +9,7 @@
 #include "operation/DBCStandardDescriptors.h"
 
 #include <QApplication>
+#include <QThread>
 
 #include <cstdio>
 #include <cstdlib>
@@ -16,12 +17,17 @@
 namespace {
 
 DBCConverterWindowController* screen = nullptr;
+QtMessageHandler formerHandler = nullptr;
 
-// A display that goes away ends the program inside the event loop, and an operation must not be
-// left halfway even then.
-void windDownAtExit()
+// A display that goes away ends the program from inside the toolkit, through exit(), when nothing
+// of the program can run any more. That it says so first is the last chance for an operation to put
+// its files in order.
+void windDownWhenTheDisplayIsLost(
+    QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
-    if (screen)
+    formerHandler(type, context, text);
+    const bool isWindowThread = QThread::currentThread() == qApp->thread();
+    if (screen && isWindowThread && text.contains(QStringLiteral("connection broke")))
         screen->windDown();
 }
 
@@ -34,11 +40,8 @@ int runWindow(DBCSingleInstance& instance)
 {
     DBCMainWindowController window;
     screen = &window.converter();
-    std::atexit(windDownAtExit);
-    const DBCSignalWatcher signalWatcher([] {
-        screen->windDown();
-        QCoreApplication::quit();
-    });
+    formerHandler = qInstallMessageHandler(windDownWhenTheDisplayIsLost);
+    const DBCSignalWatcher signalWatcher([] { screen->endSoon(); });
     QObject::connect(&instance, &DBCSingleInstance::raiseRequested, &window,
         [&](const QByteArray& token) { bringToFront(window, token); });
     QObject::connect(&window, &DBCMainWindowController::terminateRequested, qApp,
@@ -54,6 +57,8 @@ int runWindow(DBCSingleInstance& instance)
 int main(int argc, char** argv)
 {
     keepStandardDescriptorsOpen();
+    // Before the toolkit starts threads, on which a signal would end the program.
+    DBCSignalWatcher::blockSignals();
     const QByteArray activationToken = activationTokenOfStart();
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("VelmoraConverter"));

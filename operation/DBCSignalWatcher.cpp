@@ -47,6 +47,12 @@ DBCSignalWatcher::~DBCSignalWatcher()
     pthread_sigmask(SIG_SETMASK, &_formerMask, nullptr);
 }
 
+void DBCSignalWatcher::blockSignals()
+{
+    const sigset_t signals = watchedSignals();
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+}
+
 void DBCSignalWatcher::readSignal()
 {
     signalfd_siginfo information {};

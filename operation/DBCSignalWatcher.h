@@ -16,6 +16,10 @@ public:
     explicit DBCSignalWatcher(std::function<void()> onSignal);
     ~DBCSignalWatcher() override;
 
+    // For the start of a program whose other threads begin before it has a watcher: what is sent
+    // from now on waits for one.
+    static void blockSignals();
+
 private:
     void readSignal();
 
