@@ -15,7 +15,6 @@
 #include "ui_DBCConverterView.h"
 
 #include <QAction>
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QShortcut>
 #include <QToolTip>
@@ -27,8 +26,6 @@ constexpr int upperPlace = 0;
 constexpr int lowerPlace = 2;
 
 constexpr int linesOfMessageArea = 3;
-
-constexpr int millisecondsBetweenAnswers = 5;
 
 bool isFolder(const QString& path)
 {
@@ -242,91 +239,6 @@ QString DBCConverterWindowController::_dataPath() const
 QString DBCConverterWindowController::_databasePath() const
 {
     return DBCPaths::usable(_ui->_vmdbPathTextField->text());
-}
-
-DBCPreconditions DBCConverterWindowController::_preconditions() const
-{
-    return {_dataPath(), _databasePath(), _operationType};
-}
-
-bool DBCConverterWindowController::_checkPrecondition() const
-{
-    return _preconditions()._checkPrecondition();
-}
-
-bool DBCConverterWindowController::_dataPathCheck() const
-{
-    return _preconditions()._dataPathCheck();
-}
-
-bool DBCConverterWindowController::_vmdbPathCheck() const
-{
-    return _preconditions()._vmdbPathCheck();
-}
-
-bool DBCConverterWindowController::createExportFolder() const
-{
-    return _preconditions().createExportFolder();
-}
-
-DBCResultCode DBCConverterWindowController::_networkPathCheck(const QString& path)
-{
-    return DBCPreconditions::_networkPathCheck(path);
-}
-
-void DBCConverterWindowController::convertAction()
-{
-    if (!_checkPrecondition())
-        return;
-    _disenableAllButtons();
-    _redrawProgressBox();
-    _initMsgAndProgressBar();
-    _disenableMenuItem();
-    _enableWindowsCloseBtnWith(false);
-    DBCPaths::rememberDataPath(_operationType, _dataPath());
-    _startOperation();
-}
-
-void DBCConverterWindowController::_startOperation()
-{
-    if (_operationThread)
-        _operationThread->wait();
-    _IsCloseApp = false;
-    _ctrlDBCConverterController
-        = DBCConverterController::initWith(_dataPath(), _databasePath(), _operationType);
-    _ctrlDBCConverterController->setWindowController(this);
-    _ctrlDBCConverterController->setFactories(_factories);
-    _inhibitor.hold(getLocalString(QStringLiteral("IDS_LABEL_KEEP_AWAKE")));
-    _isOperationRunning = true;
-    _operationThread.reset(
-        QThread::create([controller = _ctrlDBCConverterController.get()] { controller->run(); }));
-    _operationThread->start();
-}
-
-void DBCConverterWindowController::endSoon()
-{
-    _presenter.leaveUnattended();
-    if (!isRunning()) {
-        _mainWndCtrl.close();
-        return;
-    }
-    _isEnding = true;
-    _ctrlDBCConverterController->setConfirmCancelOperation(true);
-}
-
-void DBCConverterWindowController::windDown()
-{
-    _presenter.leaveUnattended();
-    // An event is handled further down the stack and asks whether to quit: everything is on the
-    // disk by then, and the operation could not go on before this returns.
-    if (!_operationThread || _isReacting)
-        return;
-    _ctrlDBCConverterController->setConfirmCancelOperation(true);
-    // The operation thread waits until each event is handled, and there may be no event loop left
-    // that would do it.
-    while (!_operationThread->wait(QDeadlineTimer(millisecondsBetweenAnswers)))
-        QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
-    _isOperationRunning = false;
 }
 
 void DBCConverterWindowController::readLogAction()

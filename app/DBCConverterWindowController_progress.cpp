@@ -8,9 +8,7 @@
 #include "operation/DBCMessage.h"
 #include "ui_DBCConverterView.h"
 
-#include <QAction>
 #include <QScopedValueRollback>
-#include <QShortcut>
 
 #include <algorithm>
 #include <limits>
@@ -24,8 +22,6 @@ constexpr qint64 stepsBeforeCards = 2;
 constexpr int millisecondsBetweenPaints = 50;
 
 constexpr qint64 secondsPerMinute = 60;
-
-constexpr QKeyCombination cancelKey = Qt::CTRL | Qt::Key_A;
 
 QString text(const char* key, const DBCMessageArguments& arguments = {})
 {
@@ -89,79 +85,6 @@ void DBCConverterWindowController::refreshProgress(const DBCEvent& event)
     const QScopedValueRollback reacting(_isReacting, true);
     if (const Reaction reaction = _reactions.at(static_cast<std::size_t>(event.name)))
         (this->*reaction)(event);
-}
-
-// --- states of the controls ---
-
-void DBCConverterWindowController::_setBtnStatus()
-{
-    _ui->_convertBtn->setEnabled(
-        !_ui->_dataPathTextField->text().isEmpty() && !_ui->_vmdbPathTextField->text().isEmpty());
-}
-
-std::array<QWidget*, 9> DBCConverterWindowController::_controlsBesidesConvert() const
-{
-    return {_ui->_dataPathSelectionBtn, _ui->_vmdbPathSelectionBtn, _ui->_openLogBtn,
-        _ui->_return2MainWindowBtn, _ui->_closeBtn, _ui->_dataPathTextField,
-        _ui->_vmdbPathTextField, _ui->_dataPathTitleTextField, _ui->_vmdbPathTitleTextField};
-}
-
-void DBCConverterWindowController::_disenableAllButtons()
-{
-    _ui->_convertBtn->setEnabled(false);
-    for (QWidget* const control : _controlsBesidesConvert())
-        control->setEnabled(false);
-}
-
-void DBCConverterWindowController::_disenableMenuItem()
-{
-    _menuItemTerminate.setEnabled(false);
-}
-
-void DBCConverterWindowController::_enableMenuItem()
-{
-    _menuItemTerminate.setEnabled(true);
-}
-
-void DBCConverterWindowController::_enableWindowsCloseBtnWith(bool flag)
-{
-    _mainWndCtrl.setCloseBoxEnabled(flag);
-}
-
-void DBCConverterWindowController::_setOpenLogBtnStatus()
-{
-    _ui->_openLogBtn->setEnabled(true);
-}
-
-void DBCConverterWindowController::_setToCanelBtn()
-{
-    _ui->_convertBtn->setText(text("IDS_BUTTON_CANCEL"));
-    _convertKey->setKey(cancelKey);
-    _ui->_convertBtn->setEnabled(true);
-    _ui->_convertBtn->setFocus();
-}
-
-void DBCConverterWindowController::_restoreToConvertBtn()
-{
-    _ui->_convertBtn->setText(_texts().convertButton.text());
-    _convertKey->setKey(_texts().convertKey);
-}
-
-void DBCConverterWindowController::_updateStatusAfterProcessBY(bool isStopped, bool AndBy)
-{
-    for (QWidget* const control : _controlsBesidesConvert())
-        control->setEnabled(true);
-    const bool isDone = !isStopped && AndBy;
-    if (isDone)
-        _ui->_convertBtn->setEnabled(false);
-    else
-        _setBtnStatus();
-}
-
-void DBCConverterWindowController::cancelConverting()
-{
-    _ui->_convertBtn->setEnabled(false);
-    _ctrlDBCConverterController->setConfirmCancelOperation(true);
 }
 
 // --- the progress area ---

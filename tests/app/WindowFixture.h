@@ -22,7 +22,9 @@
 #include <QRadioButton>
 
 struct WindowFixture {
-    WindowFixture()
+    using Language = DBCLocalizable::Language;
+    explicit WindowFixture(Language language = Language::English)
+        : text(language)
     {
         host->applicationsFolder = home.path(QStringLiteral("Applications"));
         window.show();
@@ -85,7 +87,13 @@ struct WindowFixture {
         return enabled;
     }
 
+    // The language of the texts, chosen before the window takes them.
+    struct Text {
+        explicit Text(Language language) { DBCLocalizable::setLanguage(language); }
+    };
+
     TestHome home;
+    Text text;
     ScopedHost host;
     DBCMainWindowController window;
     RecordingPresenter presenter; // takes the place of the window's own
