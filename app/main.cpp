@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QThread>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
@@ -59,6 +60,8 @@ int main(int argc, char** argv)
     keepStandardDescriptorsOpen();
     // Before the toolkit starts threads, on which a signal would end the program.
     DBCSignalWatcher::blockSignals();
+    // A terminal that goes away must not end an operation halfway.
+    std::signal(SIGPIPE, SIG_IGN);
     const QByteArray activationToken = activationTokenOfStart();
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("VelmoraConverter"));

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The windows of an X11 display as its window manager sees them, named by their titles, and what a
+// user does to them outside of their program.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+#include <vector>
+
+struct xcb_connection_t;
+
+class DesktopWindows {
+public:
+    // display: ":7"
+    explicit DesktopWindows(const QString& display);
+    ~DesktopWindows();
+    DesktopWindows(const DesktopWindows&) = delete;
+    DesktopWindows& operator=(const DesktopWindows&) = delete;
+
+    bool hasManager();
+    // From the lowest to the topmost.
+    QStringList titles();
+    // Empty: no window has the focus.
+    QString activeTitle();
+    bool isMinimised(const QString& title);
+
+    // Another program's window, in front and with the focus. It stays while this object lives.
+    void openOther(const QString& title);
+    void minimise(const QString& title);
+    // What the close box of the window's frame does.
+    void askToClose(const QString& title);
+
+private:
+    std::uint32_t atom(const char* name);
+    std::vector<std::uint32_t> numbers(std::uint32_t window, const char* property);
+    QString titleOf(std::uint32_t window);
+    std::uint32_t windowOf(const QString& title);
+    void tellManager(std::uint32_t window, const char* message, std::uint32_t first);
+
+    xcb_connection_t* _connection;
+    std::uint32_t _root = 0;
+};
