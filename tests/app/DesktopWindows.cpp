@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/app/DesktopWindows.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -9,6 +10,8 @@
 namespace {
 
 constexpr std::uint32_t iconicState = 3; // of the properties WM_STATE and WM_CHANGE_STATE
+constexpr std::uint32_t askedByUser = 2; // _NET_ACTIVE_WINDOW
+constexpr std::uint8_t sentEvent = 0x80; // mark in an event's type
 constexpr std::uint32_t longestProperty = 1024; // in units of four bytes
 
 template <typename Reply> auto owned(Reply* reply)
@@ -32,6 +35,10 @@ DesktopWindows::DesktopWindows(const QString& display)
     if (xcb_connection_has_error(_connection))
         qFatal("no connection to the display %s", qPrintable(display));
     _root = xcb_setup_roots_iterator(xcb_get_setup(_connection)).data->root;
+    // What programs tell the window manager.
+    constexpr std::uint32_t events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    xcb_change_window_attributes(_connection, _root, XCB_CW_EVENT_MASK, &events);
+    xcb_flush(_connection);
 }
 
 DesktopWindows::~DesktopWindows()
@@ -99,6 +106,26 @@ bool DesktopWindows::isMinimised(const QString& title)
 {
     const auto state = numbers(windowOf(title), "WM_STATE");
     return !state.empty() && state.front() == iconicState;
+}
+
+bool DesktopWindows::isWantedByUser(const QString& title)
+{
+    readEvents();
+    const std::uint32_t window = windowOf(title);
+    return std::find(_wantedByUser.begin(), _wantedByUser.end(), window) != _wantedByUser.end();
+}
+
+void DesktopWindows::readEvents()
+{
+    const std::uint32_t activation = atom("_NET_ACTIVE_WINDOW");
+    while (const auto event = owned(xcb_poll_for_event(_connection))) {
+        if ((event->response_type & ~sentEvent) != XCB_CLIENT_MESSAGE)
+            continue;
+        xcb_client_message_event_t message {};
+        std::memcpy(&message, event.get(), sizeof message);
+        if (message.type == activation && message.data.data32[0] == askedByUser)
+            _wantedByUser.push_back(message.window);
+    }
 }
 
 void DesktopWindows::openOther(const QString& title)

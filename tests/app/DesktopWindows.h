@@ -25,6 +25,9 @@ public:
     // Empty: no window has the focus.
     QString activeTitle();
     bool isMinimised(const QString& title);
+    // Whether the window manager has been told that the user wants the window in front, and not
+    // merely its program.
+    bool isWantedByUser(const QString& title);
 
     // Another program's window, in front and with the focus. It stays while this object lives.
     void openOther(const QString& title);
@@ -33,6 +36,7 @@ public:
     void askToClose(const QString& title);
 
 private:
+    void readEvents();
     std::uint32_t atom(const char* name);
     std::vector<std::uint32_t> numbers(std::uint32_t window, const char* property);
     QString titleOf(std::uint32_t window);
@@ -41,4 +45,5 @@ private:
 
     xcb_connection_t* _connection;
     std::uint32_t _root = 0;
+    std::vector<std::uint32_t> _wantedByUser;
 };
