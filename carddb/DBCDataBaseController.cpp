@@ -4,6 +4,7 @@
 #include "carddb/DBCManagedObjectContext.h"
 #include "carddb/DBCManagedObjectModel.h"
 #include "carddb/DBCPackageLayout.h"
+#include "datafile/DBCLocalizable.h"
 #include "operation/DBCLog.h"
 
 #include <QFile>
@@ -101,8 +102,10 @@ DBCResultCode DBCDataBaseController::save()
     try {
         context->save();
     } catch (const std::exception& exception) {
-        DBCLog::debug(QStringLiteral("Exception happended.[%1]")
-                          .arg(QString::fromLocal8Bit(exception.what())));
+        const QString reason = QString::fromLocal8Bit(exception.what());
+        DBCLog::debug(QStringLiteral("Exception happended.[%1]").arg(reason));
+        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_STORE_SAVE"),
+            {DBCPackageLayout::storeFile(_strDBPath), reason}));
         return DBCResultCode::DatabaseSaveFailure;
     }
     return DBCResultCode::Success;

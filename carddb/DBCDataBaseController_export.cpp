@@ -4,7 +4,9 @@
 #include "carddb/DBCCard.h"
 #include "carddb/DBCCardAttributes.h"
 #include "carddb/DBCManagedObjectContext.h"
+#include "carddb/DBCPackageLayout.h"
 #include "datafile/DBCInterchangeNames.h"
+#include "datafile/DBCLocalizable.h"
 #include "operation/DBCCancelDelegate.h"
 #include "operation/DBCLog.h"
 
@@ -43,8 +45,8 @@ std::optional<std::vector<DBCRecord>> DBCDataBaseController::fetchCardDatas(DBCE
         if (!error && records.empty())
             error = DBCError(DBCResultCode::NoCards);
     } catch (const SQLite::Exception& exception) {
-        DBCLog::debug(QStringLiteral("The cards could not be fetched.[%1]")
-                          .arg(QString::fromLocal8Bit(exception.what())));
+        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_STORE_FETCH"),
+            {DBCPackageLayout::storeFile(_strDBPath), QString::fromLocal8Bit(exception.what())}));
         error = DBCError(DBCResultCode::FetchFailure);
         records.clear();
     }

@@ -3,6 +3,8 @@
 
 #include "carddb/DBCCardAttributes.h"
 #include "carddb/DBCCardRow.h"
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCLog.h"
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Exception.h>
@@ -71,10 +73,16 @@ std::unique_ptr<DBCManagedObjectContext> DBCManagedObjectContext::open(
             new DBCManagedObjectContext(std::move(store), model));
         context->keepForeignLog(storePath);
         context->_description = model.describe(*context->_store);
-        return context->_description.missing.isEmpty() ? std::move(context) : nullptr;
-    } catch (const SQLite::Exception&) {
-        return nullptr;
+        if (context->_description.missing.isEmpty())
+            return context;
+        const QString missing = context->_description.missing.join(QStringLiteral(", "));
+        DBCLog::error(
+            getLocalString(QStringLiteral("IDS_LOG_ERR_STORE_MODEL"), {storePath, missing}));
+    } catch (const SQLite::Exception& exception) {
+        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_STORE_OPEN"),
+            {storePath, QString::fromLocal8Bit(exception.what())}));
     }
+    return nullptr;
 }
 
 DBCManagedObjectContext::DBCManagedObjectContext(

@@ -52,12 +52,18 @@ void DBCPlainReporter::message(std::optional<quint32> /*number*/, const QString&
 {
     _progress.clear();
     DBCTerminal::write(stderr, text + u'\n');
+    _lastMessage = text;
 }
 
 void DBCPlainReporter::answered(const DBCQuestion& /*question*/, DBCAnswer /*answer*/) { }
 
-// The log file holds them; the summary counts them.
-void DBCPlainReporter::logged(DBCLogType /*type*/, const QString& /*text*/) { }
+// Errors say what a message cannot: which file, which line. Warnings may be many; the log file holds
+// them, and the summary counts them. A message is logged, too, once it has been shown.
+void DBCPlainReporter::logged(DBCLogType type, const QString& text)
+{
+    if (type == DBCLogType::Error && text != _lastMessage)
+        message({}, text);
+}
 
 void DBCPlainReporter::problem(const DBCProblem& problem)
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// For people: a progress line and messages on standard error, problems and a summary on standard
+// For people: a progress line, messages and errors on standard error, problems and a summary on standard
 // output.
 #pragma once
 
@@ -23,4 +23,5 @@ public:
 private:
     Amount _amount;
     DBCProgressLine _progress;
+    QString _lastMessage; // empty: none yet
 };

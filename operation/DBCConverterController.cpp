@@ -184,6 +184,15 @@ bool DBCConverterController::_isFolder(const QString& path)
     return QFileInfo(path).isDir();
 }
 
+// The message of such a failure is that of any internal one; what to do about it is said here.
+DBCError DBCConverterController::_sizeError(const DBCError& error) const
+{
+    if (DBCLog* log = _log())
+        log->logError(getLocalString(QStringLiteral("IDS_LOG_ERR_SIZE"),
+            {error.pathName().value_or(QString()), error.localizedDescription()}));
+    return error;
+}
+
 DBCError DBCConverterController::_openDatabase(
     std::unique_ptr<DBCDataBaseController>* database) const
 {

@@ -107,6 +107,7 @@ private:
     // Runs steps; an exception is logged through debugFormat (%1: its description) and becomes
     // InternalException.
     DBCError _guarded(const QString& debugFormat, const std::function<DBCError()>& steps) const;
+    DBCError _sizeError(const DBCError& error) const;
     DBCError _openDatabase(std::unique_ptr<DBCDataBaseController>* database) const;
     // CancelledByUser when the user wants to stop: how a step tells its sequence, which ends
     // without an error then.

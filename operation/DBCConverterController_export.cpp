@@ -133,7 +133,7 @@ DBCError DBCConverterController::_checkSpaceForExport(const std::vector<DBCRecor
     DBCError error;
     const quint64 needed = estimateDiskSpaceForExport(cards, &error) + DBCDiskSpaceMargin;
     if (error)
-        return error;
+        return _sizeError(error);
     if (!_isFolder(_fullPathFolder))
         return DBCError(DBCResultCode::FolderNotExist);
     if (!DBCChecker::checkDiskSizeIsEnough(_fullPathFolder, needed))

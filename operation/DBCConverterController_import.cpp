@@ -77,7 +77,7 @@ DBCError DBCConverterController::_checkSpaceForImport() const
     DBCError error;
     const quint64 needed = estimateDiskSpaceForImport(&error) + DBCDiskSpaceMargin;
     if (error)
-        return error;
+        return _sizeError(error);
     if (!_isFolder(_fullPathDB))
         return DBCError(DBCResultCode::FolderNotExist);
     if (!DBCChecker::checkDiskSizeIsEnough(_fullPathDB, needed))

@@ -48,6 +48,23 @@ std::optional<QString> mainApplicationVersion(const DBCHost& host)
                                              : std::nullopt;
 }
 
+// Why a package cannot be used: message 301 is the same for all reasons, the log tells them apart.
+const char* reasonKey(DBCResultCode state)
+{
+    switch (state) {
+    case DBCResultCode::PackageNotExist:
+        return "IDS_LOG_ERR_PACKAGE_NO_STORE";
+    case DBCResultCode::PackageInvalid:
+        return "IDS_LOG_ERR_PACKAGE_UNREADABLE";
+    case DBCResultCode::PackageLocked:
+        return "IDS_LOG_ERR_PACKAGE_IMMUTABLE";
+    case DBCResultCode::PackageReadOnly:
+        return "IDS_LOG_ERR_PACKAGE_READ_ONLY";
+    default:
+        return "IDS_LOG_ERR_PACKAGE_ACCESS";
+    }
+}
+
 } // namespace
 
 DBCPreconditions::DBCPreconditions(
@@ -149,8 +166,7 @@ bool DBCPreconditions::checkPackage()
         return refuse(301);
     const DBCResultCode state = DBCChecker::checkDBAttributes(_databasePath);
     if (state != DBCResultCode::PackageUsable) {
-        DBCLog::debug(QStringLiteral("The package [%1] cannot be used: 0x%2")
-                          .arg(_databasePath, QString::number(toNumber(state), 16)));
+        DBCLog::error(getLocalString(QString::fromLatin1(reasonKey(state)), {_databasePath}));
         return refuse(301);
     }
     if (DBCChecker::checkDBFileISLocked(DBCPackageLayout::lockFile(_databasePath)))

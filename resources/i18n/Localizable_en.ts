@@ -613,6 +613,56 @@
         <source>A card image could not be written. Check that the image folder of the export can be written to and that the disk has free space.</source>
         <translation>A card image could not be written. Check that the image folder of the export can be written to and that the disk has free space.</translation>
     </message>
+    <message id="IDS_LOG_ERR_PACKAGE_ACCESS">
+        <source>The access rights of the card database [%1] do not allow it to be used. Check that you may read and write it and everything in it, then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The access rights of the card database [%1] do not allow it to be used. Check that you may read and write it and everything in it, then try again.</translation>
+    </message>
+    <message id="IDS_LOG_ERR_PACKAGE_IMMUTABLE">
+        <source>The card database [%1], its card store, "Images" or "Files" is marked as immutable. Remove the mark (chattr -i), then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The card database [%1], its card store, "Images" or "Files" is marked as immutable. Remove the mark (chattr -i), then try again.</translation>
+    </message>
+    <message id="IDS_LOG_ERR_PACKAGE_NO_STORE">
+        <source>The card database [%1] has no card store. Choose another card database, or put its store back from a backup.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The card database [%1] has no card store. Choose another card database, or put its store back from a backup.</translation>
+    </message>
+    <message id="IDS_LOG_ERR_PACKAGE_READ_ONLY">
+        <source>The card database [%1] can be read but not written. Check that you may write to it and everything in it, then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The card database [%1] can be read but not written. Check that you may write to it and everything in it, then try again.</translation>
+    </message>
+    <message id="IDS_LOG_ERR_PACKAGE_UNREADABLE">
+        <source>[%1] is no card database or cannot be read. Choose a folder whose name ends in ".vmdb", and check that you may read it.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>[%1] is no card database or cannot be read. Choose a folder whose name ends in ".vmdb", and check that you may read it.</translation>
+    </message>
+    <message id="IDS_LOG_ERR_SIZE">
+        <source>The size of [%1] could not be measured: %2. Check that the program "du" is installed and that everything in this place can be read, then try again.</source>
+        <extracomment>%1: path. %2: reason.</extracomment>
+        <translation>The size of [%1] could not be measured: %2. Check that the program "du" is installed and that everything in this place can be read, then try again.</translation>
+    </message>
+    <message id="IDS_LOG_ERR_STORE_FETCH">
+        <source>The cards in [%1] could not be read: %2. Have the card database verified, and go back to a backup of it if it is damaged.</source>
+        <extracomment>%1: path. %2: reason.</extracomment>
+        <translation>The cards in [%1] could not be read: %2. Have the card database verified, and go back to a backup of it if it is damaged.</translation>
+    </message>
+    <message id="IDS_LOG_ERR_STORE_MODEL">
+        <source>The card store [%1] is not of the expected kind: it lacks %2. Open the card database once with the current version of Velmora, then try again.</source>
+        <extracomment>%1: path. %2: what is missing.</extracomment>
+        <translation>The card store [%1] is not of the expected kind: it lacks %2. Open the card database once with the current version of Velmora, then try again.</translation>
+    </message>
+    <message id="IDS_LOG_ERR_STORE_OPEN">
+        <source>The card store [%1] could not be opened: %2. Check that no other program uses it; if it is damaged, go back to a backup of the card database.</source>
+        <extracomment>%1: path. %2: reason.</extracomment>
+        <translation>The card store [%1] could not be opened: %2. Check that no other program uses it; if it is damaged, go back to a backup of the card database.</translation>
+    </message>
+    <message id="IDS_LOG_ERR_STORE_SAVE">
+        <source>The card store [%1] could not be saved: %2. Check that no other program uses it and that its disk has free space, then try again.</source>
+        <extracomment>%1: path. %2: reason.</extracomment>
+        <translation>The card store [%1] could not be saved: %2. Check that no other program uses it and that its disk has free space, then try again.</translation>
+    </message>
     <message id="IDS_LOG_ERR_TITLE_LINE">
         <source>Line %1 of [%2]: the title line has %4 titles, but %3 are needed, each of them once. Correct the title line and try again.</source>
         <extracomment>%1: line. %2: path of the data file. %3: titles needed. %4: titles found.</extracomment>

@@ -613,6 +613,56 @@
         <source>A card image could not be written. Check that the image folder of the export can be written to and that the disk has free space.</source>
         <translation>名刺画像を書き込めませんでした。エクスポート先の画像フォルダに書き込めること、ディスクに空き容量があることを確認してください。</translation>
     </message>
+    <message id="IDS_LOG_ERR_PACKAGE_ACCESS">
+        <source>The access rights of the card database [%1] do not allow it to be used. Check that you may read and write it and everything in it, then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>アクセス権の設定により、名刺データベース [%1] を使用できません。名刺データベースと中のすべてのファイルを読み書きできることを確認して、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_LOG_ERR_PACKAGE_IMMUTABLE">
+        <source>The card database [%1], its card store, "Images" or "Files" is marked as immutable. Remove the mark (chattr -i), then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>名刺データベース [%1]、または中の名刺ストア、「Images」、「Files」に変更禁止の属性が設定されています。属性を解除 (chattr -i) して、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_LOG_ERR_PACKAGE_NO_STORE">
+        <source>The card database [%1] has no card store. Choose another card database, or put its store back from a backup.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>名刺データベース [%1] に名刺ストアがありません。別の名刺データベースを選択するか、バックアップから名刺ストアを戻してください。</translation>
+    </message>
+    <message id="IDS_LOG_ERR_PACKAGE_READ_ONLY">
+        <source>The card database [%1] can be read but not written. Check that you may write to it and everything in it, then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>名刺データベース [%1] は読み取れますが、書き込めません。名刺データベースと中のすべてのファイルに書き込めることを確認して、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_LOG_ERR_PACKAGE_UNREADABLE">
+        <source>[%1] is no card database or cannot be read. Choose a folder whose name ends in ".vmdb", and check that you may read it.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>[%1] は名刺データベースではないか、読み取れません。名前の末尾が「.vmdb」のフォルダを選択し、読み取れることを確認してください。</translation>
+    </message>
+    <message id="IDS_LOG_ERR_SIZE">
+        <source>The size of [%1] could not be measured: %2. Check that the program "du" is installed and that everything in this place can be read, then try again.</source>
+        <extracomment>%1: path. %2: reason.</extracomment>
+        <translation>[%1] のサイズを測定できませんでした: %2。「du」コマンドがインストールされていること、この場所のすべてのファイルを読み取れることを確認して、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_LOG_ERR_STORE_FETCH">
+        <source>The cards in [%1] could not be read: %2. Have the card database verified, and go back to a backup of it if it is damaged.</source>
+        <extracomment>%1: path. %2: reason.</extracomment>
+        <translation>[%1] の名刺を読み取れませんでした: %2。名刺データベースを検査し、破損している場合はバックアップに戻してください。</translation>
+    </message>
+    <message id="IDS_LOG_ERR_STORE_MODEL">
+        <source>The card store [%1] is not of the expected kind: it lacks %2. Open the card database once with the current version of Velmora, then try again.</source>
+        <extracomment>%1: path. %2: what is missing.</extracomment>
+        <translation>名刺ストア [%1] の形式が想定と異なります (不足しているもの: %2)。最新のVelmoraで名刺データベースを一度開いてから、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_LOG_ERR_STORE_OPEN">
+        <source>The card store [%1] could not be opened: %2. Check that no other program uses it; if it is damaged, go back to a backup of the card database.</source>
+        <extracomment>%1: path. %2: reason.</extracomment>
+        <translation>名刺ストア [%1] を開けませんでした: %2。ほかのプログラムが使用していないことを確認してください。破損している場合は、名刺データベースをバックアップに戻してください。</translation>
+    </message>
+    <message id="IDS_LOG_ERR_STORE_SAVE">
+        <source>The card store [%1] could not be saved: %2. Check that no other program uses it and that its disk has free space, then try again.</source>
+        <extracomment>%1: path. %2: reason.</extracomment>
+        <translation>名刺ストア [%1] を保存できませんでした: %2。ほかのプログラムが使用していないこと、ディスクに空き容量があることを確認して、もう一度実行してください。</translation>
+    </message>
     <message id="IDS_LOG_ERR_TITLE_LINE">
         <source>Line %1 of [%2]: the title line has %4 titles, but %3 are needed, each of them once. Correct the title line and try again.</source>
         <extracomment>%1: line. %2: path of the data file. %3: titles needed. %4: titles found.</extracomment>
