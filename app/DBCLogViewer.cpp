@@ -198,10 +198,18 @@ void DBCLogViewer::append(const QByteArray& bytes)
         return;
     QScrollBar& bar = *_text->verticalScrollBar();
     const bool isAtEnd = bar.value() == bar.maximum();
-    // A cursor of its own: what the reader has selected stays.
+    // A selection up to the end would grow with the text.
+    QTextCursor selection = _text->textCursor();
+    const int anchor = selection.anchor();
+    const int position = selection.position();
     QTextCursor end(_text->document());
     end.movePosition(QTextCursor::End);
     end.insertText(_decoder(bytes));
+    if (anchor != position) {
+        selection.setPosition(anchor);
+        selection.setPosition(position, QTextCursor::KeepAnchor);
+        _text->setTextCursor(selection);
+    }
     if (isAtEnd)
         bar.setValue(bar.maximum());
 }
