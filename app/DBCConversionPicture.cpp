@@ -4,57 +4,169 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
+
 namespace {
 
-constexpr QSizeF smallArrow {30, 22}; // device-independent pixels, as everything here
-constexpr QSizeF threeParts {148, 52};
-constexpr qreal lineWidth = 1.6;
+// Everything here is in device-independent pixels, and straight lines lie on even numbers: those
+// are whole pixels at 100, 150 and 200 %.
+constexpr QSize sizeOfConversion {156, 60};
+constexpr QSize sizeOfArrow {30, 24};
 
-// A store of cards: a drum with two bands.
-void drawDatabase(QPainter& painter, const QRectF& place)
+constexpr QRectF drum {4, 6, 40, 48};
+constexpr QRectF cardBeforeDrum {28, 34, 28, 18};
+constexpr QRectF folder {4, 14, 48, 40};
+constexpr qreal databaseWidth = 56;
+constexpr qreal folderWidth = 52;
+constexpr qreal middle = 30;
+constexpr qreal arrowGap = 10;
+constexpr qreal arrowLength = 30;
+
+constexpr qreal lineWidth = 1.25;
+constexpr qreal arrowWidth = 2;
+
+QColor mixed(const QColor& color, const QColor& other, qreal share)
 {
-    const qreal lid = place.height() * 0.26;
-    const QRectF top(place.left(), place.top(), place.width(), lid);
-    const auto lowerHalf = [&](qreal fromTop) {
+    const auto mix = [&](float a, float b) { return a + (b - a) * static_cast<float>(share); };
+    return QColor::fromRgbF(mix(color.redF(), other.redF()), mix(color.greenF(), other.greenF()),
+        mix(color.blueF(), other.blueF()));
+}
+
+class Pencil {
+public:
+    Pencil(QPainter& painter, const QPalette& palette)
+        : _painter(painter)
+        , _scale(painter.device()->devicePixelRatio())
+        , _window(palette.color(QPalette::Window))
+        , _paper(palette.color(QPalette::Base))
+        , _accent(palette.color(QPalette::Highlight))
+        , _ink(mixed(palette.color(QPalette::WindowText), _window, 0.2))
+    {
+        painter.setRenderHint(QPainter::Antialiasing);
+    }
+
+    void drawDatabase() const;
+    void drawFolder() const;
+    void drawArrow(const QPointF& from, const QPointF& to) const;
+
+private:
+    // A pen of whole pixels, and the way from an even number to where it covers whole pixels:
+    // anything else would be lines of twice the width and half the shade.
+    QPen sharpPen(const QColor& color, qreal width) const
+    {
+        return {color, pixels(width) / _scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+    }
+    QPointF shift(qreal width) const
+    {
+        const qreal half = pixels(width) % 2 / (2 * _scale);
+        return {half, half};
+    }
+    int pixels(qreal width) const { return std::max(1, qRound(width * _scale)); }
+    void outline(const QPainterPath& shape, const QColor& fill) const;
+    void line(const QPointF& from, const QPointF& to, const QColor& color, qreal width) const;
+    void drawCard(const QRectF& place) const;
+
+    QPainter& _painter;
+    qreal _scale;
+    QColor _window;
+    QColor _paper;
+    QColor _accent;
+    QColor _ink;
+};
+
+void Pencil::outline(const QPainterPath& shape, const QColor& fill) const
+{
+    _painter.setPen(sharpPen(_ink, lineWidth));
+    _painter.setBrush(fill);
+    _painter.drawPath(shape.translated(shift(lineWidth)));
+}
+
+void Pencil::line(const QPointF& from, const QPointF& to, const QColor& color, qreal width) const
+{
+    _painter.setPen(sharpPen(color, width));
+    _painter.drawLine(from + shift(width), to + shift(width));
+}
+
+// A name in the accent's colour and two lines below it, as far as the card shows.
+void Pencil::drawCard(const QRectF& place) const
+{
+    QPainterPath edge;
+    edge.addRoundedRect(place, 2, 2);
+    outline(edge, _paper);
+    const qreal left = place.left() + 6;
+    line({left, place.top() + 6}, {left + 8, place.top() + 6}, _accent, arrowWidth);
+    line({left, place.top() + 12}, {place.right() - 6, place.top() + 12}, mixed(_ink, _paper, 0.5),
+        lineWidth);
+}
+
+void Pencil::drawDatabase() const
+{
+    constexpr qreal lidHeight = 12;
+    constexpr int tiers = 3;
+    const QRectF lid(drum.topLeft(), QSizeF(drum.width(), lidHeight));
+    const qreal depth = drum.height() - lidHeight;
+    const auto rim = [&](qreal below) {
         QPainterPath arc;
-        const QRectF ellipse = top.translated(0, fromTop);
-        arc.arcMoveTo(ellipse, 180);
-        arc.arcTo(ellipse, 180, 180);
+        arc.arcMoveTo(lid.translated(0, below), 180);
+        arc.arcTo(lid.translated(0, below), 180, 180);
         return arc;
     };
-    const qreal depth = place.height() - lid;
-    QPainterPath body = lowerHalf(depth);
-    body.lineTo(place.right(), top.center().y());
-    body.arcTo(top, 0, 180);
+    QPainterPath body = rim(depth);
+    body.arcTo(lid, 0, 180);
     body.closeSubpath();
-    painter.drawPath(body);
-    painter.drawPath(lowerHalf(0));
-    painter.drawPath(lowerHalf(depth / 3));
-    painter.drawPath(lowerHalf(depth * 2 / 3));
+    outline(body, _paper);
+    QPainterPath top;
+    top.addEllipse(lid);
+    outline(top, mixed(_paper, _accent, 0.35));
+    for (int tier = 1; tier < tiers; ++tier)
+        outline(rim(depth * tier / tiers), Qt::transparent);
+
+    // A margin sets the card apart from the drum.
+    constexpr qreal margin = 3;
+    QPainterPath around;
+    around.addRoundedRect(
+        cardBeforeDrum.adjusted(-margin, -margin, margin, margin), 2 + margin, 2 + margin);
+    _painter.fillPath(around, _window);
+    drawCard(cardBeforeDrum);
 }
 
-// A folder with two cards that look out of it.
-void drawFolder(QPainter& painter, const QRectF& place)
+void Pencil::drawFolder() const
 {
-    const QSizeF cardSize(place.width() * 0.62, place.height() * 0.6);
-    const QRectF backCard(QPointF(place.left() + place.width() * 0.26, place.top()), cardSize);
-    const QRectF card = backCard.translated(-place.width() * 0.14, place.height() * 0.12);
-    painter.drawRoundedRect(backCard, 2, 2);
-    painter.drawRoundedRect(card, 2, 2);
-    const qreal writing = card.top() + card.height() * 0.22;
-    painter.drawLine(QPointF(card.left() + 5, writing), QPointF(card.center().x(), writing));
-    const qreal pocket = place.height() * 0.42;
-    painter.drawRoundedRect(place.adjusted(0, pocket, 0, 0), 3, 3);
+    constexpr qreal corner = 3;
+    constexpr qreal tabWidth = 16;
+    constexpr qreal tabHeight = 4;
+    constexpr qreal pocketHeight = 26;
+    QPainterPath back;
+    back.moveTo(folder.left(), folder.bottom() - corner);
+    back.lineTo(folder.left(), folder.top() + corner);
+    back.quadTo(folder.topLeft(), folder.topLeft() + QPointF(corner, 0));
+    back.lineTo(folder.left() + tabWidth, folder.top());
+    back.lineTo(folder.left() + tabWidth + tabHeight, folder.top() + tabHeight);
+    back.lineTo(folder.right() - corner, folder.top() + tabHeight);
+    back.quadTo(folder.right(), folder.top() + tabHeight, folder.right(),
+        folder.top() + tabHeight + corner);
+    back.lineTo(folder.right(), folder.bottom() - corner);
+    outline(back, mixed(_paper, _accent, 0.35));
+
+    QPainterPath cardBehind;
+    cardBehind.addRoundedRect(QRectF(folder.left() + 12, 6, 32, 30), 2, 2);
+    outline(cardBehind, _paper);
+    drawCard({folder.left() + 6, 10, 32, 30});
+
+    QPainterPath pocket;
+    pocket.addRoundedRect(folder.adjusted(0, folder.height() - pocketHeight, 0, 0), corner, corner);
+    outline(pocket, mixed(_paper, _accent, 0.18));
 }
 
-void drawArrow(QPainter& painter, const QPointF& from, const QPointF& to, qreal head)
+void Pencil::drawArrow(const QPointF& from, const QPointF& to) const
 {
-    const QLineF shaft(from, to);
-    painter.drawLine(shaft);
-    for (const qreal angle : {145.0, -145.0}) {
-        QLineF side(to, to + QPointF(head, 0));
-        side.setAngle(shaft.angle() + angle);
-        painter.drawLine(side);
+    constexpr qreal headAngle = 140; // degrees between shaft and barb
+    constexpr qreal headLength = 8;
+    line(from, to, _accent, arrowWidth);
+    for (const qreal side : {headAngle, -headAngle}) {
+        QLineF barb(to, to + QPointF(headLength, 0));
+        barb.setAngle(QLineF(from, to).angle() + side);
+        line(barb.p1(), barb.p2(), _accent, arrowWidth);
     }
 }
 
@@ -75,37 +187,33 @@ void DBCConversionPicture::setSubject(Subject subject)
 
 QSize DBCConversionPicture::sizeHint() const
 {
-    return (_subject == Subject::Downwards ? smallArrow : threeParts).toSize();
+    return _subject == Subject::Downwards ? sizeOfArrow : sizeOfConversion;
 }
 
 void DBCConversionPicture::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QColor ink = palette().color(QPalette::WindowText);
-    const QColor accent = palette().color(QPalette::Highlight);
-    const QPen plain(ink, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-    const QPen strong(accent, lineWidth * 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-    const QSizeF size = sizeHint();
-    painter.translate((width() - size.width()) / 2, (height() - size.height()) / 2);
-
-    if (_subject == Subject::Downwards) {
-        painter.setPen(strong);
-        drawArrow(
-            painter, QPointF(size.width() / 2, 2), QPointF(size.width() / 2, size.height() - 2), 9);
+    const QSize size = sizeHint();
+    // Even numbers, as above.
+    painter.translate((width() - size.width()) / 4 * 2, (height() - size.height()) / 4 * 2);
+    const Pencil pencil(painter, palette());
+    switch (_subject) {
+    case Subject::Downwards:
+        pencil.drawArrow({size.width() / 2.0, 4}, {size.width() / 2.0, size.height() - 4.0});
+        return;
+    case Subject::Export:
+        pencil.drawDatabase();
+        painter.translate(databaseWidth + arrowGap, 0);
+        pencil.drawArrow({0, middle}, {arrowLength, middle});
+        painter.translate(arrowLength + arrowGap - folder.left(), 0);
+        pencil.drawFolder();
+        return;
+    case Subject::Import:
+        pencil.drawFolder();
+        painter.translate(folderWidth + arrowGap, 0);
+        pencil.drawArrow({0, middle}, {arrowLength, middle});
+        painter.translate(arrowLength + arrowGap - drum.left(), 0);
+        pencil.drawDatabase();
         return;
     }
-    painter.setPen(plain);
-    painter.setBrush(palette().color(QPalette::Base));
-    const QRectF left(2, 5, 42, 42);
-    const QRectF right(size.width() - 46, 5, 44, 42);
-    if (_subject == Subject::Export) {
-        drawDatabase(painter, left);
-        drawFolder(painter, right);
-    } else {
-        drawFolder(painter, left);
-        drawDatabase(painter, right);
-    }
-    painter.setPen(strong);
-    drawArrow(painter, QPointF(56, 26), QPointF(size.width() - 58, 26), 9);
 }

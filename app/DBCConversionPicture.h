@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A small drawing of what goes where, in the colours of the palette and sharp at every scale.
+// A small drawing of what goes where, in the colours of the palette and sharp at every scale. It
+// only adorns the texts beside it, which say the same, and so says nothing to a screen reader.
 #pragma once
 
 #include <QWidget>
