@@ -8,26 +8,25 @@
 #include <QString>
 
 #include <cstdio>
-#include <deque>
 #include <memory>
 
-#include <qpdf/QPDF.hh>
-
+class DBCCardPdfDocument;
 struct DBCJpegProperties;
 
+// One at a time on a thread.
 class DBCCardPdfWriter {
 public:
-    // By it the main application and CheckPdfFile() know their own.
-    static constexpr const char* creator = "Trevant Manager #VelmoraConverter";
-
     // Creates the file, replacing one that stands there.
     explicit DBCCardPdfWriter(const QString& path);
+    ~DBCCardPdfWriter();
+    DBCCardPdfWriter(const DBCCardPdfWriter&) = delete;
+    DBCCardPdfWriter& operator=(const DBCCardPdfWriter&) = delete;
 
     // False when the file could not be created.
     bool isOpen() const { return _file != nullptr; }
 
     // A page of that many points, filled by the JPEG. The library's exceptions pass.
-    void addPage(QByteArray jpeg, const DBCJpegProperties& properties, QSize pointSize);
+    void addPage(const QByteArray& jpeg, const DBCJpegProperties& properties, QSize pointSize);
 
     // False when the file cannot be written; it then holds anything. Nothing may follow.
     bool close();
@@ -38,6 +37,5 @@ private:
     };
 
     std::unique_ptr<std::FILE, FileCloser> _file;
-    std::deque<QByteArray> _jpegs; // stay where they are while the document refers to them
-    QPDF _document;
+    DBCCardPdfDocument& _document; // the thread's
 };

@@ -95,7 +95,7 @@ bool addPage(DBCCardPdfWriter* writer, const QString& path)
     const auto properties = readJpegProperties(jpeg);
     if (!properties)
         return false;
-    writer->addPage(std::move(jpeg), *properties, pagePointSize(*properties));
+    writer->addPage(jpeg, *properties, pagePointSize(*properties));
     return true;
 }
 

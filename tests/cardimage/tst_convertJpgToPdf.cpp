@@ -33,6 +33,8 @@ private Q_SLOTS:
     void imagesComeBackUpright();
     void picturesOfFourInksLookTheSameInOtherReaders();
     void pageWithoutExtentIsStillExtracted();
+    void cardHasNothingOfTheOneBefore();
+    void cardHasNothingOfOneThatFailed();
 
     void fileIsNoUsableJpeg_data();
     void fileIsNoUsableJpeg();
@@ -355,6 +357,36 @@ void tst_convertJpgToPdf::pageWithoutExtentIsStillExtracted()
         DBCResultCode::Success);
     QCOMPARE(face.pixels.size(), QSize(4, 4));
     QCOMPARE(info.xResolution, 0);
+}
+
+void tst_convertJpgToPdf::cardHasNothingOfTheOneBefore()
+{
+    Conversion before;
+    before.add(JpegBuilder(60, 40).cmyk().dotsPerInch(300, 300).bytes());
+    before.add(JpegBuilder(50, 50).bytes()).add(JpegBuilder(20, 30).bytes());
+    QCOMPARE(before.run(), DBCResultCode::Success);
+
+    const QByteArray jpeg = JpegBuilder(30, 20).gray().bytes();
+    Conversion conversion;
+    QCOMPARE(conversion.add(jpeg).run(), DBCResultCode::Success);
+    Document document(conversion.output());
+    QCOMPARE(document.pageCount(), 1);
+    QCOMPARE(document.box(0), QByteArray("[ 0 0 30 20 ]"));
+    QVERIFY(document.contents(0).contains("30 0 0 20 0 0 cm"));
+    QVERIFY(!document.image(0).getDict().hasKey("/Decode"));
+    QVERIFY(conversion.home().readFile(QStringLiteral("card.pdf")).size() < jpeg.size() + 2000);
+}
+
+void tst_convertJpgToPdf::cardHasNothingOfOneThatFailed()
+{
+    Conversion failing;
+    QCOMPARE(failing.add(JpegBuilder(60, 40).bytes()).add("no JPEG").run(),
+        DBCResultCode::PdfCreateFailure);
+    Conversion conversion;
+    QCOMPARE(conversion.add(JpegBuilder(30, 20).bytes()).run(), DBCResultCode::Success);
+    Document document(conversion.output());
+    QCOMPARE(document.pageCount(), 1);
+    QCOMPARE(document.image(0).getDict().getKey("/Width").getIntValueAsInt(), 30);
 }
 
 void tst_convertJpgToPdf::fileIsNoUsableJpeg_data()
