@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Boxes over the window, asked for from the window's thread and from the operation's.
+#include "app/DBCWindowPresenter.h"
+#include "tests/support/TestHome.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <future>
+#include <thread>
+
+namespace {
+
+QMessageBox* openBox()
+{
+    return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+}
+
+// Does what a user does as soon as a box stands on the screen.
+void whenABoxOpens(const std::function<void(QMessageBox&)>& act)
+{
+    auto* const timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, act] {
+        if (QMessageBox* const box = openBox()) {
+            timer->deleteLater();
+            act(*box);
+        }
+    });
+    timer->start(5);
+}
+
+void pressKey(QMessageBox& box, Qt::Key key)
+{
+    QTest::keyClick(&box, key);
+}
+
+QPushButton* buttonLabelled(QMessageBox& box, const QString& label)
+{
+    for (QPushButton* const button : box.findChildren<QPushButton*>()) {
+        if (button->text() == label)
+            return button;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+class tst_windowPresenter : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { _window.show(); }
+
+    void errorShowsItsTextAsItStands();
+    void enterIsTheDefaultAnswer();
+    void escapeIsTheAlternateAnswer();
+    void closedBoxIsTheAlternateAnswer();
+    void eachButtonGivesItsAnswer();
+    void questionOfAnotherThreadWaitsForTheAnswer();
+    void windowIsPaintedWhileAQuestionIsOpen();
+    void sheetGivesItsAnswerLater();
+    void unattendedCancelIsConfirmedWithoutABox();
+    void unattendedQuestionTakesTheAlternateAnswer();
+    void openQuestionOfAnotherThreadEndsWhenNobodyIsThere();
+
+private:
+    static DBCAnswer ask(const QString& key = QStringLiteral("IDS_MSG_ERR_0205"))
+    {
+        return DBCMessage::ShowInfoMessage(key, DBCButton::Yes, DBCButton::No);
+    }
+    // The answer that a thread of its own gets, while this one's event loop runs.
+    static DBCAnswer askOnAnotherThread(const QString& key)
+    {
+        auto answer = std::async(std::launch::async, [key] { return ask(key); });
+        while (answer.wait_for(std::chrono::milliseconds(5)) != std::future_status::ready)
+            QCoreApplication::processEvents();
+        return answer.get();
+    }
+
+    TestHome _home;
+    QWidget _window;
+};
+
+void tst_windowPresenter::errorShowsItsTextAsItStands()
+{
+    DBCWindowPresenter presenter(_window);
+    QString shown;
+    whenABoxOpens([&](QMessageBox& box) {
+        shown = box.text();
+        QCOMPARE(box.textFormat(), Qt::PlainText);
+        QCOMPARE(box.windowTitle(), QStringLiteral("VelmoraConverter"));
+        pressKey(box, Qt::Key_Return);
+    });
+    const QString text = DBCMessage::ShowErrorMessage(308, {QStringLiteral("/<b>a & b")});
+    QCOMPARE(shown, text);
+    QVERIFY(shown.contains(QStringLiteral("/<b>a & b")));
+}
+
+void tst_windowPresenter::enterIsTheDefaultAnswer()
+{
+    DBCWindowPresenter presenter(_window);
+    whenABoxOpens([](QMessageBox& box) {
+        QCOMPARE(box.defaultButton()->text(), QStringLiteral("Yes"));
+        pressKey(box, Qt::Key_Return);
+    });
+    QCOMPARE(ask(), DBCAnswer::Default);
+}
+
+void tst_windowPresenter::escapeIsTheAlternateAnswer()
+{
+    DBCWindowPresenter presenter(_window);
+    whenABoxOpens([](QMessageBox& box) { pressKey(box, Qt::Key_Escape); });
+    QCOMPARE(ask(), DBCAnswer::Alternate);
+}
+
+void tst_windowPresenter::closedBoxIsTheAlternateAnswer()
+{
+    DBCWindowPresenter presenter(_window);
+    whenABoxOpens([](QMessageBox& box) { box.close(); });
+    QCOMPARE(ask(), DBCAnswer::Alternate);
+}
+
+void tst_windowPresenter::eachButtonGivesItsAnswer()
+{
+    DBCWindowPresenter presenter(_window);
+    const QList<std::pair<QString, DBCAnswer>> answers {
+        {QStringLiteral("Yes"), DBCAnswer::Default},
+        {QStringLiteral("No"), DBCAnswer::Alternate},
+        {QStringLiteral("Third"), DBCAnswer::Other},
+    };
+    for (const auto& [label, answer] : answers) {
+        whenABoxOpens([label = label](QMessageBox& box) { buttonLabelled(box, label)->click(); });
+        QCOMPARE(DBCMessage::ShowInfoMessage(QStringLiteral("IDS_MSG_ERR_0205"), DBCButton::Yes,
+                     DBCButton::No, QStringLiteral("Third")),
+            answer);
+    }
+}
+
+void tst_windowPresenter::questionOfAnotherThreadWaitsForTheAnswer()
+{
+    DBCWindowPresenter presenter(_window);
+    QThread* thread = nullptr;
+    whenABoxOpens([&](QMessageBox& box) {
+        thread = QThread::currentThread();
+        QCOMPARE(box.windowModality(), Qt::WindowModal);
+        pressKey(box, Qt::Key_Return);
+    });
+    QCOMPARE(askOnAnotherThread(QStringLiteral("IDS_MSG_ERR_0315")), DBCAnswer::Default);
+    QCOMPARE(thread, _window.thread());
+}
+
+void tst_windowPresenter::windowIsPaintedWhileAQuestionIsOpen()
+{
+    struct PaintWatcher : QObject {
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override
+        {
+            paints += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+        int paints = 0;
+    } watcher;
+    _window.installEventFilter(&watcher);
+    DBCWindowPresenter presenter(_window);
+    int paintsWhileOpen = 0;
+    whenABoxOpens([&](QMessageBox& box) {
+        const int before = watcher.paints;
+        _window.update();
+        QTest::qWait(50);
+        paintsWhileOpen = watcher.paints - before;
+        pressKey(box, Qt::Key_Escape);
+    });
+    ask();
+    QVERIFY(paintsWhileOpen > 0);
+}
+
+void tst_windowPresenter::sheetGivesItsAnswerLater()
+{
+    DBCWindowPresenter presenter(_window);
+    std::optional<DBCAnswer> answer;
+    bool isDismissed = false;
+    QCOMPARE(DBCMessage::ShowInfoMessageAlertSheet(
+                 nullptr, [&](DBCAnswer given) { answer = given; }, [&] { isDismissed = true; },
+                 QStringLiteral("IDS_MSG_ERR_0205"), DBCButton::Yes, DBCButton::No),
+        DBCAnswer::Alternate);
+    QVERIFY(!answer);
+    whenABoxOpens([](QMessageBox& box) { pressKey(box, Qt::Key_Return); });
+    QTRY_VERIFY(answer);
+    QCOMPARE(*answer, DBCAnswer::Default);
+    QVERIFY(isDismissed);
+}
+
+void tst_windowPresenter::unattendedCancelIsConfirmedWithoutABox()
+{
+    DBCWindowPresenter presenter(_window);
+    presenter.leaveUnattended();
+    QCOMPARE(ask(QStringLiteral("IDS_MSG_ERR_0315")), DBCAnswer::Default);
+    QCOMPARE(ask(QStringLiteral("IDS_MSG_ERR_0210")), DBCAnswer::Default);
+}
+
+void tst_windowPresenter::unattendedQuestionTakesTheAlternateAnswer()
+{
+    DBCWindowPresenter presenter(_window);
+    presenter.leaveUnattended();
+    QCOMPARE(ask(QStringLiteral("IDS_MSG_ERR_0205")), DBCAnswer::Alternate);
+    QCOMPARE(ask(QStringLiteral("IDS_MSG_ERR_0317")), DBCAnswer::Alternate);
+}
+
+// The window's thread may be on its way out of the program and turn no event loop any more.
+void tst_windowPresenter::openQuestionOfAnotherThreadEndsWhenNobodyIsThere()
+{
+    DBCWindowPresenter presenter(_window);
+    std::promise<DBCAnswer> given;
+    std::future<DBCAnswer> answer = given.get_future();
+    std::thread operation([&] { given.set_value(ask(QStringLiteral("IDS_MSG_ERR_0315"))); });
+    QTRY_VERIFY(openBox());
+    presenter.leaveUnattended();
+    QCOMPARE(answer.wait_for(std::chrono::seconds(10)), std::future_status::ready);
+    QCOMPARE(answer.get(), DBCAnswer::Default);
+    operation.join();
+    QTRY_VERIFY(!openBox());
+}
+
+QTEST_MAIN(tst_windowPresenter)
+#include "tst_windowPresenter.moc"
