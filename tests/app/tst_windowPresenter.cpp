@@ -10,7 +10,6 @@
 #include <QTimer>
 
 #include <future>
-#include <thread>
 
 namespace {
 
@@ -212,15 +211,16 @@ void tst_windowPresenter::unattendedQuestionTakesTheAlternateAnswer()
 void tst_windowPresenter::openQuestionOfAnotherThreadEndsWhenNobodyIsThere()
 {
     DBCWindowPresenter presenter(_window);
-    std::promise<DBCAnswer> given;
-    std::future<DBCAnswer> answer = given.get_future();
-    std::thread operation([&] { given.set_value(ask(QStringLiteral("IDS_MSG_ERR_0315"))); });
-    QTRY_VERIFY(openBox());
-    presenter.leaveUnattended();
-    QCOMPARE(answer.wait_for(std::chrono::seconds(10)), std::future_status::ready);
+    auto answer
+        = std::async(std::launch::async, [] { return ask(QStringLiteral("IDS_MSG_ERR_0315")); });
+    std::future_status whileOpen = std::future_status::timeout;
+    whenABoxOpens([&](QMessageBox& /*box*/) {
+        presenter.leaveUnattended();
+        whileOpen = answer.wait_for(std::chrono::seconds(10));
+    });
+    QTRY_COMPARE(whileOpen, std::future_status::ready);
     QCOMPARE(answer.get(), DBCAnswer::Default);
-    operation.join();
-    QTRY_VERIFY(!openBox());
+    QVERIFY(!openBox());
 }
 
 QTEST_MAIN(tst_windowPresenter)
