@@ -57,8 +57,8 @@ void DBCPlainReporter::message(std::optional<quint32> /*number*/, const QString&
 
 void DBCPlainReporter::answered(const DBCQuestion& /*question*/, DBCAnswer /*answer*/) { }
 
-// Errors say what a message cannot: which file, which line. Warnings may be many; the log file holds
-// them, and the summary counts them. A message is logged, too, once it has been shown.
+// Errors say what a message cannot: which file, which line. Warnings may be many; the log file
+// holds them, and the summary counts them. A message is logged, too, once it has been shown.
 void DBCPlainReporter::logged(DBCLogType type, const QString& text)
 {
     if (type == DBCLogType::Error && text != _lastMessage)
