@@ -40,7 +40,7 @@ void DBCProgressLine::showStage(const QString& text)
 
 void DBCProgressLine::beginCounting()
 {
-    _sinceBeginning.start();
+    _remainingTime.start();
     _sinceLastWrite.invalidate();
 }
 
@@ -63,11 +63,8 @@ void DBCProgressLine::showCounts(const char* formatKey, qint64 finishedCount, qi
 
 QString DBCProgressLine::remainingTime(qint64 finishedCount, qint64 maxCount) const
 {
-    if (!_sinceBeginning.isValid() || finishedCount == 0)
-        return {};
-    const qint64 milliseconds
-        = _sinceBeginning.elapsed() * (maxCount - finishedCount) / finishedCount;
-    return clockTime((milliseconds + 999) / 1000);
+    const std::optional<qint64> seconds = _remainingTime.seconds(finishedCount, maxCount);
+    return seconds ? clockTime(*seconds) : QString();
 }
 
 void DBCProgressLine::write(const QString& text)

@@ -2,6 +2,8 @@
 // One line on standard error that is written over and over while an operation runs.
 #pragma once
 
+#include "operation/DBCRemainingTime.h"
+
 #include <QElapsedTimer>
 #include <QString>
 
@@ -27,6 +29,6 @@ private:
 
     Visibility _visibility;
     bool _isOnScreen = false;
-    QElapsedTimer _sinceBeginning;
+    DBCRemainingTime _remainingTime;
     QElapsedTimer _sinceLastWrite;
 };
