@@ -2,6 +2,7 @@
 // Lines made of records.
 #include "datafile/DBCLocalizable.h"
 #include "tests/datafile/WriterFixture.h"
+#include "tests/support/ScopedTimeZone.h"
 
 #include <QtTest>
 
@@ -154,11 +155,14 @@ void tst_fileWriterLines::registerDateGivenAsDate()
 
 void tst_fileWriterLines::registerDateGivenInAnotherTimeZoneIsLocal()
 {
-    const QDateTime local(QDate(2009, 3, 5), QTime(0, 30));
-    QCOMPARE(writtenItem(DBCRecordKey::register_Date, local.toOffsetFromUtc(-11 * 3600)),
-        QStringLiteral("2009/03/05"));
-    QCOMPARE(writtenItem(DBCRecordKey::register_Date, local.toOffsetFromUtc(14 * 3600)),
-        QStringLiteral("2009/03/05"));
+    const QDateTime evening(QDate(2009, 3, 4), QTime(15, 30), Qt::UTC);
+    {
+        const ScopedTimeZone tokyo("JST-9");
+        QCOMPARE(writtenItem(DBCRecordKey::register_Date, evening), QStringLiteral("2009/03/05"));
+    }
+    const ScopedTimeZone newYork("EST5");
+    QCOMPARE(writtenItem(DBCRecordKey::register_Date, evening.toOffsetFromUtc(14 * 3600)),
+        QStringLiteral("2009/03/04"));
 }
 
 void tst_fileWriterLines::registerDateGivenAsText()
