@@ -115,7 +115,7 @@ bool DBCConverterController::run()
 DBCError DBCConverterController::_performOperation()
 {
     bool hasSequenceEnded = false;
-    const DBCError error = _guarded(QStringLiteral("Exception happended.[%1]"), [&] {
+    DBCError error = _guarded(QStringLiteral("Exception happended.[%1]"), [&] {
         DBCError sequenceError;
         if (_operationType == OperationType::Import)
             _doImport(&sequenceError);

@@ -130,7 +130,7 @@ private:
 
     // --- export ---
     DBCError _exportCards();
-    DBCError _fetchCards(DBCDataBaseController& database, std::vector<DBCRecord>* cards) const;
+    static DBCError _fetchCards(DBCDataBaseController& database, std::vector<DBCRecord>* cards);
     DBCError _checkSpaceForExport(const std::vector<DBCRecord>& cards) const;
     DBCError _openDataFile(std::unique_ptr<DBCFileWriter>* writer) const;
     DBCError _writeCards(

@@ -116,7 +116,7 @@ DBCError DBCConverterController::_exportCards()
 }
 
 DBCError DBCConverterController::_fetchCards(
-    DBCDataBaseController& database, std::vector<DBCRecord>* cards) const
+    DBCDataBaseController& database, std::vector<DBCRecord>* cards)
 {
     DBCError error;
     auto fetched = database.fetchCardDatas(&error);

@@ -163,7 +163,7 @@ DBCError DBCConverterController::_saveImport(DBCDataBaseController& database)
 // then on.
 DBCError DBCConverterController::_undoImport(DBCDataBaseController& database, const DBCError& cause)
 {
-    const DBCError error = _isCancel(cause) ? DBCError() : cause;
+    DBCError error = _isCancel(cause) ? DBCError() : cause;
     if (error)
         _reportFailedImport(error);
 
@@ -175,7 +175,7 @@ DBCError DBCConverterController::_undoImport(DBCDataBaseController& database, co
 
     const QString backupPath = database.backupDBPath();
     if (isFailure(result)) {
-        const DBCError restoreError = errorWithBackup(result, backupPath);
+        DBCError restoreError = errorWithBackup(result, backupPath);
         _handleImportError(restoreError);
         return restoreError;
     }
