@@ -63,8 +63,8 @@ DBCSingleInstance::Role DBCSingleInstance::claim(const QByteArray& activationTok
 // A copy that cannot listen is the first one nevertheless; later ones find it silent.
 void DBCSingleInstance::listen()
 {
-    // Left by a copy that died.
-    QLocalServer::removeServer(_socket);
+    // A socket that is for the user alone is moved to its name when it is ready, over what a copy
+    // that died has left there.
     _server.setSocketOptions(QLocalServer::UserAccessOption);
     _server.listen(_socket);
 }

@@ -36,7 +36,8 @@ DesktopWindows::DesktopWindows(const QString& display)
         qFatal("no connection to the display %s", qPrintable(display));
     _root = xcb_setup_roots_iterator(xcb_get_setup(_connection)).data->root;
     // What programs tell the window manager.
-    constexpr std::uint32_t events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    constexpr std::uint32_t events
+        = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_change_window_attributes(_connection, _root, XCB_CW_EVENT_MASK, &events);
     xcb_flush(_connection);
 }
@@ -115,9 +116,17 @@ bool DesktopWindows::isWantedByUser(const QString& title)
     return std::find(_wantedByUser.begin(), _wantedByUser.end(), window) != _wantedByUser.end();
 }
 
+QByteArray DesktopWindows::startFeedback()
+{
+    readEvents();
+    return _startFeedback;
+}
+
 void DesktopWindows::readEvents()
 {
     const std::uint32_t activation = atom("_NET_ACTIVE_WINDOW");
+    const std::uint32_t feedbackBegins = atom("_NET_STARTUP_INFO_BEGIN");
+    const std::uint32_t feedbackGoesOn = atom("_NET_STARTUP_INFO");
     while (const auto event = owned(xcb_poll_for_event(_connection))) {
         if ((event->response_type & ~sentEvent) != XCB_CLIENT_MESSAGE)
             continue;
@@ -125,6 +134,9 @@ void DesktopWindows::readEvents()
         std::memcpy(&message, event.get(), sizeof message);
         if (message.type == activation && message.data.data32[0] == askedByUser)
             _wantedByUser.push_back(message.window);
+        if (message.type == feedbackBegins || message.type == feedbackGoesOn)
+            _startFeedback.append(
+                reinterpret_cast<const char*>(message.data.data8), sizeof message.data.data8);
     }
 }
 

@@ -3,6 +3,7 @@
 // user does to them outside of their program.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -28,6 +29,8 @@ public:
     // Whether the window manager has been told that the user wants the window in front, and not
     // merely its program.
     bool isWantedByUser(const QString& title);
+    // What has been said about programs that start, one text after the other.
+    QByteArray startFeedback();
 
     // Another program's window, in front and with the focus. It stays while this object lives.
     void openOther(const QString& title);
@@ -46,4 +49,5 @@ private:
     xcb_connection_t* _connection;
     std::uint32_t _root = 0;
     std::vector<std::uint32_t> _wantedByUser;
+    QByteArray _startFeedback;
 };

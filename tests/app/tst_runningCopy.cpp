@@ -35,6 +35,7 @@ private Q_SLOTS:
     void windowAppearsWithTheFocus();
     void secondStartRaisesTheCoveredWindow();
     void secondStartRaisesTheMinimisedWindow();
+    void secondStartEndsItsFeedback();
     void closeBoxEndsTheProgram();
     void endOfTheSessionEndsTheProgram();
     void vanishedDisplayEndsTheProgram();
@@ -45,7 +46,8 @@ private:
     QProcess& start(const QProcessEnvironment& environment);
     QProcess& start() { return start(_display->environment()); }
     void showFirstCopy();
-    void startSecondCopy();
+    void startSecondCopy(const QProcessEnvironment& environment);
+    void startSecondCopy() { startSecondCopy(_display->environment()); }
 
     const QString _title = QStringLiteral("VelmoraConverter");
     const QString _other = QStringLiteral("Another program");
@@ -69,9 +71,9 @@ void tst_runningCopy::showFirstCopy()
     QTRY_COMPARE_WITH_TIMEOUT(_display->windows().activeTitle(), _title, patienceMs);
 }
 
-void tst_runningCopy::startSecondCopy()
+void tst_runningCopy::startSecondCopy(const QProcessEnvironment& environment)
 {
-    QProcess& second = start();
+    QProcess& second = start(environment);
     QVERIFY(second.waitForFinished(patienceMs));
     QCOMPARE(second.exitStatus(), QProcess::NormalExit);
     QCOMPARE(second.exitCode(), 0);
@@ -108,6 +110,16 @@ void tst_runningCopy::secondStartRaisesTheMinimisedWindow()
     startSecondCopy();
     QTRY_COMPARE(_display->windows().activeTitle(), _title);
     QVERIFY(!_display->windows().isMinimised(_title));
+}
+
+void tst_runningCopy::secondStartEndsItsFeedback()
+{
+    showFirstCopy();
+    const QByteArray id = "launcher/VelmoraConverter/4711-0-host_TIME123456";
+    QProcessEnvironment environment = _display->environment();
+    environment.insert(QStringLiteral("DESKTOP_STARTUP_ID"), QString::fromLatin1(id));
+    startSecondCopy(environment);
+    QTRY_VERIFY(_display->windows().startFeedback().contains("remove: ID=" + id + '\0'));
 }
 
 void tst_runningCopy::closeBoxEndsTheProgram()
