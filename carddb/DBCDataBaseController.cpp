@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCDataBaseController.h"
 
+#include "carddb/DBCImportJournal.h"
 #include "carddb/DBCManagedObjectContext.h"
 #include "carddb/DBCManagedObjectModel.h"
 #include "carddb/DBCPackageLayout.h"
 #include "datafile/DBCLocalizable.h"
+#include "operation/DBCDiskFlush.h"
 #include "operation/DBCLog.h"
 
 #include <QFile>
@@ -70,8 +72,10 @@ DBCResultCode DBCDataBaseController::_lock()
     // Whoever made it: a file left behind by a program that died must not keep anybody out. The
     // question whether another program is at work has been asked before.
     std::remove(path.constData());
-    _ilockFile = open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, lockFileCreationMode);
-    if (_ilockFile != noDescriptor && chmod(path.constData(), lockFileMode) == 0
+    _ilockFile
+        = open(path.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, lockFileCreationMode);
+    // By the descriptor: what stands at the name may be another file by now.
+    if (_ilockFile != noDescriptor && fchmod(_ilockFile, lockFileMode) == 0
         && flock(_ilockFile, LOCK_EX | LOCK_NB) == 0)
         return DBCResultCode::Success;
     // The descriptor stays in the field: destruction releases it like any other.
@@ -99,6 +103,11 @@ DBCResultCode DBCDataBaseController::save()
     DBCManagedObjectContext* context = managedObjectContext();
     if (!context)
         return DBCResultCode::GeneralFailure;
+    // What the new cards name has to outlive a power cut before anything names it.
+    if (context->hasInsertedCards() && !DBCDiskFlush::fileSystemOf(_strDBPath)) {
+        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_DISK_FLUSH"), {_strDBPath}));
+        return DBCResultCode::DatabaseSaveFailure;
+    }
     try {
         context->save();
     } catch (const std::exception& exception) {

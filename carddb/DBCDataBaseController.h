@@ -18,6 +18,7 @@
 
 class Card;
 class DBCCancelDelegate;
+class DBCImportJournal;
 class DBCManagedObjectContext;
 class DBCManagedObjectModel;
 
@@ -85,6 +86,9 @@ public:
     virtual DBCResultCode backup(); // Success, BackupFailure, NoSpaceForBackup or a measuring error
     virtual DBCResultCode restore(); // Success, GeneralFailure (no backup) or RestoreFailure
     DBCResultCode removeBackupDB(); // always Success
+    // Takes down the note of the import that backup() put up: nothing is left to restore, or
+    // somebody has been told. Until then the next start asks what is to become of the package.
+    void endImport();
 
     // --- names and addresses: forwarders to text/ ---
     static DBCLanguage judgeLanguage(QStringView text) { return DBCNames::judgeLanguage(text); }
@@ -113,6 +117,8 @@ public:
 
 private:
     DBCError addCard(const DBCRecord& record, const QString& fromPath);
+    DBCResultCode backUpTo(const QString& target);
+    QString cardIDStart(); // of the cards that the open context makes
 
     std::unique_ptr<DBCManagedObjectModel> _managedObjectModel;
     std::unique_ptr<DBCManagedObjectContext> _managedObjectContext; // null until opened
@@ -122,4 +128,5 @@ private:
     QString _strDBPath;
     QString _strBackupDBPath;
     DBCCancelDelegate* _delegate = nullptr;
+    std::unique_ptr<DBCImportJournal> _journal; // null: no import has begun
 };

@@ -1,18 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCDataBaseController.h"
 
+#include "carddb/DBCImportJournal.h"
+#include "carddb/DBCPackageCopy.h"
+#include "carddb/DBCPackageLayout.h"
+#include "carddb/DBCPackageRestore.h"
 #include "cardimage/DBCDiskUsage.h"
 #include "datafile/DBCCommonFunction.h"
 #include "datafile/DBCLocalizable.h"
 #include "operation/DBCChecker.h"
 #include "operation/DBCFileManager.h"
+#include "operation/DBCHiddenName.h"
 #include "operation/DBCHost.h"
 #include "operation/DBCLog.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QScopeGuard>
 
 namespace {
 
@@ -31,43 +34,6 @@ bool isWritableFolder(const QString& path)
     return QFileInfo(path).isDir() && DBCHost::current().isWritable(path);
 }
 
-// The folder itself where a link to it was given, else the path without what says nothing.
-QString withoutLink(const QString& package)
-{
-    const QString path = QDir::cleanPath(package);
-    const QFileInfo info(path);
-    return info.isSymLink() ? info.canonicalFilePath() : path;
-}
-
-bool isSameOrInside(const QString& path, const QString& folder)
-{
-    const QString inner = QFileInfo(path).canonicalFilePath();
-    const QString outer = QFileInfo(folder).canonicalFilePath();
-    return !outer.isEmpty() && (inner == outer || inner.startsWith(outer + u'/'));
-}
-
-bool copyFolder(const QString& source, const QString& target, IsAsync isAsync)
-{
-    const QFileInfo info(target);
-    return DBCFileManager::defaultManager()->copyItemAtPath(
-        source, info.path(), info.fileName(), 0, isAsync, nullptr);
-}
-
-bool copyFolderAsking(DBCCancelDelegate* delegate, const QString& source, const QString& target)
-{
-    DBCFileManager* manager = DBCFileManager::defaultManager();
-    const auto putBack = qScopeGuard(
-        [manager, previous = manager->delegate()] { manager->setDelegate(previous); });
-    manager->setDelegate(delegate);
-    return copyFolder(source, target, IsAsync::Yes);
-}
-
-void removeWhatStandsAt(const QString& path)
-{
-    if (!DBCFileManager::defaultManager()->cleanFolder(path))
-        QFile::remove(path);
-}
-
 DBCResultCode checkSpaceForBackup(const QString& package, const QString& parent)
 {
     DBCError error;
@@ -82,16 +48,6 @@ DBCResultCode checkSpaceForBackup(const QString& package, const QString& parent)
 bool isUsablePackage(const QString& path)
 {
     return DBCChecker::checkDBAttributes(path) == DBCResultCode::PackageUsable;
-}
-
-bool isRestorable(const QString& backup, const QString& package)
-{
-    if (!isTaken(backup)) {
-        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_WRN_FILE_NO_EXISTS"), {backup}));
-        return false;
-    }
-    // Removing the package would take a backup inside it along.
-    return isUsablePackage(backup) && !isSameOrInside(backup, package);
 }
 
 } // namespace
@@ -117,7 +73,7 @@ DBCResultCode DBCDataBaseController::backup()
 {
     // From here on the package is the folder itself: a restore has to remove what stands at the
     // package's path, and nothing is ever removed through a link.
-    const QString package = withoutLink(_strDBPath);
+    const QString package = DBCPackageLayout::withoutLink(_strDBPath);
     if (!isUsablePackage(package))
         return DBCResultCode::BackupFailure;
     setDBPath(package);
@@ -131,33 +87,49 @@ DBCResultCode DBCDataBaseController::backup()
     const DBCResultCode spaceCode = checkSpaceForBackup(package, parent);
     if (spaceCode != DBCResultCode::Success)
         return spaceCode;
+    return backUpTo(*target);
+}
 
-    if (!copyFolderAsking(_delegate, package, *target)) {
-        removeWhatStandsAt(*target);
+DBCResultCode DBCDataBaseController::backUpTo(const QString& target)
+{
+    _journal = DBCImportJournal::begin(_strDBPath, target);
+    if (!_journal) {
+        DBCLog::error(getLocalString(
+            QStringLiteral("IDS_LOG_ERR_JOURNAL"), {DBCHiddenName::importJournalOf(_strDBPath)}));
         return DBCResultCode::BackupFailure;
     }
-    setBackupDBPath(*target);
-    return DBCResultCode::Success;
+    const bool isCopied = DBCPackageCopy(_delegate).copy(_strDBPath, target);
+    if (isCopied && _journal->enterImport(cardIDStart())) {
+        setBackupDBPath(target);
+        return DBCResultCode::Success;
+    }
+    if (isCopied)
+        DBCFileManager::defaultManager()->cleanFolder(target);
+    endImport();
+    return DBCResultCode::BackupFailure;
 }
 
 DBCResultCode DBCDataBaseController::restore()
 {
     if (_strBackupDBPath.isEmpty())
         return DBCResultCode::GeneralFailure;
+    // What the journal cannot take on a full disk leaves the stage before, which asks for the same.
+    if (_journal)
+        _journal->enter(DBCImportJournal::Stage::Restore);
+    const DBCResultCode code = DBCPackageRestore::restore(_strDBPath, _strBackupDBPath);
+    if (_journal && code == DBCResultCode::Success)
+        _journal->enter(DBCImportJournal::Stage::Restored);
+    return code;
+}
 
-    const QString package = QDir::cleanPath(_strDBPath);
-    const QString backup = QDir::cleanPath(_strBackupDBPath);
-    if (!isWritableFolder(QFileInfo(package).path()) || !isRestorable(backup, package))
-        return DBCResultCode::RestoreFailure;
-
-    DBCFileManager* manager = DBCFileManager::defaultManager();
-    if (QFileInfo(package).isDir() && !manager->cleanFolder(package))
-        return DBCResultCode::RestoreFailure;
-    if (!copyFolder(backup, package, IsAsync::No)) {
-        manager->cleanFolder(package);
-        return DBCResultCode::RestoreFailure;
+void DBCDataBaseController::endImport()
+{
+    // No warning: the next start finds that all is well and removes it.
+    if (_journal && !_journal->end()) {
+        DBCLog::info(getLocalString(QStringLiteral("IDS_LOG_INF_JOURNAL_STAYS"),
+            {DBCHiddenName::importJournalOf(_strDBPath)}));
     }
-    return DBCResultCode::Success;
+    _journal.reset();
 }
 
 DBCResultCode DBCDataBaseController::removeBackupDB()

@@ -12,6 +12,9 @@
 
 namespace {
 
+// Of the URI that the object framework makes for every object; the rest is the card ID.
+constexpr qsizetype identityPrefixLength = 20;
+
 using Key = DBCRecordKey;
 
 constexpr std::array syncAttributes {
@@ -235,10 +238,15 @@ DBCResultCode DBCDataBaseController::setDetailDataDicToManagedObject(
 
 QString DBCDataBaseController::generateCardId(const Card* object)
 {
-    constexpr qsizetype identityPrefixLength = 20;
     if (object && object->identityURI())
         return object->identityURI()->mid(identityPrefixLength);
     return newUUID();
+}
+
+QString DBCDataBaseController::cardIDStart()
+{
+    const DBCManagedObjectContext* context = managedObjectContext();
+    return context ? context->identityPrefix().mid(identityPrefixLength) : QString();
 }
 
 QString DBCDataBaseController::generateUUID()

@@ -32,6 +32,10 @@ public:
     // A new card with an identity, owned by the context and valid until the next save.
     Card* insertNewCard();
 
+    // What the identities of this context's new cards begin with, up to their numbers.
+    QString identityPrefix() const { return _identityPrefix; }
+    bool hasInsertedCards() const { return !_insertedCards.empty(); }
+
     // Stores the cards inserted since the last save; nothing is touched when there are none.
     // Throws SQLite::Exception with the store as it was and the cards still waiting.
     void save();

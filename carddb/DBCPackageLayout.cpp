@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCPackageLayout.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 namespace DBCPackageLayout {
 
 QString storeFile(const QString& package)
@@ -36,6 +39,13 @@ QString cardPdfName(const QString& cardID)
 QString attachmentFolder(const QString& package, const QString& cardID)
 {
     return filesFolder(package) + u'/' + cardID;
+}
+
+QString withoutLink(const QString& package)
+{
+    const QString path = QDir::cleanPath(package);
+    const QFileInfo info(path);
+    return info.isSymLink() ? info.canonicalFilePath() : path;
 }
 
 } // namespace DBCPackageLayout

@@ -18,4 +18,7 @@ QString lockFile(const QString& package); // ".VMLock.vmlk"
 QString cardPdfName(const QString& cardID); // "%@_N1.pdf"
 QString attachmentFolder(const QString& package, const QString& cardID);
 
+// The folder itself where a link to it is given, else the path without what says nothing.
+QString withoutLink(const QString& package);
+
 } // namespace DBCPackageLayout

@@ -5,7 +5,10 @@
 
 #include <QFile>
 
+#include <cerrno>
 #include <exception>
+
+#include <qpdf/QPDFSystemError.hh>
 
 namespace {
 
@@ -17,8 +20,14 @@ DBCCardPdfDocument& threadDocument()
 
 } // namespace
 
+DBCWriteOutcome writeFailure(int error)
+{
+    return error == ENOSPC || error == EDQUOT ? DBCWriteOutcome::DiskFull : DBCWriteOutcome::Failed;
+}
+
 DBCCardPdfWriter::DBCCardPdfWriter(const QString& path)
     : _file(std::fopen(QFile::encodeName(path).constData(), "wbe"))
+    , _opened(_file ? DBCWriteOutcome::Written : writeFailure(errno))
     , _document(threadDocument())
 {
 }
@@ -34,14 +43,17 @@ void DBCCardPdfWriter::addPage(
     _document.addPage(jpeg, properties, pointSize);
 }
 
-bool DBCCardPdfWriter::close()
+DBCWriteOutcome DBCCardPdfWriter::close()
 {
     try {
         _document.write(_file.get());
+    } catch (const QPDFSystemError& error) {
+        return writeFailure(error.getErrno());
     } catch (const std::exception&) {
-        return false;
+        return DBCWriteOutcome::Failed;
     }
     // The library does not ask whether its last bytes reached the disk.
-    const bool isWritten = std::fflush(_file.get()) == 0 && std::ferror(_file.get()) == 0;
-    return std::fclose(_file.release()) == 0 && isWritten;
+    if (std::fflush(_file.get()) != 0 || std::ferror(_file.get()) != 0)
+        return writeFailure(errno);
+    return std::fclose(_file.release()) == 0 ? DBCWriteOutcome::Written : writeFailure(errno);
 }

@@ -13,6 +13,11 @@
 class DBCCardPdfDocument;
 struct DBCJpegProperties;
 
+enum class DBCWriteOutcome : quint8 { Written, DiskFull, Failed };
+
+// What an errno says about a write.
+DBCWriteOutcome writeFailure(int error);
+
 // One at a time on a thread.
 class DBCCardPdfWriter {
 public:
@@ -22,14 +27,14 @@ public:
     DBCCardPdfWriter(const DBCCardPdfWriter&) = delete;
     DBCCardPdfWriter& operator=(const DBCCardPdfWriter&) = delete;
 
-    // False when the file could not be created.
-    bool isOpen() const { return _file != nullptr; }
+    // Anything but Written: the file could not be created.
+    DBCWriteOutcome opened() const { return _opened; }
 
     // A page of that many points, filled by the JPEG. The library's exceptions pass.
     void addPage(const QByteArray& jpeg, const DBCJpegProperties& properties, QSize pointSize);
 
-    // False when the file cannot be written; it then holds anything. Nothing may follow.
-    bool close();
+    // Unless it is written, the file holds anything. Nothing may follow.
+    DBCWriteOutcome close();
 
 private:
     struct FileCloser {
@@ -37,5 +42,6 @@ private:
     };
 
     std::unique_ptr<std::FILE, FileCloser> _file;
+    DBCWriteOutcome _opened;
     DBCCardPdfDocument& _document; // the thread's
 };

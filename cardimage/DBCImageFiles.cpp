@@ -84,6 +84,19 @@ QSize pagePointSize(DBCJpegProperties properties)
         properties.pixelHeight * PointsPerInch / properties.yResolution};
 }
 
+DBCResultCode codeOf(DBCWriteOutcome outcome)
+{
+    switch (outcome) {
+    case DBCWriteOutcome::Written:
+        return DBCResultCode::Success;
+    case DBCWriteOutcome::DiskFull:
+        return DBCResultCode::NoSpaceForImport;
+    case DBCWriteOutcome::Failed:
+        break;
+    }
+    return DBCResultCode::PdfCreateFailure;
+}
+
 bool addPage(DBCCardPdfWriter* writer, const QString& path)
 {
     // What is larger than any picture that could be shown again is not read.
@@ -141,13 +154,13 @@ DBCResultCode convertJPG2PDF(const QStringList& paths, const QString& outputPath
         return code;
     try {
         DBCCardPdfWriter writer(outputPath);
-        if (!writer.isOpen())
-            return DBCResultCode::PdfCreateFailure;
+        if (writer.opened() != DBCWriteOutcome::Written)
+            return codeOf(writer.opened());
         for (const QString& path : paths) {
             if (!addPage(&writer, path))
                 return DBCResultCode::PdfCreateFailure;
         }
-        return writer.close() ? DBCResultCode::Success : DBCResultCode::PdfCreateFailure;
+        return codeOf(writer.close());
     } catch (const std::exception&) {
         return DBCResultCode::PdfCreateFailure;
     }

@@ -26,6 +26,7 @@ constexpr std::array commands {
     CommandRow {DBCCommand::Check, "check", "FOLDER", 1, "IDS_CLI_HELP_CHECK"},
     CommandRow {DBCCommand::Verify, "verify", "PACKAGE", 1, "IDS_CLI_HELP_VERIFY"},
     CommandRow {DBCCommand::Create, "create", "PACKAGE", 1, "IDS_CLI_HELP_CREATE"},
+    CommandRow {DBCCommand::Recover, "recover", "PACKAGE", 1, "IDS_CLI_HELP_RECOVER"},
 };
 
 struct OptionRow {

@@ -9,7 +9,7 @@
 
 #include <variant>
 
-enum class DBCCommand : unsigned char { Import, Export, Check, Verify, Create };
+enum class DBCCommand : unsigned char { Import, Export, Check, Verify, Create, Recover };
 
 struct DBCRequest {
     DBCCommand command;

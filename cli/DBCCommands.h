@@ -13,3 +13,4 @@ DBCCommandResult runConversion(const DBCRequest& request, DBCReporter& reporter)
 DBCCommandResult checkFolder(const DBCRequest& request, DBCReporter& reporter);
 DBCCommandResult verifyPackage(const DBCRequest& request, DBCReporter& reporter);
 DBCCommandResult createPackage(const DBCRequest& request, DBCReporter& reporter);
+DBCCommandResult recoverPackage(const DBCRequest& request, DBCReporter& reporter);

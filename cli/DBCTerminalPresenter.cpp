@@ -35,21 +35,21 @@ void DBCTerminalPresenter::showError(quint32 number, const QString& /*title*/, c
 
 DBCAnswer DBCTerminalPresenter::askQuestion(const DBCQuestion& question)
 {
-    const DBCAnswer answer = answerTo(question) ? DBCAnswer::Default : DBCAnswer::Alternate;
+    const DBCAnswer answer = answerTo(question);
     _reporter.answered(question, answer);
     return answer;
 }
 
-bool DBCTerminalPresenter::answerTo(const DBCQuestion& question)
+DBCAnswer DBCTerminalPresenter::answerTo(const DBCQuestion& question)
 {
     if (_answers == Answers::AlwaysYes)
-        return true;
+        return DBCAnswer::Default;
     if (_terminal.isInteractive()) {
         _reporter.makeRoomForQuestion();
-        return _terminal.confirms(question.text);
+        return _terminal.confirms(question.text) ? DBCAnswer::Default : DBCAnswer::Alternate;
     }
     if (asksToConfirmCancel(question))
-        return true;
+        return DBCAnswer::Default;
     _reporter.message({}, getLocalString(QStringLiteral("IDS_CLI_NEEDS_YES"), {question.text}));
-    return false;
+    return DBCAnswer::NotShown;
 }

@@ -21,7 +21,8 @@ public:
     DBCAnswer askQuestion(const DBCQuestion& question) override;
 
 private:
-    bool answerTo(const DBCQuestion& question);
+    // Default for yes, Alternate for no, NotShown where nobody can be asked.
+    DBCAnswer answerTo(const DBCQuestion& question);
 
     const DBCTerminal& _terminal;
     DBCReporter& _reporter;

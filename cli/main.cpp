@@ -36,6 +36,8 @@ DBCCommandResult runCommand(const DBCRequest& request, DBCReporter& reporter)
         return verifyPackage(request, reporter);
     case DBCCommand::Create:
         return createPackage(request, reporter);
+    case DBCCommand::Recover:
+        return recoverPackage(request, reporter);
     }
     Q_UNREACHABLE();
 }

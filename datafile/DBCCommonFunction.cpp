@@ -25,9 +25,12 @@ bool writeWholeFile(const QString& path, const QByteArray& data)
 {
     QFile file(path);
     // Unbuffered, because a buffered write reports success until the disk turns out to be full.
-    const bool isWritten = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)
-        && file.write(data) == data.size();
-    if (!isWritten && file.isOpen())
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return false;
+    bool isWritten = file.write(data) == data.size();
+    file.close();
+    isWritten = isWritten && file.error() == QFileDevice::NoError;
+    if (!isWritten)
         file.remove();
     return isWritten;
 }

@@ -130,7 +130,8 @@ bool DBCFileWriter::append(QByteArrayView bytes)
 DBCResultCode DBCFileWriter::close()
 {
     _fileHandle.close();
-    return DBCResultCode::Success;
+    return _fileHandle.error() == QFileDevice::NoError ? DBCResultCode::Success
+                                                       : DBCResultCode::DataFileWriteFailure;
 }
 
 DBCResultCode DBCFileWriter::write(const std::optional<QString>& text)

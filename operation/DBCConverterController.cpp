@@ -2,6 +2,7 @@
 #include "operation/DBCConverterController.h"
 
 #include "carddb/DBCDataBaseController.h"
+#include "carddb/DBCPackageGuard.h"
 #include "datafile/DBCFileReader.h"
 #include "datafile/DBCInterchangeNames.h"
 #include "datafile/DBCLocalizable.h"
@@ -103,6 +104,7 @@ bool DBCConverterController::run()
     _logInfo(QString(separatorLength, u'='));
 
     _outcome.code = _performOperation().code();
+    _packageGuard.reset();
 
     const bool isOk = !isFailure(_outcome.code);
     _send({.name = DBCEventName::OperationDidFinished, .operationIsOk = isOk});
@@ -193,9 +195,15 @@ DBCError DBCConverterController::_sizeError(const DBCError& error) const
     return error;
 }
 
-DBCError DBCConverterController::_openDatabase(
-    std::unique_ptr<DBCDataBaseController>* database) const
+DBCError DBCConverterController::_openDatabase(std::unique_ptr<DBCDataBaseController>* database)
 {
+    const auto use = _operationType == OperationType::Import ? DBCPackageGuard::Use::Changing
+                                                             : DBCPackageGuard::Use::Reading;
+    _packageGuard = DBCPackageGuard::hold(_fullPathDB, use);
+    if (!_packageGuard) {
+        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_PACKAGE_IN_USE"), {_fullPathDB}));
+        return DBCError(DBCResultCode::DatabaseOpenFailure);
+    }
     *database = _factories.openDatabase(_fullPathDB);
     return *database ? DBCError() : DBCError(DBCResultCode::DatabaseOpenFailure);
 }

@@ -19,6 +19,7 @@ class DBCDataBaseController;
 class DBCFileReader;
 class DBCFileWriter;
 class DBCLog;
+class DBCPackageGuard;
 class DBCRecord;
 
 enum class OperationType : qint32 {
@@ -108,7 +109,7 @@ private:
     // InternalException.
     DBCError _guarded(const QString& debugFormat, const std::function<DBCError()>& steps) const;
     DBCError _sizeError(const DBCError& error) const;
-    DBCError _openDatabase(std::unique_ptr<DBCDataBaseController>* database) const;
+    DBCError _openDatabase(std::unique_ptr<DBCDataBaseController>* database);
     // CancelledByUser when the user wants to stop: how a step tells its sequence, which ends
     // without an error then.
     DBCError _stopIfCancelled();
@@ -137,6 +138,7 @@ private:
         DBCDataBaseController& database, std::vector<DBCRecord> cards, DBCFileWriter& writer);
     DBCError _writeCard(
         DBCDataBaseController& database, const DBCRecord& card, DBCFileWriter& writer) const;
+    DBCError _closeDataFile(DBCFileWriter& writer) const;
     DBCError _writeVersionFile() const;
     void _finishExport(const DBCError& error);
 
@@ -150,5 +152,6 @@ private:
     DBCEventReceiver* _windowController = nullptr;
     mutable std::atomic<quint64> _eventCrossings = 0; // between the two threads
     DBCConversionFactories _factories;
+    std::unique_ptr<DBCPackageGuard> _packageGuard; // while a sequence uses the package
     Outcome _outcome;
 };

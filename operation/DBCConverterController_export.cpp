@@ -11,6 +11,7 @@
 #include "datafile/DBCInterchangeNames.h"
 #include "datafile/DBCLocalizable.h"
 #include "operation/DBCChecker.h"
+#include "operation/DBCDiskFlush.h"
 #include "operation/DBCFileManager.h"
 #include "operation/DBCLog.h"
 
@@ -109,6 +110,8 @@ DBCError DBCConverterController::_exportCards()
     auto error = _writeCards(*database, std::move(cards), *writer);
     if (_isCancel(error))
         return error;
+    if (!error)
+        error = _closeDataFile(*writer);
     // Written after a failure too: the rows so far stay, and with them the folder's version.
     if (auto versionError = _writeVersionFile())
         return versionError;
@@ -195,16 +198,24 @@ DBCError DBCConverterController::_writeCard(
     return writeRow(writer, *row);
 }
 
+// The folder's version says that the folder is whole, so everything else comes to the disk first.
+DBCError DBCConverterController::_closeDataFile(DBCFileWriter& writer) const
+{
+    if (!isFailure(writer.close()) && DBCDiskFlush::fileSystemOf(_fullPathFolder))
+        return {};
+    DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_DATA_FILE_WRITE_FAILURE")));
+    return DBCError(DBCResultCode::DataFileWriteFailure);
+}
+
 DBCError DBCConverterController::_writeVersionFile() const
 {
     const auto writer = DBCFileWriter::initWithFileName(
         DBCInterchangeNames::versionFile(_fullPathFolder), DBCTextEncoding::Utf16, lineSeparator());
     const QString line = QString::fromUtf16(DBCInterchangeNames::productCode) + u'\t'
         + QString::fromUtf16(DBCInterchangeNames::productVersion) + lineSeparator();
-    if (!writer || isFailure(writer->write(line)))
-        return DBCError(DBCResultCode::VersionFileWriteFailure);
-    writer->close();
-    return {};
+    const bool isWritten = writer && !isFailure(writer->write(line)) && !isFailure(writer->close())
+        && DBCDiskFlush::fileSystemOf(_fullPathFolder);
+    return isWritten ? DBCError() : DBCError(DBCResultCode::VersionFileWriteFailure);
 }
 
 void DBCConverterController::_finishExport(const DBCError& error)

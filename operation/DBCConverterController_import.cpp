@@ -39,6 +39,7 @@ bool DBCConverterController::_doImport(DBCError* error)
     *error = _prepareImport(&database);
     if (_isCancel(*error)) {
         _removeBackup(*database);
+        database->endImport();
         *error = DBCError();
         return true;
     }
@@ -154,6 +155,7 @@ DBCError DBCConverterController::_saveImport(DBCDataBaseController& database)
 {
     if (auto error = DBCError::ifFailure(database.save()))
         return error;
+    database.endImport();
     _logInfo(_endLine("IDS_LOG_INF_END_WITH_INFO_IMPORT", importLabel));
     _sendProgress(DBCEventName::ImportDidFinished, {});
     return {};
@@ -181,6 +183,7 @@ DBCError DBCConverterController::_undoImport(DBCDataBaseController& database, co
     }
     if (_isStopRunning)
         _removeBackup(database);
+    database.endImport();
     return error;
 }
 

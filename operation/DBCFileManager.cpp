@@ -2,6 +2,7 @@
 #include "operation/DBCFileManager.h"
 
 #include "operation/DBCCancelDelegate.h"
+#include "operation/DBCHiddenName.h"
 #include "operation/DBCTreeCopy.h"
 
 #include <QFile>
@@ -52,6 +53,24 @@ std::optional<QString> targetOfCopy(
     return withoutTrailingSlashes(toPath) + u'/' + name;
 }
 
+std::filesystem::path nativePath(const QString& path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+
+bool isFolderItself(const std::filesystem::path& path)
+{
+    std::error_code error;
+    return std::filesystem::is_directory(std::filesystem::symlink_status(path, error));
+}
+
+bool removeAll(const std::filesystem::path& path)
+{
+    std::error_code error;
+    std::filesystem::remove_all(path, error);
+    return !error;
+}
+
 } // namespace
 
 DBCFileManager* DBCFileManager::defaultManager()
@@ -97,13 +116,22 @@ bool DBCFileManager::copyWhileAsking(const QByteArray& source, const QByteArray&
 // NOLINTNEXTLINE(readability-convert-member-functions-to-static): asked of the shared instance
 bool DBCFileManager::cleanFolder(const QString& path)
 {
-    namespace fs = std::filesystem;
-    const fs::path folder = QFile::encodeName(withoutTrailingSlashes(path)).toStdString();
-    std::error_code error;
-    if (!fs::is_directory(fs::symlink_status(folder, error)))
+    const std::filesystem::path folder = nativePath(withoutTrailingSlashes(path));
+    const std::filesystem::path discarded = nativePath(DBCHiddenName::discarded(path));
+    if (!isFolderItself(folder))
         return false;
-    fs::remove_all(folder, error);
-    return !error;
+    // Out of the way first: whoever kills the program in the middle finds the folder whole or not
+    // at all.
+    std::error_code error;
+    std::filesystem::remove_all(discarded, error);
+    std::filesystem::rename(folder, discarded, error);
+    if (error)
+        return removeAll(folder);
+    if (removeAll(discarded))
+        return true;
+    // What cannot be removed is not to vanish under a name that nobody looks for.
+    std::filesystem::rename(discarded, folder, error);
+    return false;
 }
 
 void callbackFileOperationStatus(

@@ -40,8 +40,9 @@ public:
     bool copyItemAtPath(const QString& path, const QString& toPath, const QString& dstFileName,
         quint32 options, IsAsync isAsync, DBCError* error);
 
-    // Removes a folder with everything in it, never following a link. False, with nothing removed,
-    // for a missing path, a plain file or a link.
+    // Removes a folder with everything in it, never following a link: it vanishes from its path at
+    // once, and what cannot be removed comes back there. False, with nothing removed, for a missing
+    // path, a plain file or a link.
     bool cleanFolder(const QString& path);
 
 private:

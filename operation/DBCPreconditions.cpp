@@ -12,6 +12,7 @@
 #include "operation/DBCMessage.h"
 #include "operation/DBCMountTable.h"
 #include "operation/DBCPropertyList.h"
+#include "operation/DBCUnfinishedImport.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -81,8 +82,30 @@ bool DBCPreconditions::_checkPrecondition()
     _refusal = Refusal::None;
     if (!checkMainApplicationVersion() || !ask(QStringLiteral("IDS_MSG_ERR_0106")))
         return false;
+    if (!settleLastImport())
+        return false;
     // The source of the operation first.
     return isImport() ? _dataPathCheck() && _vmdbPathCheck() : _vmdbPathCheck() && _dataPathCheck();
+}
+
+bool DBCPreconditions::settleLastImport()
+{
+    // An empty path is refused later, by name.
+    if (_databasePath.isEmpty())
+        return true;
+    switch (settleUnfinishedImport(_databasePath)) {
+    case DBCSettlement::NothingToSettle:
+    case DBCSettlement::Restored:
+    case DBCSettlement::Kept:
+        return true;
+    case DBCSettlement::InUse:
+        return refuse(isImport() ? 304 : 203, {_databasePath});
+    case DBCSettlement::NotAnswered:
+    case DBCSettlement::Failed:
+        break;
+    }
+    _refusal = Refusal::ByCheck;
+    return false;
 }
 
 bool DBCPreconditions::checkMainApplicationVersion()

@@ -45,6 +45,7 @@ public:
     static constexpr quint32 databasePathLimit = 504; // bytes
 
 private:
+    bool settleLastImport();
     bool checkMainApplicationVersion();
     bool checkImportFolder();
     bool checkExportFolder();

@@ -3,17 +3,15 @@
 
 #include "operation/DBCContentsCopy.h"
 #include "operation/DBCDescriptor.h"
+#include "operation/DBCExtendedAttributes.h"
+#include "operation/DBCFolderEntries.h"
 
 #include <QFile>
 
 #include <algorithm>
 #include <memory>
-#include <optional>
-#include <vector>
 
-#include <cerrno>
 #include <cstdlib>
-#include <dirent.h>
 #include <fcntl.h>
 
 namespace {
@@ -25,7 +23,7 @@ bool keepOwner(int descriptor, const struct stat& status)
     return fchown(descriptor, status.st_uid, status.st_gid) == 0;
 }
 
-bool keepAttributes(int descriptor, const struct stat& status)
+bool keepAttributes(int from, int descriptor, const struct stat& status)
 {
     mode_t mode = status.st_mode & permissionBits;
     // Only root may give a file away; what is not given must not run with its new owner's rights.
@@ -34,51 +32,8 @@ bool keepAttributes(int descriptor, const struct stat& status)
     const struct timespec times[] {
         status.st_atim, status.st_mtim
     };
-    return fchmod(descriptor, mode) == 0 && futimens(descriptor, times) == 0;
-}
-
-struct Entry {
-    ino_t inode;
-    QByteArray name;
-};
-
-bool isFolderItself(const char* name)
-{
-    return qstrcmp(name, ".") == 0 || qstrcmp(name, "..") == 0;
-}
-
-// None when the folder could not be read to its end.
-std::optional<std::vector<Entry>> entriesOf(int folder)
-{
-    const int own = fcntl(folder, F_DUPFD_CLOEXEC, 0);
-    const std::unique_ptr<DIR, int (*)(DIR*)> listing(own < 0 ? nullptr : fdopendir(own), closedir);
-    if (!listing)
-        return std::nullopt;
-    std::vector<Entry> entries;
-    errno = 0; // readdir tells its end from an error by this alone
-    while (const dirent* entry = readdir(listing.get())) {
-        if (!isFolderItself(entry->d_name))
-            entries.push_back({entry->d_ino, entry->d_name});
-        errno = 0;
-    }
-    if (errno != 0)
-        return std::nullopt;
-    // In the order in which they lie on the disk.
-    std::sort(entries.begin(), entries.end(),
-        [](const Entry& a, const Entry& b) { return a.inode < b.inode; });
-    return entries;
-}
-
-std::optional<QByteArray> linkTarget(int folder, const QByteArray& name, qint64 expectedSize)
-{
-    // One byte more than expected tells a complete target from a cut one.
-    QByteArray target(std::max<qint64>(expectedSize, PATH_MAX) + 1, Qt::Uninitialized);
-    const ssize_t size = readlinkat(
-        folder, name.constData(), target.data(), static_cast<std::size_t>(target.size()));
-    if (size < 0 || size == target.size())
-        return std::nullopt;
-    target.truncate(size);
-    return target;
+    return fchmod(descriptor, mode) == 0 && copyExtendedAttributes(from, descriptor)
+        && futimens(descriptor, times) == 0;
 }
 
 } // namespace
@@ -140,7 +95,8 @@ bool DBCTreeCopy::copyFile(const Item& item)
     if (!to)
         return false;
     _status.totalBytes += static_cast<quint64>(status.st_size);
-    return copyContents(from.get(), to.get()) && keepAttributes(to.get(), status) && to.close();
+    return copyContents(from.get(), to.get()) && keepAttributes(from.get(), to.get(), status)
+        && to.close();
 }
 
 bool DBCTreeCopy::copyContents(int from, int to)
@@ -158,7 +114,7 @@ bool DBCTreeCopy::copyContents(int from, int to)
 
 bool DBCTreeCopy::copyLink(const Item& item, const struct stat& status)
 {
-    const auto target = linkTarget(item.fromFolder, item.name, status.st_size);
+    const auto target = targetOfLink(item.fromFolder, item.name);
     const char* const toName = item.toName.constData();
     if (!target || symlinkat(target->constData(), item.toFolder, toName) != 0)
         return false;
@@ -180,15 +136,15 @@ bool DBCTreeCopy::copyFolder(const Item& item)
     const DBCDescriptor to(openat(item.toFolder, item.toName.constData(), flags));
     // The attributes come last: filling a folder changes its times, and one that may not be written
     // could not be filled.
-    return to && copyEntries(from.get(), to.get()) && keepAttributes(to.get(), status);
+    return to && copyEntries(from.get(), to.get()) && keepAttributes(from.get(), to.get(), status);
 }
 
 bool DBCTreeCopy::copyEntries(int from, int to)
 {
-    const std::optional<std::vector<Entry>> entries = entriesOf(from);
-    return entries && std::all_of(entries->begin(), entries->end(), [&](const Entry& entry) {
-        return copyEntry(from, to, entry.name);
-    });
+    const auto entries = entriesOfFolder(from);
+    return entries
+        && std::all_of(entries->begin(), entries->end(),
+            [&](const DBCFolderEntry& entry) { return copyEntry(from, to, entry.name); });
 }
 
 bool DBCTreeCopy::copyEntry(int from, int to, const QByteArray& name)

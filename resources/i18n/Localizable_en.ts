@@ -164,8 +164,8 @@
         <translation>An empty card database was made: [%1]</translation>
     </message>
     <message id="IDS_CLI_ERR_NO_COMMAND">
-        <source>A command is missing: import, export, check, verify or create.</source>
-        <translation>A command is missing: import, export, check, verify or create.</translation>
+        <source>A command is missing: import, export, check, verify, create or recover.</source>
+        <translation>A command is missing: import, export, check, verify, create or recover.</translation>
     </message>
     <message id="IDS_CLI_ERR_OPERANDS">
         <source>Wrong paths for &quot;%1&quot;. Write: velmora-convert %1 %2</source>
@@ -177,9 +177,9 @@
         <translation>The options take no values.</translation>
     </message>
     <message id="IDS_CLI_ERR_UNKNOWN_COMMAND">
-        <source>There is no command &quot;%1&quot;. The commands are import, export, check, verify and create.</source>
+        <source>There is no command &quot;%1&quot;. The commands are import, export, check, verify, create and recover.</source>
         <extracomment>%1: what stands in place of a command.</extracomment>
-        <translation>There is no command &quot;%1&quot;. The commands are import, export, check, verify and create.</translation>
+        <translation>There is no command &quot;%1&quot;. The commands are import, export, check, verify, create and recover.</translation>
     </message>
     <message id="IDS_CLI_ERR_UNKNOWN_OPTION">
         <source>There is no option &quot;%1&quot;.</source>
@@ -232,6 +232,10 @@
     <message id="IDS_CLI_HELP_QUIET">
         <source>Shows errors and problems only, neither progress nor summary.</source>
         <translation>Shows errors and problems only, neither progress nor summary.</translation>
+    </message>
+    <message id="IDS_CLI_HELP_RECOVER">
+        <source>settle an import into the card database PACKAGE that did not finish: restore its backup, or keep what is there</source>
+        <translation>settle an import into the card database PACKAGE that did not finish: restore its backup, or keep what is there</translation>
     </message>
     <message id="IDS_CLI_HELP_USAGE">
         <source>velmora-convert moves business cards between a card database and an interchange folder. Usage: velmora-convert COMMAND [OPTIONS]</source>
@@ -303,6 +307,21 @@
         <source>%1 [y/N]</source>
         <extracomment>%1: question. Answered with y or n in every language.</extracomment>
         <translation>%1 [y/N]</translation>
+    </message>
+    <message id="IDS_CLI_RECOVER_KEPT">
+        <source>The card database [%1] and its backup stay as they are.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The card database [%1] and its backup stay as they are.</translation>
+    </message>
+    <message id="IDS_CLI_RECOVER_NOTHING">
+        <source>No import into the card database [%1] was cut off: there is nothing to recover.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>No import into the card database [%1] was cut off: there is nothing to recover.</translation>
+    </message>
+    <message id="IDS_CLI_RECOVER_RESTORED">
+        <source>The card database [%1] is as it was before the import that did not finish.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The card database [%1] is as it was before the import that did not finish.</translation>
     </message>
     <message id="IDS_CLI_TRY_HELP">
         <source>&quot;velmora-convert --help&quot; shows all commands and options.</source>
@@ -595,6 +614,11 @@
         <source>An attachment could not be copied. Check that the attachment can be read and that the destination can be written to.</source>
         <translation>An attachment could not be copied. Check that the attachment can be read and that the destination can be written to.</translation>
     </message>
+    <message id="IDS_LOG_ERR_COPY_DIFFERS">
+        <source>The copy of the card database [%1] is not the same as the original at [%2]. Something changes the card database, or the disk is faulty: quit other programs that use it, check the disk, then try again.</source>
+        <extracomment>%1: path of the original. %2: path below it, or nothing.</extracomment>
+        <translation>The copy of the card database [%1] is not the same as the original at [%2]. Something changes the card database, or the disk is faulty: quit other programs that use it, check the disk, then try again.</translation>
+    </message>
     <message id="IDS_LOG_ERR_DATA_FILE_TOO_LARGE">
         <source>The data file [%1] has %L2 bytes, which is too large to be read: the limit is %L3 bytes. Divide the data file and import the parts one after the other.</source>
         <extracomment>%1: path of the data file. %L2: its size. %L3: largest size.</extracomment>
@@ -609,9 +633,24 @@
         <extracomment>%1: line. %2: path of the data file. %3: items needed. %4: items found.</extracomment>
         <translation>Line %1 of [%2]: the line has %4 items, but %3 are needed. Check the line for missing or surplus tabs and for line breaks inside an item, then try again.</translation>
     </message>
+    <message id="IDS_LOG_ERR_DISK_FLUSH">
+        <source>What was written to [%1] did not reach the disk. Check the disk and its free space, then try again.</source>
+        <extracomment>%1: path of the card database.</extracomment>
+        <translation>What was written to [%1] did not reach the disk. Check the disk and its free space, then try again.</translation>
+    </message>
     <message id="IDS_LOG_ERR_IMAGE_FILE_COPY_FAILURE">
         <source>A card image could not be written. Check that the image folder of the export can be written to and that the disk has free space.</source>
         <translation>A card image could not be written. Check that the image folder of the export can be written to and that the disk has free space.</translation>
+    </message>
+    <message id="IDS_LOG_ERR_JOURNAL">
+        <source>The note [%1] that an import is under way could not be written. Check that its folder can be written to, that the disk has free space and that no other import into this card database runs, then import again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The note [%1] that an import is under way could not be written. Check that its folder can be written to, that the disk has free space and that no other import into this card database runs, then import again.</translation>
+    </message>
+    <message id="IDS_LOG_ERR_JOURNAL_UNREADABLE">
+        <source>The note [%1] of an import that did not finish could not be read or removed. Check its access rights and the disk, then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The note [%1] of an import that did not finish could not be read or removed. Check its access rights and the disk, then try again.</translation>
     </message>
     <message id="IDS_LOG_ERR_PACKAGE_ACCESS">
         <source>The access rights of the card database [%1] do not allow it to be used. Check that you may read and write it and everything in it, then try again.</source>
@@ -622,6 +661,11 @@
         <source>The card database [%1], its card store, "Images" or "Files" is marked as immutable. Remove the mark (chattr -i), then try again.</source>
         <extracomment>%1: path.</extracomment>
         <translation>The card database [%1], its card store, "Images" or "Files" is marked as immutable. Remove the mark (chattr -i), then try again.</translation>
+    </message>
+    <message id="IDS_LOG_ERR_PACKAGE_IN_USE">
+        <source>Another conversion is at work with the card database [%1]. Wait until it has ended, then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>Another conversion is at work with the card database [%1]. Wait until it has ended, then try again.</translation>
     </message>
     <message id="IDS_LOG_ERR_PACKAGE_NO_STORE">
         <source>The card database [%1] has no card store. Choose another card database, or put its store back from a backup.</source>
@@ -707,10 +751,20 @@
         <extracomment>Stands inside the two end lines, hence the blanks around it.</extracomment>
         <translation> There are warnings or errors, see the lines above. </translation>
     </message>
+    <message id="IDS_LOG_INF_JOURNAL_STAYS">
+        <source>The note [%1] of the finished import could not be removed. Nothing is missing in the card database; the next import looks at the note and removes it.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The note [%1] of the finished import could not be removed. Nothing is missing in the card database; the next import looks at the note and removes it.</translation>
+    </message>
     <message id="IDS_LOG_INF_START">
         <source>%1 started.%2</source>
         <extracomment>%1: name of the operation. %2: its paths, beginning with a blank, or nothing.</extracomment>
         <translation>%1 started.%2</translation>
+    </message>
+    <message id="IDS_LOG_INF_UNFINISHED_KEPT">
+        <source>An import into [%1] had not finished. The card database stays as it is; its backup is [%2].</source>
+        <extracomment>%1, %2: paths.</extracomment>
+        <translation>An import into [%1] had not finished. The card database stays as it is; its backup is [%2].</translation>
     </message>
     <message id="IDS_LOG_INF_VMDB_BACKUP_FILE_NAME">
         <source>Backup of the card database: [%1]</source>
@@ -971,6 +1025,17 @@
     <message id="IDS_MSG_REFERENCE_LOG_FILE">
         <source>There are warnings or errors. Open the log to see them.</source>
         <translation>There are warnings or errors. Open the log to see them.</translation>
+    </message>
+    <message id="IDS_MSG_UNFINISHED_IMPORT">
+        <source>An import into the card database [%1] did not finish.
+Backup from before it: [%2]
+
+Restore the backup now? Yes: the card database becomes as it was before that import. No: it stays as it is, and so does the backup.</source>
+        <extracomment>%1, %2: paths. Answered with Yes or No.</extracomment>
+        <translation>An import into the card database [%1] did not finish.
+Backup from before it: [%2]
+
+Restore the backup now? Yes: the card database becomes as it was before that import. No: it stays as it is, and so does the backup.</translation>
     </message>
     <message id="IDS_OPEN_DATA_FILE_PANEL_TITLE">
         <source>Choose a Folder</source>

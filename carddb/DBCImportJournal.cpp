@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "carddb/DBCImportJournal.h"
+
+#include "operation/DBCDiskFlush.h"
+#include "operation/DBCHiddenName.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <array>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+namespace {
+
+using Stage = DBCImportJournal::Stage;
+
+constexpr qsizetype sizeLimit = 0x10000; // bytes; four lines take a few hundred
+constexpr mode_t journalMode = S_IRUSR | S_IWUSR;
+
+struct StageName {
+    Stage stage;
+    QLatin1StringView name;
+};
+
+constexpr std::array stageNames {
+    StageName {Stage::Backup, QLatin1StringView("backup")},
+    StageName {Stage::Import, QLatin1StringView("import")},
+    StageName {Stage::Restore, QLatin1StringView("restore")},
+    StageName {Stage::Restored, QLatin1StringView("restored")},
+};
+
+constexpr QLatin1StringView stageKey("stage");
+constexpr QLatin1StringView backupKey("backup");
+constexpr QLatin1StringView cardsKey("cards");
+
+QString nameOf(Stage stage)
+{
+    const auto* row = std::find_if(stageNames.begin(), stageNames.end(),
+        [stage](const StageName& candidate) { return candidate.stage == stage; });
+    return row->name;
+}
+
+int openJournal(const QString& path, int flags)
+{
+    return open(QFile::encodeName(path).constData(),
+        O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | flags, journalMode);
+}
+
+bool isRegularFile(int descriptor)
+{
+    struct stat status { };
+    return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool writeWhole(int descriptor, const QByteArray& bytes)
+{
+    ssize_t written = -1;
+    do {
+        written = write(descriptor, bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    } while (written < 0 && errno == EINTR);
+    return written == bytes.size();
+}
+
+bool flushFile(int descriptor)
+{
+    int result = -1;
+    do {
+        result = fdatasync(descriptor);
+    } while (result != 0 && errno == EINTR);
+    return result == 0;
+}
+
+QString folderOf(const QString& path)
+{
+    return QFileInfo(path).path();
+}
+
+} // namespace
+
+DBCImportJournal::DBCImportJournal(const QString& path, int descriptor)
+    : _path(path)
+    , _file(descriptor)
+{
+}
+
+std::unique_ptr<DBCImportJournal> DBCImportJournal::begin(
+    const QString& package, const QString& backup)
+{
+    const QString path = DBCHiddenName::importJournalOf(package);
+    std::unique_ptr<DBCImportJournal> journal(
+        new DBCImportJournal(path, openJournal(path, O_CREAT | O_EXCL)));
+    if (!journal->_file)
+        return nullptr;
+    journal->_backupName = QFileInfo(backup).fileName();
+    if (flock(journal->_file.get(), LOCK_EX | LOCK_NB) == 0 && journal->enter(Stage::Backup)
+        && DBCDiskFlush::folder(folderOf(path)))
+        return journal;
+    journal->end();
+    return nullptr;
+}
+
+DBCImportJournal::SearchResult DBCImportJournal::find(const QString& package)
+{
+    const QString path = DBCHiddenName::importJournalOf(package);
+    std::unique_ptr<DBCImportJournal> journal(new DBCImportJournal(path, openJournal(path, 0)));
+    if (!journal->_file)
+        return {errno == ENOENT ? Search::None : Search::Unreadable, nullptr};
+    if (!isRegularFile(journal->_file.get()))
+        return {Search::Unreadable, nullptr};
+    if (flock(journal->_file.get(), LOCK_EX | LOCK_NB) != 0)
+        return {Search::HeldByAnother, nullptr};
+    // Whoever held it may have ended it just now; then it bears no name any more.
+    struct stat status { };
+    if (fstat(journal->_file.get(), &status) != 0 || status.st_nlink == 0)
+        return {Search::None, nullptr};
+    if (!journal->readStages())
+        return {Search::Unreadable, nullptr};
+    return {Search::Found, std::move(journal)};
+}
+
+bool DBCImportJournal::enter(Stage stage)
+{
+    QJsonObject line {{stageKey, nameOf(stage)}};
+    if (stage == Stage::Backup)
+        line.insert(backupKey, _backupName);
+    if (stage == Stage::Import)
+        line.insert(cardsKey, _cardIDStart);
+    if (!append(QJsonDocument(line).toJson(QJsonDocument::Compact)))
+        return false;
+    _stage = stage;
+    return true;
+}
+
+bool DBCImportJournal::enterImport(const QString& cardIDStart)
+{
+    _cardIDStart = cardIDStart;
+    return enter(Stage::Import);
+}
+
+bool DBCImportJournal::end()
+{
+    return QFile::remove(_path) && DBCDiskFlush::folder(folderOf(_path));
+}
+
+QString DBCImportJournal::backupPath() const
+{
+    return _backupName.isEmpty() ? QString() : folderOf(_path) + u'/' + _backupName;
+}
+
+bool DBCImportJournal::append(const QByteArray& line)
+{
+    // The first line end closes off what a full disk may have cut short before.
+    return writeWhole(_file.get(), '\n' + line + '\n') && flushFile(_file.get());
+}
+
+bool DBCImportJournal::readStages()
+{
+    QByteArray bytes(sizeLimit, Qt::Uninitialized);
+    const ssize_t length = pread(_file.get(), bytes.data(), sizeLimit, 0);
+    if (length < 0)
+        return false;
+    bytes.truncate(length);
+    bytes.truncate(bytes.lastIndexOf('\n') + 1);
+    for (const QByteArray& line : bytes.split('\n'))
+        takeLine(line);
+    return lseek(_file.get(), 0, SEEK_END) >= 0;
+}
+
+void DBCImportJournal::takeLine(const QByteArray& line)
+{
+    const QJsonObject object = QJsonDocument::fromJson(line).object();
+    const QString name = object.value(stageKey).toString();
+    const auto* row = std::find_if(stageNames.begin(), stageNames.end(),
+        [&](const StageName& candidate) { return name == candidate.name; });
+    if (row == stageNames.end())
+        return;
+    _stage = row->stage;
+    // Only a name in the package's own folder: a line that somebody forged leads nowhere else.
+    if (const QString backup = object.value(backupKey).toString(); !backup.contains(u'/'))
+        _backupName = backup.isEmpty() ? _backupName : backup;
+    if (object.contains(cardsKey))
+        _cardIDStart = object.value(cardsKey).toString();
+}

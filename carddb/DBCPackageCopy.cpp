@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "carddb/DBCPackageCopy.h"
+
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCCancelDelegate.h"
+#include "operation/DBCDiskFlush.h"
+#include "operation/DBCFileManager.h"
+#include "operation/DBCHiddenName.h"
+#include "operation/DBCLog.h"
+#include "operation/DBCTreeComparison.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QScopeGuard>
+
+#include <cstdio>
+#include <fcntl.h>
+
+namespace {
+
+// SQLite's index of a write-ahead log: every reader writes into it, and it is made anew when
+// needed.
+bool isIndexOfLog(const QByteArray& path)
+{
+    return path.endsWith("-shm");
+}
+
+// Never onto something that came to stand at the name in the meantime.
+bool moveToFreeName(const QString& path, const QString& name)
+{
+    return renameat2(AT_FDCWD, QFile::encodeName(path).constData(), AT_FDCWD,
+               QFile::encodeName(name).constData(), RENAME_NOREPLACE)
+        == 0;
+}
+
+} // namespace
+
+bool DBCPackageCopy::copy(const QString& source, const QString& target)
+{
+    const QString unfinished = DBCHiddenName::unfinishedCopyOf(target);
+    cleanUpBeside(target);
+    const bool isWhole = copyFiles(source, unfinished) && isSame(source, unfinished)
+        && DBCDiskFlush::fileSystemOf(unfinished);
+    const bool hasMoved = isWhole && moveToFreeName(unfinished, target);
+    if (hasMoved && DBCDiskFlush::folder(QFileInfo(target).path()))
+        return true;
+
+    if (hasMoved)
+        DBCFileManager::defaultManager()->cleanFolder(target);
+    cleanUpBeside(target);
+    return false;
+}
+
+void DBCPackageCopy::cleanUpBeside(const QString& target)
+{
+    for (const QString& path :
+        {DBCHiddenName::unfinishedCopyOf(target), DBCHiddenName::discarded(target)})
+        DBCFileManager::defaultManager()->cleanFolder(path);
+}
+
+bool DBCPackageCopy::copyFiles(const QString& source, const QString& target) const
+{
+    DBCFileManager* manager = DBCFileManager::defaultManager();
+    const auto putBack = qScopeGuard(
+        [manager, previous = manager->delegate()] { manager->setDelegate(previous); });
+    manager->setDelegate(_delegate);
+    const QFileInfo info(target);
+    return manager->copyItemAtPath(source, info.path(), info.fileName(), 0, IsAsync::Yes, nullptr);
+}
+
+bool DBCPackageCopy::isSame(const QString& source, const QString& copy) const
+{
+    bool isCancelled = false;
+    DBCTreeComparison comparison({
+        .mayGoOn =
+            [&] {
+                isCancelled = _delegate && _delegate->checkIsNeedToConfirmCancelOperation();
+                return !isCancelled;
+            },
+        .mayDiffer = isIndexOfLog,
+    });
+    if (comparison.areEqual(QFile::encodeName(source), QFile::encodeName(copy)))
+        return true;
+    if (!isCancelled) {
+        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_COPY_DIFFERS"),
+            {source, QFile::decodeName(comparison.difference())}));
+    }
+    return false;
+}

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "carddb/DBCPackageRecovery.h"
+
+#include "carddb/DBCCard.h"
+#include "carddb/DBCImportJournal.h"
+#include "carddb/DBCManagedObjectContext.h"
+#include "carddb/DBCManagedObjectModel.h"
+#include "carddb/DBCPackageCopy.h"
+#include "carddb/DBCPackageGuard.h"
+#include "carddb/DBCPackageLayout.h"
+#include "carddb/DBCPackageRestore.h"
+#include "operation/DBCHiddenName.h"
+
+#include <SQLiteCpp/Exception.h>
+
+#include <QFileInfo>
+
+#include <utility>
+
+namespace {
+
+using Stage = DBCImportJournal::Stage;
+using Search = DBCImportJournal::Search;
+
+} // namespace
+
+DBCPackageRecovery::DBCPackageRecovery(const QString& package)
+    : _package(DBCPackageLayout::withoutLink(package))
+    , _state(State::Nothing)
+{
+    auto [search, journal] = DBCImportJournal::find(_package);
+    if (search == Search::HeldByAnother)
+        _state = State::InUse;
+    else if (search == Search::Unreadable)
+        _state = State::Unreadable;
+    if (!journal)
+        return;
+    _journal = std::move(journal);
+    _state = settleWhatNeedsNoDecision();
+}
+
+DBCPackageRecovery::~DBCPackageRecovery() = default;
+
+QString DBCPackageRecovery::journalPath() const
+{
+    return DBCHiddenName::importJournalOf(_package);
+}
+
+QString DBCPackageRecovery::backupPath() const
+{
+    return _journal ? _journal->backupPath() : QString();
+}
+
+DBCPackageRecovery::State DBCPackageRecovery::settleWhatNeedsNoDecision()
+{
+    if (!DBCPackageGuard::hold(_package, DBCPackageGuard::Use::Changing))
+        return State::InUse;
+    switch (_journal->stage()) {
+    case Stage::None:
+    case Stage::Backup:
+    case Stage::Restored:
+        return cleanUp() ? State::Nothing : State::Unreadable;
+    case Stage::Import:
+        if (wasSaved())
+            return cleanUp() ? State::Nothing : State::Unreadable;
+        break;
+    case Stage::Restore:
+        break;
+    }
+    return State::Unfinished;
+}
+
+// All cards of an import reach the store at once, after everything they name: one of them there
+// says that the import had come to its end.
+bool DBCPackageRecovery::wasSaved() const
+{
+    const QString start = _journal->cardIDStart();
+    const QString store = DBCPackageLayout::storeFile(_package);
+    if (start.isEmpty() || !QFileInfo::exists(store))
+        return false;
+    bool isFound = false;
+    const DBCManagedObjectModel model;
+    const auto context = DBCManagedObjectContext::open(store, model);
+    try {
+        if (context) {
+            context->fetchCards(DBCCardSelection::All, [&](const Card& card) {
+                isFound = card.textOrEmpty(DBCRecordKey::cardID).startsWith(start);
+                return !isFound;
+            });
+        }
+    } catch (const SQLite::Exception&) {
+        // A store that cannot be read is a matter for somebody to decide.
+        return false;
+    }
+    return isFound;
+}
+
+DBCResultCode DBCPackageRecovery::restore()
+{
+    const auto guard = DBCPackageGuard::hold(_package, DBCPackageGuard::Use::Changing);
+    if (!guard || !_journal || _journal->backupPath().isEmpty())
+        return DBCResultCode::RestoreFailure;
+    const DBCResultCode code = DBCPackageRestore::restore(_package, _journal->backupPath());
+    if (code == DBCResultCode::Success && cleanUp())
+        _state = State::Nothing;
+    return code;
+}
+
+bool DBCPackageRecovery::keep()
+{
+    if (!_journal || !QFileInfo(_package).isDir() || !cleanUp())
+        return false;
+    _state = State::Nothing;
+    return true;
+}
+
+bool DBCPackageRecovery::cleanUp()
+{
+    DBCPackageCopy::cleanUpBeside(_package);
+    if (const QString backup = _journal->backupPath(); !backup.isEmpty())
+        DBCPackageCopy::cleanUpBeside(backup);
+    return _journal->end();
+}

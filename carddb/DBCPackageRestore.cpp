@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "carddb/DBCPackageRestore.h"
+
+#include "carddb/DBCPackageCopy.h"
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCChecker.h"
+#include "operation/DBCFileManager.h"
+#include "operation/DBCHost.h"
+#include "operation/DBCLog.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+// A single refusal of the system is no reason to leave somebody without a package.
+constexpr int attempts = 2;
+
+bool standsAt(const QString& path)
+{
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
+}
+
+bool isWritableFolder(const QString& path)
+{
+    return QFileInfo(path).isDir() && DBCHost::current().isWritable(path);
+}
+
+bool isSameOrInside(const QString& path, const QString& folder)
+{
+    const QString inner = QFileInfo(path).canonicalFilePath();
+    const QString outer = QFileInfo(folder).canonicalFilePath();
+    return !outer.isEmpty() && (inner == outer || inner.startsWith(outer + u'/'));
+}
+
+// Removing the package would take a backup inside it along.
+bool isRestorable(const QString& backup, const QString& package)
+{
+    return DBCChecker::checkDBAttributes(backup) == DBCResultCode::PackageUsable
+        && !isSameOrInside(backup, package);
+}
+
+bool tryToRestore(const QString& package, const QString& backup)
+{
+    if (!isWritableFolder(QFileInfo(package).path()) || !isRestorable(backup, package))
+        return false;
+    if (QFileInfo(package).isDir() && !DBCFileManager::defaultManager()->cleanFolder(package))
+        return false;
+    return DBCPackageCopy().copy(backup, package);
+}
+
+} // namespace
+
+DBCResultCode DBCPackageRestore::restore(const QString& packagePath, const QString& backupPath)
+{
+    const QString package = QDir::cleanPath(packagePath);
+    const QString backup = QDir::cleanPath(backupPath);
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (tryToRestore(package, backup))
+            return DBCResultCode::Success;
+    }
+    if (!standsAt(backup))
+        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_WRN_FILE_NO_EXISTS"), {backup}));
+    return DBCResultCode::RestoreFailure;
+}

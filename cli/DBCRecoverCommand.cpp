@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/DBCCommands.h"
+
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCUnfinishedImport.h"
+
+#include <QFileInfo>
+
+namespace {
+
+DBCCommandResult done(const char* key, const QString& package)
+{
+    return {.summary = {getLocalString(QString::fromLatin1(key), {package})}};
+}
+
+DBCCommandResult notDone(DBCExitCode exitCode)
+{
+    return {.exitCode = exitCode, .code = DBCResultCode::GeneralFailure};
+}
+
+DBCCommandResult refused(const char* key, const QString& package, DBCReporter& reporter)
+{
+    reporter.message({}, getLocalString(QString::fromLatin1(key), {package}));
+    return notDone(DBCExitCode::Refused);
+}
+
+} // namespace
+
+DBCCommandResult recoverPackage(const DBCRequest& request, DBCReporter& reporter)
+{
+    const QString package = request.paths.constFirst();
+    switch (settleUnfinishedImport(package)) {
+    case DBCSettlement::NothingToSettle:
+        return QFileInfo(package).isDir() ? done("IDS_CLI_RECOVER_NOTHING", package)
+                                          : refused("IDS_VERIFY_NO_FOLDER", package, reporter);
+    case DBCSettlement::Restored:
+        return done("IDS_CLI_RECOVER_RESTORED", package);
+    case DBCSettlement::Kept:
+        return done("IDS_CLI_RECOVER_KEPT", package);
+    case DBCSettlement::InUse:
+        return refused("IDS_LOG_ERR_PACKAGE_IN_USE", package, reporter);
+    case DBCSettlement::NotAnswered:
+        return notDone(DBCExitCode::Refused);
+    case DBCSettlement::Failed:
+        break;
+    }
+    return notDone(DBCExitCode::Failed);
+}

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "operation/DBCUnfinishedImport.h"
+
+#include "carddb/DBCPackageRecovery.h"
+#include "operation/DBCError.h"
+#include "operation/DBCLog.h"
+#include "operation/DBCMessage.h"
+
+namespace {
+
+constexpr quint32 packageUnusableMessage = 301;
+
+QString text(const char* key, const DBCMessageArguments& arguments = {})
+{
+    return getLocalString(QString::fromLatin1(key), arguments);
+}
+
+DBCSettlement showFailure(DBCResultCode code, const QString& backupPath)
+{
+    const auto message = DBCMessage::messageForImportError(DBCError(code).withPathName(backupPath));
+    DBCLog::error(DBCMessage::ShowErrorMessage(message.number, message.arguments));
+    return DBCSettlement::Failed;
+}
+
+DBCSettlement reportUnreadable(const QString& journalPath)
+{
+    DBCLog::error(text("IDS_LOG_ERR_JOURNAL_UNREADABLE", {journalPath}));
+    DBCMessage::ShowErrorMessage(packageUnusableMessage);
+    return DBCSettlement::Failed;
+}
+
+DBCSettlement restore(DBCPackageRecovery& recovery)
+{
+    const QString backupPath = recovery.backupPath();
+    DBCLog::info(text("IDS_LOG_INF_START", {text("IDS_LBL_RESTORE"), backupPath}));
+    const DBCResultCode code = recovery.restore();
+    DBCLog::info(text("IDS_LOG_INF_END", {text("IDS_LBL_RESTORE")}));
+    return code == DBCResultCode::Success ? DBCSettlement::Restored : showFailure(code, backupPath);
+}
+
+DBCSettlement keep(DBCPackageRecovery& recovery)
+{
+    const QString backupPath = recovery.backupPath();
+    if (!recovery.keep())
+        return reportUnreadable(recovery.journalPath());
+    DBCLog::info(text("IDS_LOG_INF_UNFINISHED_KEPT", {recovery.package(), backupPath}));
+    return DBCSettlement::Kept;
+}
+
+DBCSettlement decide(DBCPackageRecovery& recovery)
+{
+    const DBCAnswer answer
+        = DBCMessage::ShowInfoMessage(QStringLiteral("IDS_MSG_UNFINISHED_IMPORT"), DBCButton::Yes,
+            DBCButton::No, {}, {recovery.package(), recovery.backupPath()});
+    switch (answer) {
+    case DBCAnswer::Default:
+        return restore(recovery);
+    case DBCAnswer::Alternate:
+        return keep(recovery);
+    case DBCAnswer::Other:
+    case DBCAnswer::NotShown:
+        break;
+    }
+    return DBCSettlement::NotAnswered;
+}
+
+} // namespace
+
+DBCSettlement settleUnfinishedImport(const QString& package)
+{
+    DBCPackageRecovery recovery(package);
+    switch (recovery.state()) {
+    case DBCPackageRecovery::State::Nothing:
+        break;
+    case DBCPackageRecovery::State::InUse:
+        return DBCSettlement::InUse;
+    case DBCPackageRecovery::State::Unreadable:
+        return reportUnreadable(recovery.journalPath());
+    case DBCPackageRecovery::State::Unfinished:
+        return decide(recovery);
+    }
+    return DBCSettlement::NothingToSettle;
+}
