@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCDataBaseController.h"
 
-#include "carddb/DBCFolderListing.h"
 #include "carddb/DBCNameLookup.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCTransferLog.h"
@@ -10,53 +9,58 @@
 #include "datafile/DBCInterchangeNames.h"
 #include "datafile/DBCLocalizable.h"
 #include "operation/DBCChecker.h"
+#include "operation/DBCFolderEntries.h"
 #include "operation/DBCHost.h"
 #include "operation/DBCLog.h"
+#include "operation/DBCOpenInside.h"
 #include "operation/DBCTreeCopy.h"
 
 #include <QFile>
-#include <QFileInfo>
 
-#include <filesystem>
-#include <string_view>
+#include <algorithm>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace {
 
-using FileType = std::filesystem::file_type;
+// What an entry is itself, links not followed.
+enum class EntryKind : quint8 { RegularFile, Folder, Other, Gone, Unknown };
 
 // Written into folders by the source platform's file browser; no attachment.
-constexpr std::string_view folderSettingsFile = ".DS_Store";
+constexpr const char* folderSettingsFile = ".DS_Store";
 
 enum class Verdict { Copy, Pass, BadName, Vanished, NotRegular };
 
-Verdict verdictOnType(FileType type)
+Verdict verdictOnKind(EntryKind kind)
 {
-    // Of an entry that cannot be looked at (none), the copy tells why.
-    return type == FileType::regular || type == FileType::none ? Verdict::Copy
-                                                               : Verdict::NotRegular;
+    // Of an entry that cannot be looked at, the copy tells why.
+    return kind == EntryKind::RegularFile || kind == EntryKind::Unknown ? Verdict::Copy
+                                                                        : Verdict::NotRegular;
 }
 
-Verdict judgeForImport(const std::string& name, const QString&, FileType type)
+Verdict judgeForImport(const QByteArray& name, const QString&, EntryKind kind)
 {
-    if (name == folderSettingsFile || type == FileType::directory)
+    if (name == folderSettingsFile || kind == EntryKind::Folder)
         return Verdict::Pass;
-    if (name.starts_with('.') || name.find_first_of("/:") != std::string::npos)
+    if (name.startsWith('.') || name.contains('/') || name.contains(':'))
         return Verdict::BadName;
-    return type == FileType::not_found ? Verdict::Vanished : verdictOnType(type);
+    return kind == EntryKind::Gone ? Verdict::Vanished : verdictOnKind(kind);
 }
 
-Verdict judgeForExport(const std::string&, const QString& path, FileType type)
+Verdict judgeForExport(const QByteArray&, const QString& path, EntryKind kind)
 {
     if (!DBCChecker::isValidAttachmentForExport(path))
         return Verdict::BadName;
-    if (type == FileType::not_found || type == FileType::directory)
+    if (kind == EntryKind::Gone || kind == EntryKind::Folder)
         return Verdict::Pass;
-    return verdictOnType(type);
+    return verdictOnKind(kind);
 }
 
 // Where the two directions differ.
 struct Rules {
-    Verdict (*judge)(const std::string& name, const QString& path, FileType type);
+    Verdict (*judge)(const QByteArray& name, const QString& path, EntryKind kind);
     const char* badNameKey;
     const char* notRegularKey;
     DBCResultCode noSpace;
@@ -88,6 +92,7 @@ struct Transfer {
     DBCTransferSubject subject;
     QString source;
     QString target;
+    DBCDescriptor sourceFolder = DBCDescriptor(-1);
 };
 
 void warnOfMissing(const QString& path)
@@ -136,17 +141,23 @@ DBCError copyFailure(const Transfer& transfer, const QString& source, const QStr
                 .arg(namesFiles ? source : transfer.source, namesFiles ? target : transfer.target));
 }
 
-DBCError copyEntry(const Transfer& transfer, const std::string& name)
+EntryKind kindOf(int folder, const QByteArray& name)
+{
+    struct stat status { };
+    if (fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return errno == ENOENT ? EntryKind::Gone : EntryKind::Unknown;
+    if (S_ISREG(status.st_mode))
+        return EntryKind::RegularFile;
+    return S_ISDIR(status.st_mode) ? EntryKind::Folder : EntryKind::Other;
+}
+
+DBCError copyEntry(const Transfer& transfer, int targetFolder, const QByteArray& name)
 {
     // Names need not be text, so files are reached by their bytes and only shown as text.
-    const QByteArray source = QFile::encodeName(transfer.source) + '/' + name.c_str();
-    const QByteArray target = QFile::encodeName(transfer.target) + '/' + name.c_str();
-    const QString shownName = QFile::decodeName(name.c_str());
+    const QString shownName = QFile::decodeName(name);
     const QString shownSource = transfer.source + u'/' + shownName;
-
-    std::error_code error;
-    const FileType type = std::filesystem::symlink_status(source.toStdString(), error).type();
-    switch (transfer.rules.judge(name, shownSource, type)) {
+    const int sourceFolder = transfer.sourceFolder.get();
+    switch (transfer.rules.judge(name, shownSource, kindOf(sourceFolder, name))) {
     case Verdict::Pass:
         return {};
     case Verdict::BadName:
@@ -161,19 +172,22 @@ DBCError copyEntry(const Transfer& transfer, const std::string& name)
     case Verdict::Copy:
         break;
     }
-    if (DBCTreeCopy().copy(source, target))
+    if (DBCTreeCopy().copyFileBetween(sourceFolder, targetFolder, name))
         return {};
     return copyFailure(transfer, shownSource, transfer.target + u'/' + shownName);
 }
 
 DBCError copyEntries(const Transfer& transfer)
 {
-    std::error_code error;
-    const auto names = namesInFolder(transfer.source, &error);
-    if (!names)
+    auto entries = entriesOfFolder(transfer.sourceFolder.get());
+    const DBCDescriptor target(open(QFile::encodeName(transfer.target).constData(),
+        O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    if (!entries || !target)
         return copyFailure(transfer, transfer.source, transfer.target);
-    for (const std::string& name : *names) {
-        if (auto failure = copyEntry(transfer, name))
+    std::sort(entries->begin(), entries->end(),
+        [](const DBCFolderEntry& a, const DBCFolderEntry& b) { return a.name < b.name; });
+    for (const DBCFolderEntry& entry : *entries) {
+        if (auto failure = copyEntry(transfer, target.get(), entry.name))
             return failure;
     }
     return {};
@@ -204,6 +218,12 @@ DBCError findSource(const QString& folder, const QString& name, Transfer* transf
         logFailure(transfer->subject, found.path);
         return DBCError(DBCResultCode::AttachmentImportFailure);
     }
+    // Between the look at the name and this, a link may have come to lead out of the folder.
+    transfer->sourceFolder = openInside(attachments, found.path, O_RDONLY | O_DIRECTORY);
+    if (!transfer->sourceFolder) {
+        logFailure(transfer->subject, found.path);
+        return DBCError(DBCResultCode::AttachmentImportFailure);
+    }
     transfer->source = found.path;
     return {};
 }
@@ -227,19 +247,29 @@ DBCError importAttachments(
         return error;
     if (auto error = copyEntries(transfer))
         return error;
-    DBCCommonFunction::cleanTempFile(
-        transfer.target + u'/' + QLatin1String(folderSettingsFile.data()));
+    DBCCommonFunction::cleanTempFile(transfer.target + u'/' + QLatin1String(folderSettingsFile));
     return {};
 }
 
-// A folder that cannot be listed is not taken for an empty one: measuring it will fail.
-bool hasAttachments(const QString& folder)
+bool leadsOut(int openError)
 {
-    if (!QFileInfo(folder).isDir())
-        return false;
-    std::error_code error;
-    const auto names = namesInFolder(folder, &error);
-    return !names || !names->empty();
+    return openError == EXDEV || openError == ELOOP;
+}
+
+// Opens the transfer's source. A folder that cannot be opened or listed is not taken for an empty
+// one: measuring or copying it will fail.
+bool hasAttachments(const QString& files, const QString& cardID, Transfer* transfer)
+{
+    transfer->sourceFolder = openInside(files, transfer->source, O_RDONLY | O_DIRECTORY);
+    if (!transfer->sourceFolder) {
+        if (leadsOut(errno)) {
+            DBCTransferLog::nameLeadsOut(transfer->subject, cardID, files);
+            return false;
+        }
+        return errno != ENOENT && errno != ENOTDIR;
+    }
+    const auto entries = entriesOfFolder(transfer->sourceFolder.get());
+    return !entries || !entries->empty();
 }
 
 DBCError exportAttachments(const Transfer& transfer, const QString& toPath)
@@ -282,9 +312,9 @@ std::optional<QString> DBCDataBaseController::_exportAttachFile(
     if (DBCChecker::isBlank(cardID) || !DBCNameLookup::staysInside(cardID))
         return QStringLiteral("");
 
-    const Transfer transfer {exportRules, DBCTransferSubject::ofExport(record),
+    Transfer transfer {exportRules, DBCTransferSubject::ofExport(record),
         DBCPackageLayout::attachmentFolder(_strDBPath, cardID), toPath + u'/' + recordNo};
-    if (!hasAttachments(transfer.source))
+    if (!hasAttachments(DBCPackageLayout::filesFolder(_strDBPath), cardID, &transfer))
         return QStringLiteral("");
     if (DBCError error = exportAttachments(transfer, toPath)) {
         *errors = error;

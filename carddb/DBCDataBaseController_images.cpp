@@ -11,9 +11,13 @@
 #include "datafile/DBCLocalizable.h"
 #include "operation/DBCChecker.h"
 #include "operation/DBCLog.h"
+#include "operation/DBCOpenInside.h"
 
 #include <QDir>
 #include <QFileInfo>
+
+#include <cerrno>
+#include <fcntl.h>
 
 namespace {
 
@@ -45,6 +49,30 @@ QStringList findImages(const QString& folder, const DBCRecord& record)
     }
     return paths;
 }
+
+// A card's PDF, held open while it is read: what stands at its name may change.
+class CardPdf {
+public:
+    CardPdf(const QString& folder, const QString& name)
+        : _path(folder + u'/' + name)
+        , _file(openInside(folder, _path, O_RDONLY | O_NONBLOCK))
+        , _leadsOut(
+              !DBCNameLookup::staysInside(name) || (!_file && (errno == EXDEV || errno == ELOOP)))
+    {
+    }
+
+    bool leadsOut() const { return _leadsOut; }
+    // The open file's; the name's where it could not be opened, so that reading says why.
+    QString path() const
+    {
+        return _file ? QStringLiteral("/proc/self/fd/%1").arg(_file.get()) : _path;
+    }
+
+private:
+    QString _path;
+    DBCDescriptor _file;
+    bool _leadsOut;
+};
 
 struct CardImages {
     DBCBitmap face;
@@ -166,7 +194,8 @@ std::optional<QString> DBCDataBaseController::_addImageFileIntoDB(
 
     const QString name = DBCPackageLayout::cardPdfName(cardId);
     const QString target = imagesFolder + u'/' + name;
-    const DBCResultCode code = convertJPG2PDF(paths, target);
+    const DBCResultCode code
+        = convertJPG2PDF(paths, target, DBCInterchangeNames::imageFolder(folder));
     if (!isFailure(code))
         return name;
 
@@ -213,13 +242,15 @@ std::optional<QStringList> DBCDataBaseController::_exportImageFile(
         return QStringList();
     }
 
-    if (!DBCNameLookup::staysInside(name)) {
+    const CardPdf pdf(DBCPackageLayout::imagesFolder(_strDBPath), name);
+    if (pdf.leadsOut()) {
+        DBCTransferLog::nameLeadsOut(subject, name, DBCPackageLayout::imagesFolder(_strDBPath));
         warnOfMissingImages(subject, DBCResultCode::FolderNotExist);
         return QStringList();
     }
     DBCError error;
-    auto list = convertPdf2Jpg(DBCPackageLayout::imagesFolder(_strDBPath) + u'/' + name, toPath,
-        record.textOrEmpty(DBCRecordKey::recordNo), &error);
+    auto list
+        = convertPdf2Jpg(pdf.path(), toPath, record.textOrEmpty(DBCRecordKey::recordNo), &error);
     if (list && !error)
         return list;
     if (isFatalForExport(error)) {

@@ -15,6 +15,7 @@
 
 #include <cstdio>
 #include <fcntl.h>
+#include <filesystem>
 
 namespace {
 
@@ -54,8 +55,11 @@ bool DBCPackageCopy::copy(const QString& source, const QString& target)
 void DBCPackageCopy::cleanUpBeside(const QString& target)
 {
     for (const QString& path :
-        {DBCHiddenName::unfinishedCopyOf(target), DBCHiddenName::discarded(target)})
-        DBCFileManager::defaultManager()->cleanFolder(path);
+        {DBCHiddenName::unfinishedCopyOf(target), DBCHiddenName::discarded(target)}) {
+        // What stays is in nobody's way, and the next start finds it again.
+        std::error_code ignored;
+        std::filesystem::remove_all(QFile::encodeName(path).toStdString(), ignored);
+    }
 }
 
 bool DBCPackageCopy::copyFiles(const QString& source, const QString& target) const

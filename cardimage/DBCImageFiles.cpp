@@ -10,6 +10,7 @@
 #include "operation/DBCChecker.h"
 #include "operation/DBCDescriptor.h"
 #include "operation/DBCError.h"
+#include "operation/DBCOpenInside.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -97,19 +98,28 @@ DBCResultCode codeOf(DBCWriteOutcome outcome)
     return DBCResultCode::PdfCreateFailure;
 }
 
-bool addPage(DBCCardPdfWriter* writer, const QString& path)
+bool addPage(DBCCardPdfWriter* writer, const QString& path, const QString& insideFolder)
 {
     // What is larger than any picture that could be shown again is not read.
     if (QFileInfo(path).size() > DBCBitmap::maximumBytes)
         return false;
     QByteArray jpeg;
-    if (readJpgFile(QUrl::fromLocalFile(path), &jpeg) != 0)
+    if (readJpgFile(QUrl::fromLocalFile(path), &jpeg, insideFolder) != 0)
         return false;
     const auto properties = readJpegProperties(jpeg);
     if (!properties)
         return false;
     writer->addPage(jpeg, *properties, pagePointSize(*properties));
     return true;
+}
+
+DBCDescriptor openPicture(const QString& path, const QString& insideFolder)
+{
+    // A pipe must not keep us waiting for its other end.
+    constexpr int flags = O_RDONLY | O_NONBLOCK;
+    if (!insideFolder.isEmpty())
+        return openInside(insideFolder, path, flags);
+    return DBCDescriptor(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC));
 }
 
 // 0 or minus errno. Sets length to the number of bytes read.
@@ -146,7 +156,8 @@ DBCResultCode saveJpgFile(const DBCBitmap& image, qint32 rotation, qint32 xResol
     return jpeg.isEmpty() ? DBCResultCode::Success : DBCCommonFunction::saveFile(jpeg, path);
 }
 
-DBCResultCode convertJPG2PDF(const QStringList& paths, const QString& outputPath)
+DBCResultCode convertJPG2PDF(
+    const QStringList& paths, const QString& outputPath, const QString& insideFolder)
 {
     if (paths.isEmpty() || outputPath.isEmpty())
         return DBCResultCode::GeneralFailure;
@@ -157,7 +168,7 @@ DBCResultCode convertJPG2PDF(const QStringList& paths, const QString& outputPath
         if (writer.opened() != DBCWriteOutcome::Written)
             return codeOf(writer.opened());
         for (const QString& path : paths) {
-            if (!addPage(&writer, path))
+            if (!addPage(&writer, path, insideFolder))
                 return DBCResultCode::PdfCreateFailure;
         }
         return codeOf(writer.close());
@@ -166,7 +177,7 @@ DBCResultCode convertJPG2PDF(const QStringList& paths, const QString& outputPath
     }
 }
 
-qint32 readJpgFile(const QUrl& url, QByteArray* outBuffer)
+qint32 readJpgFile(const QUrl& url, QByteArray* outBuffer, const QString& insideFolder)
 {
     constexpr qint32 readFailure = -4960;
     constexpr qint64 lengthLimit = 4LL * 1024 * 1024 * 1024;
@@ -175,9 +186,7 @@ qint32 readJpgFile(const QUrl& url, QByteArray* outBuffer)
     outBuffer->clear();
     if (!url.isLocalFile())
         return readFailure;
-    // A pipe must not keep us waiting for its other end.
-    const QByteArray path = QFile::encodeName(url.toLocalFile());
-    const DBCDescriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const DBCDescriptor file = openPicture(url.toLocalFile(), insideFolder);
     if (!file)
         return -errno;
     struct stat status { };

@@ -20,9 +20,11 @@ DBCResultCode saveJpgFile(const DBCBitmap& image, qint32 rotation, qint32 xResol
 // Joins JPEG files into one PDF, a page each, the JPEG bytes untouched. GeneralFailure for an empty
 // list or path, NoSpaceForImport, PdfCreateFailure, or the code of a failed size measurement. The
 // output file exists from the moment the disk check has passed; after a failure it is the caller's
-// to remove.
-DBCResultCode convertJPG2PDF(const QStringList& paths, const QString& outputPath);
+// to remove. insideFolder: where links must not lead out of, however a file came to be a link in
+// the meantime; empty: anywhere.
+DBCResultCode convertJPG2PDF(
+    const QStringList& paths, const QString& outputPath, const QString& insideFolder = {});
 
 // Reads a whole file, whatever it is. 0, ParameterError's number, -4960, or minus the errno of the
-// failing step; out is empty on failure.
-qint32 readJpgFile(const QUrl& url, QByteArray* outBuffer);
+// failing step; out is empty on failure. insideFolder: as above.
+qint32 readJpgFile(const QUrl& url, QByteArray* outBuffer, const QString& insideFolder = {});

@@ -3,6 +3,7 @@
 
 #include "cli/DBCTerminal.h"
 #include "datafile/DBCLocalizable.h"
+#include "text/DBCControlCharacters.h"
 
 namespace {
 
@@ -62,7 +63,7 @@ void DBCPlainReporter::answered(const DBCQuestion& /*question*/, DBCAnswer /*ans
 void DBCPlainReporter::logged(DBCLogType type, const QString& text)
 {
     if (type == DBCLogType::Error && text != _lastMessage)
-        message({}, text);
+        message({}, asOneLine(text));
 }
 
 void DBCPlainReporter::problem(const DBCProblem& problem)

@@ -2,6 +2,7 @@
 #include "cli/DBCTerminal.h"
 
 #include "datafile/DBCLocalizable.h"
+#include "text/DBCControlCharacters.h"
 
 #include <QStringList>
 
@@ -19,33 +20,7 @@ bool isYes(const QString& answer)
     return yes.contains(answer.trimmed(), Qt::CaseInsensitive);
 }
 
-bool changesDirection(QChar character)
-{
-    const char16_t unit = character.unicode();
-    return (unit >= u'\u202a' && unit <= u'\u202e') || (unit >= u'\u2066' && unit <= u'\u2069');
-}
-
-bool endsLine(QChar character)
-{
-    return character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
-}
-
 } // namespace
-
-QString escapedForTerminal(const QString& text)
-{
-    QString escaped;
-    escaped.reserve(text.size());
-    for (const QChar character : text) {
-        if (character.category() == QChar::Other_Control || changesDirection(character)
-            || endsLine(character))
-            escaped += QStringLiteral("\\u%1").arg(
-                QString::number(character.unicode(), 16).toUpper(), 4, u'0');
-        else
-            escaped += character;
-    }
-    return escaped;
-}
 
 DBCTerminal::DBCTerminal()
     : _input(fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1))
@@ -88,13 +63,13 @@ void DBCTerminal::write(std::FILE* stream, const QString& text)
 {
     QStringList lines;
     for (const QString& line : text.split(u'\n'))
-        lines << escapedForTerminal(line);
+        lines << escapedControls(line);
     std::fputs(lines.join(u'\n').toUtf8().constData(), stream);
     std::fflush(stream);
 }
 
 void DBCTerminal::writeLine(std::FILE* stream, const QString& text)
 {
-    std::fputs((escapedForTerminal(text) + u'\n').toUtf8().constData(), stream);
+    std::fputs((escapedControls(text) + u'\n').toUtf8().constData(), stream);
     std::fflush(stream);
 }

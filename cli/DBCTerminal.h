@@ -32,6 +32,3 @@ public:
 private:
     int _input;
 };
-
-// text with every control and direction-changing character as "\u001B".
-QString escapedForTerminal(const QString& text);

@@ -16,6 +16,15 @@ public:
     ~DBCDescriptor() { (void)close(); }
     DBCDescriptor(const DBCDescriptor&) = delete;
     DBCDescriptor& operator=(const DBCDescriptor&) = delete;
+    DBCDescriptor(DBCDescriptor&& other) noexcept
+        : _descriptor(std::exchange(other._descriptor, -1))
+    {
+    }
+    DBCDescriptor& operator=(DBCDescriptor&& other) noexcept
+    {
+        std::swap(_descriptor, other._descriptor);
+        return *this;
+    }
 
     explicit operator bool() const { return _descriptor >= 0; }
     int get() const { return _descriptor; }

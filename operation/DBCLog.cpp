@@ -3,6 +3,7 @@
 
 #include "datafile/DBCCommonFunction.h"
 #include "operation/DBCSettings.h"
+#include "text/DBCControlCharacters.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -151,10 +152,12 @@ DBCResultCode DBCLog::output(const std::optional<QString>& message, DBCLogType l
 
 DBCResultCode DBCLog::writeLine(const QString& message, const QString& tag)
 {
-    const DBCResultCode result = _fileWriter->write(getLogString(message, tag));
+    DBCResultCode result = _fileWriter->write(getLogString(message, tag));
+    const DBCResultCode closed = _fileWriter->close();
+    if (!isFailure(result))
+        result = closed;
     if (isFailure(result))
-        writeToConsole(message);
-    _fileWriter->close();
+        writeToConsole(asOneLine(message));
     return result;
 }
 
@@ -162,7 +165,7 @@ QString DBCLog::getLogString(const QString& message, const QString& logType)
 {
     const QString now = QLocale::c().toString(
         QDateTime::currentDateTime(), QStringLiteral("yyyy/MM/dd HH:mm:ss"));
-    return now + QStringLiteral(" VelmoraConverter ") + logType + u' ' + message + u'\n';
+    return now + QStringLiteral(" VelmoraConverter ") + logType + u' ' + asOneLine(message) + u'\n';
 }
 
 void DBCLog::readLogLevel()

@@ -34,6 +34,7 @@ public:
     DBCResultCode logWarning(const std::optional<QString>& message); // counted even when filtered
     DBCResultCode logError(const std::optional<QString>& message); // counted even when filtered
     DBCResultCode output(const std::optional<QString>& message, DBCLogType logType);
+    // One line with its end; what a message holds of controls and line ends shows as text.
     static QString getLogString(const QString& message, const QString& logType);
 
     // Takes the level of the information dictionary, Info (1) where that has no number.

@@ -61,6 +61,11 @@ bool DBCTreeCopy::copy(const QByteArray& source, const QByteArray& target)
     return true;
 }
 
+bool DBCTreeCopy::copyFileBetween(int fromFolder, int toFolder, const QByteArray& name)
+{
+    return copyFile({fromFolder, name, toFolder, name});
+}
+
 bool DBCTreeCopy::copyItem(const Item& item)
 {
     struct stat status = {};

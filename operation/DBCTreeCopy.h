@@ -35,6 +35,10 @@ public:
     // copied so far stays. One object copies once.
     bool copy(const QByteArray& source, const QByteArray& target);
 
+    // One regular file between two open folders, under its own name. A link of that name is not
+    // followed.
+    bool copyFileBetween(int fromFolder, int toFolder, const QByteArray& name);
+
     // The sizes of the files begun so far, and what was copied of them.
     const DBCFileOperationStatus& status() const { return _status; }
 

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Opens what a name from a data file or a store leads to, and nothing outside its folder.
+#pragma once
+
+#include "operation/DBCDescriptor.h"
+
+#include <QString>
+
+// The file or folder at path, which lies textually inside folder. Links are followed as long as
+// they stay inside; where one leads out, at this very moment and whatever was found there before,
+// nothing is opened and errno is EXDEV or ELOOP. flags: as for open(); O_CLOEXEC is added.
+DBCDescriptor openInside(const QString& folder, const QString& path, int flags);

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "text/DBCControlCharacters.h"
+
+#include <algorithm>
+
+namespace {
+
+bool changesDirection(QChar character)
+{
+    const char16_t unit = character.unicode();
+    return (unit >= u'\u202a' && unit <= u'\u202e') || (unit >= u'\u2066' && unit <= u'\u2069');
+}
+
+bool isControl(QChar character)
+{
+    return character.category() == QChar::Other_Control || changesDirection(character)
+        || character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
+}
+
+} // namespace
+
+QString escapedControls(const QString& text)
+{
+    // Hardly any text holds one, and then it need not be copied.
+    if (std::none_of(text.begin(), text.end(), isControl))
+        return text;
+    QString escaped;
+    escaped.reserve(text.size());
+    for (const QChar character : text) {
+        if (isControl(character))
+            escaped += QStringLiteral("\\u%1").arg(
+                QString::number(character.unicode(), 16).toUpper(), 4, u'0');
+        else
+            escaped += character;
+    }
+    return escaped;
+}
+
+QString asOneLine(QString text)
+{
+    return escapedControls(text.replace(u'\n', u' '));
+}
