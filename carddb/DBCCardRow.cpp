@@ -5,6 +5,8 @@
 
 #include <SQLiteCpp/Column.h>
 
+#include <QStringDecoder>
+
 #include <cmath>
 #include <optional>
 
@@ -39,8 +41,10 @@ std::optional<DBCValue> fromStoredDate(double seconds)
 
 DBCValue storedText(const SQLite::Column& column)
 {
+    // U+FEFF in front belongs to the text, although elsewhere it would mark the byte order.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
     const char* bytes = column.getText();
-    QString text = QString::fromUtf8(bytes, column.getBytes());
+    QString text = decoder(QByteArrayView(bytes, column.getBytes()));
     text.squeeze(); // decoding reserves three times what a Japanese text takes
     return text;
 }

@@ -71,6 +71,7 @@ std::unique_ptr<DBCManagedObjectContext> DBCManagedObjectContext::open(
             QFile::encodeName(storePath).toStdString(), SQLite::OPEN_READWRITE, busyTimeoutMs);
         std::unique_ptr<DBCManagedObjectContext> context(
             new DBCManagedObjectContext(std::move(store), model));
+        context->distrustSchema();
         context->keepForeignLog(storePath);
         context->_description = model.describe(*context->_store);
         if (context->_description.missing.isEmpty())
@@ -95,6 +96,13 @@ DBCManagedObjectContext::DBCManagedObjectContext(
 }
 
 DBCManagedObjectContext::~DBCManagedObjectContext() = default;
+
+// A store may come from anywhere: what is written into its schema calls nothing that could do harm.
+void DBCManagedObjectContext::distrustSchema()
+{
+    sqlite3_db_config(_store->getHandle(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(_store->getHandle(), SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+}
 
 // What another program left in a write-ahead log would move into the store's file when the last
 // connection closes. It stays where it is until something is saved here.

@@ -48,6 +48,7 @@ private:
     DBCManagedObjectContext(
         std::unique_ptr<SQLite::Database> store, const DBCManagedObjectModel& model);
 
+    void distrustSchema();
     void keepForeignLog(const QString& storePath);
     std::string insertStatement() const;
     // The key of the last card stored.

@@ -19,6 +19,15 @@ std::string upperCase(const std::string& name)
     return QString::fromStdString(name).toUpper().toStdString();
 }
 
+// A view of that name could be computed without end.
+bool isTable(SQLite::Database& store, const char* name)
+{
+    SQLite::Statement statement(
+        store, "SELECT 1 FROM sqlite_schema WHERE type = 'table' AND name = ? COLLATE NOCASE");
+    statement.bind(1, name);
+    return statement.executeStep();
+}
+
 std::set<std::string> readColumns(SQLite::Database& store, DBCStoreDescription& description)
 {
     std::set<std::string> columns;
@@ -54,6 +63,12 @@ DBCManagedObjectModel::DBCManagedObjectModel()
 DBCStoreDescription DBCManagedObjectModel::describe(SQLite::Database& store) const
 {
     DBCStoreDescription description;
+    for (const char* table : {"ZCARD", "Z_PRIMARYKEY"}) {
+        if (!isTable(store, table))
+            description.missing << QString::fromLatin1(table);
+    }
+    if (!description.missing.isEmpty())
+        return description;
     const std::set<std::string> present = readColumns(store, description);
 
     std::vector<std::string> required(frameworkColumns.begin(), frameworkColumns.end());

@@ -177,7 +177,7 @@
         <translation>オプションに値は指定できません。</translation>
     </message>
     <message id="IDS_CLI_ERR_UNKNOWN_COMMAND">
-        <source>There is no command &quot;%1&quot;. The commands are import, export, check, verify and create.</source>
+        <source>There is no command &quot;%1&quot;. The commands are import, export, check, verify, create and recover.</source>
         <extracomment>%1: what stands in place of a command.</extracomment>
         <translation>「%1」というコマンドはありません。使用できるコマンドは、import、export、check、verify、create、recoverです。</translation>
     </message>

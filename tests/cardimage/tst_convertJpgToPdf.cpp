@@ -52,7 +52,7 @@ private Q_SLOTS:
     void spaceIsNeededForAllFilesAndAMargin();
     void spaceIsLookedForWhereTheOutputGoes();
     void failedMeasurementIsReported();
-    void writeFailureIsAPdfFailure();
+    void diskThatFillsUpWhileThePdfIsWrittenIsNoSpace();
 };
 
 namespace {
@@ -546,11 +546,11 @@ void tst_convertJpgToPdf::failedMeasurementIsReported()
     QVERIFY(!QFile::exists(conversion.output()));
 }
 
-void tst_convertJpgToPdf::writeFailureIsAPdfFailure()
+void tst_convertJpgToPdf::diskThatFillsUpWhileThePdfIsWrittenIsNoSpace()
 {
     const TestHome home;
     const QString jpeg = home.writeFile(QStringLiteral("a.jpg"), smallPicture());
-    QCOMPARE(convertJPG2PDF({jpeg}, QStringLiteral("/dev/full")), DBCResultCode::PdfCreateFailure);
+    QCOMPARE(convertJPG2PDF({jpeg}, QStringLiteral("/dev/full")), DBCResultCode::NoSpaceForImport);
 }
 
 QTEST_GUILESS_MAIN(tst_convertJpgToPdf)

@@ -117,7 +117,8 @@ std::string TracedCall::stringAt(unsigned long address) const
         const unsigned long toPageEnd = pageSize - address % pageSize;
         if (!readMemory(_thread, address, page.data(), toPageEnd))
             break;
-        const auto end = std::find(page.cbegin(), page.cbegin() + static_cast<std::ptrdiff_t>(toPageEnd), '\0');
+        const auto end = std::find(
+            page.cbegin(), page.cbegin() + static_cast<std::ptrdiff_t>(toPageEnd), '\0');
         text.append(page.cbegin(), end);
         if (end != page.cbegin() + static_cast<std::ptrdiff_t>(toPageEnd))
             break;

@@ -50,6 +50,10 @@ MODES = {
     "lock": Mode(("--fault", "error"), "lock", False, False),
     "close": Mode(("--fault", "error", "--errno", EIO), "close", False, False),
 }
+# Allocations are not calls that a tracer sees; a library that is loaded first lets them fail. A
+# program may die of it.
+ALLOCATION = "allocation"
+ALLOCATION_MODE = Mode((), CHANGING, False, True)
 KILLED_AGAIN_AFTER = (1, 2, 3, 5, 8, 13, 21, 34, 55)
 
 IMPORT = ("import", "--yes", "{area}/ix", "{area}/" + PACKAGE)
@@ -80,14 +84,20 @@ JOBS = [
 Task = collections.namedtuple("Task", "job mode k call")
 
 
+def mode_of(task):
+    return ALLOCATION_MODE if task.mode == ALLOCATION else MODES[task.mode]
+
+
 class Sweep:
     def __init__(self, options, folder):
         self.options, self.folder = options, folder
         self.template = folder / "template"
+        self.template.mkdir(parents=True)
         make_template(options.convert, self.template)
         self.before = Before(self.template)
         self.areas = 0
         self.cancel_calls = {}
+        self.clean_calls = {}
 
     def fresh_area(self, name, job):
         area = self.folder / name
@@ -96,7 +106,7 @@ class Sweep:
             job.spoil(area)
         return area
 
-    def run(self, job, area, arguments=()):
+    def run(self, job, area, arguments=(), variables=()):
         """The run's outcome and the tracer's report."""
         report, said = Path(f"{area}.report"), Path(f"{area}.said")
         below = [part for folder in job.folders for part in ("--below", area / folder)]
@@ -106,7 +116,7 @@ class Sweep:
                 [str(part) for part in (self.options.tracer, *below, "--timeout", TIMEOUT_SECONDS,
                                         "--report", report, *arguments, "--",
                                         self.options.convert, *command)],
-                cwd=area / "cwd", env=environment(area), stdin=subprocess.DEVNULL,
+                cwd=area / "cwd", env=environment(area) | dict(variables), stdin=subprocess.DEVNULL,
                 stdout=output, stderr=output, check=False)
         if traced.returncode == NOT_TRACEABLE:
             print(said.read_text(errors="replace"))
@@ -118,7 +128,8 @@ class Sweep:
         return happened, text
 
     def outcome(self, happened, text, mode):
-        killed = mode.kills and happened["signal"] == 9 and not happened["timeout"]
+        deaths = (6, 9, 11) if mode is ALLOCATION_MODE else (9,)
+        killed = mode.kills and happened["signal"] in deaths and not happened["timeout"]
         crashed = ""
         if happened["timeout"]:
             crashed = "no end"
@@ -160,11 +171,27 @@ class Sweep:
             learn(area)
             shutil.rmtree(area)
 
+    def failing_allocation(self, area, k):
+        return {"LD_PRELOAD": str(self.options.allocations), "FAIL_ALLOCATION_BELOW": f"{area}/",
+                "FAIL_ALLOCATION_AT": str(k), "FAIL_ALLOCATION_COUNT": f"{area}.count"}
+
+    def allocation_tasks(self, job):
+        area = self.fresh_area(f"clean-{job.name}-allocations", job)
+        self.run(job, area, variables=self.failing_allocation(area, 0))
+        count = int(Path(f"{area}.count").read_text())
+        shutil.rmtree(area)
+        return [Task(job, ALLOCATION, k, ("allocation", "")) for k in range(1, count + 1)]
+
     def tasks(self, job, mode_name):
+        if mode_name == ALLOCATION:
+            return self.allocation_tasks(job)
         if mode_name == "term" and job.cancels:
             return []
-        calls, area = self.calls_of(job, MODES[mode_name].calls)
-        shutil.rmtree(area)
+        kinds = MODES[mode_name].calls
+        if (job, kinds) not in self.clean_calls:
+            self.clean_calls[job, kinds], area = self.calls_of(job, kinds)
+            shutil.rmtree(area)
+        calls = self.clean_calls[job, kinds]
         return [Task(job, mode_name, k, call) for k, call in enumerate(calls, 1)]
 
     def arguments(self, task):
@@ -181,9 +208,14 @@ class Sweep:
 
     def perform(self, task):
         """What does not hold after the task's run and, where one is due, the start after it."""
-        mode = MODES[task.mode]
+        mode = mode_of(task)
         area = self.fresh_area(f"{task.job.name}-{task.mode}-{task.k}", task.job)
-        happened, text = self.run(task.job, area, self.arguments(task))
+        if mode is ALLOCATION_MODE:
+            happened, text = self.run(
+                task.job, area, variables=self.failing_allocation(area, task.k))
+            happened["fired"] = True
+        else:
+            happened, text = self.run(task.job, area, self.arguments(task))
         run = self.outcome(happened, text, mode)
         wrong = self.judge(task, area, run)
         if not wrong and (run.exit is None or leftovers(snapshot(area))):
@@ -195,9 +227,8 @@ class Sweep:
         return task, wrong, run, happened["fired"]
 
     def judge(self, task, area, run):
-        mode = MODES[task.mode]
         if task.job.is_import:
-            return judge_import(self.before, area, run, mode.lasts, spoiled=task.job.spoil)
+            return judge_import(self.before, area, run, mode_of(task).lasts, spoiled=task.job.spoil)
         return judge_export(self.before, area, run, task.mode != "killed-again")
 
     def start_again(self, task, area):
@@ -245,10 +276,15 @@ def options():
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--job", action="append", choices=[job.name for job in JOBS])
     parser.add_argument("--mode", action="append", choices=MODES)
+    parser.add_argument("--allocations", type=Path,
+                        help="failing_allocations.so: let allocations fail and nothing else")
     parser.add_argument("--only", type=int, help="the k of a single call")
     parser.add_argument("--keep", type=Path, help="where to keep the areas of what does not hold")
     parser.add_argument("--work", type=Path, help="default: the folder for temporary files")
     given = parser.parse_args()
+    if given.allocations:
+        given.allocations = given.allocations.resolve()
+        given.mode = [ALLOCATION]
     given.convert, given.tracer = given.convert.resolve(), given.tracer.resolve()
     if given.keep:
         given.keep.mkdir(parents=True, exist_ok=True)

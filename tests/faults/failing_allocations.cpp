@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// To be preloaded: the n-th allocation fails, counted from the moment at which the program first
+// opens something below a folder.
+//
+//   FAIL_ALLOCATION_BELOW  the folder
+//   FAIL_ALLOCATION_AT     which allocation fails; 0: none
+//   FAIL_ALLOCATION_COUNT  a file that the number of allocations is written to at the end
+#include <atomic>
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/types.h>
+
+extern "C" {
+// The C library's own entry points: looking them up by name would allocate.
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t count, std::size_t size);
+void* __libc_realloc(void* block, std::size_t size);
+}
+
+namespace {
+
+std::atomic<bool> isCounting = false;
+std::atomic<long> count = 0;
+
+long failing()
+{
+    static const char* const at = std::getenv("FAIL_ALLOCATION_AT");
+    static const long number = at ? std::atol(at) : 0;
+    return number;
+}
+
+bool failsNow()
+{
+    if (!isCounting || ++count != failing())
+        return false;
+    errno = ENOMEM;
+    return true;
+}
+
+void notePath(const char* path)
+{
+    static const char* const below = std::getenv("FAIL_ALLOCATION_BELOW");
+    if (below && std::strncmp(path, below, std::strlen(below)) == 0)
+        isCounting = true;
+}
+
+template <typename Function> Function next(const char* name)
+{
+    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
+}
+
+__attribute__((destructor)) void writeCount()
+{
+    // Not for the tracer and the shells around the program.
+    const bool hasCounted = isCounting.exchange(false);
+    const char* const path = std::getenv("FAIL_ALLOCATION_COUNT");
+    if (hasCounted && path) {
+        if (std::FILE* file = std::fopen(path, "w")) {
+            std::fprintf(file, "%ld\n", count.load());
+            std::fclose(file);
+        }
+    }
+}
+
+mode_t modeIn(int flags, va_list arguments)
+{
+    return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
+}
+
+} // namespace
+
+extern "C" {
+
+void* malloc(std::size_t size)
+{
+    return failsNow() ? nullptr : __libc_malloc(size);
+}
+
+void* calloc(std::size_t number, std::size_t size)
+{
+    return failsNow() ? nullptr : __libc_calloc(number, size);
+}
+
+void* realloc(void* block, std::size_t size)
+{
+    return failsNow() ? nullptr : __libc_realloc(block, size);
+}
+
+int open64(const char* path, int flags, ...)
+{
+    using Open = int (*)(const char*, int, ...);
+    static const auto real = next<Open>("open64");
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = modeIn(flags, arguments);
+    va_end(arguments);
+    notePath(path);
+    return real(path, flags, mode);
+}
+
+int open(const char* path, int flags, ...)
+{
+    using Open = int (*)(const char*, int, ...);
+    static const auto real = next<Open>("open");
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = modeIn(flags, arguments);
+    va_end(arguments);
+    notePath(path);
+    return real(path, flags, mode);
+}
+
+} // extern "C"
