@@ -115,10 +115,10 @@ DBCResultCode DBCDataBaseController::restore()
         return DBCResultCode::GeneralFailure;
     // What the journal cannot take on a full disk leaves the stage before, which asks for the same.
     if (_journal)
-        _journal->enter(DBCImportJournal::Stage::Restore);
+        (void)_journal->enter(DBCImportJournal::Stage::Restore);
     const DBCResultCode code = DBCPackageRestore::restore(_strDBPath, _strBackupDBPath);
     if (_journal && code == DBCResultCode::Success)
-        _journal->enter(DBCImportJournal::Stage::Restored);
+        (void)_journal->enter(DBCImportJournal::Stage::Restored);
     return code;
 }
 

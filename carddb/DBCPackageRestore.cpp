@@ -11,6 +11,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <exception>
+
 namespace {
 
 // A single refusal of the system is no reason to leave somebody without a package.
@@ -42,12 +44,15 @@ bool isRestorable(const QString& backup, const QString& package)
 }
 
 bool tryToRestore(const QString& package, const QString& backup)
-{
+try {
     if (!isWritableFolder(QFileInfo(package).path()) || !isRestorable(backup, package))
         return false;
     if (QFileInfo(package).isDir() && !DBCFileManager::defaultManager()->cleanFolder(package))
         return false;
     return DBCPackageCopy().copy(backup, package);
+} catch (const std::exception&) {
+    // Want of memory, mostly; the next attempt may have it.
+    return false;
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "cardimage/DBCJpegProperties.h"
 
 #include <memory>
+#include <stdexcept>
 #include <string>
 
 #include <qpdf/QPDFWriter.hh>
@@ -79,6 +80,7 @@ std::string contentsFor(QSize pointSize)
 
 DBCCardPdfDocument::DBCCardPdfDocument()
 {
+    _document.setSuppressWarnings(true);
     _document.emptyPDF();
     Object info = Object::newDictionary();
     info.replaceKey("/Creator", Object::newString(creator));
@@ -121,6 +123,13 @@ void DBCCardPdfDocument::write(std::FILE* file)
     writer.setStreamDataMode(qpdf_s_preserve);
     writer.setObjectStreamMode(qpdf_o_disable);
     writer.write();
+    expectNoLoss();
+}
+
+void DBCCardPdfDocument::expectNoLoss()
+{
+    if (_document.anyWarnings())
+        throw std::runtime_error("a part of the document is lost");
 }
 
 void DBCCardPdfDocument::clear()

@@ -24,13 +24,16 @@ public:
     // A page of that many points, filled by the JPEG. The bytes are held, not copied.
     void addPage(const QByteArray& jpeg, const DBCJpegProperties& properties, QSize pointSize);
 
-    // The file is not closed.
+    // The file is not closed. Also throws when the library has lost a part of the document on the
+    // way, for want of memory: it would write what is left without a word.
     void write(std::FILE* file);
 
     // No page is left, and no JPEG held.
     void clear();
 
 private:
+    void expectNoLoss();
+
     struct Page {
         QPDFObjectHandle object;
         QPDFObjectHandle image;

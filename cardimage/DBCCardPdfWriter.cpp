@@ -12,10 +12,18 @@
 
 namespace {
 
-DBCCardPdfDocument& threadDocument()
+// Null until it is needed, and after one that broke.
+std::unique_ptr<DBCCardPdfDocument>& threadDocument()
 {
-    static thread_local DBCCardPdfDocument document;
+    static thread_local std::unique_ptr<DBCCardPdfDocument> document;
     return document;
+}
+
+DBCCardPdfDocument& usableDocument()
+{
+    if (!threadDocument())
+        threadDocument() = std::make_unique<DBCCardPdfDocument>();
+    return *threadDocument();
 }
 
 } // namespace
@@ -28,19 +36,27 @@ DBCWriteOutcome writeFailure(int error)
 DBCCardPdfWriter::DBCCardPdfWriter(const QString& path)
     : _file(std::fopen(QFile::encodeName(path).constData(), "wbe"))
     , _opened(_file ? DBCWriteOutcome::Written : writeFailure(errno))
-    , _document(threadDocument())
+    , _document(usableDocument())
 {
 }
 
 DBCCardPdfWriter::~DBCCardPdfWriter()
 {
-    _document.clear();
+    try {
+        _document.clear();
+    } catch (const std::exception&) {
+        _isBroken = true;
+    }
+    if (_isBroken)
+        threadDocument().reset();
 }
 
 void DBCCardPdfWriter::addPage(
     const QByteArray& jpeg, const DBCJpegProperties& properties, QSize pointSize)
 {
+    _isBroken = true; // until it is known better
     _document.addPage(jpeg, properties, pointSize);
+    _isBroken = false;
 }
 
 DBCWriteOutcome DBCCardPdfWriter::close()
@@ -50,6 +66,7 @@ DBCWriteOutcome DBCCardPdfWriter::close()
     } catch (const QPDFSystemError& error) {
         return writeFailure(error.getErrno());
     } catch (const std::exception&) {
+        _isBroken = true;
         return DBCWriteOutcome::Failed;
     }
     // The library does not ask whether its last bytes reached the disk.

@@ -44,4 +44,5 @@ private:
     std::unique_ptr<std::FILE, FileCloser> _file;
     DBCWriteOutcome _opened;
     DBCCardPdfDocument& _document; // the thread's
+    bool _isBroken = false; // the document serves no other card
 };

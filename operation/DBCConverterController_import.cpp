@@ -155,9 +155,10 @@ DBCError DBCConverterController::_saveImport(DBCDataBaseController& database)
 {
     if (auto error = DBCError::ifFailure(database.save()))
         return error;
-    database.endImport();
     _logInfo(_endLine("IDS_LOG_INF_END_WITH_INFO_IMPORT", importLabel));
     _sendProgress(DBCEventName::ImportDidFinished, {});
+    // Last: should anything before it fail for want of memory, there is still a restore to come.
+    database.endImport();
     return {};
 }
 
@@ -166,11 +167,14 @@ DBCError DBCConverterController::_saveImport(DBCDataBaseController& database)
 DBCError DBCConverterController::_undoImport(DBCDataBaseController& database, const DBCError& cause)
 {
     DBCError error = _isCancel(cause) ? DBCError() : cause;
-    if (error)
-        _reportFailedImport(error);
-
-    _send({.name = DBCEventName::DatabaseRestoreWillBegin});
-    _logStart(restoreLabel);
+    // Where there is no memory to say so, the database is put back all the same.
+    (void)_guarded(QStringLiteral("Exception happended when restoring.[%1]"), [&] {
+        if (error)
+            _reportFailedImport(error);
+        _send({.name = DBCEventName::DatabaseRestoreWillBegin});
+        _logStart(restoreLabel);
+        return DBCError();
+    });
     const DBCResultCode result = database.restore();
     _logEnd(restoreLabel);
     _send({.name = DBCEventName::DatabaseRestoreDidFinished, .operationIsOk = !isFailure(result)});
