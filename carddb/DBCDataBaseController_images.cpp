@@ -244,7 +244,6 @@ std::optional<QStringList> DBCDataBaseController::_exportImageFile(
 
     const CardPdf pdf(DBCPackageLayout::imagesFolder(_strDBPath), name);
     if (pdf.leadsOut()) {
-        DBCTransferLog::nameLeadsOut(subject, name, DBCPackageLayout::imagesFolder(_strDBPath));
         warnOfMissingImages(subject, DBCResultCode::FolderNotExist);
         return QStringList();
     }

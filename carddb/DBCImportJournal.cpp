@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -126,7 +127,7 @@ DBCImportJournal::SearchResult DBCImportJournal::find(const QString& package)
 }
 
 bool DBCImportJournal::enter(Stage stage)
-{
+try {
     QJsonObject line {{stageKey, nameOf(stage)}};
     if (stage == Stage::Backup)
         line.insert(backupKey, _backupName);
@@ -136,6 +137,9 @@ bool DBCImportJournal::enter(Stage stage)
         return false;
     _stage = stage;
     return true;
+} catch (const std::bad_alloc&) {
+    // A restore goes on without the note: the stage before leads to the same question.
+    return false;
 }
 
 bool DBCImportJournal::enterImport(const QString& cardIDStart)

@@ -8,6 +8,7 @@
 #include <climits>
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -15,6 +16,13 @@ namespace {
 bool isFolderItself(const char* name)
 {
     return qstrcmp(name, ".") == 0 || qstrcmp(name, "..") == 0;
+}
+
+// A folder that was removed while it is open reads as an empty one.
+bool isRemoved(int folder)
+{
+    struct stat status { };
+    return fstat(folder, &status) != 0 || status.st_nlink == 0;
 }
 
 } // namespace
@@ -33,7 +41,7 @@ std::optional<std::vector<DBCFolderEntry>> entriesOfFolder(int folder)
             entries.push_back({entry->d_ino, entry->d_name});
         errno = 0;
     }
-    if (errno != 0)
+    if (errno != 0 || isRemoved(folder))
         return std::nullopt;
     std::sort(entries.begin(), entries.end(),
         [](const DBCFolderEntry& a, const DBCFolderEntry& b) { return a.inode < b.inode; });

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "text/DBCControlCharacters.h"
 
+#include <QStringList>
+
 #include <algorithm>
 
 namespace {
@@ -38,5 +40,8 @@ QString escapedControls(const QString& text)
 
 QString asOneLine(QString text)
 {
-    return escapedControls(text.replace(u'\n', u' '));
+    QStringList parts;
+    for (const QString& part : text.replace(u'\n', u' ').split(u'\t'))
+        parts << escapedControls(part);
+    return parts.join(u'\t');
 }

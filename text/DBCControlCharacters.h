@@ -9,5 +9,5 @@
 // "\u001B".
 QString escapedControls(const QString& text);
 
-// The same for a text of several lines, which become one: a line of a log or of a list is a line.
+// The same for a text of several lines, which become one: a line of a log is a line. Tabs stay.
 QString asOneLine(QString text);

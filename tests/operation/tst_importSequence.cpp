@@ -291,8 +291,7 @@ void tst_importSequence::failedBackupEndsTheImportWithoutRestore()
     QCOMPARE(import.logAfterSeparator(),
         QStringList(import.startLine()) + import.backupLines()
             + QStringList({
-                QStringLiteral("[Error] message 311 BACKUP"),
-                QStringLiteral("Backup DB:[/somewhere/DB_bak.vmdb]"),
+                QStringLiteral("[Error] message 311 BACKUP Backup DB:[/somewhere/DB_bak.vmdb]"),
                 QStringLiteral("[Info] end IMPORT|SEE LOG|0|0"),
             }));
     QVERIFY(!import.script.calls.contains(QStringLiteral("restore")));

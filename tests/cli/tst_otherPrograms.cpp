@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Conversions while other programs, or others of our own, use the same card database: nothing is
+// lost, and whoever has to give way says why.
+#include "tests/cli/ConvertProgram.h"
+#include "tests/support/DataFileBuilder.h"
+#include "tests/support/InterchangeFolder.h"
+#include "tests/support/PackageFixture.h"
+
+#include <SQLiteCpp/Database.h>
+
+#include <QDir>
+#include <QFile>
+#include <QtTest>
+
+#include <fcntl.h>
+#include <memory>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace {
+
+using Key = DBCRecordKey;
+
+constexpr int cardsToImport = 40;
+
+struct Desk {
+    explicit Desk(const PackageLayout& layout = {})
+        : package(home, layout)
+    {
+        package.card({{"ZFULL_NAME", QStringLiteral("Hoshino Taro")}});
+        DataFileBuilder builder;
+        builder.titleLine();
+        for (int card = 0; card < cardsToImport; ++card)
+            builder.row({{Key::full_Name, QStringLiteral("Card %1").arg(card)}});
+        folder.dataFile(builder.build());
+        parent = home.makeFolder(QStringLiteral("parent folder"));
+    }
+    QStringList importing() const
+    {
+        return {QStringLiteral("import"), QStringLiteral("--yes"), folder.path(), package.path()};
+    }
+    QStringList exporting() const
+    {
+        return {QStringLiteral("export"), QStringLiteral("--yes"), package.path(), parent};
+    }
+    qlonglong cardCount() const
+    {
+        return package.value(QStringLiteral("SELECT count(*) FROM ZCARD")).toLongLong();
+    }
+
+    TestHome home;
+    PackageFixture package;
+    InterchangeFolder folder {home};
+    QString parent;
+    ConvertProgram program {home};
+};
+
+// Another program with the store open.
+class OtherProgram {
+public:
+    explicit OtherProgram(const PackageFixture& package)
+        : _store(package.storePath().toStdString(), SQLite::OPEN_READWRITE)
+    {
+    }
+    void run(const char* sql) { _store.exec(sql); }
+    qlonglong countCards() { return _store.execAndGet("SELECT count(*) FROM ZCARD").getInt64(); }
+
+private:
+    SQLite::Database _store;
+};
+
+// A conversion of ours at work with a package, as another process of it holds the folder.
+class ConversionAtWork {
+public:
+    ConversionAtWork(const QString& package, int lock)
+        : _folder(open(QFile::encodeName(package).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    {
+        if (flock(_folder, lock | LOCK_NB) != 0)
+            qFatal("cannot lock");
+    }
+    ~ConversionAtWork() { close(_folder); }
+    ConversionAtWork(const ConversionAtWork&) = delete;
+    ConversionAtWork& operator=(const ConversionAtWork&) = delete;
+
+private:
+    int _folder;
+};
+
+} // namespace
+
+class tst_otherPrograms : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void storeHeldInAWayThatStopsAnImport_data()
+    {
+        QTest::addColumn<QByteArray>("hold");
+        QTest::addColumn<QString>("saying");
+        QTest::newRow("when it is opened")
+            << QByteArray("BEGIN EXCLUSIVE") << QStringLiteral("could not be opened");
+        QTest::newRow("when it is saved, by a writer")
+            << QByteArray("BEGIN IMMEDIATE") << QStringLiteral("could not be saved");
+        QTest::newRow("when it is saved, by a reader")
+            << QByteArray("BEGIN; SELECT count(*) FROM ZCARD")
+            << QStringLiteral("could not be saved");
+    }
+    void storeHeldInAWayThatStopsAnImport()
+    {
+        QFETCH(QByteArray, hold);
+        QFETCH(QString, saying);
+        const Desk desk;
+        OtherProgram other(desk.package);
+        other.run("BEGIN");
+        if (hold.contains("SELECT"))
+            other.countCards(); // a transaction that reads, until the end
+        else {
+            other.run("COMMIT");
+            other.run(hold.constData());
+        }
+        const auto before = desk.package.contents();
+
+        const ProgramRun run = desk.program.run(desk.importing());
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.errors.contains(saying), qPrintable(run.errors));
+        QVERIFY2(run.errors.contains(QStringLiteral("locked")), qPrintable(run.errors));
+        QCOMPARE(desk.package.contents(), before);
+    }
+
+    void whatAnotherProgramLeftInItsLogStays()
+    {
+        const Desk desk(PackageLayout {.writeAheadLog = true});
+        OtherProgram other(desk.package);
+        other.run("UPDATE ZCARD SET ZFULL_NAME = 'Hoshino Jiro'");
+
+        QCOMPARE(desk.program.run(desk.importing()).exitCode, 0);
+        QCOMPARE(other.countCards(), cardsToImport + 1);
+        QCOMPARE(desk.package.value(QStringLiteral("SELECT ZFULL_NAME FROM ZCARD WHERE Z_PK = 1")),
+            QVariant(QStringLiteral("Hoshino Jiro")));
+    }
+
+    void changeThatAnotherProgramDidNotFinishIsTakenBack()
+    {
+        const Desk desk;
+        const QString journal = QStringLiteral("Velmora.sqldb-journal");
+        QByteArray storeInMidChange;
+        QByteArray hotJournal;
+        {
+            OtherProgram other(desk.package);
+            other.run("PRAGMA cache_size = 1");
+            other.run("BEGIN");
+            other.run("UPDATE ZCARD SET ZMEMO = hex(zeroblob(200000))");
+            storeInMidChange = desk.package.readFile(QStringLiteral("Velmora.sqldb"));
+            hotJournal = desk.package.readFile(journal);
+        }
+        QVERIFY(!hotJournal.isEmpty());
+        desk.package.writeFile(QStringLiteral("Velmora.sqldb"), storeInMidChange);
+        desk.package.writeFile(journal, hotJournal);
+
+        QCOMPARE(desk.program.run(desk.importing()).exitCode, 0);
+        QCOMPARE(desk.cardCount(), cardsToImport + 1);
+        QCOMPARE(desk.package.value(QStringLiteral(
+                     "SELECT length(ZMEMO) FROM ZCARD WHERE ZFULL_NAME = 'Hoshino Taro'")),
+            QVariant());
+    }
+
+    void twoImportsAtOnceLoseNothing()
+    {
+        constexpr int rounds = 5;
+        for (int round = 0; round < rounds; ++round) {
+            const Desk desk;
+            auto first = desk.program.start(ConvertProgram::path(), desk.importing());
+            auto second = desk.program.start(ConvertProgram::path(), desk.importing());
+            const ProgramRun runs[] {ConvertProgram::finish(first), ConvertProgram::finish(second)};
+            int done = 0;
+            for (const ProgramRun& run : runs) {
+                if (run.exitCode == 0)
+                    ++done;
+                else
+                    QVERIFY2(!run.errors.isEmpty() && (run.exitCode == 1 || run.exitCode == 3),
+                        qPrintable(run.errors));
+            }
+            QVERIFY(done > 0);
+            QCOMPARE(desk.cardCount(), done * cardsToImport + 1);
+        }
+    }
+
+    void conversionGivesWayToOneAtWork_data()
+    {
+        QTest::addColumn<int>("lock");
+        QTest::addColumn<bool>("imports");
+        QTest::addColumn<int>("exitCode");
+        QTest::newRow("import while an import runs") << int(LOCK_EX) << true << 1;
+        QTest::newRow("import while an export runs") << int(LOCK_SH) << true << 1;
+        QTest::newRow("export while an import runs") << int(LOCK_EX) << false << 1;
+        QTest::newRow("export while an export runs") << int(LOCK_SH) << false << 0;
+    }
+    void conversionGivesWayToOneAtWork()
+    {
+        QFETCH(int, lock);
+        QFETCH(bool, imports);
+        QFETCH(int, exitCode);
+        const Desk desk;
+        const auto before = desk.package.contents();
+        const ConversionAtWork other(desk.package.path(), lock);
+        const ProgramRun run = desk.program.run(imports ? desk.importing() : desk.exporting());
+        QCOMPARE(run.exitCode, exitCode);
+        QCOMPARE(desk.package.contents(), before);
+        if (exitCode != 0)
+            QVERIFY2(run.errors.contains(QStringLiteral("Another conversion is at work")),
+                qPrintable(run.errors));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_otherPrograms)
+#include "tst_otherPrograms.moc"
