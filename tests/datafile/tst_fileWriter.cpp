@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The file: made, opened, appended to and closed.
 #include "tests/datafile/WriterFixture.h"
+#include "tests/support/AsOrdinaryUser.h"
 
 #include <QtTest>
 
@@ -138,8 +139,9 @@ void tst_fileWriter::pipeAtThePathCannotBeOpened()
 
 void tst_fileWriter::readOnlyFileCannotBeOpened()
 {
-    if (::geteuid() == 0)
-        QSKIP("root may write everything");
+    end();
+    const AsOrdinaryUser user;
+    begin();
     QFile::setPermissions(_home->writeFile(QStringLiteral("data.txt"), "x"), QFile::ReadOwner);
     QCOMPARE(dataFileWriter()->open(), DBCResultCode::DataFileOpenFailure);
     QCOMPARE(written(), QByteArray("x"));
