@@ -45,6 +45,8 @@ private Q_SLOTS:
     void fileCannotBeRead();
     void readingNeedsItsArguments();
     void unreadableFileIsRefused();
+    void fileThatEndsEarlyIsRefused();
+    void failingReadIsReported();
     void hugeFileIsRefusedUnread();
 };
 
@@ -379,6 +381,27 @@ void tst_saveJpgFile::unreadableFileIsRefused()
     QVERIFY(QFile::setPermissions(path, {}));
     QByteArray buffer;
     QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -EACCES);
+}
+
+// The kernel's files claim a page and hold less, or nothing that can be read.
+void tst_saveJpgFile::fileThatEndsEarlyIsRefused()
+{
+    const QString path = QStringLiteral("/sys/class/net/lo/mtu");
+    if (QFileInfo(path).size() == 0)
+        QSKIP("no such file here");
+    QByteArray buffer = "before";
+    QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -4960);
+    QVERIFY(buffer.isEmpty());
+}
+
+void tst_saveJpgFile::failingReadIsReported()
+{
+    const QString path = QStringLiteral("/sys/class/net/lo/speed");
+    if (QFileInfo(path).size() == 0)
+        QSKIP("no such file here");
+    QByteArray buffer = "before";
+    QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -EINVAL);
+    QVERIFY(buffer.isEmpty());
 }
 
 void tst_saveJpgFile::hugeFileIsRefusedUnread()
