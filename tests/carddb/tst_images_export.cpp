@@ -367,6 +367,9 @@ private Q_SLOTS:
         QFETCH(QString, name);
         _f->home.writeFile(QStringLiteral("outside.pdf"), cardPdf());
         name.replace(QStringLiteral("%1"), _f->home.path());
+        // Where an absolute name would be found if it were taken for a relative one.
+        _f->package.writeFile(
+            QStringLiteral("Images/") + _f->home.path(QStringLiteral("outside.pdf")), cardPdf());
         QCOMPARE(exportCard({{Key::face_Image_File, name}}), none);
         QVERIFY(!_f->error);
         QCOMPARE(_f->log.warnings.size(), 1);

@@ -558,8 +558,10 @@ void tst_convertJpgToPdf::writeFailureIsAPdfFailure()
 
 void tst_convertJpgToPdf::diskThatFillsUpInThePictureIsAPdfFailure()
 {
+    QImage noise(300, 200, QImage::Format_RGB888);
+    QRandomGenerator(1).generate(noise.bits(), noise.bits() + noise.sizeInBytes());
     Conversion conversion;
-    conversion.add(JpegBuilder(600, 400).fullColor().quality(100).bytes());
+    conversion.add(JpegBuilder(noise).fullColor().quality(100).bytes());
     {
         const FileSizeLimit full(8192);
         QCOMPARE(conversion.run(), DBCResultCode::PdfCreateFailure);
