@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Warnings and sanitizers of our own code; velmora_settings carries them to every target.
+# Warnings, sanitizers and counters of our own code; velmora_settings carries them to every target.
 add_library(velmora_settings INTERFACE)
 target_compile_options(velmora_settings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
@@ -16,4 +16,9 @@ if(VELMORA_SANITIZE)
     # g++ 12 sees null paths inside its own instrumentation; the plain build keeps this warning.
     target_compile_options(velmora_settings INTERFACE
         -Wno-null-dereference $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
+endif()
+if(VELMORA_COVERAGE)
+    # Atomic counters: the operation has a thread of its own.
+    target_compile_options(velmora_settings INTERFACE --coverage -fprofile-update=atomic)
+    target_link_options(velmora_settings INTERFACE --coverage)
 endif()

@@ -212,8 +212,11 @@ void tst_dataBaseController::saveInAStoreThatLostItsEntityFails()
 {
     const auto controller = openPackage();
     controller->managedObjectContext()->insertNewCard();
+    _package->execute(QStringLiteral("DELETE FROM Z_PRIMARYKEY WHERE Z_NAME = 'Card'"));
+    QCOMPARE(controller->save(), DBCResultCode::DatabaseSaveFailure);
     _package->execute(QStringLiteral("DROP TABLE Z_PRIMARYKEY"));
     QCOMPARE(controller->save(), DBCResultCode::DatabaseSaveFailure);
+    QCOMPARE(_package->value(QStringLiteral("SELECT count(*) FROM ZCARD")).toInt(), 0);
 }
 
 void tst_dataBaseController::cardsOfAFailedSaveAreNotInTheStore()

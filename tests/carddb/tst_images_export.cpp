@@ -356,10 +356,21 @@ private Q_SLOTS:
         QVERIFY(_f->log.warnings.isEmpty());
     }
 
+    void storedNameThatLeadsOutOfThePackageIsMissing_data()
+    {
+        QTest::addColumn<QString>("name"); // %1: the folder in which the package lies
+        QTest::newRow("climbing") << QStringLiteral("../../outside.pdf");
+        QTest::newRow("absolute") << QStringLiteral("%1/outside.pdf");
+    }
     void storedNameThatLeadsOutOfThePackageIsMissing()
     {
+        QFETCH(QString, name);
         _f->home.writeFile(QStringLiteral("outside.pdf"), cardPdf());
-        QCOMPARE(exportCard({{Key::face_Image_File, QStringLiteral("../../outside.pdf")}}), none);
+        name.replace(QStringLiteral("%1"), _f->home.path());
+        // Where an absolute name would be found if it were taken for a relative one.
+        _f->package.writeFile(
+            QStringLiteral("Images/") + _f->home.path(QStringLiteral("outside.pdf")), cardPdf());
+        QCOMPARE(exportCard({{Key::face_Image_File, name}}), none);
         QVERIFY(!_f->error);
         QCOMPARE(_f->log.warnings.size(), 1);
         QVERIFY(filesWritten().isEmpty());

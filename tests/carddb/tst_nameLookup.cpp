@@ -189,6 +189,15 @@ private Q_SLOTS:
         QCOMPARE(found(QStringLiteral("a/b/c.jpg")), QStringLiteral("a/b/c.jpg"));
     }
 
+    void nameBelowAMissingSubfolderIsMissing()
+    {
+        file(QStringLiteral("a/c.jpg"));
+        file(QStringLiteral("B"));
+        QCOMPARE(outcome(QStringLiteral("none/c.jpg")), Outcome::Missing);
+        QCOMPARE(outcome(QStringLiteral("a/none/c.jpg")), Outcome::Missing);
+        QCOMPARE(outcome(QStringLiteral("b/c.jpg")), Outcome::Missing); // "B" is a file
+    }
+
     void subfoldersAreFoundByOtherForms()
     {
         file(QStringLiteral("Sub/") + decomposedGa + QStringLiteral("/C.jpg"));

@@ -4,6 +4,7 @@
 #include "carddb/DBCManagedObjectContext.h"
 #include "carddb/DBCPackageCreator.h"
 #include "datafile/DBCCommonFunction.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/ScopedHost.h"
 #include "tests/support/TestHome.h"
 
@@ -36,6 +37,7 @@ private Q_SLOTS:
     void whatStandsThereIsRefusedAndLeftAlone();
     void missingParentFolderIsRefused();
     void halfMadePackageIsRemoved();
+    void packageWhoseStoreFillsTheDiskIsRemoved();
 
 private:
     QString packagePath() const { return _home->path(QStringLiteral("New.vmdb")); }
@@ -169,6 +171,15 @@ void tst_packageCreator::halfMadePackageIsRemoved()
 {
     ScopedHost host;
     host.setFreeBytes(100); // too little for the version file, which comes behind the folders
+    const auto result = DBCPackageCreator::create(packagePath());
+    QCOMPARE(result.outcome, Outcome::Failed);
+    QVERIFY(result.problem.text.contains(packagePath()));
+    QVERIFY(!QFileInfo::exists(packagePath()));
+}
+
+void tst_packageCreator::packageWhoseStoreFillsTheDiskIsRemoved()
+{
+    const FileSizeLimit full(1000); // room for the version file, and for no page of the store
     const auto result = DBCPackageCreator::create(packagePath());
     QCOMPARE(result.outcome, Outcome::Failed);
     QVERIFY(result.problem.text.contains(packagePath()));

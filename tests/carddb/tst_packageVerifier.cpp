@@ -22,6 +22,7 @@ private Q_SLOTS:
 
     void soundPackageIsClean();
     void newEmptyPackageIsClean();
+    void packageWithoutImagesAndFilesIsClean();
     void nothingInThePackageIsChanged_data();
     void nothingInThePackageIsChanged();
     void cardsLeftInTheLogAreSeen();
@@ -105,6 +106,14 @@ void tst_packageVerifier::newEmptyPackageIsClean()
     const DBCFindings findings = DBCPackageVerifier::verify(path, {});
     QVERIFY(!findings.couldNotLook);
     QVERIFY(findings.problems.empty());
+}
+
+void tst_packageVerifier::packageWithoutImagesAndFilesIsClean()
+{
+    _package->card();
+    _package->remove(QStringLiteral("Images"));
+    _package->remove(QStringLiteral("Files"));
+    QCOMPARE(problemPaths(), QStringList());
 }
 
 void tst_packageVerifier::nothingInThePackageIsChanged_data()

@@ -95,6 +95,9 @@ void tst_contentRotation::incompleteMatrixIsUpright_data()
     QTest::newRow("five numbers") << QByteArray("/Perceptual ri q 0 1200 -800 0 0");
     QTest::newRow("numbers apart by line ends") << QByteArray("/Perceptual q\n0\n12\n-8\n0\n0\n8");
     QTest::newRow("words") << QByteArray("/Perceptual ri q a b c d e f g h i j k");
+    QTest::newRow("blanks in place of the last number")
+        << QByteArray("/Perceptual ri q 0 1200 -800 0 0  \t\f\n");
+    QTest::newRow("control character in place of a number") << withMatrix("0 \x01 -800 0 0 800");
     QTest::newRow("infinite numbers") << withMatrix("inf 0 0 nan inf inf");
 }
 

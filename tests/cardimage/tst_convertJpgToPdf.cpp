@@ -2,6 +2,7 @@
 #include "cardimage/DBCImageFiles.h"
 
 #include "cardimage/DBCCardPdf.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/ScopedHost.h"
 #include "tests/support/TestHome.h"
@@ -53,6 +54,7 @@ private Q_SLOTS:
     void spaceIsLookedForWhereTheOutputGoes();
     void failedMeasurementIsReported();
     void diskThatFillsUpWhileThePdfIsWrittenIsNoSpace();
+    void writeThatIsRefusedInThePictureIsAPdfFailure();
 };
 
 namespace {
@@ -402,6 +404,7 @@ void tst_convertJpgToPdf::fileIsNoUsableJpeg_data()
         << jpeg.left(JpegFacts::of(jpeg)->frameHeaderAt);
     QTest::newRow("without a start") << jpeg.mid(2);
     QTest::newRow("no height") << picture(8, 0).bytes();
+    QTest::newRow("two components") << JpegBuilder(8, 8).twoComponents().bytes();
 }
 
 void tst_convertJpgToPdf::fileIsNoUsableJpeg()
@@ -551,6 +554,20 @@ void tst_convertJpgToPdf::diskThatFillsUpWhileThePdfIsWrittenIsNoSpace()
     const TestHome home;
     const QString jpeg = home.writeFile(QStringLiteral("a.jpg"), smallPicture());
     QCOMPARE(convertJPG2PDF({jpeg}, QStringLiteral("/dev/full")), DBCResultCode::NoSpaceForImport);
+}
+
+void tst_convertJpgToPdf::writeThatIsRefusedInThePictureIsAPdfFailure()
+{
+    QImage noise(300, 200, QImage::Format_RGB888);
+    QRandomGenerator(1).generate(noise.bits(), noise.bits() + noise.sizeInBytes());
+    Conversion conversion;
+    conversion.add(JpegBuilder(noise).fullColor().quality(100).bytes());
+    {
+        const FileSizeLimit limit(8192);
+        QCOMPARE(conversion.run(), DBCResultCode::PdfCreateFailure);
+    }
+    QCOMPARE(conversion.run(), DBCResultCode::Success);
+    QCOMPARE(Document(conversion.output()).pageCount(), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_convertJpgToPdf)

@@ -151,6 +151,7 @@ void tst_jpegCodec::pictureCannotBeDecoded_data()
     QTest::newRow("30000 x 30000 pixels") << JpegBuilder(8, 8).claimedSize(30000, 30000).bytes();
     QTest::newRow("65535 x 65535 pixels") << JpegBuilder(8, 8).claimedSize(65535, 65535).bytes();
     QTest::newRow("no height") << JpegBuilder(8, 8).claimedSize(8, 0).bytes();
+    QTest::newRow("two components") << JpegBuilder(8, 8).twoComponents().bytes();
     QByteArray twelveBits = jpeg;
     twelveBits[frame + 4] = 12;
     QTest::newRow("twelve bits") << twelveBits;

@@ -17,7 +17,9 @@ private Q_SLOTS:
     void orientation_data();
     void orientation();
     void orientationBehindOtherSegmentsIsFound();
-    void orientationAsATextIsNone();
+    void orientationInEveryFormat_data();
+    void orientationInEveryFormat();
+    void densityInAnUnknownUnitIsNone();
     void damagedExifIsIgnored_data();
     void damagedExifIsIgnored();
     void fileIsNoJpeg_data();
@@ -96,6 +98,9 @@ void tst_jpegProperties::resolution_data()
     row("Exif beside inches", picture().dotsPerInch(300, 200).exifResolution(72, 72), 300, 200);
     row("Exif behind a density of zero", picture().dotsPerInch(0, 300).exifResolution(72, 96), 72,
         96);
+    row("Exif beside a density in one direction",
+        picture().dotsPerInch(300, 0).exifResolution(72, 96), 72, 96);
+    row("Exif beyond all integers", picture().withoutJfif().exifResolution(-1, 300), 0, 300);
     row("Exif with an orientation only", picture().withoutJfif().exifOrientation(6), 0, 0);
     row("density of zero", picture().dotsPerInch(0, 300), 0, 300);
 }
@@ -133,15 +138,48 @@ void tst_jpegProperties::orientationBehindOtherSegmentsIsFound()
     QCOMPARE(readJpegProperties(jpeg)->orientation, 8);
 }
 
-void tst_jpegProperties::orientationAsATextIsNone()
+void tst_jpegProperties::orientationInEveryFormat_data()
 {
-    // One entry: orientation, type 2 (text), four bytes "6".
-    const QByteArray exif("II\x2A\x00\x08\x00\x00\x00\x01\x00\x12\x01\x02\x00\x04\x00\x00\x00"
-                          "6\x00\x00\x00\x00\x00\x00\x00",
-        26);
+    QTest::addColumn<QByteArray>("format"); // type and count
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<std::optional<qint32>>("orientation");
+    const auto row = [](const char* name, const char* format, const char* value,
+                         std::optional<qint32> orientation) {
+        QTest::newRow(name) << QByteArray::fromHex(format) << QByteArray::fromHex(value)
+                            << orientation;
+    };
+    row("byte", "0100 01000000", "06000000", 6);
+    row("text", "0200 04000000", "36000000", std::nullopt);
+    row("number", "0300 01000000", "06000000", 6);
+    row("long number", "0400 01000000", "06000000", 6);
+    row("several numbers", "0300 02000000", "06000800", 6);
+    row("no number", "0300 00000000", "06000000", std::nullopt);
+    row("number with a sign", "0800 01000000", "06000000", std::nullopt);
+    row("unknown format", "7700 01000000", "06000000", std::nullopt);
+}
+
+void tst_jpegProperties::orientationInEveryFormat()
+{
+    QFETCH(QByteArray, format);
+    QFETCH(QByteArray, value);
+    QFETCH(std::optional<qint32>, orientation);
+    const QByteArray exif = QByteArray("II\x2A\x00\x08\x00\x00\x00\x01\x00\x12\x01", 12) + format
+        + value + QByteArray(4, '\0');
     const DBCJpegProperties properties = propertiesOf(picture().exifBytes(exif));
     QCOMPARE(properties.pixelWidth, 40);
-    QCOMPARE(properties.orientation, std::nullopt);
+    QCOMPARE(properties.orientation, orientation);
+}
+
+void tst_jpegProperties::densityInAnUnknownUnitIsNone()
+{
+    QByteArray jpeg = picture().dotsPerInch(300, 300).bytes();
+    constexpr qsizetype unitAt = 13; // in the JFIF header, which comes first
+    QCOMPARE(jpeg[unitAt], char(1));
+    jpeg[unitAt] = 3;
+    const auto properties = readJpegProperties(jpeg);
+    QVERIFY(properties);
+    QCOMPARE(properties->xResolution, 0);
+    QCOMPARE(properties->yResolution, 0);
 }
 
 void tst_jpegProperties::damagedExifIsIgnored_data()
@@ -174,6 +212,7 @@ void tst_jpegProperties::fileIsNoJpeg_data()
     QTest::newRow("empty") << QByteArray();
     QTest::newRow("text") << QByteArray("a text");
     QTest::newRow("PNG") << QByteArray("\x89PNG\r\n\x1A\n");
+    QTest::newRow("two components") << picture().twoComponents().bytes();
 }
 
 void tst_jpegProperties::fileIsNoJpeg()

@@ -2,14 +2,13 @@
 #include "cardimage/DBCImageFiles.h"
 
 #include "cardimage/DBCCardPdf.h"
+#include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/PdfBuilder.h"
 #include "tests/support/ScopedHost.h"
 #include "tests/support/TestHome.h"
 
 #include <QtTest>
-
-#include <unistd.h>
 
 #include <cerrno>
 
@@ -46,6 +45,8 @@ private Q_SLOTS:
     void fileCannotBeRead();
     void readingNeedsItsArguments();
     void unreadableFileIsRefused();
+    void fileThatEndsEarlyIsRefused();
+    void failingReadIsReported();
     void hugeFileIsRefusedUnread();
 };
 
@@ -374,13 +375,33 @@ void tst_saveJpgFile::readingNeedsItsArguments()
 
 void tst_saveJpgFile::unreadableFileIsRefused()
 {
-    if (geteuid() == 0)
-        QSKIP("nothing is unreadable for root");
+    const AsOrdinaryUser user;
     const TestHome home;
     const QString path = home.writeFile(QStringLiteral("card.jpg"), "x");
     QVERIFY(QFile::setPermissions(path, {}));
     QByteArray buffer;
     QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -EACCES);
+}
+
+// The kernel's files claim a page and hold less, or nothing that can be read.
+void tst_saveJpgFile::fileThatEndsEarlyIsRefused()
+{
+    const QString path = QStringLiteral("/sys/class/net/lo/mtu");
+    if (QFileInfo(path).size() == 0)
+        QSKIP("no such file here");
+    QByteArray buffer = "before";
+    QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -4960);
+    QVERIFY(buffer.isEmpty());
+}
+
+void tst_saveJpgFile::failingReadIsReported()
+{
+    const QString path = QStringLiteral("/sys/class/net/lo/speed");
+    if (QFileInfo(path).size() == 0)
+        QSKIP("no such file here");
+    QByteArray buffer = "before";
+    QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -EINVAL);
+    QVERIFY(buffer.isEmpty());
 }
 
 void tst_saveJpgFile::hugeFileIsRefusedUnread()

@@ -94,32 +94,33 @@ class tst_otherPrograms : public QObject {
 private Q_SLOTS:
     void storeHeldInAWayThatStopsAnImport_data()
     {
-        QTest::addColumn<QByteArray>("hold");
+        QTest::addColumn<QByteArray>("begin");
+        QTest::addColumn<bool>("reads");
         QTest::addColumn<QString>("saying");
         QTest::newRow("when it is opened")
-            << QByteArray("BEGIN EXCLUSIVE") << QStringLiteral("could not be opened");
+            << QByteArray("BEGIN EXCLUSIVE") << false << QStringLiteral("could not be opened");
         QTest::newRow("when it is saved, by a writer")
-            << QByteArray("BEGIN IMMEDIATE") << QStringLiteral("could not be saved");
+            << QByteArray("BEGIN IMMEDIATE") << false << QStringLiteral("could not be saved");
         QTest::newRow("when it is saved, by a reader")
-            << QByteArray("BEGIN; SELECT count(*) FROM ZCARD")
-            << QStringLiteral("could not be saved");
+            << QByteArray("BEGIN") << true << QStringLiteral("could not be saved");
     }
     void storeHeldInAWayThatStopsAnImport()
     {
-        QFETCH(QByteArray, hold);
+        QFETCH(QByteArray, begin);
+        QFETCH(bool, reads);
         QFETCH(QString, saying);
         const Desk desk;
-        OtherProgram other(desk.package);
-        other.run("BEGIN");
-        if (hold.contains("SELECT"))
-            other.countCards(); // a transaction that reads, until the end
-        else {
-            other.run("COMMIT");
-            other.run(hold.constData());
-        }
+        // Looked at before and after the hold: closing the store's file in this process, where the
+        // other program lives, would end it.
         const auto before = desk.package.contents();
-
-        const ProgramRun run = desk.program.run(desk.importing());
+        ProgramRun run;
+        {
+            OtherProgram other(desk.package);
+            other.run(begin.constData());
+            if (reads)
+                other.countCards();
+            run = desk.program.run(desk.importing());
+        }
         QCOMPARE(run.exitCode, 1);
         QVERIFY2(run.errors.contains(saying), qPrintable(run.errors));
         QVERIFY2(run.errors.contains(QStringLiteral("locked")), qPrintable(run.errors));
@@ -192,7 +193,7 @@ private Q_SLOTS:
         QTest::newRow("import while an import runs") << int(LOCK_EX) << true << 1;
         QTest::newRow("import while an export runs") << int(LOCK_SH) << true << 1;
         QTest::newRow("export while an import runs") << int(LOCK_EX) << false << 1;
-        QTest::newRow("export while an export runs") << int(LOCK_SH) << false << 0;
+        QTest::newRow("export while an export runs") << int(LOCK_SH) << false << 4; // no images
     }
     void conversionGivesWayToOneAtWork()
     {
@@ -205,7 +206,7 @@ private Q_SLOTS:
         const ProgramRun run = desk.program.run(imports ? desk.importing() : desk.exporting());
         QCOMPARE(run.exitCode, exitCode);
         QCOMPARE(desk.package.contents(), before);
-        if (exitCode != 0)
+        if (exitCode == 1)
             QVERIFY2(run.errors.contains(QStringLiteral("Another conversion is at work")),
                 qPrintable(run.errors));
     }

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The file: made, opened, appended to and closed.
 #include "tests/datafile/WriterFixture.h"
+#include "tests/support/AsOrdinaryUser.h"
+#include "tests/support/FileSizeLimit.h"
 
 #include <QtTest>
 
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <csignal>
 
 class tst_fileWriter : public QObject, private WriterFixture {
     Q_OBJECT
@@ -32,10 +31,12 @@ private Q_SLOTS:
     void readOnlyFileCannotBeOpened();
     void vanishedFileIsReported();
     void fullDiskFailsTheWriteThatMeetsIt();
+    void fullDiskThatHasNoRoomForTheMarkFailsTheOpening();
     void closeReleasesTheFile();
     void missingTextIsAGeneralFailure();
     void utf8TextIsWrittenAsItIs();
     void utf16TextIsWrittenWithoutAMarkOfItsOwn();
+    void emptyUtf16TextIsAMark();
 };
 
 void tst_fileWriter::emptyPathMakesNoWriter()
@@ -138,8 +139,9 @@ void tst_fileWriter::pipeAtThePathCannotBeOpened()
 
 void tst_fileWriter::readOnlyFileCannotBeOpened()
 {
-    if (::geteuid() == 0)
-        QSKIP("root may write everything");
+    end();
+    const AsOrdinaryUser user;
+    begin();
     QFile::setPermissions(_home->writeFile(QStringLiteral("data.txt"), "x"), QFile::ReadOwner);
     QCOMPARE(dataFileWriter()->open(), DBCResultCode::DataFileOpenFailure);
     QCOMPARE(written(), QByteArray("x"));
@@ -155,28 +157,28 @@ void tst_fileWriter::vanishedFileIsReported()
     QVERIFY(!QFile::exists(path()));
 }
 
-// The limit on file sizes makes a write fail in the way a full disk does.
 void tst_fileWriter::fullDiskFailsTheWriteThatMeetsIt()
 {
     const auto writer = logWriter();
     QCOMPARE(writer->write(QStringLiteral("12345678")), DBCResultCode::Success);
-
-    struct rlimit old { };
-    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &old), 0);
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    const struct rlimit full {
-        10, old.rlim_max
-    };
-    ::setrlimit(RLIMIT_FSIZE, &full);
-    const DBCResultCode partly = writer->write(QStringLiteral("12345678"));
-    const DBCResultCode notAtAll = writer->write(QStringLiteral("1"));
-    writer->close();
-    ::setrlimit(RLIMIT_FSIZE, &old);
-    std::signal(SIGXFSZ, oldHandler);
-
-    QCOMPARE(partly, DBCResultCode::DataFileWriteFailure);
-    QCOMPARE(notAtAll, DBCResultCode::DataFileWriteFailure);
+    {
+        const FileSizeLimit full(10);
+        QCOMPARE(writer->write(QStringLiteral("12345678")),
+            DBCResultCode::DataFileWriteFailure); // partly
+        QCOMPARE(writer->write(QStringLiteral("1")), DBCResultCode::DataFileWriteFailure);
+        writer->close();
+    }
     QCOMPARE(writer->write(QStringLiteral("x")), DBCResultCode::Success);
+}
+
+void tst_fileWriter::fullDiskThatHasNoRoomForTheMarkFailsTheOpening()
+{
+    const auto writer = dataFileWriter();
+    {
+        const FileSizeLimit full(1);
+        QCOMPARE(writer->open(), DBCResultCode::DataFileOpenFailure);
+        QCOMPARE(writer->write(QStringLiteral("A")), DBCResultCode::DataFileOpenFailure);
+    }
 }
 
 void tst_fileWriter::closeReleasesTheFile()
@@ -207,6 +209,12 @@ void tst_fileWriter::utf16TextIsWrittenWithoutAMarkOfItsOwn()
 {
     dataFileWriter()->write(QStringLiteral("未"));
     QCOMPARE(written(), QByteArray::fromHex("FFFE 2A67"));
+}
+
+void tst_fileWriter::emptyUtf16TextIsAMark()
+{
+    dataFileWriter()->write(QStringLiteral(""));
+    QCOMPARE(written(), QByteArray::fromHex("FFFE FFFE"));
 }
 
 QTEST_GUILESS_MAIN(tst_fileWriter)

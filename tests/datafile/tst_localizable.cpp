@@ -158,6 +158,8 @@ void tst_localizable::fill_data()
         QStringLiteral("a0"));
     row("zero is no placeholder", QStringLiteral("%0%1"), Arguments {QStringLiteral("a")},
         QStringLiteral("%0a"));
+    row("letter is no placeholder", QStringLiteral("%d %1"), Arguments {QStringLiteral("a")},
+        QStringLiteral("%d a"));
     row("sign at the end", QStringLiteral("%1%"), Arguments {QStringLiteral("a")},
         QStringLiteral("a%"));
     row("L at the end", QStringLiteral("%1%L"), Arguments {QStringLiteral("a")},

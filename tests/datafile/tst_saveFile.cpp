@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "datafile/DBCCommonFunction.h"
 
+#include "tests/support/AsOrdinaryUser.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/ScopedHost.h"
 #include "tests/support/TestHome.h"
 
@@ -8,34 +10,10 @@
 #include <QFileInfo>
 #include <QTest>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 using Common = DBCCommonFunction;
 using Code = DBCResultCode;
-
-namespace {
-
-// Every write beyond this many bytes of a file fails, as on a disk that fills up.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &_old);
-        const rlimit limited {bytes, _old.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &_old); }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit _old {};
-};
-
-} // namespace
 
 class tst_saveFile : public QObject {
     Q_OBJECT
@@ -59,6 +37,7 @@ private Q_SLOTS:
     void saveWantsTheMarginFreeBesideTheData();
     void saveWithoutSpaceKeepsTheOldFile();
     void saveOnAFullDiskFailsAndLeavesNothing();
+    void saveIntoAFolderThatBecomesReadOnlyKeepsTheOldFile();
 
 private:
     std::optional<TestHome> _home;
@@ -195,6 +174,23 @@ void tst_saveFile::saveOnAFullDiskFailsAndLeavesNothing()
     }
     QCOMPARE(code, Code::FileSaveFailure);
     QVERIFY(!QFileInfo::exists(path));
+}
+
+void tst_saveFile::saveIntoAFolderThatBecomesReadOnlyKeepsTheOldFile()
+{
+    _home.reset();
+    const AsOrdinaryUser user;
+    _home.emplace();
+    const QString folder = _home->makeFolder(QStringLiteral("folder"));
+    const QString old = _home->writeFile(QStringLiteral("folder/file"), "kept");
+    ScopedHost host;
+    host->isWritable = [](const QString& path) {
+        return QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
+    };
+    const Code code = Common::saveFile(QByteArray("new"), old);
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QCOMPARE(code, Code::FileSaveFailure);
+    QCOMPARE(_home->readFile(QStringLiteral("folder/file")), QByteArray("kept"));
 }
 
 QTEST_GUILESS_MAIN(tst_saveFile)

@@ -89,6 +89,12 @@ void tst_textEncoding::utf16WithoutMark_data()
     QTest::newRow("katakana, little-endian") << hex("AB30 FC30") << QStringLiteral("カー");
     QTest::newRow("full-width letter, big-endian") << hex("FF21") << QStringLiteral("Ａ");
     QTest::newRow("line end, big-endian") << hex("000D 000A") << QStringLiteral("\r\n");
+    QTest::newRow("tab, big-endian") << hex("0009 0041") << QStringLiteral("\tA");
+    QTest::newRow("LF, big-endian") << hex("000A 0041") << QStringLiteral("\nA");
+    QTest::newRow("compatibility ideograph, big-endian")
+        << hex("FA11 7530") << QStringLiteral("\uFA11田");
+    QTest::newRow("replacement character, little-endian")
+        << hex("FDFF 4100") << QStringLiteral("\uFFFDA");
     QTest::newRow("ASCII, little-endian") << hex("4100 4200") << QStringLiteral("AB");
     QTest::newRow("possible in both orders is little-endian")
         << hex("8868 9762") << QStringLiteral("\u6888\u6297");

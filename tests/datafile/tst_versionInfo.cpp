@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "datafile/DBCCommonFunction.h"
 
+#include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/TestHome.h"
 
 #include <QFile>
@@ -48,6 +49,8 @@ private Q_SLOTS:
     void versionOfNoRegularFileIsNone();
     void versionOfAnOddSizedFileIsNone();
     void versionOfAPipeDoesNotWait();
+    void versionOfAnUnreadableFileIsNone();
+    void versionOfAFileThatFailsToBeReadIsNone();
     void versionOfAHugeFileReadsItsStart();
     void versionOfAHugeFileMayBeCutInsideACharacter();
 
@@ -117,6 +120,23 @@ void tst_versionInfo::versionOfAPipeDoesNotWait()
     const QString path = _home->path(QStringLiteral("Version.txt"));
     QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
     QVERIFY(!Common::getVersionInfo(path));
+}
+
+void tst_versionInfo::versionOfAnUnreadableFileIsNone()
+{
+    _home.reset();
+    const AsOrdinaryUser user;
+    _home.emplace();
+    const QString path = _home->writeFile(
+        QStringLiteral("Version.txt"), utf16(QStringLiteral("ACME\tV1.0L10\r\n")));
+    QVERIFY(QFile::setPermissions(path, {}));
+    QVERIFY(!Common::getVersionInfo(path));
+}
+
+// A process's memory is a regular file whose first page cannot be read.
+void tst_versionInfo::versionOfAFileThatFailsToBeReadIsNone()
+{
+    QVERIFY(!Common::getVersionInfo(QStringLiteral("/proc/self/mem")));
 }
 
 void tst_versionInfo::versionOfAHugeFileReadsItsStart()

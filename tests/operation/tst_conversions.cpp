@@ -1,18 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Whole conversions over real folders and packages, from the driver down to the files.
-#include "datafile/DBCInterchangeNames.h"
-#include "operation/DBCConverterController.h"
-#include "operation/DBCHost.h"
-#include "tests/support/DataFileBuilder.h"
+#include "tests/operation/ConversionWorld.h"
 #include "tests/support/FolderSnapshot.h"
-#include "tests/support/InterchangeFolder.h"
-#include "tests/support/JpegBuilder.h"
-#include "tests/support/PackageFixture.h"
-#include "tests/support/RecordingPresenter.h"
-#include "tests/support/RecordingReceiver.h"
-#include "tests/support/ScopedHost.h"
-#include "tests/support/StandardInputKeeper.h"
-#include "tests/support/TestHome.h"
 
 #include <QImage>
 #include <QtTest>
@@ -20,109 +9,8 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-namespace {
-
 using Key = DBCRecordKey;
-
-QString text(const char16_t* value)
-{
-    return QString::fromUtf16(value);
-}
-
-// A package with one older card, and a folder of three cards with images and attachments.
-struct World {
-    World()
-    {
-        package.card({{"ZFULL_NAME", text(u"古田 一")}})
-            .withPdf("%PDF-1.4 of an older card")
-            .withAttachment(QStringLiteral("old.txt"), "old");
-        folder.image(QStringLiteral("1.jpg"), front)
-            .image(QStringLiteral("2.jpg"), back)
-            .image(QStringLiteral("3.jpg"), portrait)
-            .attachment(QStringLiteral("plans"), QStringLiteral("a.txt"), "first")
-            .attachment(QStringLiteral("plans"), text(u"図面.txt"), "second");
-        writeCards({});
-    }
-
-    // last: items of the third card besides its name.
-    void writeCards(const DataFileBuilder::Items& last)
-    {
-        DataFileBuilder::Items third {{Key::full_Name, text(u"渡辺 三郎")}};
-        third.insert(third.end(), last.begin(), last.end());
-        folder.dataFile(
-            DataFileBuilder()
-                .titleLine()
-                .row({{Key::full_Name, text(u"星野 太郎")},
-                    {Key::full_Name_Kana, text(u"ホシノ タロウ")}, {Key::company, text(u"ﾎｼﾉ商会")},
-                    {Key::register_Date, text(u"2009/03/05")},
-                    {Key::face_Image_File, text(u"1.jpg")}, {Key::back_Image_File, text(u"2.jpg")},
-                    {Key::attachmentFile, text(u"plans")}})
-                .row({{Key::full_Name, text(u"田中 花子")},
-                    {Key::telephone_Number, text(u"03-0000-0001")},
-                    {Key::face_Image_File, text(u"3.jpg")}})
-                .row(third)
-                .build());
-    }
-
-    bool importCards() { return run(OperationType::Import, folder.path()); }
-    bool exportCards()
-    {
-        const QString parent = home.makeFolder(QStringLiteral("exported"));
-        home.makeFolder(QStringLiteral("exported/") + DBCInterchangeNames::rootFolderName());
-        return run(OperationType::Export, parent);
-    }
-    bool run(OperationType type, const QString& path)
-    {
-        controller = DBCConverterController::initWith(path, package.path(), type);
-        controller->setWindowController(&receiver);
-        return controller->run();
-    }
-    void cancelAt(DBCEventName name, int occurrence)
-    {
-        presenter.answer = DBCAnswer::Default;
-        receiver.onEvent = [this, name, occurrence, seen = 0](const DBCEvent& event) mutable {
-            if (event.name == name && ++seen == occurrence)
-                controller->setConfirmCancelOperation(true);
-        };
-    }
-
-    QString exported() const
-    {
-        return home.path(QStringLiteral("exported/")) + DBCInterchangeNames::rootFolderName();
-    }
-    QByteArray exportedFile(const QString& relative) const
-    {
-        return home.readFile(
-            QStringLiteral("exported/") + DBCInterchangeNames::rootFolderName() + u'/' + relative);
-    }
-    QStringList exportedRows() const
-    {
-        const QByteArray bytes = exportedFile(DBCInterchangeNames::dataFileName());
-        const QString all = QString::fromUtf16(
-            reinterpret_cast<const char16_t*>(bytes.constData()), bytes.size() / 2);
-        return all.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
-    }
-    static QString item(const QString& row, Key key)
-    {
-        const int column = static_cast<int>(key);
-        return row.section(u'\t', column, column);
-    }
-    QString backup() const { return home.path(QStringLiteral("Velmora DB_bak.vmdb")); }
-
-    TestHome home;
-    ScopedHost host;
-    StandardInputKeeper standardInput;
-    RecordingPresenter presenter;
-    RecordingReceiver receiver;
-    PackageFixture package {home};
-    InterchangeFolder folder {home};
-    QByteArray front = JpegBuilder(100, 50).dotsPerInch(300, 300).bytes();
-    QByteArray back = JpegBuilder(100, 50).gray().dotsPerInch(300, 300).bytes();
-    QByteArray portrait = JpegBuilder(50, 100).dotsPerInch(300, 300).bytes();
-    std::unique_ptr<DBCConverterController> controller;
-};
-
-} // namespace
+using World = ConversionWorld;
 
 class tst_conversions : public QObject {
     Q_OBJECT

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The machine as it is, without substitutes.
 #include "operation/DBCHost.h"
+#include "tests/support/ScopedMode.h"
 #include "tests/support/TestHome.h"
 
 #include <QFile>
@@ -113,6 +114,26 @@ private Q_SLOTS:
         const QString file = home.writeFile(QStringLiteral("file"), "x");
         QCOMPARE(chmod(bytesOf(home.path()).constData(), 0755), 0);
         QCOMPARE(chmod(bytesOf(file).constData(), 0000), 0);
+        const auto immutable
+            = asOrdinaryUser([&file] { return DBCHost::real().isImmutable(file); });
+        QCOMPARE(immutable, std::optional(false));
+    }
+
+    void attributesOfAFileOutOfReachAreNotAFailure()
+    {
+        const TestHome home;
+        const QString file = home.writeFile(QStringLiteral("closed/file"), "x");
+        QCOMPARE(chmod(bytesOf(home.path()).constData(), 0755), 0);
+        const ScopedMode mode(home.path(QStringLiteral("closed")), S_IRUSR);
+        const auto immutable
+            = asOrdinaryUser([&file] { return DBCHost::real().isImmutable(file); });
+        QCOMPARE(immutable, std::optional(false));
+    }
+
+    void attributesOfAnUnreadableFileWithoutFlagsAreNotAFailure()
+    {
+        const QString file
+            = QStringLiteral("/proc/self/auxv"); // root's as long as this runs as root
         const auto immutable
             = asOrdinaryUser([&file] { return DBCHost::real().isImmutable(file); });
         QCOMPARE(immutable, std::optional(false));

@@ -75,6 +75,8 @@ private Q_SLOTS:
             deviceOf(line("/x", "9p", "C:\\134"), QStringLiteral("/x")), QStringLiteral("C:\\"));
         QCOMPARE(deviceOf(line("/x", "9p", "a\\9b\\12"), QStringLiteral("/x")),
             QStringLiteral("a\\9b\\12"));
+        QCOMPARE(deviceOf(line("/x", "9p", "\\-12\\1-2\\12-"), QStringLiteral("/x")),
+            QStringLiteral("\\-12\\1-2\\12-"));
     }
 
     void linesWithAnyNumberOfOptionalFieldsAreRead()
@@ -100,6 +102,8 @@ private Q_SLOTS:
         const TestHome home;
         QVERIFY(!DBCMountTable::read(home.path(QStringLiteral("missing"))).has_value());
         QVERIFY(!DBCMountTable::read(home.path()).has_value());
+        // Opens, and then fails to be read.
+        QVERIFY(!DBCMountTable::read(QStringLiteral("/proc/self/mem")).has_value());
     }
 
     void realTableCoversTheKernelsOwnFolder()
@@ -142,6 +146,8 @@ private Q_SLOTS:
         row("smb3", "//server/share", true);
         row("9p", "/dev/root", true);
         row("fuse.sshfs", "user@host:", true);
+        row("fuse.unknown", "user@host:", true);
+        row("fuse.unknown", "cards", false);
         row("fuse", "https://host/dav", true);
         row("fuse.rclone", "remote:folder", true);
         row("fuse.unknown", "//host/share", true);

@@ -1,136 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCPreconditions.h"
-
-#include "datafile/DBCInterchangeNames.h"
+#include "datafile/DBCLocalizable.h"
 #include "operation/DBCMessage.h"
-#include "tests/support/RecordingPresenter.h"
-#include "tests/support/ScopedHost.h"
-#include "tests/support/TestHome.h"
+#include "tests/operation/PreconditionSituation.h"
 
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QScopeGuard>
-#include <QTest>
 
 #include <functional>
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
-namespace {
-
-constexpr quint64 margin = 0x80000;
-
-// A machine on which everything is in order: a usable package, an interchange folder with a data
-// file, an empty folder to export into, local disks with exactly the room that is needed, and a
-// user who answers Yes.
-struct Situation {
-    TestHome home;
-    ScopedHost host;
-    RecordingPresenter presenter;
-    QString package = home.makeFolder(QStringLiteral("cards.vmdb"));
-    QString interchange = home.makeFolder(QStringLiteral("interchange"));
-    QString desktop = home.makeFolder(QStringLiteral("desktop"));
-    OperationType type;
-
-    explicit Situation(OperationType operationType)
-        : type(operationType)
-    {
-        home.writeFile(QStringLiteral("cards.vmdb/Velmora.sqldb"), "store");
-        home.writeFile(QStringLiteral("interchange/") + DBCInterchangeNames::dataFileName(), "d");
-        presenter.answer = DBCAnswer::Default;
-        host->applicationsFolder = home.path(QStringLiteral("Applications"));
-        host.setFreeBytes(margin);
-        mount("/", "ext4", "/dev/sda1");
-    }
-
-    void mount(const QByteArray& point, const QByteArray& type_, const QByteArray& device)
-    {
-        _mounts += "1 1 8:1 / " + point + " rw - " + type_ + ' ' + device + " rw\n";
-        host->mountTable = home.writeFile(QStringLiteral("mountinfo"), _mounts);
-    }
-    void mountOnNetwork(const QString& path)
-    {
-        mount(QFile::encodeName(QFileInfo(path).canonicalFilePath()), "nfs4", "server:/export");
-    }
-    void installMainApplication(const QByteArray& version)
-    {
-        installVersionList("<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key>"
-                           "<string>"
-            + version + "</string></dict></plist>");
-    }
-    void installVersionList(const QByteArray& list)
-    {
-        home.writeFile(
-            QStringLiteral("Applications/Velmora/Velmora.app/Contents/version.plist"), list);
-    }
-    // Held until the returned descriptor is closed.
-    int lockPackage() const
-    {
-        const QString file = home.writeFile(QStringLiteral("cards.vmdb/.VMLock.vmlk"), "");
-        const int holder = open(QFile::encodeName(file).constData(), O_RDWR | O_CLOEXEC);
-        if (flock(holder, LOCK_EX | LOCK_NB) != 0)
-            qFatal("cannot lock the package");
-        return holder;
-    }
-
-    DBCPreconditions preconditions() const
-    {
-        return {type == OperationType::Import ? interchange : desktop, package, type};
-    }
-    bool check() const { return preconditions()._checkPrecondition(); }
-
-    QString exportFolder() const { return desktop + u'/' + DBCInterchangeNames::rootFolderName(); }
-    void makeOldExport() const
-    {
-        home.writeFile(QStringLiteral("desktop/") + DBCInterchangeNames::rootFolderName()
-                + QStringLiteral("/old"),
-            "old");
-    }
-    bool oldExportStands() const
-    {
-        return QFileInfo::exists(exportFolder() + QStringLiteral("/old"));
-    }
-
-    QStringList questionKeys() const
-    {
-        QStringList keys;
-        for (const DBCQuestion& question : presenter.questions)
-            keys << question.key;
-        return keys;
-    }
-
-private:
-    QByteArray _mounts;
-};
-
-// path, made longer below parent, until it has exactly so many bytes.
-QString pathOfBytes(const QString& parent, qsizetype bytes)
-{
-    QString path = parent;
-    while (bytes - path.toUtf8().size() > 256) // longer names do not exist on disks
-        path += u'/' + QString(200, u'x');
-    return path + u'/' + QString(bytes - path.toUtf8().size() - 1, u'y');
-}
-
-const QList<quint32> nothingShown;
-
-} // namespace
-
-Q_DECLARE_METATYPE(OperationType)
 Q_DECLARE_METATYPE(std::function<void(Situation&)>)
 
 class tst_preconditions : public QObject {
     Q_OBJECT
-
-    static void bothOperations()
-    {
-        QTest::addColumn<OperationType>("type");
-        QTest::newRow("import") << OperationType::Import;
-        QTest::newRow("export") << OperationType::Export;
-    }
 
 private Q_SLOTS:
     void everythingInOrderPassesAfterTheOneQuestion_data() { bothOperations(); }
@@ -170,6 +51,18 @@ private Q_SLOTS:
         QVERIFY(!preconditions._checkPrecondition());
         QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::ByUser);
         QCOMPARE(situation.presenter.numbers, nothingShown);
+        QVERIFY(!QFileInfo::exists(situation.exportFolder()));
+    }
+
+    void questionThatCannotBeAskedRefuses()
+    {
+        Situation situation(OperationType::Export);
+        const DBCLocalizable::Substitute texts(
+            {{QStringLiteral("IDS_MSG_ERR_0106"), std::nullopt}});
+        DBCPreconditions preconditions = situation.preconditions();
+        QVERIFY(!preconditions._checkPrecondition());
+        QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::ByCheck);
+        QCOMPARE(situation.presenter.numbers, QList<quint32> {102});
         QVERIFY(!QFileInfo::exists(situation.exportFolder()));
     }
 
@@ -486,105 +379,6 @@ private Q_SLOTS:
         QVERIFY(preconditions.createExportFolder());
         QVERIFY(!preconditions.createExportFolder());
         QCOMPARE(situation.presenter.numbers, QList<quint32> {204});
-    }
-
-    // The package
-
-    void packagePathOf504BytesWithItsStoreIsTheLongest_data() { bothOperations(); }
-    void packagePathOf504BytesWithItsStoreIsTheLongest()
-    {
-        QFETCH(OperationType, type);
-        Situation situation(type);
-        const qsizetype storeBytes = QByteArray("/Velmora.sqldb").size();
-        for (const qsizetype bytes : {504, 505}) {
-            const QString package = pathOfBytes(situation.home.path(), bytes - storeBytes);
-            DBCPreconditions(situation.interchange, package, type)._vmdbPathCheck();
-        }
-        const quint32 missing = type == OperationType::Import ? 302 : 201;
-        QCOMPARE(situation.presenter.numbers, (QList<quint32> {missing, 109}));
-    }
-
-    void packageMustBeAnExistingFolder_data()
-    {
-        QTest::addColumn<OperationType>("type");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<quint32>("number");
-        const QString missing = QStringLiteral("missing.vmdb");
-        const QString file = QStringLiteral("file.vmdb");
-        QTest::newRow("import missing") << OperationType::Import << missing << 302u;
-        QTest::newRow("import file") << OperationType::Import << file << 302u;
-        QTest::newRow("export missing") << OperationType::Export << missing << 201u;
-        QTest::newRow("export file") << OperationType::Export << file << 201u;
-    }
-    void packageMustBeAnExistingFolder()
-    {
-        QFETCH(OperationType, type);
-        QFETCH(QString, name);
-        QFETCH(quint32, number);
-        Situation situation(type);
-        situation.home.writeFile(QStringLiteral("file.vmdb"), "x");
-        situation.package = situation.home.path(name);
-        QVERIFY(!situation.preconditions()._vmdbPathCheck());
-        QCOMPARE(situation.presenter.numbers, QList<quint32> {number});
-    }
-
-    void packageOnTheNetworkIsRefusedBeforeAnyLockTest_data() { bothOperations(); }
-    void packageOnTheNetworkIsRefusedBeforeAnyLockTest()
-    {
-        QFETCH(OperationType, type);
-        Situation situation(type);
-        const int holder = situation.lockPackage();
-        const auto released = qScopeGuard([holder] { close(holder); });
-        situation.mountOnNetwork(situation.package);
-        situation.host.setFreeBytes(0);
-        QVERIFY(!situation.check());
-        QCOMPARE(situation.presenter.numbers, QList<quint32> {105});
-    }
-
-    void importNeedsHalfAMegabyteBesideThePackage()
-    {
-        Situation situation(OperationType::Import);
-        situation.host.setFreeBytes(margin - 1);
-        QVERIFY(!situation.preconditions()._vmdbPathCheck());
-        QCOMPARE(situation.presenter.numbers, QList<quint32> {301});
-    }
-
-    void exportNeedsNoSpaceBesideThePackage()
-    {
-        Situation situation(OperationType::Export);
-        situation.host.setFreeBytes(0);
-        QVERIFY(situation.preconditions()._vmdbPathCheck());
-    }
-
-    void unusablePackageIsRefusedForBoth_data() { bothOperations(); }
-    void unusablePackageIsRefusedForBoth()
-    {
-        QFETCH(OperationType, type);
-        Situation situation(type);
-        const int holder = situation.lockPackage();
-        const auto released = qScopeGuard([holder] { close(holder); });
-        situation.host.makeReadOnly({situation.package + QStringLiteral("/Velmora.sqldb")});
-        QVERIFY(!situation.preconditions()._vmdbPathCheck());
-        QCOMPARE(situation.presenter.numbers, QList<quint32> {301});
-    }
-
-    void lockedPackageIsRefused_data()
-    {
-        QTest::addColumn<OperationType>("type");
-        QTest::addColumn<quint32>("number");
-        QTest::newRow("import") << OperationType::Import << 304u;
-        QTest::newRow("export") << OperationType::Export << 203u;
-    }
-    void lockedPackageIsRefused()
-    {
-        QFETCH(OperationType, type);
-        QFETCH(quint32, number);
-        Situation situation(type);
-        const int holder = situation.lockPackage();
-        QVERIFY(!situation.preconditions()._vmdbPathCheck());
-        QCOMPARE(situation.presenter.numbers, QList<quint32> {number});
-        close(holder);
-        QVERIFY(situation.preconditions()._vmdbPathCheck());
     }
 
     // Volumes

@@ -124,6 +124,12 @@ JpegBuilder& JpegBuilder::plainCmyk()
     return *this;
 }
 
+JpegBuilder& JpegBuilder::twoComponents()
+{
+    _components = Components::Two;
+    return *this;
+}
+
 JpegBuilder& JpegBuilder::progressive()
 {
     _progressive = true;
@@ -233,8 +239,9 @@ QByteArray JpegBuilder::encoded() const
         = _components == Components::AdobeCmyk || _components == Components::PlainCmyk;
     encoder.image_width = static_cast<JDIMENSION>(_pixels.width());
     encoder.image_height = static_cast<JDIMENSION>(_pixels.height());
-    encoder.input_components = isCmyk ? 4 : 3;
-    encoder.in_color_space = isCmyk ? JCS_CMYK : JCS_RGB;
+    const bool areTwo = _components == Components::Two;
+    encoder.input_components = isCmyk ? 4 : areTwo ? 2 : 3;
+    encoder.in_color_space = isCmyk ? JCS_CMYK : areTwo ? JCS_UNKNOWN : JCS_RGB;
     jpeg_set_defaults(&encoder);
     jpeg_set_quality(&encoder, _quality, TRUE);
     if (_components == Components::Gray)
@@ -243,7 +250,7 @@ QByteArray JpegBuilder::encoded() const
         encoder.comp_info[0].h_samp_factor = encoder.comp_info[0].v_samp_factor = 1;
     if (_progressive)
         jpeg_simple_progression(&encoder);
-    encoder.write_JFIF_header = _density && !isCmyk ? TRUE : FALSE;
+    encoder.write_JFIF_header = _density && !isCmyk && !areTwo ? TRUE : FALSE;
     encoder.write_Adobe_marker = _components == Components::AdobeCmyk ? TRUE : FALSE;
     if (_density) {
         encoder.density_unit = static_cast<UINT8>(_density->unit);

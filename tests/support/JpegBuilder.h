@@ -23,6 +23,8 @@ public:
     JpegBuilder& cmyk();
     // Four components without an Adobe marker, 0 meaning no ink.
     JpegBuilder& plainCmyk();
+    // Two components, which stand for no colour space.
+    JpegBuilder& twoComponents();
     JpegBuilder& progressive();
     // One colour sample for each pixel, so that single pixels keep their colours.
     JpegBuilder& fullColor();
@@ -46,7 +48,7 @@ public:
     QByteArray bytes() const;
 
 private:
-    enum class Components { Gray, Rgb, AdobeCmyk, PlainCmyk };
+    enum class Components { Gray, Two, Rgb, AdobeCmyk, PlainCmyk };
     struct Density {
         int unit = 0;
         int x = 1;

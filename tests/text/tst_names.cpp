@@ -77,6 +77,9 @@ static void addSharedRows()
     QTest::newRow("latin words with blanks around")
         << QStringLiteral("\t\u3000Anna Maria Berg \r\n")
         << QStringList {QStringLiteral("Anna"), QStringLiteral("Maria"), QStringLiteral("Berg")};
+    QTest::newRow("latin words with other line ends around")
+        << QStringLiteral("\u000B\u2028Anna Berg\u2029\u0085\u000C")
+        << QStringList {QStringLiteral("Anna"), QStringLiteral("-"), QStringLiteral("Berg")};
     QTest::newRow("no-break space does not divide")
         << QStringLiteral("Anna\u00A0Maria Berg")
         << QStringList {

@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What happens to a user who may not read or write something, by the system's own word.
+#include "carddb/DBCCard.h"
+#include "carddb/DBCManagedObjectContext.h"
+#include "carddb/DBCPackageCreator.h"
+#include "carddb/DBCPackageVerifier.h"
+#include "tests/carddb/AttachmentFixture.h"
+#include "tests/support/AsOrdinaryUser.h"
+#include "tests/support/JpegBuilder.h"
+#include "tests/support/ScopedMode.h"
+#include "tests/support/StandardInputKeeper.h"
+
+#include <QFileInfo>
+#include <QTest>
+
+#include <memory>
+
+using Key = DBCRecordKey;
+
+namespace {
+
+const QString cardId = QStringLiteral("0A1B-1");
+const QString named = QStringLiteral("plans");
+const QString nothing = QStringLiteral("");
+
+constexpr mode_t unreadable = 0;
+constexpr mode_t notToBeListed = S_IWUSR | S_IXUSR;
+constexpr mode_t notToBeEntered = S_IRUSR | S_IWUSR;
+constexpr mode_t readOnlyFolder = S_IRUSR | S_IXUSR;
+constexpr mode_t readOnlyFile = S_IRUSR;
+
+} // namespace
+
+class tst_accessRights : public QObject {
+    Q_OBJECT
+
+private:
+    std::optional<QString> importAttachments()
+    {
+        return _f->database->_addAttachFileIntoDB(_f->folder.path(),
+            TransferFixture::record({{Key::attachmentFile, named}}), cardId, &_f->error);
+    }
+    std::optional<QString> exportAttachments()
+    {
+        return _f->database->_exportAttachFile(TransferFixture::record({{Key::cardID, cardId}}),
+            _f->home.path(QStringLiteral("export")), &_f->error);
+    }
+    std::optional<QString> importImage()
+    {
+        return _f->database->_addImageFileIntoDB(_f->folder.path(),
+            TransferFixture::record({{Key::face_Image_File, QStringLiteral("1.jpg")}}), cardId,
+            &_f->error);
+    }
+
+    StandardInputKeeper _standardInput;
+    std::unique_ptr<AsOrdinaryUser> _user;
+    std::unique_ptr<TransferFixture> _f;
+
+private Q_SLOTS:
+    void init()
+    {
+        _user = std::make_unique<AsOrdinaryUser>();
+        _f = std::make_unique<TransferFixture>();
+        QVERIFY(_f->database);
+        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
+        _f->folder.image(QStringLiteral("1.jpg"), JpegBuilder(30, 20).bytes());
+        _f->package.writeFile(QStringLiteral("Files/Other/a.txt"), "a");
+    }
+    void cleanup()
+    {
+        _f.reset();
+        _user.reset();
+    }
+
+    void attachmentThatCannotBeReadStopsTheImport()
+    {
+        const QString path = _f->folder.attachmentPath(named, QStringLiteral("a.txt"));
+        const ScopedMode mode(path, unreadable);
+        QCOMPARE(importAttachments(), nothing);
+        QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
+        QVERIFY(_f->error.pathName()->contains(path));
+        QVERIFY(copyFailureWasLogged(_f->log));
+    }
+
+    void attachmentFolderThatCannotBeListedStopsTheImport()
+    {
+        const ScopedMode mode(_f->folder.attachmentPath(named), notToBeListed);
+        QCOMPARE(importAttachments(), nothing);
+        QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
+        QVERIFY(copyFailureWasLogged(_f->log));
+    }
+
+    void attachmentFolderThatCannotBeEnteredStopsTheImport()
+    {
+        const ScopedMode mode(_f->folder.attachmentPath(named), notToBeEntered);
+        QCOMPARE(importAttachments(), nothing);
+        QCOMPARE(_f->error.code(), DBCResultCode::SizeMeasureFailure);
+        QVERIFY(!_f->log.errors.isEmpty());
+    }
+
+    void filesFolderThatCannotBeWrittenStopsTheImport()
+    {
+        const ScopedMode mode(_f->packagePath(QStringLiteral("Files")), readOnlyFolder);
+        QCOMPARE(importAttachments(), nothing);
+        QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
+    }
+
+    void imageThatCannotBeReadIsAWarning()
+    {
+        const ScopedMode mode(_f->folder.imagePath(QStringLiteral("1.jpg")), unreadable);
+        QCOMPARE(importImage(), nothing);
+        QVERIFY(!_f->error);
+        QCOMPARE(_f->log.warnings.size(), 1);
+        QVERIFY(entries(_f->packagePath(QStringLiteral("Images"))).isEmpty());
+    }
+
+    void imagesFolderThatCannotBeWrittenIsAnError()
+    {
+        const ScopedMode mode(_f->packagePath(QStringLiteral("Images")), readOnlyFolder);
+        QCOMPARE(importImage(), cardId + QStringLiteral("_N1.pdf"));
+        QCOMPARE(_f->error.code(), DBCResultCode::PdfCreateFailure);
+    }
+
+    void storedAttachmentThatCannotBeReadStopsTheExport()
+    {
+        _f->package.writeFile(QStringLiteral("Files/0A1B-1/a.txt"), "a");
+        const ScopedMode mode(_f->packagePath(QStringLiteral("Files/0A1B-1/a.txt")), unreadable);
+        QCOMPARE(exportAttachments(), nothing);
+        QCOMPARE(_f->error.code(), DBCResultCode::AttachmentExportFailure);
+        QVERIFY(copyFailureWasLogged(_f->log));
+    }
+
+    void cardFolderThatCannotBeListedIsNotTakenForAnEmptyOne()
+    {
+        _f->package.writeFile(QStringLiteral("Files/0A1B-1/a.txt"), "a");
+        const ScopedMode mode(_f->packagePath(QStringLiteral("Files/0A1B-1")), notToBeListed);
+        QCOMPARE(exportAttachments(), nothing);
+        QCOMPARE(_f->error.code(), DBCResultCode::SizeMeasureFailure);
+        QVERIFY(!_f->log.errors.isEmpty());
+    }
+
+    void folderToExportIntoThatCannotBeWrittenIsAnError()
+    {
+        _f->package.writeFile(QStringLiteral("Files/0A1B-1/a.txt"), "a");
+        const ScopedMode mode(_f->home.makeFolder(QStringLiteral("export")), readOnlyFolder);
+        QCOMPARE(exportAttachments(), nothing);
+        QCOMPARE(_f->error.code(), DBCResultCode::FolderCreateFailure);
+    }
+
+    void readOnlyStoreIsReadAndNotSavedInto()
+    {
+        _f->database.reset();
+        _f->package.card();
+        const auto before = _f->package.contents();
+        const ScopedMode mode(_f->package.storePath(), readOnlyFile);
+        _f->database = DBCDataBaseController::initDBwithPath(_f->package.path());
+        QVERIFY(_f->database);
+        QCOMPARE(_f->database->fetchCardDatas(&_f->error)->size(), std::size_t(1));
+        _f->database->managedObjectContext()->insertNewCard();
+        QCOMPARE(_f->database->save(), DBCResultCode::DatabaseSaveFailure);
+        QVERIFY(_f->log.errors.constLast().contains(_f->package.storePath()));
+        QCOMPARE(_f->package.contents(), before);
+    }
+
+    void unreadableStoreDoesNotOpen()
+    {
+        _f->database.reset();
+        const ScopedMode mode(_f->package.storePath(), unreadable);
+        QVERIFY(!DBCDataBaseController::initDBwithPath(_f->package.path()));
+        QVERIFY(_f->log.errors.constLast().contains(_f->package.storePath()));
+    }
+
+    void packageIsNotMadeInAReadOnlyFolder()
+    {
+        const QString folder = _f->home.makeFolder(QStringLiteral("folder"));
+        const ScopedMode mode(folder, readOnlyFolder);
+        const auto result = DBCPackageCreator::create(folder + QStringLiteral("/New.vmdb"));
+        QCOMPARE(result.outcome, DBCPackageCreator::Outcome::Failed);
+        QVERIFY(result.problem.text.contains(QStringLiteral("Permission denied")));
+        QVERIFY(entries(folder).isEmpty());
+    }
+
+    void unreadableStoreIsNotVerified()
+    {
+        _f->database.reset();
+        const ScopedMode mode(_f->package.storePath(), unreadable);
+        const DBCFindings findings = DBCPackageVerifier::verify(_f->package.path(), {});
+        QVERIFY(findings.couldNotLook);
+        QCOMPARE(findings.couldNotLook->path, _f->package.storePath());
+        QVERIFY(findings.couldNotLook->text.contains(QStringLiteral("Permission denied")));
+    }
+
+    void foldersThatCannotBeListedAreFoundByTheVerifier()
+    {
+        _f->database.reset();
+        _f->package.card().withAttachment(QStringLiteral("a.txt"), "a");
+        const QStringList folders {_f->packagePath(QStringLiteral("Files/CARD-1")),
+            _f->packagePath(QStringLiteral("Images")), _f->packagePath(QStringLiteral("Files"))};
+        const ScopedMode card(folders[0], notToBeListed);
+        const ScopedMode images(folders[1], notToBeListed);
+        const ScopedMode files(folders[2], notToBeListed);
+        const DBCFindings findings = DBCPackageVerifier::verify(_f->package.path(), {});
+        QVERIFY(!findings.couldNotLook);
+        QStringList paths;
+        for (const DBCProblem& problem : findings.problems) {
+            paths << problem.path;
+            QVERIFY(problem.text.contains(QStringLiteral("Permission denied")));
+        }
+        QCOMPARE(paths, folders);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_accessRights)
+#include "tst_accessRights.moc"

@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "carddb/DBCPackageCopy.h"
+
+#include "operation/DBCCancelDelegate.h"
+#include "operation/DBCFileManager.h"
+#include "tests/carddb/TransferFixture.h"
+#include "tests/support/AsOrdinaryUser.h"
+#include "tests/support/FileSizeLimit.h"
+#include "tests/support/FolderSnapshot.h"
+#include "tests/support/ScopedMode.h"
+#include "tests/support/StandardInputKeeper.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QtTest>
+
+#include <functional>
+
+namespace {
+
+// Does something before an item is copied, or when it is asked for a cancel.
+struct Meddler : DBCCancelDelegate {
+    bool checkIsNeedToConfirmCancelOperation() override { return cancels && cancels(); }
+    bool fileManager(const DBCFileManager*, const QString& path, const QString& toPath) override
+    {
+        if (beforeItem)
+            beforeItem(path, toPath);
+        return true;
+    }
+
+    std::function<bool()> cancels;
+    std::function<void(const QString& path, const QString& toPath)> beforeItem;
+};
+
+struct Copying {
+    Copying()
+    {
+        package.card().withPdf("%PDF").withAttachment(QStringLiteral("a.txt"), "text");
+        before = everythingBeside();
+    }
+
+    bool copy(DBCCancelDelegate* delegate = nullptr)
+    {
+        return DBCPackageCopy(delegate).copy(package.path(), target);
+    }
+    // The names beside the package, hidden ones included, the user's home aside.
+    QStringList everythingBeside() const
+    {
+        QStringList names
+            = QDir(home.path())
+                  .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                      QDir::Name);
+        names.removeAll(QStringLiteral("home"));
+        return names;
+    }
+
+    StandardInputKeeper standardInput;
+    TestHome home;
+    PackageFixture package {home};
+    RecordedLog log;
+    QString target = home.path(QStringLiteral("copy.vmdb"));
+    QStringList before;
+};
+
+const QString unfinished = QStringLiteral(".copy.vmdb.velmora-copy");
+const QString discarded = QStringLiteral(".copy.vmdb.velmora-discarded");
+
+} // namespace
+
+class tst_packageCopy : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void copyStandsUnderItsNameAndNothingElseIsLeft()
+    {
+        Copying copying;
+        QVERIFY(copying.copy());
+        QCOMPARE(snapshotOf(copying.target), snapshotOf(copying.package.path()));
+        QCOMPARE(
+            copying.everythingBeside(), copying.before + QStringList(QStringLiteral("copy.vmdb")));
+        QVERIFY(copying.log.isEmpty());
+    }
+
+    void nameIsTakenOnlyWhenTheCopyIsWhole()
+    {
+        Copying copying;
+        int items = 0;
+        Meddler meddler;
+        meddler.beforeItem = [&](const QString&, const QString& toPath) {
+            ++items;
+            QVERIFY(toPath.startsWith(copying.home.path(unfinished)));
+            QVERIFY(!QFileInfo::exists(copying.target));
+        };
+        QVERIFY(copying.copy(&meddler));
+        QVERIFY(items > 5);
+    }
+
+    void leftoversOfAKilledProgramAreReplaced()
+    {
+        Copying copying;
+        copying.home.writeFile(unfinished + QStringLiteral("/Velmora.sqldb"), "half");
+        copying.home.writeFile(discarded + QStringLiteral("/Velmora.sqldb"), "old");
+        QVERIFY(copying.copy());
+        QCOMPARE(snapshotOf(copying.target), snapshotOf(copying.package.path()));
+        QCOMPARE(
+            copying.everythingBeside(), copying.before + QStringList(QStringLiteral("copy.vmdb")));
+    }
+
+    void whatStandsAtTheNameIsLeftAlone()
+    {
+        Copying copying;
+        copying.home.writeFile(QStringLiteral("copy.vmdb/mine"), "mine");
+        QVERIFY(!copying.copy());
+        QCOMPARE(QDir(copying.target).entryList(QDir::Files), QStringList {QStringLiteral("mine")});
+        QCOMPARE(
+            copying.everythingBeside(), copying.before + QStringList(QStringLiteral("copy.vmdb")));
+    }
+
+    void cancelledCopyLeavesNothing()
+    {
+        Copying copying;
+        Meddler meddler;
+        meddler.cancels = [] { return true; };
+        QVERIFY(!copying.copy(&meddler));
+        QCOMPARE(copying.everythingBeside(), copying.before);
+        QVERIFY(copying.log.isEmpty());
+    }
+
+    void cancelWhileTheCopyIsComparedLeavesNothingAndBlamesNothing()
+    {
+        Copying copying;
+        Meddler meddler;
+        meddler.cancels = [&] {
+            const QFileInfo last(copying.home.path(unfinished));
+            // Its own attributes come last: from then on the copy is compared.
+            return last.exists()
+                && last.lastModified() == QFileInfo(copying.package.path()).lastModified();
+        };
+        QVERIFY(!copying.copy(&meddler));
+        QCOMPARE(copying.everythingBeside(), copying.before);
+        QVERIFY(copying.log.isEmpty());
+    }
+
+    void packageThatChangesMeanwhileIsNoBackupAndIsNamed()
+    {
+        Copying copying;
+        Meddler meddler;
+        meddler.beforeItem = [&](const QString& path, const QString&) {
+            if (path.endsWith(QStringLiteral("a.txt")))
+                copying.package.writeFile(QStringLiteral("Images/new.pdf"), "x");
+        };
+        // Whether the new file is copied depends on the order on the disk, so the copy is changed,
+        // too.
+        meddler.cancels = [&] {
+            QFile::remove(copying.home.path(unfinished) + QStringLiteral("/Images/new.pdf"));
+            return false;
+        };
+        QVERIFY(!copying.copy(&meddler));
+        QCOMPARE(copying.everythingBeside(), copying.before);
+        QCOMPARE(copying.log.errors,
+            QStringList {TransferFixture::text(
+                "IDS_LOG_ERR_COPY_DIFFERS", {copying.package.path(), QStringLiteral("Images")})});
+    }
+
+    void fullDiskLeavesNothing()
+    {
+        Copying copying;
+        {
+            const FileSizeLimit full(2000);
+            QVERIFY(!copying.copy());
+        }
+        QCOMPARE(copying.everythingBeside(), copying.before);
+    }
+
+    void folderThatMayNotBeWrittenTakesNoCopy()
+    {
+        const AsOrdinaryUser user;
+        Copying copying;
+        copying.target
+            = copying.home.makeFolder(QStringLiteral("closed")) + QStringLiteral("/copy");
+        const ScopedMode mode(copying.home.path(QStringLiteral("closed")), S_IRUSR | S_IXUSR);
+        QVERIFY(!copying.copy());
+        QVERIFY(!QFileInfo::exists(copying.target));
+    }
+
+    void fileThatMayNotBeReadIsNoCopy()
+    {
+        const AsOrdinaryUser user;
+        Copying copying;
+        const ScopedMode mode(copying.package.path(QStringLiteral("Files/CARD-1/a.txt")), 0);
+        QVERIFY(!copying.copy());
+        QCOMPARE(copying.everythingBeside(), copying.before);
+    }
+
+    void managerGetsItsDelegateBack()
+    {
+        Copying copying;
+        Meddler own;
+        Meddler other;
+        DBCFileManager::defaultManager()->setDelegate(&own);
+        QVERIFY(copying.copy(&other));
+        QCOMPARE(DBCFileManager::defaultManager()->delegate(), &own);
+        DBCFileManager::defaultManager()->setDelegate(nullptr);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_packageCopy)
+#include "tst_packageCopy.moc"

@@ -1,0 +1,285 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "carddb/DBCPackageRecovery.h"
+
+#include "carddb/DBCImportJournal.h"
+#include "carddb/DBCPackageCopy.h"
+#include "carddb/DBCPackageGuard.h"
+#include "tests/carddb/TransferFixture.h"
+#include "tests/support/AsOrdinaryUser.h"
+#include "tests/support/FolderSnapshot.h"
+#include "tests/support/ScopedMode.h"
+#include "tests/support/StandardInputKeeper.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QtTest>
+
+#include <memory>
+
+using Stage = DBCImportJournal::Stage;
+using State = DBCPackageRecovery::State;
+
+namespace {
+
+// A package with a card, its backup, and what a program that died left of an import.
+struct DeadImport {
+    explicit DeadImport(Stage stage)
+    {
+        package.card();
+        if (!DBCPackageCopy().copy(package.path(), backup))
+            qFatal("no backup");
+        original = snapshotOf(backup);
+        const auto journal = DBCImportJournal::begin(package.path(), backup);
+        const bool isNoted = stage == Stage::Backup || journal->enterImport(QStringLiteral("NEW-"));
+        if (!isNoted
+            || (stage != Stage::Import && stage != Stage::Backup && !journal->enter(stage)))
+            qFatal("no journal");
+    }
+
+    // Cards and files of the import, as far as it came.
+    void hasNewCards(int count)
+    {
+        for (int number = 1; number <= count; ++number)
+            package.card({{"ZCARDID", QStringLiteral("NEW-%1").arg(number)}});
+        package.writeFile(QStringLiteral("Images/NEW-1_N1.pdf"), "new");
+    }
+    bool hasJournal() const
+    {
+        return QFileInfo::exists(home.path(QStringLiteral(".Velmora DB.vmdb.velmora-import")));
+    }
+    State stateFound() const { return DBCPackageRecovery(package.path()).state(); }
+
+    StandardInputKeeper standardInput;
+    TestHome home;
+    PackageFixture package {home};
+    RecordedLog log;
+    QString backup = home.path(QStringLiteral("Velmora DB_bak.vmdb"));
+    QStringList original;
+};
+
+} // namespace
+
+class tst_packageRecovery : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void packageWithoutAJournalHasNothingToSettle()
+    {
+        const StandardInputKeeper keeper;
+        const TestHome home;
+        const PackageFixture package(home);
+        DBCPackageRecovery recovery(package.path());
+        QCOMPARE(recovery.state(), State::Nothing);
+        QVERIFY(recovery.backupPath().isEmpty());
+        QCOMPARE(recovery.restore(), DBCResultCode::RestoreFailure);
+        QVERIFY(!recovery.keep());
+    }
+
+    void importThatDiedInItsBackupIsCleanedUp()
+    {
+        DeadImport dead(Stage::Backup);
+        dead.home.writeFile(QStringLiteral(".Velmora DB_bak.vmdb.velmora-copy/half"), "half");
+        QCOMPARE(dead.stateFound(), State::Nothing);
+        QVERIFY(!dead.hasJournal());
+        QVERIFY(!QFileInfo::exists(
+            dead.home.path(QStringLiteral(".Velmora DB_bak.vmdb.velmora-copy"))));
+        QVERIFY(QFileInfo::exists(dead.backup));
+    }
+
+    void importThatDiedBehindItsRestoreIsCleanedUp()
+    {
+        DeadImport dead(Stage::Restored);
+        QCOMPARE(dead.stateFound(), State::Nothing);
+        QVERIFY(!dead.hasJournal());
+    }
+
+    void importThatDiedBeforeItsSaveIsUnfinished()
+    {
+        DeadImport dead(Stage::Import);
+        const DBCPackageRecovery recovery(dead.package.path());
+        QCOMPARE(recovery.state(), State::Unfinished);
+        QCOMPARE(recovery.backupPath(), dead.backup);
+        QCOMPARE(recovery.package(), dead.package.path());
+        QVERIFY(dead.hasJournal());
+    }
+
+    void importThatDiedBehindItsSaveIsDone()
+    {
+        DeadImport dead(Stage::Import);
+        dead.hasNewCards(2);
+        QCOMPARE(dead.stateFound(), State::Nothing);
+        QVERIFY(!dead.hasJournal());
+        QVERIFY(QFileInfo::exists(dead.backup));
+    }
+
+    void importThatDiedInItsRestoreIsUnfinished()
+    {
+        DeadImport dead(Stage::Restore);
+        dead.hasNewCards(1);
+        QCOMPARE(dead.stateFound(), State::Unfinished);
+        QVERIFY(dead.hasJournal());
+    }
+
+    void importWhosePackageIsGoneIsUnfinished()
+    {
+        DeadImport dead(Stage::Import);
+        QVERIFY(QDir(dead.package.path()).removeRecursively());
+        DBCPackageRecovery recovery(dead.package.path());
+        QCOMPARE(recovery.state(), State::Unfinished);
+        QVERIFY(!recovery.keep()); // there is nothing to keep
+        QCOMPARE(recovery.restore(), DBCResultCode::Success);
+        QCOMPARE(snapshotOf(dead.package.path()), dead.original);
+    }
+
+    void storeThatCannotBeReadIsForSomebodyToDecide_data()
+    {
+        QTest::addColumn<QByteArray>("store");
+        QTest::newRow("text") << QByteArray("these are no cards");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("damaged") << QByteArray("SQLite format 3\0", 16) + QByteArray(5000, 'x');
+    }
+    void storeThatCannotBeReadIsForSomebodyToDecide()
+    {
+        QFETCH(QByteArray, store);
+        DeadImport dead(Stage::Import);
+        dead.package.writeFile(QStringLiteral("Velmora.sqldb"), store);
+        QCOMPARE(dead.stateFound(), State::Unfinished);
+    }
+
+    void restoreBringsThePackageBackAndKeepsTheBackup()
+    {
+        DeadImport dead(Stage::Import);
+        dead.package.writeFile(QStringLiteral("Images/NEW-1_N1.pdf"), "new");
+        dead.package.remove(QStringLiteral("Files"));
+        DBCPackageRecovery recovery(dead.package.path());
+        QCOMPARE(recovery.restore(), DBCResultCode::Success);
+        QCOMPARE(recovery.state(), State::Nothing);
+        QCOMPARE(snapshotOf(dead.package.path()), dead.original);
+        QCOMPARE(snapshotOf(dead.backup), dead.original);
+        QVERIFY(!dead.hasJournal());
+    }
+
+    void restoreWithoutItsBackupFailsAndStaysUnfinished()
+    {
+        DeadImport dead(Stage::Import);
+        QVERIFY(QDir(dead.backup).removeRecursively());
+        const auto before = dead.package.contents();
+        {
+            DBCPackageRecovery recovery(dead.package.path());
+            QCOMPARE(recovery.restore(), DBCResultCode::RestoreFailure);
+            QCOMPARE(recovery.state(), State::Unfinished);
+        }
+        QCOMPARE(dead.package.contents(), before);
+        QCOMPARE(dead.log.errors.size(), 1);
+        QVERIFY(dead.log.errors.constFirst().contains(dead.backup));
+        QCOMPARE(dead.stateFound(), State::Unfinished);
+    }
+
+    void journalThatNamesNoBackupCannotBeRestoredFrom()
+    {
+        DeadImport dead(Stage::Import);
+        dead.home.writeFile(
+            QStringLiteral(".Velmora DB.vmdb.velmora-import"), "{\"stage\":\"restore\"}\n");
+        DBCPackageRecovery recovery(dead.package.path());
+        QCOMPARE(recovery.state(), State::Unfinished);
+        QCOMPARE(recovery.restore(), DBCResultCode::RestoreFailure);
+        QVERIFY(recovery.keep());
+    }
+
+    void keepLeavesPackageAndBackupAsTheyAre()
+    {
+        DeadImport dead(Stage::Import);
+        dead.package.writeFile(QStringLiteral("Images/NEW-1_N1.pdf"), "new");
+        const QStringList before = snapshotOf(dead.package.path());
+        DBCPackageRecovery recovery(dead.package.path());
+        QVERIFY(recovery.keep());
+        QCOMPARE(recovery.state(), State::Nothing);
+        QCOMPARE(snapshotOf(dead.package.path()), before);
+        QCOMPARE(snapshotOf(dead.backup), dead.original);
+        QVERIFY(!dead.hasJournal());
+    }
+
+    void journalThatCannotBeRemovedStaysUnsettled()
+    {
+        const AsOrdinaryUser user;
+        DeadImport dead(Stage::Import);
+        const ScopedMode mode(dead.home.path(), S_IRUSR | S_IXUSR);
+        DBCPackageRecovery recovery(dead.package.path());
+        QVERIFY(!recovery.keep());
+        QCOMPARE(recovery.state(), State::Unfinished);
+        QVERIFY(dead.hasJournal());
+    }
+
+    void leftoversInAReadOnlyFolderAreNotTakenForSettled()
+    {
+        const AsOrdinaryUser user;
+        DeadImport dead(Stage::Backup);
+        const ScopedMode mode(dead.home.path(), S_IRUSR | S_IXUSR);
+        QCOMPARE(dead.stateFound(), State::Unreadable);
+    }
+
+    void savedImportInAReadOnlyFolderIsNotTakenForSettled()
+    {
+        const AsOrdinaryUser user;
+        DeadImport dead(Stage::Import);
+        dead.hasNewCards(1);
+        const ScopedMode mode(dead.home.path(), S_IRUSR | S_IXUSR);
+        QCOMPARE(dead.stateFound(), State::Unreadable);
+    }
+
+    void journalThatMayNotBeReadIsReported()
+    {
+        const AsOrdinaryUser user;
+        DeadImport dead(Stage::Import);
+        const ScopedMode mode(dead.home.path(QStringLiteral(".Velmora DB.vmdb.velmora-import")), 0);
+        const DBCPackageRecovery recovery(dead.package.path());
+        QCOMPARE(recovery.state(), State::Unreadable);
+        QCOMPARE(recovery.journalPath(),
+            dead.home.path(QStringLiteral(".Velmora DB.vmdb.velmora-import")));
+    }
+
+    void runningImportIsInUse()
+    {
+        const StandardInputKeeper keeper;
+        const TestHome home;
+        const PackageFixture package(home);
+        const auto journal
+            = DBCImportJournal::begin(package.path(), home.path(QStringLiteral("bak.vmdb")));
+        QCOMPARE(DBCPackageRecovery(package.path()).state(), State::InUse);
+    }
+
+    void packageThatSomebodyReadsIsInUse()
+    {
+        DeadImport dead(Stage::Backup);
+        auto reading = DBCPackageGuard::hold(dead.package.path(), DBCPackageGuard::Use::Reading);
+        QCOMPARE(dead.stateFound(), State::InUse);
+        QVERIFY(dead.hasJournal());
+        reading.reset();
+        QCOMPARE(dead.stateFound(), State::Nothing);
+    }
+
+    void packageThatSomebodyBeginsToReadIsNotRestoredOver()
+    {
+        DeadImport dead(Stage::Import);
+        DBCPackageRecovery recovery(dead.package.path());
+        const auto reading
+            = DBCPackageGuard::hold(dead.package.path(), DBCPackageGuard::Use::Reading);
+        QVERIFY(reading);
+        QCOMPARE(recovery.restore(), DBCResultCode::RestoreFailure);
+        QVERIFY(QFileInfo::exists(dead.package.storePath()));
+    }
+
+    void linkToThePackageFindsItsJournal()
+    {
+        DeadImport dead(Stage::Import);
+        const QString link = dead.home.path(QStringLiteral("link.vmdb"));
+        QVERIFY(QFile::link(dead.package.path(), link));
+        const DBCPackageRecovery recovery(link);
+        QCOMPARE(recovery.state(), State::Unfinished);
+        QCOMPARE(recovery.package(), QFileInfo(dead.package.path()).canonicalFilePath());
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_packageRecovery)
+#include "tst_packageRecovery.moc"

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the checks before an operation look at, everything in order until a test spoils something.
+#pragma once
+
+#include "datafile/DBCInterchangeNames.h"
+#include "operation/DBCPreconditions.h"
+#include "tests/support/RecordingPresenter.h"
+#include "tests/support/ScopedHost.h"
+#include "tests/support/TestHome.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTest>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+// What has to be free beside everything else.
+constexpr quint64 margin = 0x80000;
+
+// A machine on which everything is in order: a usable package, an interchange folder with a data
+// file, an empty folder to export into, local disks with exactly the room that is needed, and a
+// user who answers Yes.
+struct Situation {
+    TestHome home;
+    ScopedHost host;
+    RecordingPresenter presenter;
+    QString package = home.makeFolder(QStringLiteral("cards.vmdb"));
+    QString interchange = home.makeFolder(QStringLiteral("interchange"));
+    QString desktop = home.makeFolder(QStringLiteral("desktop"));
+    OperationType type;
+
+    explicit Situation(OperationType operationType)
+        : type(operationType)
+    {
+        home.writeFile(QStringLiteral("cards.vmdb/Velmora.sqldb"), "store");
+        home.writeFile(QStringLiteral("interchange/") + DBCInterchangeNames::dataFileName(), "d");
+        presenter.answer = DBCAnswer::Default;
+        host->applicationsFolder = home.path(QStringLiteral("Applications"));
+        host.setFreeBytes(margin);
+        mount("/", "ext4", "/dev/sda1");
+    }
+
+    void mount(const QByteArray& point, const QByteArray& type_, const QByteArray& device)
+    {
+        _mounts += "1 1 8:1 / " + point + " rw - " + type_ + ' ' + device + " rw\n";
+        host->mountTable = home.writeFile(QStringLiteral("mountinfo"), _mounts);
+    }
+    void mountOnNetwork(const QString& path)
+    {
+        mount(QFile::encodeName(QFileInfo(path).canonicalFilePath()), "nfs4", "server:/export");
+    }
+    void installMainApplication(const QByteArray& version)
+    {
+        installVersionList("<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key>"
+                           "<string>"
+            + version + "</string></dict></plist>");
+    }
+    void installVersionList(const QByteArray& list)
+    {
+        home.writeFile(
+            QStringLiteral("Applications/Velmora/Velmora.app/Contents/version.plist"), list);
+    }
+    // Held until the returned descriptor is closed.
+    int lockPackage() const
+    {
+        const QString file = home.writeFile(QStringLiteral("cards.vmdb/.VMLock.vmlk"), "");
+        const int holder = open(QFile::encodeName(file).constData(), O_RDWR | O_CLOEXEC);
+        if (flock(holder, LOCK_EX | LOCK_NB) != 0)
+            qFatal("cannot lock the package");
+        return holder;
+    }
+
+    DBCPreconditions preconditions() const
+    {
+        return {type == OperationType::Import ? interchange : desktop, package, type};
+    }
+    bool check() const { return preconditions()._checkPrecondition(); }
+
+    QString exportFolder() const { return desktop + u'/' + DBCInterchangeNames::rootFolderName(); }
+    void makeOldExport() const
+    {
+        home.writeFile(QStringLiteral("desktop/") + DBCInterchangeNames::rootFolderName()
+                + QStringLiteral("/old"),
+            "old");
+    }
+    bool oldExportStands() const
+    {
+        return QFileInfo::exists(exportFolder() + QStringLiteral("/old"));
+    }
+
+    QStringList questionKeys() const
+    {
+        QStringList keys;
+        for (const DBCQuestion& question : presenter.questions)
+            keys << question.key;
+        return keys;
+    }
+
+private:
+    QByteArray _mounts;
+};
+
+// path, made longer below parent, until it has exactly so many bytes.
+inline QString pathOfBytes(const QString& parent, qsizetype bytes)
+{
+    QString path = parent;
+    while (bytes - path.toUtf8().size() > 256) // longer names do not exist on disks
+        path += u'/' + QString(200, u'x');
+    return path + u'/' + QString(bytes - path.toUtf8().size() - 1, u'y');
+}
+
+inline const QList<quint32> nothingShown;
+
+Q_DECLARE_METATYPE(OperationType)
+
+inline void bothOperations()
+{
+    QTest::addColumn<OperationType>("type");
+    QTest::newRow("import") << OperationType::Import;
+    QTest::newRow("export") << OperationType::Export;
+}

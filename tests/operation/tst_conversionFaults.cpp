@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Whole conversions that meet what goes wrong outside of them.
+#include "tests/operation/ConversionWorld.h"
+#include "tests/support/AsOrdinaryUser.h"
+#include "tests/support/FileSizeLimit.h"
+#include "tests/support/ScopedMode.h"
+
+#include <QFile>
+#include <QtTest>
+
+using World = ConversionWorld;
+
+namespace {
+
+// "du" fails for every path that ends so and works for the others.
+void failToMeasure(World& world, const char* ending)
+{
+    const QString program = world.home.writeFile(QStringLiteral("du"),
+        QByteArray("#!/bin/sh\ncase \"$3\" in *") + ending
+            + ") exit 1 ;; esac\nexec /usr/bin/du \"$@\"\n");
+    QVERIFY(QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner));
+    world.host->diskUsageProgram = program;
+}
+
+// Where the log's folder should come to stand, there is a file.
+void takeTheLogAway(World& world)
+{
+    world.home.writeFile(QStringLiteral("home/Library"), "no folder");
+}
+
+} // namespace
+
+class tst_conversionFaults : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void importWithoutALogStoresTheCards();
+    void exportWithoutALogWritesTheCards();
+    void failedImportWithoutALogIsStillTold();
+    void folderThatCannotBeMeasuredWithoutALogIsStillTold();
+
+    void imageThatCannotBeMeasuredEndsTheExport();
+    void versionFileThatCannotBeWrittenIsTheExportsError();
+    void diskThatFillsUpInTheDataFileEndsTheExport();
+    void packageFolderThatCannotBeWrittenIsNotImportedInto();
+    void dataFileThatCannotBeReadLeavesThePackageAsItWas();
+};
+
+void tst_conversionFaults::importWithoutALogStoresTheCards()
+{
+    World world;
+    takeTheLogAway(world);
+
+    QVERIFY(world.importCards());
+
+    QCOMPARE(world.package.value(QStringLiteral("SELECT count(*) FROM ZCARD")).toInt(), 4);
+    QVERIFY(world.presenter.numbers.isEmpty());
+    QVERIFY(world.controller->logFilePath().isEmpty());
+}
+
+void tst_conversionFaults::exportWithoutALogWritesTheCards()
+{
+    World world;
+    takeTheLogAway(world);
+
+    QVERIFY(world.exportCards());
+
+    QCOMPARE(world.exportedRows().size(), 2);
+    QVERIFY(world.presenter.numbers.isEmpty());
+}
+
+void tst_conversionFaults::failedImportWithoutALogIsStillTold()
+{
+    World world;
+    takeTheLogAway(world);
+    QVERIFY(QFile::remove(world.folder.dataFilePath()));
+    const auto before = world.package.contents();
+
+    QVERIFY(!world.importCards());
+
+    QCOMPARE(world.presenter.numbers, QList<quint32> {313});
+    QCOMPARE(world.package.contents(), before);
+}
+
+void tst_conversionFaults::folderThatCannotBeMeasuredWithoutALogIsStillTold()
+{
+    World world;
+    takeTheLogAway(world);
+    failToMeasure(world, "");
+
+    QVERIFY(!world.importCards());
+
+    QCOMPARE(world.controller->outcome().code, DBCResultCode::SizeMeasureFailure);
+    QCOMPARE(world.presenter.numbers, QList<quint32> {313});
+}
+
+void tst_conversionFaults::imageThatCannotBeMeasuredEndsTheExport()
+{
+    World world;
+    failToMeasure(world, ".pdf");
+
+    QVERIFY(!world.exportCards());
+
+    QCOMPARE(world.controller->outcome().code, DBCResultCode::SizeMeasureFailure);
+    QCOMPARE(world.presenter.numbers, QList<quint32> {208});
+    QVERIFY(world.home.logText().contains(QStringLiteral(".pdf")));
+    QVERIFY(world.exportedRows().isEmpty());
+}
+
+void tst_conversionFaults::versionFileThatCannotBeWrittenIsTheExportsError()
+{
+    World world;
+    world.home.makeFolder(QStringLiteral("exported/") + DBCInterchangeNames::rootFolderName()
+        + QStringLiteral("/Version.txt"));
+
+    QVERIFY(!world.exportCards());
+
+    QCOMPARE(world.controller->outcome().code, DBCResultCode::VersionFileWriteFailure);
+    QCOMPARE(world.presenter.numbers, QList<quint32> {208});
+    QCOMPARE(world.exportedRows().size(), 2); // what was written stays
+}
+
+void tst_conversionFaults::diskThatFillsUpInTheDataFileEndsTheExport()
+{
+    World world;
+    world.package.execute(QStringLiteral("DELETE FROM ZCARD"));
+    world.package.card();
+    world.package.card({{"ZMEMO", QString(4000, QChar(0x3042))}});
+    bool hasEnded = true;
+    {
+        const FileSizeLimit full(4096);
+        hasEnded = world.exportCards();
+    }
+
+    QVERIFY(!hasEnded);
+    QCOMPARE(world.controller->outcome().code, DBCResultCode::DataFileWriteFailure);
+    QCOMPARE(world.controller->outcome().finishedCount, 1);
+    QCOMPARE(world.presenter.numbers, QList<quint32> {208});
+}
+
+void tst_conversionFaults::packageFolderThatCannotBeWrittenIsNotImportedInto()
+{
+    const AsOrdinaryUser user;
+    World world;
+    const auto before = world.package.contents();
+    {
+        const ScopedMode mode(world.package.storePath(), S_IRUSR);
+        QVERIFY(!world.importCards());
+    }
+
+    QCOMPARE(world.controller->outcome().code, DBCResultCode::BackupFailure);
+    QCOMPARE(world.presenter.numbers, QList<quint32> {311});
+    QCOMPARE(world.package.contents(), before);
+}
+
+void tst_conversionFaults::dataFileThatCannotBeReadLeavesThePackageAsItWas()
+{
+    const AsOrdinaryUser user;
+    World world;
+    const auto before = world.package.contents();
+    const ScopedMode mode(world.folder.dataFilePath(), 0);
+
+    QVERIFY(!world.importCards());
+
+    QCOMPARE(world.controller->outcome().code, DBCResultCode::DataFileOpenFailure);
+    QCOMPARE(world.presenter.numbers, QList<quint32> {310});
+    QCOMPARE(world.package.contents(), before);
+}
+
+QTEST_GUILESS_MAIN(tst_conversionFaults)
+#include "tst_conversionFaults.moc"

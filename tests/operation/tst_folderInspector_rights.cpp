@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A folder with things in it that the user who checks it may not read.
+#include "operation/DBCFolderInspector.h"
+
+#include "datafile/DBCLocalizable.h"
+#include "tests/support/AsOrdinaryUser.h"
+#include "tests/support/DataFileBuilder.h"
+#include "tests/support/InterchangeFolder.h"
+#include "tests/support/JpegBuilder.h"
+#include "tests/support/ScopedMode.h"
+
+#include <QtTest>
+
+using Key = DBCRecordKey;
+
+namespace {
+
+constexpr mode_t unreadable = 0;
+constexpr mode_t notToBeListed = S_IWUSR | S_IXUSR;
+
+struct Inspection {
+    Inspection()
+    {
+        folder.image(QStringLiteral("1.jpg"), JpegBuilder(30, 20).bytes())
+            .attachment(QStringLiteral("plans"), QStringLiteral("a.txt"), "a")
+            .dataFile(DataFileBuilder()
+                          .titleLine()
+                          .row({{Key::full_Name, QStringLiteral("Hoshino")},
+                              {Key::face_Image_File, QStringLiteral("1.jpg")},
+                              {Key::attachmentFile, QStringLiteral("plans")}})
+                          .build());
+    }
+    // The paths that the problems are about, below the folder.
+    QStringList problems() const
+    {
+        QStringList paths;
+        for (const DBCProblem& problem :
+            DBCFolderInspector::inspect(folder.path()).findings.problems)
+            paths << problem.path.mid(folder.path().size() + 1);
+        return paths;
+    }
+    QString below(const QString& path) const { return path.mid(folder.path().size() + 1); }
+
+    AsOrdinaryUser user;
+    TestHome home;
+    InterchangeFolder folder {home};
+};
+
+} // namespace
+
+class tst_folderInspector_rights : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void folderThatMayBeReadHasNoProblems() { QCOMPARE(Inspection().problems(), QStringList()); }
+
+    void folderThatCannotBeListedCannotBeLookedAt()
+    {
+        const Inspection inspection;
+        const ScopedMode mode(inspection.folder.path(), notToBeListed);
+        const auto findings = DBCFolderInspector::inspect(inspection.folder.path()).findings;
+        QVERIFY(findings.couldNotLook);
+        QCOMPARE(findings.couldNotLook->path, inspection.folder.path());
+    }
+
+    void unreadableDataFileIsReportedWithItsCode()
+    {
+        const Inspection inspection;
+        const QString path = inspection.folder.dataFilePath();
+        const ScopedMode mode(path, unreadable);
+        const auto problems
+            = DBCFolderInspector::inspect(inspection.folder.path()).findings.problems;
+        QCOMPARE(problems.size(), std::size_t(1));
+        QCOMPARE(problems.front().path, path);
+        QCOMPARE(problems.front().text,
+            getLocalString(
+                QStringLiteral("IDS_CHECK_DATA_FILE_UNREADABLE"), {path, qint64 {-101}}));
+    }
+
+    void unreadableImageIsReported()
+    {
+        const Inspection inspection;
+        const QString path = inspection.folder.imagePath(QStringLiteral("1.jpg"));
+        const ScopedMode mode(path, unreadable);
+        QCOMPARE(inspection.problems(), QStringList {inspection.below(path)});
+    }
+
+    void unreadableAttachmentIsReported()
+    {
+        const Inspection inspection;
+        const QString path
+            = inspection.folder.attachmentPath(QStringLiteral("plans"), QStringLiteral("a.txt"));
+        const ScopedMode mode(path, unreadable);
+        QCOMPARE(inspection.problems(), QStringList {inspection.below(path)});
+    }
+
+    // Which keeps the whole from being measured, too.
+    void attachmentFolderThatCannotBeListedIsReported()
+    {
+        const Inspection inspection;
+        const QString path = inspection.folder.attachmentPath(QStringLiteral("plans"));
+        const ScopedMode mode(path, notToBeListed);
+        QCOMPARE(inspection.problems(), QStringList({QString(), inspection.below(path)}));
+    }
+
+    void unreadableVersionFileCountsAsMissing()
+    {
+        const Inspection inspection;
+        const QString path = inspection.folder.path() + QStringLiteral("/Version.txt");
+        const ScopedMode mode(path, unreadable);
+        QCOMPARE(inspection.problems(), QStringList {QStringLiteral("Version.txt")});
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_folderInspector_rights)
+#include "tst_folderInspector_rights.moc"

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "operation/DBCHiddenName.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QtTest>
+
+#include <climits>
+
+class tst_hiddenName : public QObject {
+    Q_OBJECT
+
+private:
+    static QStringList namesFor(const QString& path)
+    {
+        return {DBCHiddenName::unfinishedCopyOf(path), DBCHiddenName::discarded(path),
+            DBCHiddenName::importJournalOf(path)};
+    }
+
+private Q_SLOTS:
+    void namesAreHiddenBesideTheFolder()
+    {
+        QCOMPARE(namesFor(QStringLiteral("/cards/My cards.vmdb")),
+            QStringList({QStringLiteral("/cards/.My cards.vmdb.velmora-copy"),
+                QStringLiteral("/cards/.My cards.vmdb.velmora-discarded"),
+                QStringLiteral("/cards/.My cards.vmdb.velmora-import")}));
+    }
+
+    void slashAtTheEndChangesNothing()
+    {
+        const QString path = QStringLiteral("/cards/a.vmdb");
+        QCOMPARE(namesFor(path + u'/'), namesFor(path));
+        QCOMPARE(namesFor(QStringLiteral("/cards/./a.vmdb//")), namesFor(path));
+    }
+
+    void folderWithoutAPathIsHere()
+    {
+        QCOMPARE(DBCHiddenName::discarded(QStringLiteral("a.vmdb")),
+            QStringLiteral(".a.vmdb.velmora-discarded"));
+    }
+
+    // Counted in bytes, of which a kanji takes three.
+    void longNameFitsIntoAFolder_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const int length : {70, 76, 77, 78, 79, 83})
+            QTest::addRow("%d kanji", length) << QString(length, QChar(0x540D));
+        QTest::newRow("as long as names can be") << QString(255, u'a');
+    }
+    void longNameFitsIntoAFolder()
+    {
+        QFETCH(QString, name);
+        const QString path = QStringLiteral("/cards/") + name;
+        const QStringList names = namesFor(path);
+        for (const QString& hidden : names) {
+            const QFileInfo info(hidden);
+            QVERIFY(QFile::encodeName(info.fileName()).size() <= NAME_MAX);
+            QVERIFY(info.fileName().startsWith(u'.'));
+            QCOMPARE(info.path(), QStringLiteral("/cards"));
+        }
+        QCOMPARE(QSet<QString>(names.begin(), names.end()).size(), 3);
+        QCOMPARE(namesFor(path), names);
+        QVERIFY(namesFor(path.chopped(1)) != names);
+    }
+};
+
+QTEST_APPLESS_MAIN(tst_hiddenName)
+#include "tst_hiddenName.moc"
