@@ -104,6 +104,7 @@ japanese_texts()
     say "Japanese where it is wanted"
     as_user LC_ALL=ja_JP.UTF-8 velmora-convert --help | grep -F 名刺データベース | head -n 1
     [ -e "$root/usr/share/qt6/translations/qtbase_ja.qm" ] || fail "Qt's texts are missing"
+    [ -e "$root/usr/share/poppler/cMap/Adobe-Japan1/90ms-RKSJ-H" ] || fail "no PDF encodings"
 }
 
 # The window on a platform of Qt: still there after a while, and ended by being asked to.
