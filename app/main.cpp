@@ -9,6 +9,7 @@
 #include "operation/DBCStandardDescriptors.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QThread>
 
 #include <csignal>
@@ -37,8 +38,18 @@ void explain(const char* key)
     std::fprintf(stderr, "%s\n", qUtf8Printable(getLocalString(QString::fromLatin1(key))));
 }
 
+// For desktops that know a window by its picture alone; others find it by the desktop file's name.
+QIcon programIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128})
+        icon.addFile(QStringLiteral(":/velmora/icons/%1.png").arg(size), QSize(size, size));
+    return icon;
+}
+
 int runWindow(DBCSingleInstance& instance)
 {
+    QGuiApplication::setWindowIcon(programIcon());
     DBCMainWindowController window;
     screen = &window.converter();
     formerHandler = qInstallMessageHandler(windDownWhenTheDisplayIsLost);

@@ -9,6 +9,12 @@ target_compile_options(velmora_settings INTERFACE
 target_compile_definitions(velmora_settings INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_FOREACH
     QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+# The released programs read files of any origin: what goes wrong there all the same must not be
+# turned into more. Paths of the machine that built them are nobody's business.
+target_compile_options(velmora_settings INTERFACE $<$<CONFIG:Release>:
+    -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong -fstack-clash-protection
+    -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>)
+target_link_options(velmora_settings INTERFACE $<$<CONFIG:Release>:-pie -Wl,-z,relro,-z,now>)
 if(VELMORA_SANITIZE)
     target_compile_options(velmora_settings INTERFACE
         -fsanitize=${VELMORA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What velmora-convert --help tells, taken apart: the measure of pages and completions about it.
+#pragma once
+
+#include "tests/cli/ConvertProgram.h"
+
+#include <QRegularExpression>
+
+struct ProgramHelp {
+    QStringList commands; // "import"
+    QStringList operands; // of each command: "FOLDER PACKAGE"
+    QStringList options; // "--json"
+    QStringList descriptions; // of the commands, then of the options
+    QStringList exitStatuses; // "130"
+
+    // language: as LC_ALL has it.
+    static ProgramHelp in(const QString& language)
+    {
+        const TestHome home;
+        ConvertProgram program(home);
+        program.language = language;
+        ProgramHelp help;
+        help.read(program.run({QStringLiteral("--help")}).output);
+        return help;
+    }
+
+private:
+    void read(const QString& text)
+    {
+        constexpr auto everyLine = QRegularExpression::MultilineOption;
+        static const QRegularExpression command(
+            QStringLiteral("^  ([a-z]+) ([A-Z]+(?: [A-Z]+)*) +(.+)$"), everyLine);
+        static const QRegularExpression option(QStringLiteral("^  (--[a-z]+) +(.+)$"), everyLine);
+        for (const QRegularExpressionMatch& match : command.globalMatch(text)) {
+            commands << match.captured(1);
+            operands << match.captured(2);
+            descriptions << match.captured(3);
+        }
+        for (const QRegularExpressionMatch& match : option.globalMatch(text)) {
+            options << match.captured(1);
+            descriptions << match.captured(2);
+        }
+        readExitStatuses(text.trimmed().section(u'\n', -1));
+    }
+    void readExitStatuses(const QString& line)
+    {
+        static const QRegularExpression number(QStringLiteral("\\b[0-9]+\\b"));
+        for (const QRegularExpressionMatch& match : number.globalMatch(line))
+            exitStatuses << match.captured();
+        exitStatuses.removeDuplicates();
+    }
+};

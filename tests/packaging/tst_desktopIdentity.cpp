@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The desktop knows the program by one name, in every file that is installed for it and in its
+// window; and there is one version.
+#include "operation/DBCPropertyList.h"
+#include "operation/DBCSettings.h"
+#include "tests/app/VirtualDisplay.h"
+#include "tests/support/TestHome.h"
+
+#include <QImage>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTest>
+#include <QXmlStreamReader>
+
+namespace {
+
+constexpr int patienceMs = 20'000;
+
+QString identifier()
+{
+    return QString::fromLatin1(DBCSettings::bundleIdentifier);
+}
+
+QString desktopFile()
+{
+    return QStringLiteral(VELMORA_SOURCE_DIR "/packaging/%1.desktop").arg(identifier());
+}
+
+QString metainfoFile()
+{
+    return QStringLiteral(VELMORA_PACKAGING "/%1.metainfo.xml").arg(identifier());
+}
+
+QString textOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QString entry(const char* key)
+{
+    const QString text = textOf(desktopFile());
+    const QString start = QStringLiteral("\n%1=").arg(QLatin1String(key));
+    const qsizetype at = text.indexOf(start);
+    return at < 0 ? QString() : text.mid(at + start.size()).section(u'\n', 0, 0);
+}
+
+// The texts of all elements of a name.
+QStringList metainfo(const char* element)
+{
+    QFile file(metainfoFile());
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QStringList texts;
+    QXmlStreamReader reader(&file);
+    while (!reader.atEnd()) {
+        if (reader.readNext() == QXmlStreamReader::StartElement
+            && reader.name() == QLatin1String(element))
+            texts << reader.readElementText(QXmlStreamReader::IncludeChildElements);
+    }
+    return texts;
+}
+
+// The attributes of the newest release.
+QXmlStreamAttributes newestRelease()
+{
+    QFile file(metainfoFile());
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QXmlStreamReader reader(&file);
+    while (!reader.atEnd()) {
+        if (reader.readNext() == QXmlStreamReader::StartElement
+            && reader.name() == QStringLiteral("release"))
+            return reader.attributes();
+    }
+    return {};
+}
+
+QString run(const QString& program, const QStringList& arguments, int* exitCode = nullptr)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(program, arguments);
+    process.waitForFinished(patienceMs);
+    if (exitCode)
+        *exitCode = process.exitCode();
+    return QString::fromUtf8(process.readAll());
+}
+
+} // namespace
+
+class tst_desktopIdentity : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyFileBearsTheApplicationIdentifier();
+    void versionIsTheSameEverywhere();
+    void releaseHasOneDate();
+    void picturesOfTheMetainfoAreThoseOfTheDocumentation();
+    void japaneseReadersAreServed();
+    void iconIsThereInEverySize_data();
+    void iconIsThereInEverySize();
+    void windowBearsTheIconAndTheNameOfTheDesktopEntry();
+    void desktopEntryIsValid();
+    void metainfoIsValid();
+};
+
+void tst_desktopIdentity::everyFileBearsTheApplicationIdentifier()
+{
+    const auto dictionary
+        = DBCPropertyList::read(QStringLiteral(VELMORA_SOURCE_DIR "/resources/Info.plist"));
+    QVERIFY(dictionary);
+    QCOMPARE(dictionary->value(QStringLiteral("CFBundleIdentifier")).toString(), identifier());
+    QCOMPARE(entry("Icon"), identifier());
+    QCOMPARE(entry("Exec"), QStringLiteral("VelmoraConverter"));
+    QCOMPARE(metainfo("id"), QStringList(identifier()));
+    QCOMPARE(metainfo("launchable"), QStringList(identifier() + QStringLiteral(".desktop")));
+    QVERIFY(QFile::exists(
+        QStringLiteral(VELMORA_SOURCE_DIR "/resources/icons/%1.svg").arg(identifier())));
+}
+
+void tst_desktopIdentity::versionIsTheSameEverywhere()
+{
+    const QString version = QStringLiteral(VELMORA_VERSION);
+    QCOMPARE(newestRelease().value(QStringLiteral("version")).toString(), version);
+    const QString changelog
+        = textOf(QStringLiteral(VELMORA_SOURCE_DIR "/packaging/debian/changelog"));
+    QVERIFY2(changelog.startsWith(QStringLiteral("velmora-converter (%1-").arg(version)),
+        qPrintable(changelog));
+    QCOMPARE(run(QStringLiteral(VELMORA_CONVERT), {QStringLiteral("--version")}),
+        QStringLiteral("velmora-convert %1\n").arg(version));
+}
+
+void tst_desktopIdentity::releaseHasOneDate()
+{
+    static const QRegularExpression trailer(QStringLiteral("\n -- .*>  (.*)\n"));
+    const auto match
+        = trailer.match(textOf(QStringLiteral(VELMORA_SOURCE_DIR "/packaging/debian/changelog")));
+    QVERIFY(match.hasMatch());
+    const QDateTime time = QDateTime::fromString(match.captured(1), Qt::RFC2822Date);
+    QCOMPARE(newestRelease().value(QStringLiteral("date")).toString(),
+        time.date().toString(Qt::ISODate));
+}
+
+void tst_desktopIdentity::picturesOfTheMetainfoAreThoseOfTheDocumentation()
+{
+    const QStringList pictures = metainfo("image");
+    QVERIFY(pictures.size() >= 2);
+    for (const QString& picture : pictures) {
+        const QString name = picture.section(u'/', -2);
+        QVERIFY2(
+            QFile::exists(QStringLiteral(VELMORA_SOURCE_DIR "/docs/") + name), qPrintable(picture));
+    }
+}
+
+void tst_desktopIdentity::japaneseReadersAreServed()
+{
+    for (const char* key : {"Name[ja]", "GenericName[ja]", "Comment[ja]", "Keywords[ja]"})
+        QVERIFY2(!entry(key).isEmpty(), key);
+    const QString text = textOf(metainfoFile());
+    const auto count = [&](const QString& what) { return text.count(QRegularExpression(what)); };
+    for (const char* element : {"summary", "p", "li", "caption"}) {
+        const QString name = QString::fromLatin1(element);
+        const qsizetype japanese = count(QStringLiteral("<%1 xml:lang=\"ja\">").arg(name));
+        QVERIFY2(japanese > 0, element);
+        QCOMPARE(japanese, count(QStringLiteral("<%1>").arg(name)));
+    }
+}
+
+void tst_desktopIdentity::iconIsThereInEverySize_data()
+{
+    QTest::addColumn<int>("size");
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256, 512})
+        QTest::addRow("%d", size) << size;
+}
+
+void tst_desktopIdentity::iconIsThereInEverySize()
+{
+    QFETCH(int, size);
+    const QImage icon(QStringLiteral(VELMORA_ICONS "/%1.png").arg(size));
+    QCOMPARE(icon.size(), QSize(size, size));
+    QVERIFY(icon.hasAlphaChannel());
+    QCOMPARE(qAlpha(icon.pixel(0, 0)), 0);
+    // Paper and accent: neither an empty drawing nor a plain patch.
+    int bright = 0;
+    int blue = 0;
+    for (int y = 0; y < size; ++y) {
+        for (int x = 0; x < size; ++x) {
+            const QColor color = icon.pixelColor(x, y);
+            bright += color.alpha() == 255 && color.lightness() > 220 ? 1 : 0;
+            blue += color.alpha() == 255 && color.blue() > color.red() + 60 ? 1 : 0;
+        }
+    }
+    QVERIFY(bright > size * size / 10);
+    QVERIFY(blue > size * size / 20);
+}
+
+void tst_desktopIdentity::windowBearsTheIconAndTheNameOfTheDesktopEntry()
+{
+    const TestHome home;
+    VirtualDisplay display;
+    QProcess program;
+    program.setProcessEnvironment(display.environment());
+    program.start(QStringLiteral(VELMORA_CONVERTER), {});
+    const QString title = QStringLiteral("VelmoraConverter");
+    QTRY_COMPARE_WITH_TIMEOUT(display.windows().activeTitle(), title, patienceMs);
+
+    const QString properties = run(QStringLiteral("xprop"),
+        {QStringLiteral("-display"), display.name(), QStringLiteral("-name"), title});
+    program.terminate();
+    QVERIFY(program.waitForFinished(patienceMs));
+
+    QVERIFY2(properties.contains(QStringLiteral("WM_CLASS(STRING) = \"VelmoraConverter\", \"%1\"")
+                                     .arg(entry("StartupWMClass"))),
+        qPrintable(properties));
+    for (const int size : {16, 24, 32, 48, 64, 128})
+        QVERIFY(properties.contains(QStringLiteral("Icon (%1 x %1)").arg(size)));
+}
+
+void tst_desktopIdentity::desktopEntryIsValid()
+{
+    const QString validator = QStringLiteral("desktop-file-validate");
+    if (QStandardPaths::findExecutable(validator).isEmpty())
+        QSKIP("desktop-file-validate is not installed");
+    int exitCode = -1;
+    QCOMPARE(run(validator, {desktopFile()}, &exitCode), QString());
+    QCOMPARE(exitCode, 0);
+}
+
+void tst_desktopIdentity::metainfoIsValid()
+{
+    const QString validator = QStringLiteral("appstreamcli");
+    if (QStandardPaths::findExecutable(validator).isEmpty())
+        QSKIP("appstreamcli is not installed");
+    int exitCode = -1;
+    const QString complaints = run(validator,
+        {QStringLiteral("validate"), QStringLiteral("--no-net"), QStringLiteral("--strict"),
+            metainfoFile()},
+        &exitCode);
+    QVERIFY2(exitCode == 0, qPrintable(complaints));
+}
+
+QTEST_GUILESS_MAIN(tst_desktopIdentity)
+#include "tst_desktopIdentity.moc"
