@@ -90,6 +90,7 @@ import_and_export()
     expect_status 0 as_user velmora-convert check "$home/cards"
     expect_status 0 as_user velmora-convert import --yes "$home/cards" "$home/Cards.vmdb"
     expect_status 0 as_user velmora-convert verify "$home/Cards.vmdb"
+    expect_status 0 as_user velmora-convert recover "$home/Cards.vmdb"
     as_user mkdir "$home/exported"
     expect_status 0 as_user velmora-convert export --yes "$home/Cards.vmdb" "$home/exported"
     expect_status 3 as_user velmora-convert import --yes "$home/no such folder" "$home/Cards.vmdb"

@@ -64,14 +64,15 @@ private:
         for (const Shell& shell : shells)
             QTest::newRow(shell.name) << shell;
     }
-    // What comes onto the terminal.
-    QString offered(const Shell& shell, const QString& line,
+    QProcessEnvironment environment(const QString& language) const;
+    // What comes onto the terminal when the tabulator is pressed behind the program's name and
+    // operands.
+    QString offered(const Shell& shell, const QString& operands,
         const QString& language = QStringLiteral("en")) const;
     static bool isInstalled(const Shell& shell)
     {
         return !QStandardPaths::findExecutable(QString::fromLatin1(shell.name)).isEmpty();
     }
-    // C.UTF-8 is there everywhere, and spells what LANGUAGE asks for.
     static ProgramHelp help(const QString& language)
     {
         return ProgramHelp::in(
@@ -83,30 +84,38 @@ private:
 
 Q_DECLARE_METATYPE(Shell)
 
+QProcessEnvironment tst_completions::environment(const QString& language) const
+{
+    const QString path = QStringLiteral("PATH");
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(
+        path, QFileInfo(ConvertProgram::path()).path() + u':' + environment.value(path));
+    environment.insert(QStringLiteral("HOME"), _home->path(QStringLiteral("home")));
+    // Is there everywhere, and spells what LANGUAGE asks for.
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    environment.insert(QStringLiteral("LANGUAGE"), language);
+    return environment;
+}
+
 QString tst_completions::offered(
-    const Shell& shell, const QString& line, const QString& language) const
+    const Shell& shell, const QString& operands, const QString& language) const
 {
     const QString completion = QStringLiteral(VELMORA_SOURCE_DIR "/packaging/completions/%1")
                                    .arg(QLatin1String(shell.completion));
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("PATH"),
-        QFileInfo(ConvertProgram::path()).path() + u':'
-            + environment.value(QStringLiteral("PATH")));
-    environment.insert(QStringLiteral("HOME"), _home->path(QStringLiteral("home")));
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    environment.insert(QStringLiteral("LANGUAGE"), language);
+    const QString name = QString::fromLatin1(shell.name);
+    const QString line = QStringLiteral("velmora-convert ") + operands;
     QProcess process;
-    process.setProcessEnvironment(environment);
+    process.setProcessEnvironment(environment(language));
     process.setWorkingDirectory(_home->path(QStringLiteral("here")));
-    const QString words = QStringLiteral("velmora-convert ") + line;
-    if (qstrcmp(shell.name, "fish") == 0)
-        process.start(QStringLiteral("fish"),
+    // fish tells without a terminal.
+    if (name == QStringLiteral("fish"))
+        process.start(name,
             {QStringLiteral("--no-config"), QStringLiteral("--command"),
                 QStringLiteral("source $argv[1]; complete --do-complete $argv[2]"), completion,
-                words});
+                line});
     else
         process.start(QStringLiteral(VELMORA_SOURCE_DIR "/tests/packaging/press_tab.py"),
-            {QString::fromLatin1(shell.name), completion, words});
+            {name, completion, line});
     constexpr int patienceMs = 120'000;
     if (!process.waitForFinished(patienceMs) || process.exitCode() != 0)
         qFatal("%s: %s", shell.name, process.readAllStandardError().constData());

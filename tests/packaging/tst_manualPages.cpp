@@ -120,6 +120,10 @@ void tst_manualPages::pagesAreFormattedWithoutWarnings()
     if (QStandardPaths::findExecutable(QStringLiteral("man")).isEmpty())
         QSKIP("man is not installed");
     QProcess check;
+    // A shell complains about a locale that is not there.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    check.setProcessEnvironment(environment);
     check.start(
         QStringLiteral(VELMORA_SOURCE_DIR "/tools/check-man-pages"), {pagePath(folder, program)});
     QVERIFY(check.waitForFinished());
