@@ -126,7 +126,7 @@ private:
     DBCError _storeRecords(DBCDataBaseController& database, std::vector<DBCRecord> records);
     DBCError _saveImport(DBCDataBaseController& database);
     DBCError _undoImport(DBCDataBaseController& database, const DBCError& cause);
-    void _removeBackup(const DBCDataBaseController& database);
+    void _removeBackup(DBCDataBaseController& database);
     void _reportFailedImport(const DBCError& error);
 
     // --- export ---

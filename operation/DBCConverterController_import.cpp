@@ -39,7 +39,6 @@ bool DBCConverterController::_doImport(DBCError* error)
     *error = _prepareImport(&database);
     if (_isCancel(*error)) {
         _removeBackup(*database);
-        database->endImport();
         *error = DBCError();
         return true;
     }
@@ -187,12 +186,15 @@ DBCError DBCConverterController::_undoImport(DBCDataBaseController& database, co
     }
     if (_isStopRunning)
         _removeBackup(database);
-    database.endImport();
+    else
+        database.endImport();
     return error;
 }
 
-void DBCConverterController::_removeBackup(const DBCDataBaseController& database)
+void DBCConverterController::_removeBackup(DBCDataBaseController& database)
 {
+    // First, so that no note ever leads to a backup that is half removed.
+    database.endImport();
     DBCFileManager::defaultManager()->cleanFolder(database.backupDBPath());
     _outcome.backupPath.clear();
 }

@@ -234,8 +234,8 @@
         <translation>Shows errors and problems only, neither progress nor summary.</translation>
     </message>
     <message id="IDS_CLI_HELP_RECOVER">
-        <source>settle an import into the card database PACKAGE that did not finish: restore its backup, or keep what is there</source>
-        <translation>settle an import into the card database PACKAGE that did not finish: restore its backup, or keep what is there</translation>
+        <source>Settles an import into the card database PACKAGE that did not finish: restores its backup, or keeps what is there.</source>
+        <translation>Settles an import into the card database PACKAGE that did not finish: restores its backup, or keeps what is there.</translation>
     </message>
     <message id="IDS_CLI_HELP_USAGE">
         <source>velmora-convert moves business cards between a card database and an interchange folder. Usage: velmora-convert COMMAND [OPTIONS]</source>

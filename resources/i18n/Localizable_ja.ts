@@ -234,8 +234,8 @@
         <translation>エラーと問題だけを表示し、進行状況と結果は表示しません。</translation>
     </message>
     <message id="IDS_CLI_HELP_RECOVER">
-        <source>settle an import into the card database PACKAGE that did not finish: restore its backup, or keep what is there</source>
-        <translation>完了しなかったインポートのあとの名刺データベース PACKAGE を、バックアップから復元するか、そのまま残します</translation>
+        <source>Settles an import into the card database PACKAGE that did not finish: restores its backup, or keeps what is there.</source>
+        <translation>完了しなかったインポートのあとの名刺データベース PACKAGE を、バックアップから復元するか、そのまま残します。</translation>
     </message>
     <message id="IDS_CLI_HELP_USAGE">
         <source>velmora-convert moves business cards between a card database and an interchange folder. Usage: velmora-convert COMMAND [OPTIONS]</source>

@@ -34,26 +34,29 @@ EINTR, EIO, EROFS = 4, 5, 30
 CHANGING = "open,write,names,flush"
 READING = "openr,read,list,look"
 
-Mode = collections.namedtuple("Mode", "arguments calls lasts kills")
+# deaths: the signals that the program may die of.
+Mode = collections.namedtuple("Mode", "arguments calls lasts deaths")
+KILLED = (9,)
 MODES = {
-    "error": Mode(("--fault", "error"), CHANGING, False, False),
-    "forever": Mode(("--fault", "forever", "--errno", EIO), CHANGING, True, False),
-    "full": Mode(("--fault", "full"), CHANGING, True, False),
-    "readonly": Mode(("--fault", "forever", "--errno", EROFS), CHANGING, True, False),
-    "short": Mode(("--fault", "short"), CHANGING, False, False),
-    "interrupted": Mode(("--fault", "error", "--errno", EINTR), CHANGING, False, False),
-    "kill": Mode(("--fault", "kill"), CHANGING, False, True),
-    "torn": Mode(("--fault", "torn"), CHANGING, False, True),
-    "killed-again": Mode(("--fault", "full"), CHANGING, True, True),
-    "term": Mode(("--signal-at",), CHANGING, False, False),
-    "read": Mode(("--fault", "error", "--errno", EIO), READING, False, False),
-    "lock": Mode(("--fault", "error"), "lock", False, False),
-    "close": Mode(("--fault", "error", "--errno", EIO), "close", False, False),
+    "error": Mode(("--fault", "error"), CHANGING, False, ()),
+    "forever": Mode(("--fault", "forever", "--errno", EIO), CHANGING, True, ()),
+    "full": Mode(("--fault", "full"), CHANGING, True, ()),
+    "readonly": Mode(("--fault", "forever", "--errno", EROFS), CHANGING, True, ()),
+    "short": Mode(("--fault", "short"), CHANGING, False, ()),
+    "interrupted": Mode(("--fault", "error", "--errno", EINTR), CHANGING, False, ()),
+    "kill": Mode(("--fault", "kill"), CHANGING, False, KILLED),
+    "torn": Mode(("--fault", "torn"), CHANGING, False, KILLED),
+    "killed-again": Mode(("--fault", "full"), CHANGING, True, KILLED),
+    # Before the conversion has begun, the signal ends the program as it would any other.
+    "term": Mode(("--signal-at",), CHANGING, False, (15,)),
+    "read": Mode(("--fault", "error", "--errno", EIO), READING, False, ()),
+    "lock": Mode(("--fault", "error"), "lock", False, ()),
+    "close": Mode(("--fault", "error", "--errno", EIO), "close", False, ()),
 }
 # Allocations are not calls that a tracer sees; a library that is loaded first lets them fail. A
 # program may die of it.
 ALLOCATION = "allocation"
-ALLOCATION_MODE = Mode((), CHANGING, False, True)
+ALLOCATION_MODE = Mode((), CHANGING, False, (6, 11))
 KILLED_AGAIN_AFTER = (1, 2, 3, 5, 8, 13, 21, 34, 55)
 
 IMPORT = ("import", "--yes", "{area}/ix", "{area}/" + PACKAGE)
@@ -128,8 +131,7 @@ class Sweep:
         return happened, text
 
     def outcome(self, happened, text, mode):
-        deaths = (6, 9, 11) if mode is ALLOCATION_MODE else (9,)
-        killed = mode.kills and happened["signal"] in deaths and not happened["timeout"]
+        killed = happened["signal"] in mode.deaths and not happened["timeout"]
         crashed = ""
         if happened["timeout"]:
             crashed = "no end"
