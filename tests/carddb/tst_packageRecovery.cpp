@@ -1,62 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCPackageRecovery.h"
 
-#include "carddb/DBCImportJournal.h"
-#include "carddb/DBCPackageCopy.h"
 #include "carddb/DBCPackageGuard.h"
 #include "tests/carddb/TransferFixture.h"
 #include "tests/support/AsOrdinaryUser.h"
-#include "tests/support/FolderSnapshot.h"
+#include "tests/support/DeadImport.h"
 #include "tests/support/ScopedMode.h"
-#include "tests/support/StandardInputKeeper.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QtTest>
 
-#include <memory>
-
 using Stage = DBCImportJournal::Stage;
 using State = DBCPackageRecovery::State;
 
 namespace {
 
-// A package with a card, its backup, and what a program that died left of an import.
-struct DeadImport {
-    explicit DeadImport(Stage stage)
-    {
-        package.card();
-        if (!DBCPackageCopy().copy(package.path(), backup))
-            qFatal("no backup");
-        original = snapshotOf(backup);
-        const auto journal = DBCImportJournal::begin(package.path(), backup);
-        const bool isNoted = stage == Stage::Backup || journal->enterImport(QStringLiteral("NEW-"));
-        if (!isNoted
-            || (stage != Stage::Import && stage != Stage::Backup && !journal->enter(stage)))
-            qFatal("no journal");
-    }
-
-    // Cards and files of the import, as far as it came.
-    void hasNewCards(int count)
-    {
-        for (int number = 1; number <= count; ++number)
-            package.card({{"ZCARDID", QStringLiteral("NEW-%1").arg(number)}});
-        package.writeFile(QStringLiteral("Images/NEW-1_N1.pdf"), "new");
-    }
-    bool hasJournal() const
-    {
-        return QFileInfo::exists(home.path(QStringLiteral(".Velmora DB.vmdb.velmora-import")));
-    }
-    State stateFound() const { return DBCPackageRecovery(package.path()).state(); }
-
-    StandardInputKeeper standardInput;
-    TestHome home;
-    PackageFixture package {home};
-    RecordedLog log;
-    QString backup = home.path(QStringLiteral("Velmora DB_bak.vmdb"));
-    QStringList original;
-};
+State stateFound(const DeadImport& dead)
+{
+    return DBCPackageRecovery(dead.package.path()).state();
+}
 
 } // namespace
 
@@ -80,7 +44,7 @@ private Q_SLOTS:
     {
         DeadImport dead(Stage::Backup);
         dead.home.writeFile(QStringLiteral(".Velmora DB_bak.vmdb.velmora-copy/half"), "half");
-        QCOMPARE(dead.stateFound(), State::Nothing);
+        QCOMPARE(stateFound(dead), State::Nothing);
         QVERIFY(!dead.hasJournal());
         QVERIFY(!QFileInfo::exists(
             dead.home.path(QStringLiteral(".Velmora DB_bak.vmdb.velmora-copy"))));
@@ -90,7 +54,7 @@ private Q_SLOTS:
     void importThatDiedBehindItsRestoreIsCleanedUp()
     {
         DeadImport dead(Stage::Restored);
-        QCOMPARE(dead.stateFound(), State::Nothing);
+        QCOMPARE(stateFound(dead), State::Nothing);
         QVERIFY(!dead.hasJournal());
     }
 
@@ -108,7 +72,7 @@ private Q_SLOTS:
     {
         DeadImport dead(Stage::Import);
         dead.hasNewCards(2);
-        QCOMPARE(dead.stateFound(), State::Nothing);
+        QCOMPARE(stateFound(dead), State::Nothing);
         QVERIFY(!dead.hasJournal());
         QVERIFY(QFileInfo::exists(dead.backup));
     }
@@ -117,7 +81,7 @@ private Q_SLOTS:
     {
         DeadImport dead(Stage::Restore);
         dead.hasNewCards(1);
-        QCOMPARE(dead.stateFound(), State::Unfinished);
+        QCOMPARE(stateFound(dead), State::Unfinished);
         QVERIFY(dead.hasJournal());
     }
 
@@ -144,7 +108,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, store);
         DeadImport dead(Stage::Import);
         dead.package.writeFile(QStringLiteral("Velmora.sqldb"), store);
-        QCOMPARE(dead.stateFound(), State::Unfinished);
+        QCOMPARE(stateFound(dead), State::Unfinished);
     }
 
     void restoreBringsThePackageBackAndKeepsTheBackup()
@@ -165,15 +129,16 @@ private Q_SLOTS:
         DeadImport dead(Stage::Import);
         QVERIFY(QDir(dead.backup).removeRecursively());
         const auto before = dead.package.contents();
+        const RecordedLog log;
         {
             DBCPackageRecovery recovery(dead.package.path());
             QCOMPARE(recovery.restore(), DBCResultCode::RestoreFailure);
             QCOMPARE(recovery.state(), State::Unfinished);
         }
         QCOMPARE(dead.package.contents(), before);
-        QCOMPARE(dead.log.errors.size(), 1);
-        QVERIFY(dead.log.errors.constFirst().contains(dead.backup));
-        QCOMPARE(dead.stateFound(), State::Unfinished);
+        QCOMPARE(log.errors.size(), 1);
+        QVERIFY(log.errors.constFirst().contains(dead.backup));
+        QCOMPARE(stateFound(dead), State::Unfinished);
     }
 
     void journalThatNamesNoBackupCannotBeRestoredFrom()
@@ -216,7 +181,7 @@ private Q_SLOTS:
         const AsOrdinaryUser user;
         DeadImport dead(Stage::Backup);
         const ScopedMode mode(dead.home.path(), S_IRUSR | S_IXUSR);
-        QCOMPARE(dead.stateFound(), State::Unreadable);
+        QCOMPARE(stateFound(dead), State::Unreadable);
     }
 
     void savedImportInAReadOnlyFolderIsNotTakenForSettled()
@@ -225,18 +190,17 @@ private Q_SLOTS:
         DeadImport dead(Stage::Import);
         dead.hasNewCards(1);
         const ScopedMode mode(dead.home.path(), S_IRUSR | S_IXUSR);
-        QCOMPARE(dead.stateFound(), State::Unreadable);
+        QCOMPARE(stateFound(dead), State::Unreadable);
     }
 
     void journalThatMayNotBeReadIsReported()
     {
         const AsOrdinaryUser user;
         DeadImport dead(Stage::Import);
-        const ScopedMode mode(dead.home.path(QStringLiteral(".Velmora DB.vmdb.velmora-import")), 0);
+        const ScopedMode mode(dead.journalPath(), 0);
         const DBCPackageRecovery recovery(dead.package.path());
         QCOMPARE(recovery.state(), State::Unreadable);
-        QCOMPARE(recovery.journalPath(),
-            dead.home.path(QStringLiteral(".Velmora DB.vmdb.velmora-import")));
+        QCOMPARE(recovery.journalPath(), dead.journalPath());
     }
 
     void runningImportIsInUse()
@@ -253,10 +217,10 @@ private Q_SLOTS:
     {
         DeadImport dead(Stage::Backup);
         auto reading = DBCPackageGuard::hold(dead.package.path(), DBCPackageGuard::Use::Reading);
-        QCOMPARE(dead.stateFound(), State::InUse);
+        QCOMPARE(stateFound(dead), State::InUse);
         QVERIFY(dead.hasJournal());
         reading.reset();
-        QCOMPARE(dead.stateFound(), State::Nothing);
+        QCOMPARE(stateFound(dead), State::Nothing);
     }
 
     void packageThatSomebodyBeginsToReadIsNotRestoredOver()

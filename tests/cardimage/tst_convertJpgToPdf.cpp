@@ -125,6 +125,14 @@ QByteArray smallPicture()
     return JpegBuilder(40, 20).dotsPerInch(300, 300).bytes();
 }
 
+// Far more bytes than a file's buffer takes.
+QByteArray noisyPicture()
+{
+    QImage noise(300, 200, QImage::Format_RGB888);
+    QRandomGenerator(1).generate(noise.bits(), noise.bits() + noise.sizeInBytes());
+    return JpegBuilder(noise).fullColor().quality(100).bytes();
+}
+
 // Exit code 0 and the output.
 QByteArray outputOf(const QString& program, const QStringList& arguments)
 {
@@ -552,16 +560,17 @@ void tst_convertJpgToPdf::failedMeasurementIsReported()
 void tst_convertJpgToPdf::diskThatFillsUpWhileThePdfIsWrittenIsNoSpace()
 {
     const TestHome home;
-    const QString jpeg = home.writeFile(QStringLiteral("a.jpg"), smallPicture());
-    QCOMPARE(convertJPG2PDF({jpeg}, QStringLiteral("/dev/full")), DBCResultCode::NoSpaceForImport);
+    for (const QByteArray& bytes : {smallPicture(), noisyPicture()}) {
+        const QString jpeg = home.writeFile(QStringLiteral("a.jpg"), bytes);
+        QCOMPARE(
+            convertJPG2PDF({jpeg}, QStringLiteral("/dev/full")), DBCResultCode::NoSpaceForImport);
+    }
 }
 
 void tst_convertJpgToPdf::writeThatIsRefusedInThePictureIsAPdfFailure()
 {
-    QImage noise(300, 200, QImage::Format_RGB888);
-    QRandomGenerator(1).generate(noise.bits(), noise.bits() + noise.sizeInBytes());
     Conversion conversion;
-    conversion.add(JpegBuilder(noise).fullColor().quality(100).bytes());
+    conversion.add(noisyPicture());
     {
         const FileSizeLimit limit(8192);
         QCOMPARE(conversion.run(), DBCResultCode::PdfCreateFailure);

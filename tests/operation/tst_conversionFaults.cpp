@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Whole conversions that meet what goes wrong outside of them.
+#include "carddb/DBCPackageGuard.h"
+#include "datafile/DBCLocalizable.h"
 #include "tests/operation/ConversionWorld.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/FileSizeLimit.h"
@@ -44,6 +46,9 @@ private Q_SLOTS:
     void diskThatFillsUpInTheDataFileEndsTheExport();
     void packageFolderThatCannotBeWrittenIsNotImportedInto();
     void dataFileThatCannotBeReadLeavesThePackageAsItWas();
+
+    void packageThatAnotherConversionChangesIsNotOpened();
+    void packageThatAnotherConversionReadsIsOnlyExported();
 };
 
 void tst_conversionFaults::importWithoutALogStoresTheCards()
@@ -165,6 +170,30 @@ void tst_conversionFaults::dataFileThatCannotBeReadLeavesThePackageAsItWas()
     QCOMPARE(world.controller->outcome().code, DBCResultCode::DataFileOpenFailure);
     QCOMPARE(world.presenter.numbers, QList<quint32> {310});
     QCOMPARE(world.package.contents(), before);
+}
+
+void tst_conversionFaults::packageThatAnotherConversionChangesIsNotOpened()
+{
+    World world;
+    const auto other = DBCPackageGuard::hold(world.package.path(), DBCPackageGuard::Use::Changing);
+    const auto before = world.package.contents();
+    for (const bool isImport : {true, false}) {
+        QVERIFY(isImport ? !world.importCards() : !world.exportCards());
+        QCOMPARE(world.controller->outcome().code, DBCResultCode::DatabaseOpenFailure);
+    }
+    QCOMPARE(world.presenter.numbers, (QList<quint32> {313, 208}));
+    QVERIFY(world.home.logText().contains(
+        getLocalString(QStringLiteral("IDS_LOG_ERR_PACKAGE_IN_USE"), {world.package.path()})));
+    QCOMPARE(world.package.contents(), before);
+}
+
+void tst_conversionFaults::packageThatAnotherConversionReadsIsOnlyExported()
+{
+    World world;
+    const auto other = DBCPackageGuard::hold(world.package.path(), DBCPackageGuard::Use::Reading);
+    QVERIFY(!world.importCards());
+    QCOMPARE(world.controller->outcome().code, DBCResultCode::DatabaseOpenFailure);
+    QVERIFY(world.exportCards());
 }
 
 QTEST_GUILESS_MAIN(tst_conversionFaults)

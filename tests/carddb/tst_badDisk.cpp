@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The card database where one kind of system call fails: a disk that goes bad at the worst moment.
+#include "carddb/DBCCard.h"
+#include "carddb/DBCImportJournal.h"
+#include "carddb/DBCManagedObjectContext.h"
+#include "carddb/DBCPackageCopy.h"
+#include "carddb/DBCPackageRecovery.h"
+#include "carddb/DBCPackageRestore.h"
+#include "tests/carddb/AttachmentFixture.h"
+#include "tests/support/DeadImport.h"
+#include "tests/support/FailingCall.h"
+#include "tests/support/ScopedHost.h"
+
+#include <QtTest>
+
+#include <cerrno>
+
+using Key = DBCRecordKey;
+using Journal = DBCImportJournal;
+
+namespace {
+
+const QString cardId = QStringLiteral("0A1B-1");
+const QString named = QStringLiteral("plans");
+
+struct Database : TransferFixture {
+    Database()
+    {
+        // "du" would fail with the rest.
+        const QString program
+            = home.writeFile(QStringLiteral("du"), "#!/bin/sh\nprintf '4\\t%s\\n' \"$3\"\n");
+        QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
+        host->diskUsageProgram = program;
+    }
+
+    StandardInputKeeper standardInput;
+    ScopedHost host;
+};
+
+} // namespace
+
+class tst_badDisk : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        if (!FailingCall(SYS_fsync, EIO).during([] {}))
+            QSKIP("calls cannot be made to fail here");
+    }
+
+    void cardsAreNotSavedBeforeTheirFilesAreOnTheDisk()
+    {
+        Database f;
+        f.database->managedObjectContext()->insertNewCard();
+        const auto before = f.package.contents();
+        auto code = DBCResultCode::Success;
+        QVERIFY(FailingCall(SYS_syncfs, EIO).during([&] { code = f.database->save(); }));
+        QCOMPARE(code, DBCResultCode::DatabaseSaveFailure);
+        QCOMPARE(f.log.errors,
+            QStringList {Database::text("IDS_LOG_ERR_DISK_FLUSH", {f.package.path()})});
+        QCOMPARE(f.package.contents(), before);
+    }
+
+    void storeThatCannotBeFlushedIsNotSavedInto()
+    {
+        Database f;
+        f.database->managedObjectContext()->insertNewCard();
+        auto code = DBCResultCode::Success;
+        QVERIFY(FailingCall(SYS_fdatasync, EIO).during([&] { code = f.database->save(); }));
+        QCOMPARE(code, DBCResultCode::DatabaseSaveFailure);
+        f.database.reset();
+        QCOMPARE(f.package.value(QStringLiteral("SELECT count(*) FROM ZCARD")).toInt(), 0);
+    }
+
+    void saveWithoutNewCardsAsksNothingOfTheDisk()
+    {
+        Database f;
+        auto code = DBCResultCode::GeneralFailure;
+        QVERIFY(FailingCall(SYS_syncfs, EIO).during([&] { code = f.database->save(); }));
+        QCOMPARE(code, DBCResultCode::Success);
+    }
+
+    void attachmentsThatCannotBeListedStopTheImport()
+    {
+        Database f;
+        f.folder.attachment(named, QStringLiteral("a.txt"), "a");
+        QVERIFY(FailingCall(SYS_getdents64, EIO).during([&] {
+            f.database->_addAttachFileIntoDB(f.folder.path(),
+                Database::record({{Key::attachmentFile, named}}), cardId, &f.error);
+        }));
+        QCOMPARE(f.error.code(), DBCResultCode::AttachmentImportFailure);
+        QVERIFY(copyFailureWasLogged(f.log));
+    }
+
+    void attachmentsThatCannotBeListedStopTheExport()
+    {
+        Database f;
+        f.package.writeFile(QStringLiteral("Files/0A1B-1/a.txt"), "a");
+        QVERIFY(FailingCall(SYS_getdents64, EIO).during([&] {
+            f.database->_exportAttachFile(Database::record({{Key::cardID, cardId}}),
+                f.home.path(QStringLiteral("export")), &f.error);
+        }));
+        QCOMPARE(f.error.code(), DBCResultCode::AttachmentExportFailure);
+        QVERIFY(copyFailureWasLogged(f.log));
+    }
+
+    void attachmentFolderThatCannotBeOpenedStopsTheImport()
+    {
+        Database f;
+        f.folder.attachment(named, QStringLiteral("a.txt"), "a");
+        QVERIFY(FailingCall(SYS_openat2, EIO).during([&] {
+            f.database->_addAttachFileIntoDB(f.folder.path(),
+                Database::record({{Key::attachmentFile, named}}), cardId, &f.error);
+        }));
+        QCOMPARE(f.error.code(), DBCResultCode::AttachmentImportFailure);
+        QVERIFY(copyFailureWasLogged(f.log));
+    }
+
+    void storedFolderThatLeadsOutIsPassedOverWithAWarning()
+    {
+        Database f;
+        f.home.writeFile(QStringLiteral("outside/secret.txt"), "secret");
+        QVERIFY(QFile::link(
+            f.home.path(QStringLiteral("outside")), f.packagePath(QStringLiteral("Files/0A1B-1"))));
+        const QString target = f.home.path(QStringLiteral("export"));
+        QCOMPARE(f.database->_exportAttachFile(
+                     Database::record({{Key::cardID, cardId}}), target, &f.error),
+            QStringLiteral(""));
+        QVERIFY(!f.error);
+        QCOMPARE(f.log.warnings.size(), 1);
+        QVERIFY(f.log.warnings.constFirst().contains(cardId));
+        QVERIFY(!QFileInfo::exists(target));
+    }
+
+    // The journal of an import
+
+    void journalThatIsNotOnTheDiskIsNone_data()
+    {
+        QTest::addColumn<qlonglong>("call");
+        QTest::newRow("its bytes") << qlonglong(SYS_fdatasync);
+        QTest::newRow("its name") << qlonglong(SYS_fsync);
+        QTest::newRow("its lock") << qlonglong(SYS_flock);
+    }
+    void journalThatIsNotOnTheDiskIsNone()
+    {
+        QFETCH(qlonglong, call);
+        const TestHome home;
+        const PackageFixture package(home);
+        std::unique_ptr<Journal> journal;
+        QVERIFY(FailingCall(call, EIO).during([&] {
+            journal = Journal::begin(package.path(), home.path(QStringLiteral("bak.vmdb")));
+        }));
+        QVERIFY(!journal);
+        QCOMPARE(Journal::find(package.path()).search, Journal::Search::None);
+    }
+
+    void journalThatFailsToBeReadIsUnreadable()
+    {
+        const DeadImport dead(Journal::Stage::Import);
+        auto search = Journal::Search::None;
+        QVERIFY(FailingCall(SYS_pread64, EIO).during([&] {
+            search = Journal::find(dead.package.path()).search;
+        }));
+        QCOMPARE(search, Journal::Search::Unreadable);
+    }
+
+    void journalWhoseRemovalIsNotOnTheDiskIsNotSettled()
+    {
+        const DeadImport dead(Journal::Stage::Import);
+        bool isKept = true;
+        QVERIFY(FailingCall(SYS_fsync, EIO).during([&] {
+            isKept = DBCPackageRecovery(dead.package.path()).keep();
+        }));
+        QVERIFY(!isKept);
+    }
+
+    void backupWhoseJournalCannotBeKeptIsNone()
+    {
+        Database f;
+        auto code = DBCResultCode::Success;
+        QVERIFY(FailingCall(SYS_fdatasync, EIO).during([&] { code = f.database->backup(); }));
+        QCOMPARE(code, DBCResultCode::BackupFailure);
+        QCOMPARE(f.log.errors.size(), 1);
+        QVERIFY(f.log.errors.constFirst().contains(QStringLiteral("velmora-import")));
+        QVERIFY(!QFileInfo::exists(f.home.path(QStringLiteral("Velmora DB_bak.vmdb"))));
+    }
+
+    void finishedImportWhoseJournalStaysIsDone()
+    {
+        Database f;
+        QCOMPARE(f.database->backup(), DBCResultCode::Success);
+        QVERIFY(FailingCall(SYS_fsync, EIO).during([&] { f.database->endImport(); }));
+        QVERIFY(f.log.isEmpty());
+        QVERIFY(f.home.logText().contains(QStringLiteral("velmora-import")));
+    }
+
+    // Backups
+
+    void copyIsNoneUntilItIsOnTheDisk_data()
+    {
+        QTest::addColumn<qlonglong>("call");
+        QTest::newRow("its files") << qlonglong(SYS_syncfs);
+        QTest::newRow("its name") << qlonglong(SYS_fsync);
+        QTest::newRow("its move") << qlonglong(SYS_renameat2);
+    }
+    void copyIsNoneUntilItIsOnTheDisk()
+    {
+        QFETCH(qlonglong, call);
+        const TestHome home;
+        const PackageFixture package(home);
+        const QString copy = home.path(QStringLiteral("copy.vmdb"));
+        bool isCopied = true;
+        QVERIFY(FailingCall(call, EIO).during(
+            [&] { isCopied = DBCPackageCopy().copy(package.path(), copy); }));
+        QVERIFY(!isCopied);
+        QStringList names = entries(home.path());
+        names.removeAll(QStringLiteral("home"));
+        QCOMPARE(names, QStringList {QStringLiteral("Velmora DB.vmdb")});
+    }
+
+    void restoreThatFailsKeepsTheBackup()
+    {
+        const DeadImport dead(Journal::Stage::Import);
+        auto code = DBCResultCode::Success;
+        QVERIFY(FailingCall(SYS_copy_file_range, EIO).during([&] {
+            code = DBCPackageRestore::restore(dead.package.path(), dead.backup);
+        }));
+        QCOMPARE(code, DBCResultCode::RestoreFailure);
+        QCOMPARE(snapshotOf(dead.backup), dead.original);
+        QCOMPARE(
+            DBCPackageRestore::restore(dead.package.path(), dead.backup), DBCResultCode::Success);
+        QCOMPARE(snapshotOf(dead.package.path()), dead.original);
+    }
+
+    void packageThatCannotBeRemovedIsNotRestoredOver()
+    {
+        const DeadImport dead(Journal::Stage::Import);
+        dead.package.writeFile(QStringLiteral("new"), "new");
+        const QStringList before = snapshotOf(dead.package.path());
+        auto code = DBCResultCode::Success;
+        QVERIFY(FailingCall(SYS_unlinkat, EIO).during([&] {
+            code = DBCPackageRestore::restore(dead.package.path(), dead.backup);
+        }));
+        QCOMPARE(code, DBCResultCode::RestoreFailure);
+        QCOMPARE(snapshotOf(dead.package.path()), before);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_badDisk)
+#include "tst_badDisk.moc"

@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Copies, comparisons and questions about files where one kind of system call fails.
+#include "operation/DBCDescriptor.h"
+#include "operation/DBCDiskFlush.h"
+#include "operation/DBCExtendedAttributes.h"
+#include "operation/DBCHost.h"
+#include "operation/DBCOpenInside.h"
+#include "operation/DBCStandardDescriptors.h"
+#include "operation/DBCTreeComparison.h"
+#include "operation/DBCTreeCopy.h"
+#include "tests/support/FailingCall.h"
+#include "tests/support/TestHome.h"
+
+#include <QFile>
+#include <QScopeGuard>
+#include <QtTest>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+
+namespace {
+
+struct Tree {
+    Tree()
+    {
+        home.writeFile(QStringLiteral("tree/file"), "text");
+        home.writeFile(QStringLiteral("tree/folder/inner"), "inner");
+        QFile::link(QStringLiteral("file"), home.path(QStringLiteral("tree/link")));
+    }
+
+    TestHome home;
+    QByteArray source = QFile::encodeName(home.makeFolder(QStringLiteral("tree")));
+    QByteArray target = QFile::encodeName(home.path(QStringLiteral("copy")));
+};
+
+DBCDescriptor opened(const QString& path)
+{
+    return DBCDescriptor(open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC));
+}
+
+// False where this user or file system cannot.
+bool setImmutable(const QString& path, bool immutable)
+{
+    const DBCDescriptor file = opened(path);
+    int flags = 0;
+    if (ioctl(file.get(), FS_IOC_GETFLAGS, &flags) != 0)
+        return false;
+    flags = immutable ? flags | FS_IMMUTABLE_FL : flags & ~FS_IMMUTABLE_FL;
+    return ioctl(file.get(), FS_IOC_SETFLAGS, &flags) == 0;
+}
+
+} // namespace
+
+class tst_badDisk_files : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        if (!FailingCall(SYS_fsync, EIO).during([] {}))
+            QSKIP("calls cannot be made to fail here");
+    }
+
+    void copyThatFailsInTheMiddleSaysSo_data()
+    {
+        QTest::addColumn<qlonglong>("call");
+        QTest::newRow("resolving") << qlonglong(SYS_readlink);
+        QTest::newRow("looking") << qlonglong(SYS_newfstatat);
+        QTest::newRow("opening") << qlonglong(SYS_openat);
+        QTest::newRow("listing") << qlonglong(SYS_getdents64);
+        QTest::newRow("contents") << qlonglong(SYS_copy_file_range);
+        QTest::newRow("reading a link") << qlonglong(SYS_readlinkat);
+        QTest::newRow("making a link") << qlonglong(SYS_symlinkat);
+        QTest::newRow("making a folder") << qlonglong(SYS_mkdirat);
+        QTest::newRow("permissions") << qlonglong(SYS_fchmod);
+        QTest::newRow("times") << qlonglong(SYS_utimensat);
+        QTest::newRow("listing attributes") << qlonglong(SYS_flistxattr);
+        QTest::newRow("closing") << qlonglong(SYS_close);
+    }
+    void copyThatFailsInTheMiddleSaysSo()
+    {
+        QFETCH(qlonglong, call);
+        const Tree tree;
+        bool isCopied = true;
+        QVERIFY(FailingCall(call, EIO).during(
+            [&] { isCopied = DBCTreeCopy().copy(tree.source, tree.target); }));
+        QVERIFY(!isCopied);
+    }
+
+    void ownerThatCannotBeKeptIsNoFailure()
+    {
+        const Tree tree;
+        bool isCopied = false;
+        QVERIFY(FailingCall(SYS_fchown, EPERM).during([&] {
+            isCopied = DBCTreeCopy().copy(tree.source, tree.target);
+        }));
+        QVERIFY(isCopied);
+    }
+
+    void comparisonThatFailsFindsNothingTheSame_data()
+    {
+        QTest::addColumn<qlonglong>("call");
+        QTest::newRow("looking") << qlonglong(SYS_newfstatat);
+        QTest::newRow("opening") << qlonglong(SYS_openat);
+        QTest::newRow("listing") << qlonglong(SYS_getdents64);
+        QTest::newRow("reading") << qlonglong(SYS_read);
+        QTest::newRow("reading a link") << qlonglong(SYS_readlinkat);
+    }
+    void comparisonThatFailsFindsNothingTheSame()
+    {
+        QFETCH(qlonglong, call);
+        const Tree tree;
+        QVERIFY(DBCTreeCopy().copy(tree.source, tree.target));
+        QVERIFY(DBCTreeComparison().areEqual(tree.source, tree.target));
+        bool areEqual = true;
+        QVERIFY(FailingCall(call, EIO).during(
+            [&] { areEqual = DBCTreeComparison().areEqual(tree.source, tree.target); }));
+        QVERIFY(!areEqual);
+    }
+
+    void failedFlushIsToldAndWorksAgainLater()
+    {
+        const TestHome home;
+        bool disk = true;
+        bool folder = true;
+        QVERIFY(FailingCall(SYS_syncfs, EIO).during([&] {
+            disk = DBCDiskFlush::fileSystemOf(home.path());
+        }));
+        QVERIFY(FailingCall(SYS_fsync, EIO).during([&] {
+            folder = DBCDiskFlush::folder(home.path());
+        }));
+        QVERIFY(!disk);
+        QVERIFY(!folder);
+        QVERIFY(DBCDiskFlush::fileSystemOf(home.path()));
+        QVERIFY(DBCDiskFlush::folder(home.path()));
+        QVERIFY(!DBCDiskFlush::fileSystemOf(home.path(QStringLiteral("none"))));
+        QVERIFY(!DBCDiskFlush::folder(home.path(QStringLiteral("none"))));
+    }
+
+    void attributesThatCannotBeKept_data()
+    {
+        QTest::addColumn<qlonglong>("call");
+        QTest::addColumn<int>("error");
+        QTest::addColumn<bool>("isFailure");
+        const auto row = [](const char* name, long call, int error, bool isFailure) {
+            QTest::newRow(name) << qlonglong(call) << error << isFailure;
+        };
+        row("a list that cannot be read", SYS_flistxattr, EIO, true);
+        row("a system without them", SYS_flistxattr, ENOSYS, false);
+        row("a value that cannot be read", SYS_fgetxattr, EIO, true);
+        row("a value that vanished", SYS_fgetxattr, ENODATA, false);
+        row("a full disk", SYS_fsetxattr, ENOSPC, true);
+        row("a target without them", SYS_fsetxattr, EOPNOTSUPP, false);
+    }
+    void attributesThatCannotBeKept()
+    {
+        QFETCH(qlonglong, call);
+        QFETCH(int, error);
+        QFETCH(bool, isFailure);
+        const TestHome home;
+        const DBCDescriptor from = opened(home.writeFile(QStringLiteral("from"), "x"));
+        const DBCDescriptor to = opened(home.writeFile(QStringLiteral("to"), "x"));
+        if (fsetxattr(from.get(), "user.comment", "x", 1, 0) != 0)
+            QSKIP("this file system keeps no attributes");
+        bool areCopied = isFailure;
+        QVERIFY(FailingCall(call, error).during([&] {
+            areCopied = copyExtendedAttributes(from.get(), to.get());
+        }));
+        QCOMPARE(areCopied, !isFailure);
+    }
+
+    void oldSystemOpensNoLinksAtTheEnd()
+    {
+        const Tree tree;
+        const QString folder = tree.home.path(QStringLiteral("tree"));
+        int file = -1;
+        int link = 0;
+        QVERIFY(FailingCall(SYS_openat2, ENOSYS).during([&] {
+            file = openInside(folder, folder + QStringLiteral("/folder/inner"), O_RDONLY).get();
+            link = openInside(folder, folder + QStringLiteral("/link"), O_RDONLY).get();
+        }));
+        QVERIFY(file >= 0);
+        QCOMPARE(link, -1);
+    }
+
+    void immutableAttributeIsSeenOnAnOldSystem()
+    {
+        const TestHome home;
+        const QString file = home.writeFile(QStringLiteral("file"), "x");
+        const QString pipe = home.path(QStringLiteral("pipe"));
+        QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        const bool canBeSet = setImmutable(file, true);
+        const auto cleared = qScopeGuard([&file] { setImmutable(file, false); });
+        const DBCHost host = DBCHost::real();
+        QVERIFY(FailingCall(SYS_statx, ENOSYS).during([&] {
+            QCOMPARE(host.isImmutable(file), std::optional(canBeSet));
+            QCOMPARE(host.isImmutable(home.path()), std::optional(false));
+            QCOMPARE(host.isImmutable(pipe), std::optional(false));
+            QCOMPARE(host.isImmutable(home.path(QStringLiteral("none"))), std::nullopt);
+            QCOMPARE(host.isImmutable(QStringLiteral("/proc/self/comm")), std::optional(false));
+        }));
+    }
+
+    void attributesThatCannotBeReadAreNotTakenForNone()
+    {
+        const TestHome home;
+        std::optional<bool> byName = false;
+        std::optional<bool> byFlags = false;
+        const DBCHost host = DBCHost::real();
+        QVERIFY(
+            FailingCall(SYS_statx, EIO).during([&] { byName = host.isImmutable(home.path()); }));
+        QVERIFY(FailingCall(SYS_statx, ENOSYS).during([&] {
+            QVERIFY(FailingCall(SYS_ioctl, EIO).during([&] {
+                byFlags = host.isImmutable(home.path());
+            }));
+        }));
+        QCOMPARE(byName, std::nullopt);
+        QCOMPARE(byFlags, std::nullopt);
+    }
+
+    void processWithoutFreeDescriptorsKeepsThoseItHas()
+    {
+        QVERIFY(FailingCall(SYS_openat, EMFILE).during(keepStandardDescriptorsOpen));
+        QVERIFY(fcntl(STDERR_FILENO, F_GETFD) != -1);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_badDisk_files)
+#include "tst_badDisk_files.moc"
