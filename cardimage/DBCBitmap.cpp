@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cardimage/DBCBitmap.h"
 
+#include <new>
+
 bool DBCBitmap::canHold(QSizeF size, int bitsPerPixel)
 {
     return size.width() >= 1 && size.height() >= 1
@@ -12,6 +14,8 @@ DBCBitmap DBCBitmap::blank(QSize size, QImage::Format format, ColorModel model)
     if (!canHold(size, QImage::toPixelFormat(format).bitsPerPixel()))
         return {};
     QImage pixels(size, format);
+    if (pixels.isNull())
+        throw std::bad_alloc();
     if (format == QImage::Format_Mono)
         pixels.setColorTable({qRgb(255, 255, 255), qRgb(0, 0, 0)});
     pixels.fill(0);

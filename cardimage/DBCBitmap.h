@@ -21,7 +21,7 @@ struct DBCBitmap {
     static bool canHold(QSizeF size, int bitsPerPixel);
 
     // All bits clear: white when the format is Format_Mono, transparent or black otherwise. A null
-    // bitmap when canHold() refuses the size.
+    // bitmap when canHold() refuses the size; std::bad_alloc when there is no memory for it.
     static DBCBitmap blank(QSize size, QImage::Format format, ColorModel model);
     // The point size is the pixel size.
     static DBCBitmap of(const QImage& pixels, ColorModel model);

@@ -2,6 +2,7 @@
 #include "cardimage/DBCCardPdf.h"
 
 #include "cardimage/DBCBitmapImageRep.h"
+#include "cardimage/DBCPdfMemory.h"
 #include "cardimage/DBCPdfPageImage.h"
 #include "cardimage/DBCPdfText.h"
 
@@ -80,6 +81,7 @@ DBCResultCode acquirePages(const QString& path, DBCBitmap* outFace, CardImageInf
         code = acquirePage(pages[0], &descriptor, outFace, outFaceInfo);
     if (outBack && pages.size() > 1 && code == DBCResultCode::Success)
         code = acquirePage(pages[1], &descriptor, outBack, outBackInfo);
+    expectEnoughMemory(document);
     return code;
 }
 
@@ -94,14 +96,18 @@ DBCResultCode CheckPdfFile(const QString& path, qint32* pageCount)
     try {
         QPDF document;
         open(&document, path);
-        if (!isByKnownProducer(&document))
+        const bool isCard = isByKnownProducer(&document);
+        expectEnoughMemory(document);
+        if (!isCard)
             return DBCResultCode::PdfNotCard;
         if (hasPageText(&document, path))
             return DBCResultCode::PdfCardWithText;
         if (pageCount)
             *pageCount = static_cast<qint32>(document.getAllPages().size());
+        expectEnoughMemory(document);
         return DBCResultCode::PdfCardImageOnly;
-    } catch (const std::exception&) {
+    } catch (const std::exception& exception) {
+        rethrowIfOutOfMemory(exception);
         return DBCResultCode::PdfNotCard;
     }
 }
@@ -115,7 +121,8 @@ DBCResultCode AcquireCardImageFromPDF(const QString& path, DBCBitmap* outFace,
     } else {
         try {
             code = acquirePages(path, outFace, outFaceInfo, outBack, outBackInfo);
-        } catch (const std::exception&) {
+        } catch (const std::exception& exception) {
+            rethrowIfOutOfMemory(exception);
             // A document that cannot be opened or followed has no page either.
         }
     }

@@ -6,6 +6,7 @@
 #include "cardimage/DBCDiskUsage.h"
 #include "cardimage/DBCJpegCodec.h"
 #include "cardimage/DBCJpegProperties.h"
+#include "cardimage/DBCPdfMemory.h"
 #include "datafile/DBCCommonFunction.h"
 #include "operation/DBCChecker.h"
 #include "operation/DBCDescriptor.h"
@@ -172,7 +173,8 @@ DBCResultCode convertJPG2PDF(
                 return DBCResultCode::PdfCreateFailure;
         }
         return codeOf(writer.close());
-    } catch (const std::exception&) {
+    } catch (const std::exception& exception) {
+        rethrowIfOutOfMemory(exception);
         return DBCResultCode::PdfCreateFailure;
     }
 }

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
+#include <new>
 #include <vector>
 
 #include <jerror.h>
@@ -34,11 +35,15 @@ public:
 
     jpeg_error_mgr* manager() { return &_trap.manager; }
 
-    // False when the step failed. It must have no locals with destructors: they would not run.
+    // False when the step failed; std::bad_alloc for want of memory. It must have no locals with
+    // destructors: they would not run.
     template <typename Step> bool run(const Step& step)
     {
-        if (setjmp(_trap.target) != 0)
+        if (setjmp(_trap.target) != 0) {
+            if (_trap.manager.msg_code == JERR_OUT_OF_MEMORY)
+                throw std::bad_alloc();
             return false;
+        }
         step();
         return true;
     }

@@ -4,6 +4,7 @@
 #include "cardimage/DBCBitmap.h"
 #include "cardimage/DBCContentRotation.h"
 #include "cardimage/DBCDecimalNumber.h"
+#include "cardimage/DBCPdfMemory.h"
 #include "cardimage/DBCPdfStreamData.h"
 
 #include <QSizeF>
@@ -216,7 +217,8 @@ DBCResultCode AcquireImageFromPDFPage(
         if (page.isInitialized() && page.isDictionary()
             && acquireImage(page, outData, descriptor, outRotation))
             return DBCResultCode::Success;
-    } catch (const std::exception&) {
+    } catch (const std::exception& exception) {
+        rethrowIfOutOfMemory(exception);
         // A document too damaged to be followed holds no image either.
     }
     return DBCResultCode::NoImageInPdf;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cardimage/DBCPdfStreamData.h"
 
+#include "cardimage/DBCPdfMemory.h"
+
 #include <qpdf/Buffer.hh>
 #include <qpdf/Pipeline.hh>
 #include <qpdf/QPDF.hh>
@@ -42,8 +44,11 @@ QByteArray collect(QPDFObjectHandle& stream, qint64 limit, qpdf_stream_decode_le
 {
     Collector collector(limit);
     try {
-        stream.pipeStreamData(&collector, nullptr, 0, decodeLevel, true, false);
-    } catch (const std::exception&) {
+        // Warnings are kept: by them alone does want of memory show.
+        constexpr bool suppressWarnings = false;
+        stream.pipeStreamData(&collector, nullptr, 0, decodeLevel, suppressWarnings, false);
+    } catch (const std::exception& exception) {
+        rethrowIfOutOfMemory(exception);
         // Damaged data or the limit: what has arrived is the result.
     }
     return collector.bytes();

@@ -74,7 +74,7 @@ void Tracer::goOn(pid_t thread, int status)
     _resumption = PTRACE_CONT;
     if (event == PTRACE_EVENT_SECCOMP)
         atCall(thread);
-    else if (event != 0 || signal == SIGTRAP)
+    else if (event != 0)
         delivered = 0;
     else if (signal == (SIGTRAP | 0x80)) {
         if (thread == _torn)

@@ -56,7 +56,7 @@ MODES = {
 # Allocations are not calls that a tracer sees; a library that is loaded first lets them fail. A
 # program may die of it.
 ALLOCATION = "allocation"
-ALLOCATION_MODE = Mode((), CHANGING, False, (6, 11))
+ALLOCATION_MODE = Mode((), CHANGING, False, (5, 6, 11))
 KILLED_AGAIN_AFTER = (1, 2, 3, 5, 8, 13, 21, 34, 55)
 
 IMPORT = ("import", "--yes", "{area}/ix", "{area}/" + PACKAGE)

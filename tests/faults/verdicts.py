@@ -63,6 +63,10 @@ def spoke(area, run):
     return bool(run.said.strip()) or "[Error]" in log_of(area)
 
 
+def has_warnings(area):
+    return bool(re.search(r"\[(Warning|Error)\]", log_of(area)))
+
+
 def judge_bystanders(before, found, own):
     """What belongs to neither the package nor the export nor the home folder stays as it is."""
     own = [os.fsencode(path) for path in own]
@@ -106,9 +110,9 @@ def judge_done_import(before, area, run, found, imports):
         wrong.append(f"cards without their images: {dict(images)}")
     is_complete = (images == times(before.images, imports)
                    and attachments == times(before.attachments, imports))
-    if not is_complete and run.exit == DONE:
+    if not is_complete and not has_warnings(area):
         wrong.append("files missing without a word")
-    if run.exit == WITH_WARNINGS and not re.search(r"\[(Warning|Error)\]", log_of(area)):
+    if run.exit == WITH_WARNINGS and not has_warnings(area):
         wrong.append("warnings reported that nobody wrote down")
     if not whole_backups(before, area, found):
         wrong.append("success reported without a whole backup")
@@ -162,7 +166,7 @@ def judge_export(before, area, run, is_single_fault):
         wrong.append(f"success reported, but not all is there: {differing[:3]}")
     if run.exit in (FAILED, REFUSED) and not spoke(area, run):
         wrong.append("failed without a message")
-    if run.exit == WITH_WARNINGS and not re.search(r"\[(Warning|Error)\]", log_of(area)):
+    if run.exit == WITH_WARNINGS and not has_warnings(area):
         wrong.append("warnings reported that nobody wrote down")
     if run.exit is None and is_single_fault and b"Version.txt" in exported:
         version = exported[b"Version.txt"].size
