@@ -69,15 +69,6 @@ bool writeWhole(int descriptor, const QByteArray& bytes)
     return written == bytes.size();
 }
 
-bool flushFile(int descriptor)
-{
-    int result = -1;
-    do {
-        result = fdatasync(descriptor);
-    } while (result != 0 && errno == EINTR);
-    return result == 0;
-}
-
 QString folderOf(const QString& path)
 {
     return QFileInfo(path).path();
@@ -161,7 +152,7 @@ QString DBCImportJournal::backupPath() const
 bool DBCImportJournal::append(const QByteArray& line)
 {
     // The first line end closes off what a full disk may have cut short before.
-    return writeWhole(_file.get(), '\n' + line + '\n') && flushFile(_file.get());
+    return writeWhole(_file.get(), '\n' + line + '\n') && DBCDiskFlush::file(_file.get());
 }
 
 bool DBCImportJournal::readStages()

@@ -28,6 +28,11 @@ bool DBCDiskFlush::fileSystemOf(const QString& path)
     return file && untilDone([&] { return syncfs(file.get()); });
 }
 
+bool DBCDiskFlush::file(int descriptor)
+{
+    return untilDone([&] { return fdatasync(descriptor); });
+}
+
 bool DBCDiskFlush::folder(const QString& path)
 {
     const DBCDescriptor folder(

@@ -11,6 +11,9 @@ namespace DBCDiskFlush {
 // could not keep something, on that file system, since it was last asked.
 [[nodiscard]] bool fileSystemOf(const QString& path);
 
+// What was written to one open file, as far as it is needed to read it again.
+[[nodiscard]] bool file(int descriptor);
+
 // The names in one folder: what was made, renamed or removed there.
 [[nodiscard]] bool folder(const QString& path);
 

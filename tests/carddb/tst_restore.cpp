@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/carddb/TransferFixture.h"
+#include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/FolderSnapshot.h"
 #include "tests/support/ScopedHost.h"
 
@@ -16,28 +17,6 @@
 #include <memory>
 
 namespace {
-
-// Root may remove whatever it likes; this drops the right to for as long as it lives.
-class AsOrdinaryUser {
-public:
-    AsOrdinaryUser()
-        : _wasRoot(geteuid() == 0)
-    {
-        constexpr uid_t nobody = 65534;
-        if (_wasRoot && seteuid(nobody) != 0)
-            qFatal("cannot drop root");
-    }
-    ~AsOrdinaryUser()
-    {
-        if (_wasRoot && seteuid(0) != 0)
-            qFatal("cannot become root again");
-    }
-    AsOrdinaryUser(const AsOrdinaryUser&) = delete;
-    AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
-
-private:
-    bool _wasRoot;
-};
 
 void setMode(const QString& path, mode_t mode)
 {

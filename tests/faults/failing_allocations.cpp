@@ -50,11 +50,6 @@ void notePath(const char* path)
         isCounting = true;
 }
 
-template <typename Function> Function next(const char* name)
-{
-    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
-}
-
 __attribute__((destructor)) void writeCount()
 {
     // Not for the tracer and the shells around the program.
@@ -68,9 +63,12 @@ __attribute__((destructor)) void writeCount()
     }
 }
 
-mode_t modeIn(int flags, va_list arguments)
+int openAndNote(const char* function, const char* path, int flags, va_list arguments)
 {
-    return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
+    using Open = int (*)(const char*, int, ...);
+    const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
+    notePath(path);
+    return reinterpret_cast<Open>(dlsym(RTLD_NEXT, function))(path, flags, mode);
 }
 
 } // namespace
@@ -94,26 +92,20 @@ void* realloc(void* block, std::size_t size)
 
 int open64(const char* path, int flags, ...)
 {
-    using Open = int (*)(const char*, int, ...);
-    static const auto real = next<Open>("open64");
     va_list arguments;
     va_start(arguments, flags);
-    const mode_t mode = modeIn(flags, arguments);
+    const int descriptor = openAndNote("open64", path, flags, arguments);
     va_end(arguments);
-    notePath(path);
-    return real(path, flags, mode);
+    return descriptor;
 }
 
 int open(const char* path, int flags, ...)
 {
-    using Open = int (*)(const char*, int, ...);
-    static const auto real = next<Open>("open");
     va_list arguments;
     va_start(arguments, flags);
-    const mode_t mode = modeIn(flags, arguments);
+    const int descriptor = openAndNote("open", path, flags, arguments);
     va_end(arguments);
-    notePath(path);
-    return real(path, flags, mode);
+    return descriptor;
 }
 
 } // extern "C"
