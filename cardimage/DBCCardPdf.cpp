@@ -3,10 +3,10 @@
 
 #include "cardimage/DBCBitmapImageRep.h"
 #include "cardimage/DBCPdfMemory.h"
+#include "cardimage/DBCPdfObjects.h"
 #include "cardimage/DBCPdfPageImage.h"
 #include "cardimage/DBCPdfText.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <qpdf/QPDF.hh>
@@ -15,16 +15,6 @@
 namespace {
 
 constexpr qint32 FullTurn = 360;
-
-// The library's exceptions pass. A document behind a password is one of them.
-void open(QPDF* document, const QString& path)
-{
-    // Opening a pipe would wait for its other end.
-    if (!QFileInfo(path).isFile())
-        throw std::runtime_error("not a file");
-    document->setSuppressWarnings(true);
-    document->processFile(QFile::encodeName(path).constData());
-}
 
 bool isByKnownProducer(QPDF* document)
 {
@@ -71,7 +61,7 @@ DBCResultCode acquirePages(const QString& path, DBCBitmap* outFace, CardImageInf
     DBCBitmap* outBack, CardImageInfo* outBackInfo)
 {
     QPDF document;
-    open(&document, path);
+    openPdf(&document, path);
     const std::vector<QPDFObjectHandle>& pages = document.getAllPages();
     if (pages.empty())
         return DBCResultCode::NoImageInPdf;
@@ -95,7 +85,7 @@ DBCResultCode CheckPdfFile(const QString& path, qint32* pageCount)
         return DBCResultCode::PdfNotExist;
     try {
         QPDF document;
-        open(&document, path);
+        openPdf(&document, path);
         const bool isCard = isByKnownProducer(&document);
         expectEnoughMemory(document);
         if (!isCard)

@@ -2,15 +2,27 @@
 #include "cardimage/DBCPdfDrawing.h"
 
 #include "cardimage/DBCCardPdf.h"
+#include "cardimage/DBCPdfObjects.h"
 
+#include <QDeadlineTimer>
 #include <QFileInfo>
 
 #include <poppler-qt6.h>
+
+#include <chrono>
+#include <cmath>
+#include <vector>
+
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFObjectHandle.hh>
+#include <qpdf/QPDFPageObjectHelper.hh>
 
 namespace {
 
 constexpr int DrawingResolution = 300;
 constexpr double PointsPerInch = 72;
+// A card takes a tenth of a second; a page can be made to take for ever.
+constexpr std::chrono::seconds LongestTime {3};
 
 // What is wrong inside a document shows in what comes out of it; the library would print it.
 void silenceLibrary()
@@ -22,21 +34,100 @@ void silenceLibrary()
     Q_UNUSED(isSilent)
 }
 
-QImage drawFirstPage(Poppler::Document* document)
+qint64 sideOf(QPDFObjectHandle& image, const char* key, const char* shortKey)
+{
+    QPDFObjectHandle side = image.getKey(image.hasKey(key) ? key : shortKey);
+    return side.isNumber() ? static_cast<qint64>(side.getNumericValue()) : 0;
+}
+
+// The library goes over every pixel of an image, however small it is drawn.
+bool isTooLargeImage(QPDFObjectHandle& dictionary)
+{
+    const QSizeF size(
+        double(sideOf(dictionary, "/Width", "/W")), double(sideOf(dictionary, "/Height", "/H")));
+    return !size.isEmpty() && !DBCBitmap::canHold(size, 8);
+}
+
+double numberAt(QPDFObjectHandle array, int index, double missing)
+{
+    if (!array.isArray() || index >= array.getArrayNItems())
+        return missing;
+    QPDFObjectHandle item = array.getArrayItem(index);
+    return item.isNumber() ? item.getNumericValue() : missing;
+}
+
+// It goes over every tile of a pattern as well, and asks nobody in between.
+bool isTooFinePattern(QPDFObjectHandle& dictionary, QSizeF pagePoints)
+{
+    constexpr double mostTiles = 200'000;
+    QPDFObjectHandle across = dictionary.getKey("/XStep");
+    QPDFObjectHandle down = dictionary.getKey("/YStep");
+    if (!across.isNumber() || !down.isNumber())
+        return false;
+    const QPDFObjectHandle matrix = dictionary.getKey("/Matrix");
+    const double scale = numberAt(matrix, 0, 1) * numberAt(matrix, 3, 1)
+        - numberAt(matrix, 1, 0) * numberAt(matrix, 2, 0);
+    const double tile = std::abs(across.getNumericValue() * down.getNumericValue() * scale);
+    return !(pagePoints.width() * pagePoints.height() <= mostTiles * tile);
+}
+
+// True when the first page takes so long to draw that no card can be meant.
+bool isEndless(const QString& path, QSizeF pagePoints)
+{
+    try {
+        QPDF document;
+        openPdf(&document, path);
+        const QPDFObjectHandle page = document.getAllPages().at(0);
+        return reachesDictionary(QPDFPageObjectHelper(page).getAttribute("/Resources", false),
+            [pagePoints](QPDFObjectHandle& dictionary) {
+                return isTooLargeImage(dictionary) || isTooFinePattern(dictionary, pagePoints);
+            });
+    } catch (const std::exception&) {
+        // The other library may see more in a damaged document.
+        return false;
+    }
+}
+
+QImage drawFirstPage(Poppler::Document* document, const QString& path)
 {
     const std::unique_ptr<Poppler::Page> page(document->page(0));
     if (!page)
         return {};
     const QSizeF size = page->pageSizeF() * DrawingResolution / PointsPerInch;
-    if (!DBCBitmap::canHold(size, QImage::toPixelFormat(QImage::Format_RGB32).bitsPerPixel()))
+    if (!DBCBitmap::canHold(size, QImage::toPixelFormat(QImage::Format_RGB32).bitsPerPixel())
+        || isEndless(path, page->pageSizeF()))
         return {};
     document->setPaperColor(Qt::white);
     document->setRenderHint(Poppler::Document::Antialiasing);
     document->setRenderHint(Poppler::Document::TextAntialiasing);
-    return page->renderToImage(DrawingResolution, DrawingResolution);
+    return page->renderToImage(DrawingResolution, DrawingResolution, -1, -1, -1, -1,
+        Poppler::Page::Rotate0, nullptr, nullptr, endWhenTooLong, newDeadline());
+}
+
+QImage drawnOrNull(Poppler::Document* document, const QString& path)
+{
+    try {
+        return drawFirstPage(document, path);
+    } catch (const DBCTakesTooLong&) {
+        return {};
+    }
 }
 
 } // namespace
+
+QVariant newDeadline()
+{
+    return QVariant::fromValue(QDeadlineTimer(LongestTime));
+}
+
+// A plain yes would end the innermost of the library's loops only, of which there can be millions;
+// an exception ends them all, and loses what they hold.
+bool endWhenTooLong(const QVariant& deadline)
+{
+    if (deadline.value<QDeadlineTimer>().hasExpired())
+        throw DBCTakesTooLong();
+    return false;
+}
 
 DBCResultCode AcquireCardImageFromAllPDF(
     const QString& path, std::unique_ptr<Poppler::Document>* outPdfImage)
@@ -59,7 +150,7 @@ DBCResultCode AcquireCardImageFromSearchablePDF(
     std::unique_ptr<Poppler::Document> document;
     if (AcquireCardImageFromAllPDF(path, &document) != DBCResultCode::Success)
         return DBCResultCode::Success;
-    const QImage drawing = drawFirstPage(document.get());
+    const QImage drawing = drawnOrNull(document.get(), path);
     if (drawing.isNull())
         return DBCResultCode::PdfToJpegFailure;
     *outBitmap = DBCBitmap::of(drawing, DBCBitmap::ColorModel::CalibratedRGB);

@@ -4,12 +4,21 @@
 #include "operation/DBCResultCode.h"
 
 #include <QString>
+#include <QVariant>
 
+#include <exception>
 #include <memory>
 
 namespace Poppler {
 class Document;
 }
+
+class DBCTakesTooLong final : public std::exception { };
+
+// The drawing library asks endWhenTooLong() every few steps; it answers no, or throws
+// DBCTakesTooLong when the deadline, which no card comes near, is over.
+QVariant newDeadline();
+bool endWhenTooLong(const QVariant& deadline);
 
 // The whole document, to be drawn page by page. ParameterError for an empty path or a null output,
 // and when the file does not exist, cannot be read, is no PDF or is locked by a password.

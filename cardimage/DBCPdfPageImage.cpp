@@ -191,6 +191,9 @@ bool acquireImage(
     if (!depth || !width || !height)
         return false;
 
+    if (*depth == DBCBitmapDepth && !DBCBitmap::canHold(QSizeF(*width, *height), 1))
+        return false;
+
     setConstantFields(descriptor, *depth);
     descriptor->width = *width;
     descriptor->height = *height;

@@ -2,13 +2,16 @@
 #include "cardimage/DBCPdfStreamData.h"
 
 #include "cardimage/DBCPdfMemory.h"
+#include "cardimage/DBCPdfRowPredictor.h"
 
 #include <qpdf/Buffer.hh>
 #include <qpdf/Pipeline.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
 
+#include <algorithm>
 #include <stdexcept>
+#include <vector>
 
 namespace {
 
@@ -76,10 +79,22 @@ QPDFObjectHandle firstItems(QPDFObjectHandle value, int count)
     return result;
 }
 
+// The library makes room for a row as long as the stream says it is.
+bool hasSoundRows(QPDFObjectHandle parameters)
+{
+    if (!parameters.isArray())
+        return DBCPdfRows::of(parameters).has_value();
+    const std::vector<QPDFObjectHandle> each = parameters.getArrayAsVector();
+    return std::all_of(each.begin(), each.end(),
+        [](const QPDFObjectHandle& one) { return DBCPdfRows::of(one).has_value(); });
+}
+
 } // namespace
 
 std::optional<QByteArray> decodedStreamData(QPDFObjectHandle stream, qint64 limit)
 {
+    if (!hasSoundRows(stream.getDict().getKey("/DecodeParms")))
+        return std::nullopt;
     bool canDecode = false;
     stream.pipeStreamData(nullptr, &canDecode, 0, qpdf_dl_specialized, true, false);
     if (!canDecode)

@@ -2,6 +2,7 @@
 #include "cardimage/DBCPdfText.h"
 
 #include "cardimage/DBCPdfDrawing.h"
+#include "cardimage/DBCPdfObjects.h"
 
 #include <poppler-qt6.h>
 
@@ -9,42 +10,27 @@
 #include <qpdf/QPDFObjectHandle.hh>
 #include <qpdf/QPDFPageObjectHelper.hh>
 
-#include <set>
-#include <vector>
-
 namespace {
 
-// True when a font can be reached from the object. Stream data is not looked at.
 bool mentionsFont(const QPDFObjectHandle& root)
 {
-    std::set<QPDFObjGen> seen;
-    std::vector<QPDFObjectHandle> open {root};
-    while (!open.empty()) {
-        QPDFObjectHandle object = open.back();
-        open.pop_back();
-        if (object.isIndirect() && !seen.insert(object.getObjGen()).second)
-            continue;
-        if (object.isStream())
-            object = object.getDict();
-        if (object.isArray()) {
-            for (const QPDFObjectHandle& item : object.getArrayAsVector())
-                open.push_back(item);
-        } else if (object.isDictionary()) {
-            for (const auto& [key, value] : object.getDictAsMap()) {
-                if (key == "/Font")
-                    return true;
-                open.push_back(value);
-            }
-        }
-    }
-    return false;
+    return reachesDictionary(
+        root, [](QPDFObjectHandle& dictionary) { return dictionary.hasKey("/Font"); });
 }
 
-} // namespace
-
-bool hasPageText(QPDF* document, const QString& path)
+// The words come first, because the whole text cannot be broken off.
+bool hasText(const Poppler::Page& page, const QVariant& deadline)
 {
     constexpr int mostInvisibleCharacters = 1;
+    qsizetype characters = 0;
+    for (const auto& word : page.textList(Poppler::Page::Rotate0, endWhenTooLong, deadline))
+        characters += word->text().size();
+    return qMax(characters, page.text({}).size()) > mostInvisibleCharacters;
+}
+
+bool findsText(QPDF* document, const QString& path)
+{
+    const QVariant deadline = newDeadline();
     std::unique_ptr<Poppler::Document> drawable;
     int index = -1;
     for (const QPDFObjectHandle& pageObject : document->getAllPages()) {
@@ -56,8 +42,19 @@ bool hasPageText(QPDF* document, const QString& path)
         if (!drawable && AcquireCardImageFromAllPDF(path, &drawable) != DBCResultCode::Success)
             return false;
         const std::unique_ptr<Poppler::Page> page(drawable->page(index));
-        if (page && page->text({}).size() > mostInvisibleCharacters)
+        if (page && hasText(*page, deadline))
             return true;
     }
     return false;
+}
+
+} // namespace
+
+bool hasPageText(QPDF* document, const QString& path)
+{
+    try {
+        return findsText(document, path);
+    } catch (const DBCTakesTooLong&) {
+        return false;
+    }
 }

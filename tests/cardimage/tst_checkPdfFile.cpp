@@ -31,6 +31,7 @@ private Q_SLOTS:
     void textWithFontsInheritedFromTheTreeCounts();
     void fontWithoutTextIsImageOnly();
     void formThatNamesItselfIsFollowedOnce();
+    void formsWithoutEndAreNotFollowedToIt();
     void passwordToOpenIsNoCard();
     void restrictionsWithoutAPasswordAreNoObstacle();
     void damagedCrossReferencesAreNoObstacle();
@@ -225,6 +226,17 @@ void tst_checkPdfFile::formThatNamesItselfIsFollowedOnce()
     PdfPage page = PdfPage::ofImage(form);
     page.resources.replace("Im1", "Fm1");
     page.contents = "/Fm1 Do\n";
+    QCOMPARE(check(pdf.page(page).bytes()), DBCResultCode::PdfCardImageOnly);
+}
+
+void tst_checkPdfFile::formsWithoutEndAreNotFollowedToIt()
+{
+    PdfBuilder pdf;
+    PdfPage page = PdfPage::ofText({});
+    page.resources.chop(2);
+    page.resources
+        += "/XObject << /X1 " + PdfBuilder::reference(pdf.formsThatDouble(40)) + " >> >>";
+    page.contents = "/X1 Do\n";
     QCOMPARE(check(pdf.page(page).bytes()), DBCResultCode::PdfCardImageOnly);
 }
 

@@ -31,6 +31,9 @@ private Q_SLOTS:
     void documentWithoutPagesCannotBeDrawn();
     void pageTooLargeForAnyCardCannotBeDrawn_data();
     void pageTooLargeForAnyCardCannotBeDrawn();
+    void pageThatTakesForEverCannotBeDrawn_data();
+    void pageThatTakesForEverCannotBeDrawn();
+    void finePatternIsDrawn();
 };
 
 namespace {
@@ -56,6 +59,15 @@ PdfPage smallPage(const QByteArray& contents)
     page.resources = "<< >>";
     page.contents = contents;
     return page;
+}
+
+// A tiling pattern of red squares.
+int patternOf(PdfBuilder* pdf, const QByteArray& steps)
+{
+    return pdf->stream("/Type /Pattern /PatternType 1 /PaintType 1 /TilingType 1 /BBox [0 0 1 1] "
+                       "/Resources << >> "
+            + steps,
+        "1 0 0 rg 0 0 1 1 re f\n");
 }
 
 } // namespace
@@ -235,6 +247,50 @@ void tst_searchablePdf::pageTooLargeForAnyCardCannotBeDrawn()
     const Drawing drawing(PdfBuilder().page(page).bytes());
     QCOMPARE(drawing.code, DBCResultCode::PdfToJpegFailure);
     QVERIFY(drawing.bitmap.isNull());
+}
+
+void tst_searchablePdf::pageThatTakesForEverCannotBeDrawn_data()
+{
+    QTest::addColumn<QByteArray>("pdf");
+    const auto row = [](const char* name, PdfBuilder pdf, int object, const QByteArray& kind) {
+        PdfPage page = smallPage("/Pattern cs /X1 scn 0 0 72 36 re f /X1 Do\n");
+        page.resources = "<< /" + kind + " << /X1 " + PdfBuilder::reference(object) + " >> >>";
+        QTest::newRow(name) << pdf.page(page).bytes();
+    };
+    PdfBuilder image;
+    const int huge = image.bitImage(65535, 65535, "");
+    row("image of four thousand million pixels", image, huge, "XObject");
+    PdfBuilder pattern;
+    const int fine = patternOf(&pattern, "/XStep .01 /YStep .01");
+    row("pattern of twenty-five million tiles", pattern, fine, "Pattern");
+    PdfBuilder scaled;
+    const int small = patternOf(&scaled, "/XStep 1 /YStep 1 /Matrix [.01 0 0 .01 0 0]");
+    row("pattern made that fine by its matrix", scaled, small, "Pattern");
+    PdfBuilder still;
+    const int standing = patternOf(&still, "/XStep 0 /YStep 0");
+    row("pattern that stands still", still, standing, "Pattern");
+    PdfBuilder doubled;
+    const int forms = doubled.formsThatDouble(40);
+    row("forms that double forty times", doubled, forms, "XObject");
+}
+
+void tst_searchablePdf::pageThatTakesForEverCannotBeDrawn()
+{
+    QFETCH(QByteArray, pdf);
+    const Drawing drawing(pdf);
+    QCOMPARE(drawing.code, DBCResultCode::PdfToJpegFailure);
+    QVERIFY(drawing.bitmap.isNull());
+}
+
+void tst_searchablePdf::finePatternIsDrawn()
+{
+    PdfBuilder pdf;
+    const int pattern = patternOf(&pdf, "/XStep .5 /YStep .5");
+    PdfPage page = smallPage("/Pattern cs /X1 scn 0 0 72 36 re f\n");
+    page.resources = "<< /Pattern << /X1 " + PdfBuilder::reference(pattern) + " >> >>";
+    const Drawing drawing(pdf.page(page).bytes());
+    QCOMPARE(drawing.code, DBCResultCode::Success);
+    QCOMPARE(drawing.bitmap.pixels.pixelColor(150, 75), QColor(Qt::red));
 }
 
 QTEST_GUILESS_MAIN(tst_searchablePdf)

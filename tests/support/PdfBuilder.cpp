@@ -129,6 +129,14 @@ int PdfBuilder::form(const QByteArray& contents, const QByteArray& resources)
         contents);
 }
 
+int PdfBuilder::formsThatDouble(int times)
+{
+    int next = form("n\n", "<< >>");
+    for (; times > 0; --times)
+        next = form("/X1 Do /X1 Do\n", "<< /XObject << /X1 " + reference(next) + " >> >>");
+    return next;
+}
+
 int PdfBuilder::nextNumber() const
 {
     return FirstFreeNumber + static_cast<int>(_objects.size());

@@ -52,6 +52,9 @@ public:
     // One bit a pixel, rows padded to bytes, compressed.
     int bitImage(int width, int height, const QByteArray& rows);
     int form(const QByteArray& contents, const QByteArray& resources);
+    // A form that draws another one twice, which draws another one twice, and so on. All of them
+    // have X1 for the next one's name.
+    int formsThatDouble(int times);
     // The number that the next object gets.
     int nextNumber() const;
 
