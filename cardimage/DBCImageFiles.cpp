@@ -69,23 +69,6 @@ DBCResultCode checkSpaceForPdf(const QStringList& paths, const QString& outputPa
         : DBCResultCode::NoSpaceForImport;
 }
 
-// The page is as large as the picture is when its Exif orientation is heeded. The picture on it is
-// not turned.
-QSize pagePointSize(DBCJpegProperties properties)
-{
-    constexpr qint32 firstSidewaysOrientation = 5;
-    constexpr qint32 lastSidewaysOrientation = 8;
-    if (properties.orientation >= firstSidewaysOrientation
-        && properties.orientation <= lastSidewaysOrientation) {
-        std::swap(properties.pixelWidth, properties.pixelHeight);
-        std::swap(properties.xResolution, properties.yResolution);
-    }
-    if (properties.xResolution == 0 || properties.yResolution == 0)
-        return {properties.pixelWidth, properties.pixelHeight};
-    return {properties.pixelWidth * PointsPerInch / properties.xResolution,
-        properties.pixelHeight * PointsPerInch / properties.yResolution};
-}
-
 DBCResultCode codeOf(DBCWriteOutcome outcome)
 {
     switch (outcome) {

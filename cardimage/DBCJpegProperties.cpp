@@ -77,7 +77,7 @@ DBCJpegHeader::DensityUnit resolutionUnitOf(const ExifDataPointer& data)
     constexpr int exifNone = 1;
     constexpr int exifInch = 2;
     constexpr int exifCentimetre = 3;
-    switch (static_cast<int>(numberOf(data, EXIF_TAG_RESOLUTION_UNIT).value_or(exifInch))) {
+    switch (toInteger(numberOf(data, EXIF_TAG_RESOLUTION_UNIT).value_or(exifInch))) {
     case exifInch:
         return DBCJpegHeader::DensityUnit::Inch;
     case exifCentimetre:
@@ -117,4 +117,22 @@ std::optional<DBCJpegProperties> readJpegProperties(const QByteArray& jpeg)
     if (!header->exif.isEmpty())
         readExif(header->exif, &properties);
     return properties;
+}
+
+QSize pagePointSize(const DBCJpegProperties& properties)
+{
+    constexpr int pointsPerInch = 72;
+    constexpr qint32 firstSidewaysOrientation = 5;
+    constexpr qint32 lastSidewaysOrientation = 8;
+    QSize pixels(properties.pixelWidth, properties.pixelHeight);
+    QSize resolution(properties.xResolution, properties.yResolution);
+    if (properties.orientation >= firstSidewaysOrientation
+        && properties.orientation <= lastSidewaysOrientation) {
+        pixels.transpose();
+        resolution.transpose();
+    }
+    if (resolution.width() == 0 || resolution.height() == 0)
+        return pixels;
+    return {pixels.width() * pointsPerInch / resolution.width(),
+        pixels.height() * pointsPerInch / resolution.height()};
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QSize>
 
 #include <optional>
 
@@ -19,3 +20,7 @@ struct DBCJpegProperties {
 
 // None when the bytes hold no JPEG. The picture itself is not decoded.
 std::optional<DBCJpegProperties> readJpegProperties(const QByteArray& jpeg);
+
+// Points of the page that shows the picture at its resolution; its pixels where it tells none. A
+// picture whose Exif orientation is sideways has its page so, and is not turned itself.
+QSize pagePointSize(const DBCJpegProperties& properties);

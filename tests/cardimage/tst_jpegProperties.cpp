@@ -19,6 +19,7 @@ private Q_SLOTS:
     void orientationBehindOtherSegmentsIsFound();
     void orientationInEveryFormat_data();
     void orientationInEveryFormat();
+    void exifUnitBeyondAllIntegersIsUnknown();
     void densityInAnUnknownUnitIsNone();
     void damagedExifIsIgnored_data();
     void damagedExifIsIgnored();
@@ -168,6 +169,19 @@ void tst_jpegProperties::orientationInEveryFormat()
     const DBCJpegProperties properties = propertiesOf(picture().exifBytes(exif));
     QCOMPARE(properties.pixelWidth, 40);
     QCOMPARE(properties.orientation, orientation);
+}
+
+void tst_jpegProperties::exifUnitBeyondAllIntegersIsUnknown()
+{
+    const QByteArray exif("II\x2A\x00\x08\x00\x00\x00\x03\x00"
+                          "\x1A\x01\x03\x00\x01\x00\x00\x00\x2C\x01\x00\x00"
+                          "\x1B\x01\x03\x00\x01\x00\x00\x00\x2C\x01\x00\x00"
+                          "\x28\x01\x04\x00\x01\x00\x00\x00\xFF\xFF\xFF\xFF"
+                          "\x00\x00\x00\x00",
+        50);
+    const DBCJpegProperties properties = propertiesOf(picture().withoutJfif().exifBytes(exif));
+    QCOMPARE(properties.xResolution, 0);
+    QCOMPARE(properties.yResolution, 0);
 }
 
 void tst_jpegProperties::densityInAnUnknownUnitIsNone()
