@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "operation/DBCPropertyList.h"
 
+#include "operation/DBCBinaryPropertyList.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -37,19 +39,22 @@ Node parse(const QByteArray& bytes)
 {
     const auto length = static_cast<uint32_t>(bytes.size());
     plist_t node = nullptr;
-    if (plist_is_binary(bytes.constData(), length))
+    const bool isBinary = plist_is_binary(bytes.constData(), length) != 0;
+    if (isBinary && !unfoldsWithinBounds(bytes))
+        return {};
+    if (isBinary)
         plist_from_bin(bytes.constData(), length, &node);
     else
         plist_from_xml(bytes.constData(), length, &node);
     return Node(node);
 }
 
-QVariant textOf(plist_t node)
+// The function that copies the text ends the program when there is a zero byte in it.
+QString textOf(plist_t node)
 {
-    char* text = nullptr;
-    plist_get_string_val(node, &text);
-    const Allocated<char> owner(text);
-    return QString::fromUtf8(text);
+    uint64_t length = 0;
+    const char* const text = plist_get_string_ptr(node, &length);
+    return QString::fromUtf8(text, static_cast<qsizetype>(length));
 }
 
 QVariant valueOf(plist_t node)

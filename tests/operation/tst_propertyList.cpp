@@ -58,6 +58,8 @@ private Q_SLOTS:
     void noDictionary();
     void everyTruncationEndsWell();
     void cycleEndsWell();
+    void listThatUnfoldsWithoutEndIsNone();
+    void zeroByteIsPartOfAText();
     void deepNestingEndsWell();
     void fileOfTheLargestSizeIsRead();
     void fileBeyondTheLargestSizeIsNotRead();
@@ -144,6 +146,32 @@ void tst_propertyList::cycleEndsWell()
 {
     const auto list = read(cyclicBinary());
     QVERIFY(!list || list->isEmpty());
+}
+
+void tst_propertyList::listThatUnfoldsWithoutEndIsNone()
+{
+    // {"a": list}, and 30 lists of which each holds the next one twice.
+    QByteArray parts("\xD1\x01\x02\x51\x61");
+    QByteArray offsets("\x08\x0B");
+    constexpr char lists = 30;
+    for (char number = 2; number < 2 + lists; ++number) {
+        offsets += static_cast<char>(8 + parts.size());
+        const char next = static_cast<char>(number + 1);
+        parts += "\xA2" + QByteArray(2, next);
+    }
+    offsets += static_cast<char>(8 + parts.size());
+    parts += '\x09';
+    const auto tableAt = static_cast<char>(8 + parts.size());
+    const QByteArray trailer = QByteArray(6, '\0') + "\x01\x01" + QByteArray(7, '\0')
+        + static_cast<char>(lists + 3) + QByteArray(15, '\0') + tableAt;
+    QVERIFY(!read("bplist00" + parts + offsets + trailer));
+}
+
+void tst_propertyList::zeroByteIsPartOfAText()
+{
+    const auto list
+        = read(xml("<dict><key>a</key><string>b" + QByteArray(1, '\0') + "c</string></dict>"));
+    QVERIFY(!list || list->value(QStringLiteral("a")).toString().startsWith(u'b'));
 }
 
 void tst_propertyList::deepNestingEndsWell()
