@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the targets for parts of PDFs share.
+#pragma once
+
+#include "cardimage/DBCBitmap.h"
+#include "cardimage/DBCPdfFlateFilter.h"
+#include "cardimage/DBCPdfPageImage.h"
+#include "fuzz/FuzzTarget.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFObjectHandle.hh>
+
+// A document with a few streams, filled anew for every input: making a document takes ten times as
+// long as what is done to its streams.
+class PdfStreams {
+public:
+    // The streams are objects 3 0 R and on. Throws when the dictionary is none.
+    static PdfStreams& fresh(int count)
+    {
+        constexpr int mostInputs = 1000; // for which the library remembers what they name
+        // Gone before the library's own static objects, which its documents ask when they go.
+        static thread_local std::unique_ptr<PdfStreams> streams;
+        static int inputs = 0;
+        if (!streams || ++inputs % mostInputs == 0)
+            streams = std::make_unique<PdfStreams>(count);
+        return *streams;
+    }
+
+    explicit PdfStreams(int count)
+    {
+        boundFlateStreams();
+        _document.setSuppressWarnings(true);
+        _document.emptyPDF();
+        while (static_cast<int>(_streams.size()) < count)
+            _streams.push_back(_document.newStream());
+    }
+
+    QPDFObjectHandle parse(const std::string& text)
+    {
+        return QPDFObjectHandle::parse(&_document, text);
+    }
+
+    QPDFObjectHandle fill(int index, const std::string& dictionary, const std::string& data)
+    {
+        QPDFObjectHandle stream = _streams[static_cast<size_t>(index)];
+        QPDFObjectHandle entries = parse(dictionary);
+        stream.replaceDict(entries.isDictionary() ? entries : QPDFObjectHandle::newDictionary());
+        stream.replaceStreamData(data, QPDFObjectHandle(), QPDFObjectHandle());
+        return stream;
+    }
+
+private:
+    QPDF _document;
+    std::vector<QPDFObjectHandle> _streams;
+};
+
+inline void judgePage(const QPDFObjectHandle& page)
+{
+    QByteArray image;
+    ImageDescriptor descriptor;
+    qint32 rotation = 0;
+    if (AcquireImageFromPDFPage(page, &image, &descriptor, &rotation) != DBCResultCode::Success)
+        return;
+    mustHold(rotation == 0 || rotation == 90 || rotation == 180 || rotation == 270,
+        "a rotation is one of four");
+    const bool isBitmap = descriptor.depth == DBCBitmapDepth;
+    mustHold(isBitmap || descriptor.depth == DBCJpegDepth, "an image is a bitmap or a JPEG");
+    mustHold(!image.isEmpty() && qint64(descriptor.dataSize) == image.size(),
+        "the descriptor tells how long the data is");
+    mustHold(image.size() <= DBCBitmap::maximumBytes, "no image takes all memory");
+    const qsizetype rowBytes = (descriptor.width + 7) / 8;
+    mustHold(!isBitmap || image.size() <= rowBytes * descriptor.height + 1,
+        "a bitmap is not unpacked beyond its rows");
+}

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Texts of any kind on their way into a line of the data file.
+#include "datafile/DBCColumns.h"
+#include "datafile/DBCFileWriter.h"
+#include "fuzz/FuzzTarget.h"
+
+namespace {
+
+const DBCFileWriter& writer()
+{
+    static const auto theWriter = DBCFileWriter::initWithFileName(
+        QStringLiteral("unused"), DBCTextEncoding::Utf16, QStringLiteral("\r\n"));
+    return *theWriter;
+}
+
+// The line's items; ends the program when it is not one line of 21 items.
+QStringList itemsOf(QString line)
+{
+    mustHold(line.endsWith(u"\r\n"), "a line ends with its separator");
+    line.chop(2);
+    mustHold(!line.contains(u'\n'), "a line holds no other line feed");
+    mustHold(!line.contains(u'\u2028'), "a line holds no line separator");
+    const QStringList items = line.split(u'\t');
+    mustHold(items.size() == qsizetype(DBCColumns.size()), "a line has 21 items");
+    return items;
+}
+
+DBCRecord recordOf(const QStringList& items)
+{
+    DBCRecord record;
+    for (qsizetype i = 0; i < items.size(); ++i)
+        record.setValue(DBCColumns[std::size_t(i)].key, items[i]);
+    return record;
+}
+
+void judgeReplacement(FuzzInput input)
+{
+    const QStringList unwanted {input.text(), input.text()};
+    const QString text = input.remainingText();
+    const QString without = DBCFileWriter::deleteSpecialCharater(unwanted, text);
+    mustHold(without.size() <= text.size(), "deleting makes no text longer");
+    mustHold(unwanted.last().isEmpty() || !without.contains(unwanted.last(), Qt::CaseInsensitive)
+            || unwanted.last().size() > 1,
+        "a character that is deleted is gone");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    FuzzInput input(data, size);
+    judgeReplacement(input);
+    QStringList values;
+    while (values.size() < qsizetype(DBCColumns.size()))
+        values << input.text();
+    const auto line = writer().createDataStrWith(recordOf(values));
+    mustHold(line.has_value(), "a record with all columns makes a line");
+    const auto again = writer().createDataStrWith(recordOf(itemsOf(*line)));
+    mustHold(again == line, "what was cleaned stays as it is");
+    return 0;
+}

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A data file of any bytes, read whole and in chunks, written again and read once more.
+#include "datafile/DBCColumns.h"
+#include "datafile/DBCCommonFunction.h"
+#include "datafile/DBCFileReader.h"
+#include "datafile/DBCFileWriter.h"
+#include "fuzz/FuzzTarget.h"
+
+#include <QStringView>
+
+#include <algorithm>
+
+namespace {
+
+using Records = std::vector<DBCRecord>;
+
+constexpr QStringView Separator = u"\r\n";
+constexpr QStringView CleanedAway = u"\t\n\r\u0085\u2028\u3000 ";
+
+FuzzFile& file()
+{
+    static FuzzFile theFile("data.txt");
+    return theFile;
+}
+
+// At the file's beginning. One serves all, because making its tables takes longer than reading.
+DBCFileReader& freshReader(DBCTextEncoding encoding = DBCTextEncoding::Utf16)
+{
+    static const auto reader = DBCFileReader::initWithFullFileName(file().path());
+    reader->close();
+    reader->setEncoding(encoding);
+    return *reader;
+}
+
+void judge(const DBCRecord& record)
+{
+    constexpr std::size_t keyCount = 23;
+    mustHold(record.count() == keyCount, "a record has 23 keys");
+    for (std::size_t i = 0; i < keyCount; ++i)
+        mustHold(record.text(static_cast<DBCRecordKey>(i)).has_value(), "every value is a text");
+}
+
+bool endsReading(const DBCError& error)
+{
+    return error && error.code() != DBCResultCode::DataLineFormatError;
+}
+
+// Asks for as many lines as there can be.
+Records readInChunks(DBCFileReader& chunks, quint32 chunkSize, qsizetype lines)
+{
+    chunks.setBufferSize(chunkSize);
+    Records records;
+    for (DBCError error; lines > 0 && !endsReading(error); --lines) {
+        if (auto record = chunks.getNextRecordCopy(&error)) {
+            mustHold(!error, "a record comes without an error");
+            judge(*record);
+            records.push_back(std::move(*record));
+        }
+    }
+    return records;
+}
+
+void judgeNumbers(const Records& records)
+{
+    qint64 lineNo = 1;
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        judge(records[i]);
+        mustHold(records[i].textOrEmpty(DBCRecordKey::recordNo) == QString::number(i + 2),
+            "records are counted from 2");
+        const qint64 next = records[i].textOrEmpty(DBCRecordKey::lineNo).toLongLong();
+        mustHold(next > lineNo, "line numbers grow");
+        lineNo = next;
+    }
+}
+
+QString written(const Records& records)
+{
+    static const auto writer = DBCFileWriter::initWithFileName(
+        QStringLiteral("unused"), DBCTextEncoding::Utf16, Separator.toString());
+    static const QString titleLine
+        = DBCCommonFunction::createTitleNamesForDataFile().join(u'\t').append(Separator);
+    QString text = titleLine;
+    for (const DBCRecord& record : records)
+        text += writer->createDataStrWith(record).value();
+    return text;
+}
+
+bool isPlain(const QString& value)
+{
+    return std::none_of(
+        value.begin(), value.end(), [](QChar unit) { return CleanedAway.contains(unit); });
+}
+
+bool isBlank(const DBCRecord& record)
+{
+    return std::all_of(DBCColumns.begin(), DBCColumns.end(), [&record](const DBCColumn& column) {
+        return DBCChecker::isBlank(record.textOrEmpty(column.key).remove(u'\t'));
+    });
+}
+
+void judgeRoundTrip(Records records)
+{
+    std::erase_if(records, isBlank); // these make blank lines
+    const QString text = written(records);
+    file().write(encodeText(text, DBCTextEncoding::Utf16));
+    DBCError error;
+    const auto again = freshReader().loadData(&error);
+    mustHold(again.has_value() && again->size() == records.size(),
+        "as many records come back as were written");
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        for (const DBCColumn& column : DBCColumns) {
+            const QString value = records[i].textOrEmpty(column.key);
+            mustHold(!isPlain(value) || again->at(i).textOrEmpty(column.key) == value,
+                "a plain value comes back as it was");
+        }
+    }
+    mustHold(written(*again) == text, "what was read back is written the same");
+}
+
+// A line and its separator fit into a chunk of this size, wherever it begins.
+quint32 chunkSizeFor(const QString& text)
+{
+    constexpr qsizetype roomForMark = 4;
+    qsizetype longest = 0;
+    for (const QStringView line : QStringView(text).split(Separator))
+        longest = qMax(longest, line.size());
+    return static_cast<quint32>((longest + Separator.size()) * 2 + roomForMark);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    constexpr quint32 smallestChunk = 1;
+    constexpr quint32 smallChunks = 16;
+    const QByteArrayView bytes(data, static_cast<qsizetype>(size));
+    file().write(bytes);
+    const qsizetype lines = bytes.count('\n') + 2;
+    readInChunks(freshReader(), smallestChunk + static_cast<quint32>(size) % smallChunks, lines);
+    if (!bytes.startsWith("\xFF\xFE"))
+        readInChunks(freshReader(DBCTextEncoding::Utf8), static_cast<quint32>(size), lines);
+
+    DBCError error;
+    const auto records = freshReader().loadData(&error);
+    if (!records || records->empty()) {
+        mustHold(bool(error), "no records without an error");
+        return 0;
+    }
+    judgeNumbers(*records);
+    if (const auto text = decodeText(bytes, DBCTextEncoding::Utf16); text && !error) {
+        const Records chunked = readInChunks(freshReader(), chunkSizeFor(*text), lines);
+        mustHold(chunked == *records, "chunks give the records of the whole file");
+    }
+    judgeRoundTrip(*records);
+    return 0;
+}

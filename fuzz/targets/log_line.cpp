@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A message of any text on its way into the log, alone and as what fills a message's placeholders.
+#include "datafile/DBCLocalizable.h"
+#include "fuzz/FuzzTarget.h"
+#include "operation/DBCLog.h"
+
+#include <algorithm>
+
+namespace {
+
+// What would end a line, steer a terminal or turn the order of what follows.
+bool isUnfit(QChar unit)
+{
+    static constexpr QStringView directions
+        = u"\u2028\u2029\u202A\u202B\u202C\u202D\u202E\u2066\u2067\u2068\u2069";
+    return (unit.category() == QChar::Other_Control && unit != QChar(u'\t'))
+        || directions.contains(unit);
+}
+
+void judgeLine(const QString& message)
+{
+    const QString line = DBCLog::getLogString(message, QStringLiteral("[Error]"));
+    mustHold(line.endsWith(u'\n') && line.count(u'\n') == 1, "one message is one line");
+    mustHold(std::none_of(line.begin(), line.end() - 1, isUnfit),
+        "a line steers no terminal and ends only at its end");
+    if (std::none_of(message.begin(), message.end(), isUnfit))
+        mustHold(line.endsWith(message + u'\n'), "an ordinary message stands as it is");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    FuzzInput input(data, size);
+    const QString message = input.remainingText();
+    judgeLine(message);
+    judgeLine(DBCLocalizable::fill(input.text(), {input.text(), input.text()}));
+
+    const QString filled = DBCLocalizable::fill(QStringLiteral("%1 (%2)"), {message, qint64(size)});
+    mustHold(filled == message + QStringLiteral(" (") + QString::number(size) + u')',
+        "a value's own placeholders stay as they are");
+    return 0;
+}

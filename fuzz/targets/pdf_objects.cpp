@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The image of a page of any objects: the page's dictionary, which a zero byte ends, and for each
+// of its streams, 3 0 R and on, a dictionary, the length of the data in two bytes, and the data.
+#include "fuzz/PdfSupport.h"
+
+#include <exception>
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    constexpr int streamCount = 5;
+    FuzzInput input(data, size);
+    try {
+        PdfStreams& streams = PdfStreams::fresh(streamCount);
+        const std::string page = input.line();
+        for (int index = 0; index < streamCount; ++index) {
+            const std::string dictionary = input.line();
+            streams.fill(
+                index, dictionary.empty() ? "<<>>" : dictionary, input.bytes(input.word()));
+        }
+        judgePage(streams.parse(page));
+    } catch (const std::exception&) {
+        // No objects.
+    }
+    return 0;
+}

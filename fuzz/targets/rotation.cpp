@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A content stream of any bytes, asked for the rotation that it tells.
+#include "cardimage/DBCContentRotation.h"
+#include "fuzz/FuzzTarget.h"
+
+#include <clocale>
+#include <cstdlib>
+#include <locale.h>
+
+namespace {
+
+// Numbers have a comma in it. LOCALE_FOLDER is where the build has put it.
+locale_t commaLocale()
+{
+    ::setenv("LOCPATH", LOCALE_FOLDER, 1);
+    const locale_t locale = ::newlocale(LC_ALL_MASK, "de_DE.UTF-8", nullptr);
+    mustHold(locale != nullptr, "there is a locale with a comma");
+    return locale;
+}
+
+qint32 rotationOf(QByteArrayView contents)
+{
+    qint32 degrees = -1;
+    GetRotateDegreeFromStreamData(contents, &degrees);
+    return degrees;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    static const locale_t comma = commaLocale();
+    const QByteArrayView contents(data, static_cast<qsizetype>(size));
+    const qint32 degrees = rotationOf(contents);
+    mustHold(degrees == 0 || degrees == 90 || degrees == 180 || degrees == 270,
+        "a rotation is one of four");
+
+    const locale_t before = ::uselocale(comma);
+    const qint32 degreesWithComma = rotationOf(contents);
+    ::uselocale(before);
+    mustHold(degreesWithComma == degrees, "the locale has no say in a rotation");
+    return 0;
+}
