@@ -89,17 +89,27 @@ DBCError drawFirstPage(const QString& pdfPath, CardImages* images)
     return isFailure(code) ? DBCError(DBCResultCode::PdfToJpegFailure) : DBCError();
 }
 
+DBCError takeImages(const QString& pdfPath, CardImages* images)
+{
+    switch (AcquireCardImageFromPDF(
+        pdfPath, &images->face, &images->faceInfo, &images->back, &images->backInfo)) {
+    case DBCResultCode::Success:
+        return {};
+    case DBCResultCode::GeneralFailure:
+        // The drawing of what can be read of it would lose the back without a word.
+        return DBCError(DBCResultCode::NoImageInPdf);
+    default:
+        return drawFirstPage(pdfPath, images);
+    }
+}
+
 DBCError acquireImages(const QString& pdfPath, CardImages* images)
 {
     switch (CheckPdfFile(pdfPath, nullptr)) {
     case DBCResultCode::PdfNotExist:
         return DBCError(DBCResultCode::FolderNotExist);
     case DBCResultCode::PdfCardImageOnly:
-        if (AcquireCardImageFromPDF(
-                pdfPath, &images->face, &images->faceInfo, &images->back, &images->backInfo)
-            == DBCResultCode::Success)
-            return {};
-        return drawFirstPage(pdfPath, images);
+        return takeImages(pdfPath, images);
     case DBCResultCode::PdfCardWithText:
         return drawFirstPage(pdfPath, images);
     default:

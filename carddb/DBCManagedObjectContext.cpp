@@ -16,6 +16,7 @@
 #include <QFileInfo>
 #include <QUuid>
 
+#include <limits>
 #include <utility>
 
 namespace {
@@ -48,6 +49,13 @@ qint64 highestKey(SQLite::Database& store)
     if (!statement.executeStep())
         throw SQLite::Exception("The store has lost its entity");
     return statement.getColumn(0).getInt64();
+}
+
+qint64 keyAfter(qint64 key)
+{
+    if (key == std::numeric_limits<qint64>::max())
+        throw SQLite::Exception("The store has no keys left");
+    return key + 1;
 }
 
 void setHighestKey(SQLite::Database& store, qint64 key)
@@ -140,7 +148,8 @@ qint64 DBCManagedObjectContext::storeInsertedCards(qint64 lastKey)
     SQLite::Statement insert(*_store, insertStatement());
     DBCCardRowBinder attributes(insert, firstAttributeParameter);
     for (const Card& card : _insertedCards) {
-        insert.bind(keyParameter, static_cast<int64_t>(++lastKey));
+        lastKey = keyAfter(lastKey);
+        insert.bind(keyParameter, static_cast<int64_t>(lastKey));
         insert.bind(entityParameter, static_cast<int64_t>(_description.entityNumber));
         attributes.bind(card);
         insert.exec();

@@ -60,8 +60,9 @@ DBCResultCode acquirePage(const QPDFObjectHandle& page, ImageDescriptor* descrip
 DBCResultCode acquirePages(const QString& path, DBCBitmap* outFace, CardImageInfo* outFaceInfo,
     DBCBitmap* outBack, CardImageInfo* outBackInfo)
 {
+    const QByteArray bytes = readPdf(path);
     QPDF document;
-    openPdf(&document, path);
+    openPdf(&document, bytes);
     const std::vector<QPDFObjectHandle>& pages = document.getAllPages();
     if (pages.empty())
         return DBCResultCode::NoImageInPdf;
@@ -84,8 +85,9 @@ DBCResultCode CheckPdfFile(const QString& path, qint32* pageCount)
     if (!QFileInfo::exists(path))
         return DBCResultCode::PdfNotExist;
     try {
+        const QByteArray bytes = readPdf(path);
         QPDF document;
-        openPdf(&document, path);
+        openPdf(&document, bytes);
         const bool isCard = isByKnownProducer(&document);
         expectEnoughMemory(document);
         if (!isCard)
@@ -111,6 +113,8 @@ DBCResultCode AcquireCardImageFromPDF(const QString& path, DBCBitmap* outFace,
     } else {
         try {
             code = acquirePages(path, outFace, outFaceInfo, outBack, outBackInfo);
+        } catch (const DBCUnreadablePdf&) {
+            code = DBCResultCode::GeneralFailure;
         } catch (const std::exception& exception) {
             rethrowIfOutOfMemory(exception);
             // A document that cannot be opened or followed has no page either.

@@ -15,12 +15,13 @@ DBCResultCode CheckPdfFile(const QString& path, qint32* pageCount);
 
 // Either image output may be null but not both; either info output may be null but not both:
 // ParameterError, as for an empty path. NoImageInPdf when a page that is asked for is missing or
-// shows no image that can be taken out. On failure both images are null bitmaps. A one-page
-// document leaves outBack as it was.
+// shows no image that can be taken out, GeneralFailure when the file cannot be read. On failure
+// both images are null bitmaps. A one-page document leaves outBack as it was.
 DBCResultCode AcquireCardImageFromPDF(const QString& path, DBCBitmap* outFace,
     CardImageInfo* outFaceInfo, DBCBitmap* outBack, CardImageInfo* outBackInfo);
 
-// Draws the first page at 300 dpi on white. GeneralFailure for a missing argument,
+// Draws the first page at 300 dpi on white. GeneralFailure for a missing argument or a file that
+// cannot be read,
 // PdfToJpegFailure when drawing fails; Success with the outputs untouched when the file cannot be
 // loaded, so a caller must look at the bitmap.
 DBCResultCode AcquireCardImageFromSearchablePDF(

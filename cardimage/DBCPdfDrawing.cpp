@@ -4,13 +4,13 @@
 #include "cardimage/DBCCardPdf.h"
 #include "cardimage/DBCPdfObjects.h"
 
-#include <QDeadlineTimer>
 #include <QFileInfo>
 
 #include <poppler-qt6.h>
 
 #include <chrono>
 #include <cmath>
+#include <ctime>
 #include <vector>
 
 #include <qpdf/QPDF.hh>
@@ -72,11 +72,11 @@ bool isTooFinePattern(QPDFObjectHandle& dictionary, QSizeF pagePoints)
 }
 
 // True when the first page takes so long to draw that no card can be meant.
-bool isEndless(const QString& path, QSizeF pagePoints)
+bool isEndless(const QByteArray& bytes, QSizeF pagePoints)
 {
     try {
         QPDF document;
-        openPdf(&document, path);
+        openPdf(&document, bytes);
         const QPDFObjectHandle page = document.getAllPages().at(0);
         return reachesDictionary(QPDFPageObjectHelper(page).getAttribute("/Resources", false),
             [pagePoints](QPDFObjectHandle& dictionary) {
@@ -88,14 +88,14 @@ bool isEndless(const QString& path, QSizeF pagePoints)
     }
 }
 
-QImage drawFirstPage(Poppler::Document* document, const QString& path)
+QImage drawFirstPage(Poppler::Document* document, const QByteArray& bytes)
 {
     const std::unique_ptr<Poppler::Page> page(document->page(0));
     if (!page)
         return {};
     const QSizeF size = page->pageSizeF() * DrawingResolution / PointsPerInch;
     if (!DBCBitmap::canHold(size, QImage::toPixelFormat(QImage::Format_RGB32).bitsPerPixel())
-        || isEndless(path, page->pageSizeF()))
+        || isEndless(bytes, page->pageSizeF()))
         return {};
     document->setPaperColor(Qt::white);
     document->setRenderHint(Poppler::Document::Antialiasing);
@@ -104,27 +104,43 @@ QImage drawFirstPage(Poppler::Document* document, const QString& path)
         Poppler::Page::Rotate0, nullptr, nullptr, endWhenTooLong, newDeadline());
 }
 
-QImage drawnOrNull(Poppler::Document* document, const QString& path)
+QImage drawnOrNull(Poppler::Document* document, const QByteArray& bytes)
 {
     try {
-        return drawFirstPage(document, path);
+        return drawFirstPage(document, bytes);
     } catch (const DBCTakesTooLong&) {
         return {};
     }
+}
+
+// Null for what is no PDF or locked by a password.
+std::unique_ptr<Poppler::Document> load(const QByteArray& bytes)
+{
+    silenceLibrary();
+    auto document = Poppler::Document::loadFromData(bytes);
+    return document && !document->isLocked() ? std::move(document) : nullptr;
+}
+
+// Not the clock on the wall: on a machine that is busy with other things a card takes longer.
+std::chrono::nanoseconds processorTimeOfThread()
+{
+    timespec time {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
 } // namespace
 
 QVariant newDeadline()
 {
-    return QVariant::fromValue(QDeadlineTimer(LongestTime));
+    return QVariant::fromValue<qint64>((processorTimeOfThread() + LongestTime).count());
 }
 
 // A plain yes would end the innermost of the library's loops only, of which there can be millions;
 // an exception ends them all, and loses what they hold.
 bool endWhenTooLong(const QVariant& deadline)
 {
-    if (deadline.value<QDeadlineTimer>().hasExpired())
+    if (processorTimeOfThread().count() > deadline.value<qint64>())
         throw DBCTakesTooLong();
     return false;
 }
@@ -132,14 +148,14 @@ bool endWhenTooLong(const QVariant& deadline)
 DBCResultCode AcquireCardImageFromAllPDF(
     const QString& path, std::unique_ptr<Poppler::Document>* outPdfImage)
 {
-    if (path.isEmpty() || !outPdfImage || !QFileInfo(path).isFile())
+    if (path.isEmpty() || !outPdfImage)
         return DBCResultCode::ParameterError;
-    silenceLibrary();
-    auto document = Poppler::Document::load(path);
-    if (!document || document->isLocked())
-        return DBCResultCode::ParameterError;
-    *outPdfImage = std::move(document);
-    return DBCResultCode::Success;
+    try {
+        *outPdfImage = load(readPdf(path));
+    } catch (const std::runtime_error&) {
+        outPdfImage->reset();
+    }
+    return *outPdfImage ? DBCResultCode::Success : DBCResultCode::ParameterError;
 }
 
 DBCResultCode AcquireCardImageFromSearchablePDF(
@@ -147,10 +163,18 @@ DBCResultCode AcquireCardImageFromSearchablePDF(
 {
     if (path.isEmpty() || !outBitmap || !outInfo)
         return DBCResultCode::GeneralFailure;
-    std::unique_ptr<Poppler::Document> document;
-    if (AcquireCardImageFromAllPDF(path, &document) != DBCResultCode::Success)
+    QByteArray bytes;
+    try {
+        bytes = readPdf(path);
+    } catch (const DBCUnreadablePdf&) {
+        return DBCResultCode::GeneralFailure;
+    } catch (const DBCNoPdfFile&) {
         return DBCResultCode::Success;
-    const QImage drawing = drawnOrNull(document.get(), path);
+    }
+    const std::unique_ptr<Poppler::Document> document = load(bytes);
+    if (!document)
+        return DBCResultCode::Success;
+    const QImage drawing = drawnOrNull(document.get(), bytes);
     if (drawing.isNull())
         return DBCResultCode::PdfToJpegFailure;
     *outBitmap = DBCBitmap::of(drawing, DBCBitmap::ColorModel::CalibratedRGB);

@@ -8,8 +8,8 @@
 
 void rethrowIfOutOfMemory(const std::exception& exception)
 {
-    // What std::bad_alloc says of itself, alone or behind what was being done. In front of it stands
-    // a blank, which no name quoted from a document has.
+    // What std::bad_alloc says of itself, alone or behind what was being done. In front of it
+    // stands a blank, which no name quoted from a document has.
     const std::string_view text(exception.what());
     if (text == "std::bad_alloc" || text.ends_with(" std::bad_alloc"))
         throw std::bad_alloc();

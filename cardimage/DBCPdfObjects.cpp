@@ -1,26 +1,41 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cardimage/DBCPdfObjects.h"
 
+#include "cardimage/DBCImageFiles.h"
 #include "cardimage/DBCPdfFlateFilter.h"
 
-#include <QFile>
 #include <QFileInfo>
+#include <QUrl>
 
+#include <cerrno>
 #include <set>
-#include <stdexcept>
 #include <vector>
 
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
 
-void openPdf(QPDF* document, const QString& path)
+QByteArray readPdf(const QString& path)
 {
-    // Opening a pipe would wait for its other end.
-    if (!QFileInfo(path).isFile())
-        throw std::runtime_error("not a file");
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile())
+        throw DBCNoPdfFile("not a file");
+    QByteArray bytes;
+    const qint32 error = info.size() > DBCBitmap::maximumBytes
+        ? toNumber(DBCResultCode::GeneralFailure)
+        : readJpgFile(QUrl::fromLocalFile(path), &bytes);
+    if (error == -ENOENT || error == -ENOTDIR)
+        throw DBCNoPdfFile("no file");
+    if (error != 0)
+        throw DBCUnreadablePdf("unreadable");
+    return bytes;
+}
+
+void openPdf(QPDF* document, const QByteArray& bytes)
+{
     boundFlateStreams();
     document->setSuppressWarnings(true);
-    document->processFile(QFile::encodeName(path).constData());
+    document->processMemoryFile(
+        "card PDF", bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
 bool reachesDictionary(const QPDFObjectHandle& root,

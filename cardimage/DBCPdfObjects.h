@@ -1,16 +1,35 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <functional>
+#include <stdexcept>
 
 class QPDF;
 class QPDFObjectHandle;
 
-// Reads the document at the path, its streams bounded as boundFlateStreams() says. The library's
-// exceptions pass; a document behind a password, and what is no regular file, are among them.
-void openPdf(QPDF* document, const QString& path);
+// There is no file, or what is there is none.
+class DBCNoPdfFile final : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// A file that could not be read, which says nothing about what it holds.
+class DBCUnreadablePdf final : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// The whole file. Throws one of these; a file larger than any card PDF counts as unreadable. The
+// libraries read files by themselves, but take a disk that fails for a damaged document.
+QByteArray readPdf(const QString& path);
+
+// Opens the document in the bytes, which must outlive it, its streams bounded as
+// boundFlateStreams() says. The library's exceptions pass; a document behind a password is one of
+// them.
+void openPdf(QPDF* document, const QByteArray& bytes);
 
 // True when a dictionary that can be reached from root, itself and those of streams included,
 // fulfils the condition. Stream data is not looked at.
