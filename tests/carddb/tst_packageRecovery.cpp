@@ -96,6 +96,17 @@ private Q_SLOTS:
         QCOMPARE(snapshotOf(dead.package.path()), dead.original);
     }
 
+    void storeWithADamagedPageIsForSomebodyToDecide()
+    {
+        DeadImport dead(Stage::Import);
+        dead.hasNewCards(100);
+        QByteArray store = dead.package.readFile(QStringLiteral("Velmora.sqldb"));
+        const qsizetype half = store.size() / 2;
+        store.replace(half, store.size() - half, QByteArray(store.size() - half, '\xFF'));
+        dead.package.writeFile(QStringLiteral("Velmora.sqldb"), store);
+        QCOMPARE(stateFound(dead), State::Unfinished);
+    }
+
     void storeThatCannotBeReadIsForSomebodyToDecide_data()
     {
         QTest::addColumn<QByteArray>("store");
