@@ -147,6 +147,14 @@ private Q_SLOTS:
         QVERIFY(!_f->log.errors.isEmpty());
     }
 
+    void cardFolderThatCannotBeEnteredIsNotTakenForAnEmptyOne()
+    {
+        _f->package.writeFile(QStringLiteral("Files/0A1B-1/a.txt"), "a");
+        const ScopedMode mode(_f->packagePath(QStringLiteral("Files/0A1B-1")), notToBeEntered);
+        QCOMPARE(exportAttachments(), nothing);
+        QCOMPARE(_f->error.code(), DBCResultCode::SizeMeasureFailure);
+    }
+
     void folderToExportIntoThatCannotBeWrittenIsAnError()
     {
         _f->package.writeFile(QStringLiteral("Files/0A1B-1/a.txt"), "a");

@@ -6,9 +6,11 @@
 #include "carddb/DBCPackageCopy.h"
 #include "carddb/DBCPackageRecovery.h"
 #include "carddb/DBCPackageRestore.h"
+#include "operation/DBCCancelDelegate.h"
 #include "tests/carddb/AttachmentFixture.h"
 #include "tests/support/DeadImport.h"
 #include "tests/support/FailingCall.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/ScopedHost.h"
 
 #include <QtTest>
@@ -184,6 +186,37 @@ private Q_SLOTS:
         QCOMPARE(f.log.errors.size(), 1);
         QVERIFY(f.log.errors.constFirst().contains(QStringLiteral("velmora-import")));
         QVERIFY(!QFileInfo::exists(f.home.path(QStringLiteral("Velmora DB_bak.vmdb"))));
+    }
+
+    // The next note does not fit on the disk any more.
+    void backupThatTheJournalCannotNoteIsRemoved()
+    {
+        struct Filler : DBCCancelDelegate {
+            bool checkIsNeedToConfirmCancelOperation() override
+            {
+                if (QFileInfo(copy).lastModified() == QFileInfo(package).lastModified())
+                    full.emplace(16); // the copy is complete and being compared
+                return false;
+            }
+            bool fileManager(const DBCFileManager*, const QString&, const QString&) override
+            {
+                return true;
+            }
+            QString package;
+            QString copy;
+            std::optional<FileSizeLimit> full;
+        };
+        Database f;
+        Filler filler;
+        filler.package = f.package.path();
+        filler.copy = f.home.path(QStringLiteral(".Velmora DB_bak.vmdb.velmora-copy"));
+        f.database->setDelegate(&filler);
+        QCOMPARE(f.database->backup(), DBCResultCode::BackupFailure);
+        QVERIFY(filler.full);
+        filler.full.reset();
+        QStringList names = entries(f.home.path());
+        QVERIFY(names.filter(QStringLiteral("bak")).isEmpty());
+        QVERIFY(names.filter(QStringLiteral("velmora")).isEmpty());
     }
 
     void finishedImportWhoseJournalStaysIsDone()

@@ -96,6 +96,18 @@ private Q_SLOTS:
         QCOMPARE(snapshotOf(dead.package.path()), dead.original);
     }
 
+    void storeWithADamagedPageIsForSomebodyToDecide()
+    {
+        DeadImport dead(Stage::Import);
+        dead.hasNewCards(100);
+        // The last cards; what opening looks at stays sound.
+        constexpr qsizetype page = 4096;
+        const QByteArray store = dead.package.readFile(QStringLiteral("Velmora.sqldb"));
+        dead.package.writeFile(
+            QStringLiteral("Velmora.sqldb"), store.chopped(page) + QByteArray(page, '\xFF'));
+        QCOMPARE(stateFound(dead), State::Unfinished);
+    }
+
     void storeThatCannotBeReadIsForSomebodyToDecide_data()
     {
         QTest::addColumn<QByteArray>("store");

@@ -3,6 +3,7 @@
 
 #include "cardimage/DBCCardPdf.h"
 #include "tests/support/AsOrdinaryUser.h"
+#include "tests/support/FailingCall.h"
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/PdfBuilder.h"
 #include "tests/support/ScopedHost.h"
@@ -47,6 +48,7 @@ private Q_SLOTS:
     void unreadableFileIsRefused();
     void fileThatEndsEarlyIsRefused();
     void failingReadIsReported();
+    void fileThatCannotBeLookedAtIsReported();
     void hugeFileIsRefusedUnread();
 };
 
@@ -401,6 +403,18 @@ void tst_saveJpgFile::failingReadIsReported()
         QSKIP("no such file here");
     QByteArray buffer = "before";
     QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -EINVAL);
+    QVERIFY(buffer.isEmpty());
+}
+
+void tst_saveJpgFile::fileThatCannotBeLookedAtIsReported()
+{
+    const TestHome home;
+    const QUrl url = QUrl::fromLocalFile(home.writeFile(QStringLiteral("card.jpg"), "x"));
+    QByteArray buffer = "before";
+    qint32 code = 0;
+    if (!FailingCall(SYS_newfstatat, EIO).during([&] { code = readJpgFile(url, &buffer); }))
+        QSKIP("calls cannot be made to fail here");
+    QCOMPARE(code, -EIO);
     QVERIFY(buffer.isEmpty());
 }
 

@@ -2,9 +2,12 @@
 // The file: made, opened, appended to and closed.
 #include "tests/datafile/WriterFixture.h"
 #include "tests/support/AsOrdinaryUser.h"
+#include "tests/support/FailingCall.h"
 #include "tests/support/FileSizeLimit.h"
 
 #include <QtTest>
+
+#include <cerrno>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -32,6 +35,8 @@ private Q_SLOTS:
     void vanishedFileIsReported();
     void fullDiskFailsTheWriteThatMeetsIt();
     void fullDiskThatHasNoRoomForTheMarkFailsTheOpening();
+    void fileThatCannotBeLookedAtIsNotWritten_data();
+    void fileThatCannotBeLookedAtIsNotWritten();
     void closeReleasesTheFile();
     void missingTextIsAGeneralFailure();
     void utf8TextIsWrittenAsItIs();
@@ -179,6 +184,24 @@ void tst_fileWriter::fullDiskThatHasNoRoomForTheMarkFailsTheOpening()
         QCOMPARE(writer->open(), DBCResultCode::DataFileOpenFailure);
         QCOMPARE(writer->write(QStringLiteral("A")), DBCResultCode::DataFileOpenFailure);
     }
+}
+
+void tst_fileWriter::fileThatCannotBeLookedAtIsNotWritten_data()
+{
+    QTest::addColumn<qlonglong>("call");
+    QTest::newRow("looking") << qlonglong(SYS_newfstatat);
+    QTest::newRow("seeking") << qlonglong(SYS_lseek);
+}
+
+void tst_fileWriter::fileThatCannotBeLookedAtIsNotWritten()
+{
+    QFETCH(qlonglong, call);
+    const auto writer = dataFileWriter();
+    auto code = DBCResultCode::Success;
+    if (!FailingCall(call, EIO).during([&] { code = writer->write(QStringLiteral("A")); }))
+        QSKIP("calls cannot be made to fail here");
+    QCOMPARE(code, DBCResultCode::DataFileOpenFailure);
+    QVERIFY(written().isEmpty());
 }
 
 void tst_fileWriter::closeReleasesTheFile()

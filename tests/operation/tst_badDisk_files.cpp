@@ -8,10 +8,14 @@
 #include "operation/DBCStandardDescriptors.h"
 #include "operation/DBCTreeComparison.h"
 #include "operation/DBCTreeCopy.h"
+#include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/FailingCall.h"
+#include "tests/support/ScopedMode.h"
 #include "tests/support/TestHome.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QScopeGuard>
 #include <QtTest>
 
@@ -19,7 +23,9 @@
 #include <fcntl.h>
 #include <linux/fs.h>
 #include <sys/ioctl.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <sys/xattr.h>
 
 namespace {
@@ -40,6 +46,21 @@ struct Tree {
 DBCDescriptor opened(const QString& path)
 {
     return DBCDescriptor(open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC));
+}
+
+// By a short path: that of a socket must not be long.
+void makeSocket(const QString& path)
+{
+    const QString old = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(QFileInfo(path).path()));
+    sockaddr_un address {};
+    address.sun_family = AF_UNIX;
+    qstrncpy(address.sun_path, QFile::encodeName(QFileInfo(path).fileName()).constData(),
+        sizeof address.sun_path);
+    const DBCDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    // bind() takes the general form of an address.
+    QCOMPARE(bind(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    QDir::setCurrent(old);
 }
 
 // False where this user or file system cannot.
@@ -68,7 +89,6 @@ private Q_SLOTS:
     void copyThatFailsInTheMiddleSaysSo_data()
     {
         QTest::addColumn<qlonglong>("call");
-        QTest::newRow("resolving") << qlonglong(SYS_readlink);
         QTest::newRow("looking") << qlonglong(SYS_newfstatat);
         QTest::newRow("opening") << qlonglong(SYS_openat);
         QTest::newRow("listing") << qlonglong(SYS_getdents64);
@@ -173,53 +193,99 @@ private Q_SLOTS:
         QCOMPARE(areCopied, !isFailure);
     }
 
-    void oldSystemOpensNoLinksAtTheEnd()
+    void systemWithoutTheCallOpensNoLinksAtTheEnd_data()
     {
+        QTest::addColumn<int>("error");
+        QTest::newRow("old system") << ENOSYS;
+        QTest::newRow("container") << EPERM;
+    }
+    void systemWithoutTheCallOpensNoLinksAtTheEnd()
+    {
+        QFETCH(int, error);
         const Tree tree;
         const QString folder = tree.home.path(QStringLiteral("tree"));
-        int file = -1;
-        int link = 0;
-        QVERIFY(FailingCall(SYS_openat2, ENOSYS).during([&] {
-            file = openInside(folder, folder + QStringLiteral("/folder/inner"), O_RDONLY).get();
-            link = openInside(folder, folder + QStringLiteral("/link"), O_RDONLY).get();
+        bool isFileOpen = false;
+        bool isLinkOpen = true;
+        QVERIFY(FailingCall(SYS_openat2, error).during([&] {
+            isFileOpen
+                = bool(openInside(folder, folder + QStringLiteral("/folder/inner"), O_RDONLY));
+            isLinkOpen = bool(openInside(folder, folder + QStringLiteral("/link"), O_RDONLY));
         }));
-        QVERIFY(file >= 0);
-        QCOMPARE(link, -1);
+        QVERIFY(isFileOpen);
+        QVERIFY(!isLinkOpen);
     }
 
     void immutableAttributeIsSeenOnAnOldSystem()
     {
         const TestHome home;
         const QString file = home.writeFile(QStringLiteral("file"), "x");
-        const QString pipe = home.path(QStringLiteral("pipe"));
-        QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
         const bool canBeSet = setImmutable(file, true);
         const auto cleared = qScopeGuard([&file] { setImmutable(file, false); });
-        const DBCHost host = DBCHost::real();
+        std::optional<bool> immutable;
         QVERIFY(FailingCall(SYS_statx, ENOSYS).during([&] {
-            QCOMPARE(host.isImmutable(file), std::optional(canBeSet));
-            QCOMPARE(host.isImmutable(home.path()), std::optional(false));
-            QCOMPARE(host.isImmutable(pipe), std::optional(false));
-            QCOMPARE(host.isImmutable(home.path(QStringLiteral("none"))), std::nullopt);
-            QCOMPARE(host.isImmutable(QStringLiteral("/proc/self/comm")), std::optional(false));
+            immutable = DBCHost::real().isImmutable(file);
         }));
+        QCOMPARE(immutable, std::optional(canBeSet));
     }
 
+    void whatHasNoFlagsIsNotImmutableOnAnOldSystem_data()
+    {
+        QTest::addColumn<QString>("path"); // %1: the home
+        QTest::addColumn<int>("immutable"); // -1: cannot be told
+        const auto row = [](const char* name, const char* path, int immutable) {
+            QTest::newRow(name) << QString::fromLatin1(path) << immutable;
+        };
+        row("folder", "%1", 0);
+        row("pipe", "%1/pipe", 0);
+        row("socket", "%1/socket", 0);
+        row("unreadable file", "%1/unreadable", 0);
+        row("kernel's own", "/proc/self/comm", 0);
+        row("missing", "%1/none", -1);
+    }
+    void whatHasNoFlagsIsNotImmutableOnAnOldSystem()
+    {
+        QFETCH(QString, path);
+        QFETCH(int, immutable);
+        const AsOrdinaryUser user;
+        const TestHome home;
+        QCOMPARE(mkfifo(QFile::encodeName(home.path(QStringLiteral("pipe"))).constData(), 0600), 0);
+        makeSocket(home.path(QStringLiteral("socket")));
+        const ScopedMode mode(home.writeFile(QStringLiteral("unreadable"), "x"), 0);
+        std::optional<bool> found;
+        QVERIFY(FailingCall(SYS_statx, ENOSYS).during([&] {
+            found = DBCHost::real().isImmutable(path.replace(QStringLiteral("%1"), home.path()));
+        }));
+        QCOMPARE(found, immutable < 0 ? std::nullopt : std::optional(immutable != 0));
+    }
+
+    void attributesThatCannotBeReadAreNotTakenForNone_data()
+    {
+        QTest::addColumn<int>("error");
+        QTest::addColumn<bool>("isTold");
+        QTest::newRow("no such question") << ENOTTY << true;
+        QTest::newRow("no support") << EOPNOTSUPP << true;
+        QTest::newRow("no sense") << EINVAL << true;
+        QTest::newRow("old system") << ENOSYS << true;
+        QTest::newRow("no right") << EACCES << true;
+        QTest::newRow("no permission") << EPERM << true;
+        QTest::newRow("bad disk") << EIO << false;
+    }
     void attributesThatCannotBeReadAreNotTakenForNone()
     {
+        QFETCH(int, error);
+        QFETCH(bool, isTold);
         const TestHome home;
-        std::optional<bool> byName = false;
-        std::optional<bool> byFlags = false;
-        const DBCHost host = DBCHost::real();
-        QVERIFY(
-            FailingCall(SYS_statx, EIO).during([&] { byName = host.isImmutable(home.path()); }));
-        QVERIFY(FailingCall(SYS_statx, ENOSYS).during([&] {
-            QVERIFY(FailingCall(SYS_ioctl, EIO).during([&] {
-                byFlags = host.isImmutable(home.path());
+        std::optional<bool> immutable;
+        QVERIFY(FailingCall(SYS_statx, EPERM).during([&] {
+            QVERIFY(FailingCall(SYS_ioctl, error).during([&] {
+                immutable = DBCHost::real().isImmutable(home.path());
             }));
         }));
-        QCOMPARE(byName, std::nullopt);
-        QCOMPARE(byFlags, std::nullopt);
+        QCOMPARE(immutable, isTold ? std::optional(false) : std::nullopt);
+        QVERIFY(FailingCall(SYS_statx, EIO).during([&] {
+            immutable = DBCHost::real().isImmutable(home.path());
+        }));
+        QCOMPARE(immutable, std::nullopt);
     }
 
     void processWithoutFreeDescriptorsKeepsThoseItHas()
