@@ -4,7 +4,7 @@
 
 #include "cli/DBCExitCode.h"
 #include "operation/DBCEvent.h"
-#include "operation/DBCLog.h"
+#include "operation/DBCLogEntry.h"
 #include "operation/DBCMessage.h"
 #include "operation/DBCProblem.h"
 
