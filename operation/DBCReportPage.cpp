@@ -156,12 +156,12 @@ private:
 
     void writeFigures()
     {
-        const QLocale locale = DBCLocalizable::locale();
         open("dl");
         attribute("class", "figures");
         figure(
             text("IDS_REPORT_COUNT", {_report.finishedCount, _report.maxCount}), countLabelKey());
-        figure(locale.toString(_report.concernedCardCount), "IDS_REPORT_CARDS_CONCERNED");
+        figure(text("IDS_REPORT_NUMBER_OF_CARDS", {_report.concernedCardCount}),
+            "IDS_REPORT_CARDS_CONCERNED");
         figure(DBCReportTexts::timeTaken(_report), "IDS_REPORT_TIME");
         close();
     }

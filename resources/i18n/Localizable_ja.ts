@@ -1248,6 +1248,11 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <extracomment>Title of a column with running numbers of cards.</extracomment>
         <translation>番号</translation>
     </message>
+    <message id="IDS_REPORT_NUMBER_OF_CARDS">
+        <source>%L1</source>
+        <extracomment>%L1: number of cards.</extracomment>
+        <translation>%L1件</translation>
+    </message>
     <message id="IDS_REPORT_OTHERS">
         <source>Not about a single card</source>
         <translation>個々の名刺以外の警告とエラー</translation>
