@@ -155,9 +155,9 @@ void DBCConverterWindowController::_orderPathBoxes()
     const std::array<QWidget*, 2> database {_ui->_vmdbPathTextField, _ui->_vmdbPathSelectionBtn};
     const auto& first = _isImport() ? data : database;
     const auto& second = _isImport() ? database : data;
-    const std::array<QWidget*, 9> order {first[0], first[1], second[0], second[1],
-        _ui->_messageArea, _ui->_openLogBtn, _ui->_return2MainWindowBtn, _ui->_closeBtn,
-        _ui->_convertBtn};
+    const std::array<QWidget*, 10> order {first[0], first[1], second[0], second[1],
+        _ui->_messageArea, _ui->_openLogBtn, _ui->openReportBtn, _ui->_return2MainWindowBtn,
+        _ui->_closeBtn, _ui->_convertBtn};
     for (std::size_t i = 1; i < order.size(); ++i)
         QWidget::setTabOrder(order.at(i - 1), order.at(i));
 }

@@ -93,6 +93,7 @@ void DBCConverterWindowController::_initMsgAndProgressBar()
 {
     _ui->_progressHint->clear();
     _ui->_messageArea->clearTexts();
+    _ui->openReportBtn->takeBack();
     _forgetCards();
     _showBar(0, 0);
 }
@@ -305,6 +306,7 @@ void DBCConverterWindowController::_operationDidFinish(const DBCEvent& event)
     _updateStatusAfterProcessBY(isStopped, event.operationIsOk.value_or(false));
     _restoreToConvertBtn();
     _isOperationRunning = false;
+    _ui->openReportBtn->offer(event, *_ui->_messageArea);
     _ui->_messageArea->setFocus();
     const bool isAskedToClose = !isStopped && !_hasWarningsInLog() && _IsCloseApp;
     if (isAskedToClose || _isEnding)

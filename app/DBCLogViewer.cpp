@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DBCLogViewer.h"
 
+#include "app/DBCDesktopOpener.h"
 #include "datafile/DBCLocalizable.h"
-#include "operation/DBCHost.h"
 
 #include <QDialogButtonBox>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QFontDatabase>
@@ -13,21 +12,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QShortcut>
-
-#include <csignal>
-#include <unistd.h>
 
 namespace {
 
 constexpr int millisecondsBetweenReads = 500;
 constexpr QSize usualSize {820, 520}; // device-independent pixels
-
-// An opener that ends later than that was the program that showed the log, however it ended.
-constexpr qint64 millisecondsToRefuse = 5000;
 
 QString text(const char* key, const DBCMessageArguments& arguments = {})
 {
@@ -51,43 +43,11 @@ void showInViewer(const QString& path, QWidget* parent, const std::function<void
     viewer->activateWindow();
 }
 
-// What is opened stays when this program or its terminal ends, and is not deaf to the signals that
-// this program takes in its own way.
-void becomeIndependent()
-{
-    setsid();
-    sigset_t none;
-    sigemptyset(&none);
-    sigprocmask(SIG_SETMASK, &none, nullptr);
-}
-
 } // namespace
 
 void showLogFile(const QString& path, QWidget* parent, const std::function<void()>& onFailure)
 {
-    // The opener tells by its exit code that no program takes such files, which a mere start of it
-    // would not show. It belongs to nobody: a window that closes must not end it.
-    auto* const opener = new QProcess;
-    const auto fallBack = [=] { showInViewer(path, parent, onFailure); };
-    QObject::connect(opener, &QProcess::errorOccurred, parent, [=](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart)
-            fallBack();
-    });
-    QElapsedTimer running;
-    running.start();
-    QObject::connect(opener, &QProcess::finished, parent, [=](int exitCode) {
-        if (exitCode != 0 && running.elapsed() < millisecondsToRefuse)
-            fallBack();
-    });
-    QObject::connect(opener, &QProcess::stateChanged, opener, [=](QProcess::ProcessState state) {
-        if (state == QProcess::NotRunning)
-            opener->deleteLater();
-    });
-    opener->setStandardInputFile(QProcess::nullDevice());
-    opener->setStandardOutputFile(QProcess::nullDevice());
-    opener->setStandardErrorFile(QProcess::nullDevice());
-    opener->setChildProcessModifier(becomeIndependent);
-    opener->start(DBCHost::current().fileOpener, {path});
+    openOnDesktop(path, parent, [=] { showInViewer(path, parent, onFailure); });
 }
 
 DBCLogViewer::DBCLogViewer(const QString& path, QWidget* parent)

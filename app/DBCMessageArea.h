@@ -14,6 +14,9 @@ public:
     void showTexts(const QString& text);
     // attention comes before text on lines of its own.
     void showAttention(const QString& attention, const QString& text = {});
+    // Goes on where the text without the attention ends.
+    void appendText(const QString& text) { showAttention(_attention, _text + text); }
+    bool hasText() const { return !_text.isEmpty(); }
 
     // Red with a contrast of at least 4.5 to 1 against the palette's window colour.
     static QColor attentionColor(const QPalette& palette);

@@ -7,11 +7,9 @@
 #include "cardimage/DBCDiskUsage.h"
 #include "datafile/DBCCommonFunction.h"
 #include "datafile/DBCInterchangeNames.h"
-#include "datafile/DBCLocalizable.h"
 #include "operation/DBCChecker.h"
 #include "operation/DBCFolderEntries.h"
 #include "operation/DBCHost.h"
-#include "operation/DBCLog.h"
 #include "operation/DBCOpenInside.h"
 #include "operation/DBCTreeCopy.h"
 
@@ -95,15 +93,10 @@ struct Transfer {
     DBCDescriptor sourceFolder = DBCDescriptor(-1);
 };
 
-void warnOfMissing(const QString& path)
-{
-    DBCLog::warning(getLocalString(QStringLiteral("IDS_LOG_WRN_FILE_NO_EXISTS"), {path}));
-}
-
 // The general error line, then the one that says which file or folder it is about.
 void logFailure(const DBCTransferSubject& subject, const QString& path)
 {
-    DBCTransferLog::error("IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE");
+    DBCTransferLog::error("IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE", subject);
     DBCTransferLog::errorPlace(subject, path);
 }
 
@@ -132,7 +125,7 @@ DBCError checkSpace(const Transfer& transfer, const QString& volume)
 
 DBCError copyFailure(const Transfer& transfer, const QString& source, const QString& target)
 {
-    DBCTransferLog::error("IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE");
+    DBCTransferLog::error("IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE", transfer.subject);
     DBCTransferLog::errorCopy(transfer.subject, source, target);
     const bool namesFiles = transfer.rules.failureNames == Rules::FailureNames::Files;
     return DBCError(transfer.rules.copyFailure)
@@ -161,13 +154,15 @@ DBCError copyEntry(const Transfer& transfer, int targetFolder, const QByteArray&
     case Verdict::Pass:
         return {};
     case Verdict::BadName:
-        DBCTransferLog::cardWarning(transfer.rules.badNameKey, transfer.subject);
+        DBCTransferLog::cardWarning(
+            transfer.rules.badNameKey, transfer.subject, DBCConsequence::WithoutAttachment);
         return {};
     case Verdict::Vanished:
-        warnOfMissing(shownSource);
+        DBCTransferLog::missing(transfer.subject, shownSource, DBCConsequence::WithoutAttachment);
         return {};
     case Verdict::NotRegular:
-        DBCTransferLog::cardWarning(transfer.rules.notRegularKey, transfer.subject, shownName);
+        DBCTransferLog::cardWarning(transfer.rules.notRegularKey, transfer.subject,
+            DBCConsequence::WithoutAttachment, shownName);
         return {};
     case Verdict::Copy:
         break;
@@ -208,10 +203,10 @@ DBCError findSource(const QString& folder, const QString& name, Transfer* transf
     const auto found
         = DBCNameLookup::threadInstance().find(attachments, name, DBCNameLookup::Kind::Folder);
     if (found.outcome == DBCNameLookup::Outcome::LeadsOut)
-        DBCTransferLog::nameLeadsOut(transfer->subject, name, attachments);
+        DBCTransferLog::nameLeadsOut(transfer->subject, name, attachments, DBCConsequence::Stopped);
     if (found.outcome != DBCNameLookup::Outcome::Found) {
-        DBCLog::error(getLocalString(
-            QStringLiteral("IDS_LOG_WRN_FILE_NO_EXISTS"), {QString(attachments + u'/' + name)}));
+        DBCTransferLog::missing(
+            transfer->subject, attachments + u'/' + name, DBCConsequence::Stopped);
         return DBCError(DBCResultCode::AttachmentImportFailure);
     }
     if (!DBCHost::current().isReadable(found.path)) {
@@ -263,7 +258,8 @@ bool hasAttachments(const QString& files, const QString& cardID, Transfer* trans
     transfer->sourceFolder = openInside(files, transfer->source, O_RDONLY | O_DIRECTORY);
     if (!transfer->sourceFolder) {
         if (leadsOut(errno)) {
-            DBCTransferLog::nameLeadsOut(transfer->subject, cardID, files);
+            DBCTransferLog::nameLeadsOut(
+                transfer->subject, cardID, files, DBCConsequence::WithoutAttachments);
             return false;
         }
         return errno != ENOENT && errno != ENOTDIR;
@@ -279,7 +275,7 @@ DBCError exportAttachments(const Transfer& transfer, const QString& toPath)
     if (auto error = checkSpace(transfer, toPath))
         return error;
     if (auto error = makeFolder(transfer.subject, transfer.target)) {
-        DBCTransferLog::error("IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE");
+        DBCTransferLog::error("IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE", transfer.subject);
         return error;
     }
     return copyEntries(transfer);

@@ -8,9 +8,7 @@
 #include "cardimage/DBCImageFiles.h"
 #include "datafile/DBCCommonFunction.h"
 #include "datafile/DBCInterchangeNames.h"
-#include "datafile/DBCLocalizable.h"
 #include "operation/DBCChecker.h"
-#include "operation/DBCLog.h"
 #include "operation/DBCOpenInside.h"
 
 #include <QDir>
@@ -32,9 +30,8 @@ std::optional<QString> findImage(
     if (result.outcome == DBCNameLookup::Outcome::Found)
         return result.path;
     if (result.outcome == DBCNameLookup::Outcome::LeadsOut)
-        DBCTransferLog::nameLeadsOut(subject, name, imageFolder);
-    DBCLog::warning(getLocalString(
-        QStringLiteral("IDS_LOG_WRN_FILE_NO_EXISTS"), {QString(imageFolder + u'/' + name)}));
+        DBCTransferLog::nameLeadsOut(subject, name, imageFolder, DBCConsequence::WithoutImage);
+    DBCTransferLog::missing(subject, imageFolder + u'/' + name, DBCConsequence::WithoutImage);
     return std::nullopt;
 }
 
@@ -160,7 +157,7 @@ void warnOfMissingImages(const DBCTransferSubject& subject, DBCResultCode code)
 {
     const char* key = code == DBCResultCode::FolderNotExist ? "IDS_LOG_WRN_IMAGE_FILE_NO_EXISTS"
                                                             : "IDS_LOG_WRN_CONVERT_FAIL";
-    DBCTransferLog::cardWarning(key, subject, toNumber(code));
+    DBCTransferLog::cardWarning(key, subject, DBCConsequence::WithoutImages, toNumber(code));
 }
 
 } // namespace
@@ -215,7 +212,8 @@ std::optional<QString> DBCDataBaseController::_addImageFileIntoDB(
         *errors = DBCError(code);
         return name;
     }
-    DBCTransferLog::cardWarning("IDS_LOG_WRN_CONVERT_FAIL", subject, toNumber(code));
+    DBCTransferLog::cardWarning(
+        "IDS_LOG_WRN_CONVERT_FAIL", subject, DBCConsequence::WithoutImages, toNumber(code));
     return QStringLiteral("");
 }
 
@@ -246,7 +244,7 @@ std::optional<QStringList> DBCDataBaseController::_exportImageFile(
 
     const DBCResultCode folderCode = createDirectoryIfNotExists(toPath);
     if (folderCode != DBCResultCode::Success) {
-        DBCTransferLog::error("IDS_LOG_ERR_IMAGE_FILE_COPY_FAILURE");
+        DBCTransferLog::error("IDS_LOG_ERR_IMAGE_FILE_COPY_FAILURE", subject);
         DBCTransferLog::errorPlace(subject, toPath);
         *errors = DBCError(folderCode).withPathName(toPath);
         return QStringList();
@@ -264,7 +262,7 @@ std::optional<QStringList> DBCDataBaseController::_exportImageFile(
         return list;
     if (isFatalForExport(error)) {
         if (error.code() == DBCResultCode::FileSaveFailure)
-            DBCTransferLog::error("IDS_LOG_ERR_IMAGE_FILE_COPY_FAILURE");
+            DBCTransferLog::error("IDS_LOG_ERR_IMAGE_FILE_COPY_FAILURE", subject);
         DBCTransferLog::errorPlace(subject, toPath);
         *errors = error;
         return list;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCTransferLog.h"
 
-#include "datafile/DBCLocalizable.h"
 #include "operation/DBCLog.h"
 
 namespace {
@@ -13,6 +12,17 @@ QString valueText(const DBCRecord& record, DBCRecordKey key)
     if (const qint64* number = value ? std::get_if<qint64>(value) : nullptr)
         return QString::number(*number);
     return record.textOrEmpty(key);
+}
+
+DBCLogOrigin originOf(
+    const char* key, const DBCTransferSubject& subject, DBCConsequence consequence)
+{
+    bool isNumber = false;
+    const qint64 number = subject.number.toLongLong(&isNumber);
+    return {.key = QString::fromLatin1(key),
+        .number = isNumber ? std::optional(number) : std::nullopt,
+        .cardName = subject.fullName,
+        .consequence = consequence};
 }
 
 } // namespace
@@ -29,44 +39,56 @@ DBCTransferSubject DBCTransferSubject::ofExport(const DBCRecord& record)
 
 namespace DBCTransferLog {
 
-void error(const char* key)
+void error(const char* key, const DBCTransferSubject& subject)
 {
-    DBCLog::error(getLocalString(QString::fromLatin1(key)));
+    DBCLog::error(
+        getLocalString(QString::fromLatin1(key)), originOf(key, subject, DBCConsequence::Stopped));
 }
 
-void cardWarning(const char* key, const DBCTransferSubject& subject)
+void cardWarning(const char* key, const DBCTransferSubject& subject, DBCConsequence consequence,
+    const std::optional<DBCMessageArgument>& detail)
 {
-    DBCLog::warning(getLocalString(QString::fromLatin1(key), {subject.number, subject.fullName}));
-}
-
-void cardWarning(const char* key, const DBCTransferSubject& subject, const QString& detail)
-{
+    DBCMessageArguments arguments {subject.number, subject.fullName};
+    if (detail)
+        arguments.push_back(*detail);
     DBCLog::warning(
-        getLocalString(QString::fromLatin1(key), {subject.number, subject.fullName, detail}));
+        getLocalString(QString::fromLatin1(key), arguments), originOf(key, subject, consequence));
 }
 
-void cardWarning(const char* key, const DBCTransferSubject& subject, qint64 code)
+void nameLeadsOut(const DBCTransferSubject& subject, const QString& name, const QString& folder,
+    DBCConsequence consequence)
 {
+    constexpr const char* key = "IDS_LOG_WRN_NAME_LEADS_OUT";
     DBCLog::warning(
-        getLocalString(QString::fromLatin1(key), {subject.number, subject.fullName, code}));
+        getLocalString(QString::fromLatin1(key), {subject.number, subject.fullName, name, folder}),
+        originOf(key, subject, consequence));
 }
 
-void nameLeadsOut(const DBCTransferSubject& subject, const QString& name, const QString& folder)
+void missing(const DBCTransferSubject& subject, const QString& path, DBCConsequence consequence)
 {
-    DBCLog::warning(getLocalString(QStringLiteral("IDS_LOG_WRN_NAME_LEADS_OUT"),
-        {subject.number, subject.fullName, name, folder}));
+    constexpr const char* key = "IDS_LOG_WRN_FILE_NO_EXISTS";
+    const QString text = getLocalString(QString::fromLatin1(key), {path});
+    const DBCLogOrigin origin = originOf(key, subject, consequence);
+    if (consequence == DBCConsequence::Stopped)
+        DBCLog::error(text, origin);
+    else
+        DBCLog::warning(text, origin);
 }
 
 void errorPlace(const DBCTransferSubject& subject, const QString& path)
 {
-    DBCLog::error(getLocalString(
-        QStringLiteral("IDS_LOG_ERR_TRANSFER_PLACE"), {subject.number, subject.fullName, path}));
+    constexpr const char* key = "IDS_LOG_ERR_TRANSFER_PLACE";
+    DBCLog::error(
+        getLocalString(QString::fromLatin1(key), {subject.number, subject.fullName, path}),
+        originOf(key, subject, DBCConsequence::Stopped));
 }
 
 void errorCopy(const DBCTransferSubject& subject, const QString& source, const QString& target)
 {
-    DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_TRANSFER_COPY"),
-        {subject.number, subject.fullName, source, target}));
+    constexpr const char* key = "IDS_LOG_ERR_TRANSFER_COPY";
+    DBCLog::error(getLocalString(
+                      QString::fromLatin1(key), {subject.number, subject.fullName, source, target}),
+        originOf(key, subject, DBCConsequence::Stopped));
 }
 
 } // namespace DBCTransferLog

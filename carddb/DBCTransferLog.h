@@ -2,7 +2,9 @@
 // What the transfers of images and attachments tell the log about the card they are busy with.
 #pragma once
 
+#include "datafile/DBCLocalizable.h"
 #include "datafile/DBCRecord.h"
+#include "operation/DBCLogEntry.h"
 
 #include <QString>
 
@@ -18,15 +20,18 @@ struct DBCTransferSubject {
 namespace DBCTransferLog {
 
 // The localized text of key alone, at error level.
-void error(const char* key);
+void error(const char* key, const DBCTransferSubject& subject);
 
-// Warnings whose texts begin with the card's number and full name.
-void cardWarning(const char* key, const DBCTransferSubject& subject);
-void cardWarning(const char* key, const DBCTransferSubject& subject, const QString& detail);
-void cardWarning(const char* key, const DBCTransferSubject& subject, qint64 code);
+// Warnings whose texts begin with the card's number and full name. detail: their third argument.
+void cardWarning(const char* key, const DBCTransferSubject& subject, DBCConsequence consequence,
+    const std::optional<DBCMessageArgument>& detail = {});
 
-// A name in the data file that points out of the folder it belongs to.
-void nameLeadsOut(const DBCTransferSubject& subject, const QString& name, const QString& folder);
+// A name in the data file or the store that points out of the folder it belongs to.
+void nameLeadsOut(const DBCTransferSubject& subject, const QString& name, const QString& folder,
+    DBCConsequence consequence);
+
+// A file or folder that does not exist: a warning, or an error where the conversion stops.
+void missing(const DBCTransferSubject& subject, const QString& path, DBCConsequence consequence);
 
 // Which file or folder of which card an error is about; at error level.
 void errorPlace(const DBCTransferSubject& subject, const QString& path);

@@ -3,6 +3,7 @@
 #include "datafile/DBCInterchangeNames.h"
 #include "datafile/DBCLocalizable.h"
 #include "operation/DBCConverterController.h"
+#include "operation/DBCLog.h"
 #include "operation/DBCPreconditions.h"
 #include "operation/DBCSignalWatcher.h"
 
@@ -103,6 +104,8 @@ QStringList summaryOf(const Conversion& conversion, const DBCCommandResult& resu
     QStringList lines {outcomeText(conversion, result)};
     if (!result.backupPath.isEmpty())
         lines << text("IDS_CLI_BACKUP", {result.backupPath});
+    if (!result.reportPath.isEmpty())
+        lines << text("IDS_CLI_REPORT", {result.reportPath});
     const DBCLog* log = DBCLog::logInstance();
     if (!log)
         return lines << text("IDS_CLI_NO_LOG", {DBCLog::_defaultLogFilePath()});
@@ -130,6 +133,7 @@ DBCCommandResult runConversion(const DBCRequest& request, DBCReporter& reporter)
         .maxCount = outcome.maxCount,
         .finishedCount = outcome.finishedCount,
         .backupPath = outcome.backupPath,
+        .reportPath = outcome.reportPath,
     };
     if (const DBCLog* log = DBCLog::logInstance()) {
         result.warningCount = log->warningLogCount();

@@ -88,6 +88,7 @@ void DBCJsonReporter::result(const DBCCommandResult& result)
         {key("warnings"), qint64 {result.warningCount}},
         {key("errors"), qint64 {result.errorCount}},
         {key("backup"), orNull(result.backupPath)},
+        {key("report"), orNull(result.reportPath)},
     };
     insertIfSet(values, "problems", result.problemCount);
     if (result.bytesNeeded)

@@ -4,7 +4,7 @@
 
 #include "cli/DBCExitCode.h"
 #include "operation/DBCEvent.h"
-#include "operation/DBCLog.h"
+#include "operation/DBCLogEntry.h"
 #include "operation/DBCMessage.h"
 #include "operation/DBCProblem.h"
 
@@ -22,6 +22,7 @@ struct DBCCommandResult {
     quint32 warningCount = 0; // in the log
     quint32 errorCount = 0; // in the log
     QString backupPath = {}; // empty: there is none
+    QString reportPath = {}; // of the page about a conversion; empty: none could be written
     std::optional<qint64> problemCount = {}; // of a command that looks for problems
     std::optional<quint64> bytesNeeded = {}; // free space that an import of the folder asks for
     QStringList summary = {}; // for people

@@ -5,7 +5,7 @@
 #include "cli/DBCPlainReporter.h"
 #include "cli/DBCTerminal.h"
 #include "cli/DBCTerminalPresenter.h"
-#include "operation/DBCLog.h"
+#include "operation/DBCLogObserver.h"
 #include "operation/DBCStandardDescriptors.h"
 
 #include <QCoreApplication>
@@ -49,10 +49,9 @@ DBCExitCode run(const DBCRequest& request)
     const DBCTerminalPresenter presenter(terminal, *reporter,
         request.saysYes ? DBCTerminalPresenter::Answers::AlwaysYes
                         : DBCTerminalPresenter::Answers::AskOrNo);
-    DBCLog::setObserver(
-        [&](DBCLogType type, const QString& text) { reporter->logged(type, text); });
+    const DBCLogObserver logObserver(
+        [&](const DBCLogEntry& entry) { reporter->logged(entry.type, entry.text); });
     const DBCCommandResult result = runCommand(request, *reporter);
-    DBCLog::setObserver({});
     reporter->result(result);
     return result.exitCode;
 }

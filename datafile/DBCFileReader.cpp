@@ -99,7 +99,8 @@ std::optional<std::vector<DBCRecord>> DBCFileReader::loadData(DBCError* error)
         _cleanBuffer(); // the records hold copies, and the text is as large as the file
     if (records.empty()) {
         if (*error)
-            DBCLog::error(_lineErrorText);
+            DBCLog::error(_lineErrorText,
+                {.number = error->lineNo(), .consequence = DBCConsequence::Stopped});
         *error = DBCError(DBCResultCode::DataFileEmpty);
     }
     return records;
@@ -234,8 +235,12 @@ bool DBCFileReader::_validateItemLength(const QString& label, const std::optiona
 {
     if (!value || value->size() <= maxLength)
         return true;
-    DBCLog::warning(
-        getLocalString(QStringLiteral("IDS_LOG_WRN_ITEM_MAX_LEN"), {label, lineNo, fullName}));
+    const QString key = QStringLiteral("IDS_LOG_WRN_ITEM_MAX_LEN");
+    DBCLog::warning(getLocalString(key, {label, lineNo, fullName}),
+        {.key = key,
+            .number = lineNo.toLongLong(),
+            .cardName = fullName,
+            .consequence = DBCConsequence::ItemShortened});
     return false;
 }
 

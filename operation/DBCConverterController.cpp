@@ -7,6 +7,7 @@
 #include "datafile/DBCInterchangeNames.h"
 #include "datafile/DBCLocalizable.h"
 #include "operation/DBCLog.h"
+#include "operation/DBCRunStory.h"
 #include "operation/DBCStandardDescriptors.h"
 
 #include <QDir>
@@ -101,13 +102,18 @@ bool DBCConverterController::run()
 
     if (DBCLog* log = _log())
         log->resetLogCount();
+    _beginStory();
     _logInfo(QString(separatorLength, u'='));
 
     _outcome.code = _performOperation().code();
     _packageGuard.reset();
+    _endStory();
 
     const bool isOk = !isFailure(_outcome.code);
-    _send({.name = DBCEventName::OperationDidFinished, .operationIsOk = isOk});
+    _send({.name = DBCEventName::OperationDidFinished,
+        .operationIsOk = isOk,
+        .reportPath = _outcome.reportPath,
+        .concernedCardCount = _outcome.concernedCardCount});
     _isOperationFinished = true;
     return isOk;
 }
@@ -127,7 +133,7 @@ DBCError DBCConverterController::_performOperation()
         return sequenceError;
     });
     if (!hasSequenceEnded)
-        _showAndLog(unexpectedErrorMessage, {});
+        _showAndLog({unexpectedErrorMessage, {}}, error);
     else if (DBCLog* log = _log(); log && error)
         log->logDebug(QStringLiteral("Operation Finished! Error:[%1]").arg(error.toString()));
     return error;
@@ -210,25 +216,31 @@ DBCError DBCConverterController::_openDatabase(std::unique_ptr<DBCDataBaseContro
 
 void DBCConverterController::_handleImportError(const DBCError& error)
 {
-    const DBCMessage::Mapped message = DBCMessage::messageForImportError(error);
-    _showAndLog(message.number, message.arguments);
+    _showAndLog(DBCMessage::messageForImportError(error), error);
 }
 
 void DBCConverterController::_handleExportError(const DBCError& error)
 {
-    const DBCMessage::Mapped message = DBCMessage::messageForExportError(error);
-    _showAndLog(message.number, message.arguments);
+    _showAndLog(DBCMessage::messageForExportError(error), error);
 }
 
-void DBCConverterController::_showAndLog(quint32 number, const DBCMessageArguments& arguments) const
+void DBCConverterController::_showAndLog(
+    const DBCMessage::Mapped& message, const DBCError& error) const
 {
-    const QString text = DBCMessage::ShowErrorMessage(number, arguments);
-    if (DBCLog* log = _log())
-        log->logError(text);
+    const QString text = DBCMessage::ShowErrorMessage(message.number, message.arguments);
+    if (DBCLog* log = _log()) {
+        log->logError(text,
+            {.key = DBCMessage::keyOf(message.number),
+                .number = error.lineNo(),
+                .messageNumber = message.number,
+                .consequence = DBCConsequence::Stopped});
+    }
 }
 
 void DBCConverterController::_send(DBCEvent event) const
 {
+    if (_story)
+        _story->follow(event);
     DBCEventReceiver* receiver = _windowController;
     if (!receiver)
         return;

@@ -21,6 +21,7 @@ class DBCFileWriter;
 class DBCLog;
 class DBCPackageGuard;
 class DBCRecord;
+class DBCRunStory;
 
 enum class OperationType : qint32 {
     None = 0x20000,
@@ -89,6 +90,8 @@ public:
         qint64 maxCount = 0;
         qint64 finishedCount = 0;
         QString backupPath; // empty: no backup was made or it was removed again
+        QString reportPath; // empty: no report could be written
+        qint64 concernedCardCount = 0; // cards with warnings or errors
     };
     const Outcome& outcome() const { return _outcome; }
 
@@ -102,7 +105,7 @@ private:
     void _send(DBCEvent event) const;
     // cards: those of the operation, to name the one whose turn it is.
     void _sendProgress(DBCEventName name, const std::vector<DBCRecord>& cards) const;
-    void _showAndLog(quint32 number, const DBCMessageArguments& arguments) const;
+    void _showAndLog(const DBCMessage::Mapped& message, const DBCError& error) const;
     DBCError _performOperation();
     void _askToConfirmCancel();
     // Runs steps; an exception is logged through debugFormat (%1: its description) and becomes
@@ -115,6 +118,13 @@ private:
     DBCError _stopIfCancelled();
     static bool _isCancel(const DBCError& error);
     static bool _isFolder(const QString& path);
+
+    // --- report ---
+    void _beginStory();
+    // Writes the report. One that cannot be written is a warning in the log, which is not counted:
+    // it changes neither what the conversion came to nor how the program ends.
+    void _endStory();
+    void _writeReport(const DBCRunStory& story);
 
     // --- import ---
     DBCError _prepareImport(std::unique_ptr<DBCDataBaseController>* database);
@@ -154,4 +164,5 @@ private:
     DBCConversionFactories _factories;
     std::unique_ptr<DBCPackageGuard> _packageGuard; // while a sequence uses the package
     Outcome _outcome;
+    std::unique_ptr<DBCRunStory> _story; // while run() runs
 };

@@ -60,6 +60,9 @@ struct DBCEvent {
     std::optional<qint64> finishedCount = {}; // records or cards completely handled so far
     std::optional<bool> confirmCancelResult = {}; // true: the operation will stop
     QString currentCard = {}; // full name on the card whose turn it is; empty: none
+    // With OperationDidFinished: the page about the whole conversion; empty: none could be written.
+    QString reportPath = {};
+    qint64 concernedCardCount = 0; // cards with warnings or errors
 
     QLatin1StringView publicName() const
     {

@@ -2,6 +2,7 @@
 #include "operation/DBCLog.h"
 
 #include "datafile/DBCCommonFunction.h"
+#include "operation/DBCLogObserver.h"
 #include "operation/DBCSettings.h"
 #include "text/DBCControlCharacters.h"
 
@@ -39,28 +40,6 @@ Registry& registry()
 {
     static Registry theRegistry;
     return theRegistry;
-}
-
-struct ObserverSlot {
-    std::mutex mutex;
-    DBCLog::Observer observer;
-};
-
-ObserverSlot& observerSlot()
-{
-    static ObserverSlot slot;
-    return slot;
-}
-
-void notifyObserver(DBCLogType type, const QString& message)
-{
-    DBCLog::Observer observer;
-    {
-        const std::scoped_lock lock(observerSlot().mutex);
-        observer = observerSlot().observer;
-    }
-    if (observer)
-        observer(type, message);
 }
 
 } // namespace
@@ -117,21 +96,21 @@ DBCResultCode DBCLog::logInfo(const std::optional<QString>& message)
     return output(message, DBCLogType::Info);
 }
 
-DBCResultCode DBCLog::logWarning(const std::optional<QString>& message)
+DBCResultCode DBCLog::logWarning(const std::optional<QString>& message, const DBCLogOrigin& origin)
 {
     if (!message)
         return DBCResultCode::GeneralFailure;
     ++_warningLogCount;
-    notifyObserver(DBCLogType::Warning, *message);
+    DBCLogObserver::notifyAll({DBCLogType::Warning, *message, origin});
     return output(message, DBCLogType::Warning);
 }
 
-DBCResultCode DBCLog::logError(const std::optional<QString>& message)
+DBCResultCode DBCLog::logError(const std::optional<QString>& message, const DBCLogOrigin& origin)
 {
     if (!message)
         return DBCResultCode::GeneralFailure;
     ++_errorLogCount;
-    notifyObserver(DBCLogType::Error, *message);
+    DBCLogObserver::notifyAll({DBCLogType::Error, *message, origin});
     return output(message, DBCLogType::Error);
 }
 
@@ -198,20 +177,14 @@ void DBCLog::info(const QString& message)
         log->logInfo(message);
 }
 
-void DBCLog::warning(const QString& message)
+void DBCLog::warning(const QString& message, const DBCLogOrigin& origin)
 {
     if (DBCLog* log = logInstance())
-        log->logWarning(message);
+        log->logWarning(message, origin);
 }
 
-void DBCLog::error(const QString& message)
+void DBCLog::error(const QString& message, const DBCLogOrigin& origin)
 {
     if (DBCLog* log = logInstance())
-        log->logError(message);
-}
-
-void DBCLog::setObserver(Observer observer)
-{
-    const std::scoped_lock lock(observerSlot().mutex);
-    observerSlot().observer = std::move(observer);
+        log->logError(message, origin);
 }

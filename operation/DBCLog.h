@@ -4,17 +4,15 @@
 #pragma once
 
 #include "datafile/DBCFileWriter.h"
+#include "operation/DBCLogEntry.h"
 #include "operation/DBCResultCode.h"
 
 #include <QString>
 
 #include <atomic>
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
-
-enum class DBCLogType : qint32 { Debug = 0, Info = 1, Warning = 2, Error = 3 };
 
 class DBCLog {
 public:
@@ -31,8 +29,11 @@ public:
     // -1 (GeneralFailure) when the level filters the message out or it is missing.
     DBCResultCode logDebug(const std::optional<QString>& message);
     DBCResultCode logInfo(const std::optional<QString>& message);
-    DBCResultCode logWarning(const std::optional<QString>& message); // counted even when filtered
-    DBCResultCode logError(const std::optional<QString>& message); // counted even when filtered
+    // Counted, and told to the observers, even when filtered.
+    DBCResultCode logWarning(
+        const std::optional<QString>& message, const DBCLogOrigin& origin = {});
+    DBCResultCode logError(const std::optional<QString>& message, const DBCLogOrigin& origin = {});
+    // Neither counted nor told to the observers.
     DBCResultCode output(const std::optional<QString>& message, DBCLogType logType);
     // One line with its end; what a message holds of controls and line ends shows as text.
     static QString getLogString(const QString& message, const QString& logType);
@@ -48,13 +49,8 @@ public:
     // The default instance, null-safe: a message sent to a log that cannot be created is lost.
     static void debug(const QString& message);
     static void info(const QString& message);
-    static void warning(const QString& message);
-    static void error(const QString& message);
-
-    // Sees each warning and error of every instance, those that the level filters out included;
-    // called on the thread that logs. Empty: nobody.
-    using Observer = std::function<void(DBCLogType type, const QString& message)>;
-    static void setObserver(Observer observer);
+    static void warning(const QString& message, const DBCLogOrigin& origin = {});
+    static void error(const QString& message, const DBCLogOrigin& origin = {});
 
 private:
     explicit DBCLog(std::unique_ptr<DBCFileWriter> fileWriter);

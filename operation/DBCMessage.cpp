@@ -126,7 +126,7 @@ std::optional<QString> messageFormat(quint32 number)
 {
     if (number < firstMessage || number > lastMessage)
         return QString();
-    return DBCLocalizable::text(QStringLiteral("IDS_MSG_ERR_%1").arg(number, 4, 10, QChar(u'0')));
+    return DBCLocalizable::text(DBCMessage::keyOf(number));
 }
 
 QString errorText(quint32 number, const DBCMessageArguments& arguments)
@@ -173,6 +173,11 @@ void DBCMessagePresenter::askQuestionSheet(QWindow*, const DBCQuestion& question
 void DBCMessage::setPresenter(DBCMessagePresenter* presenter)
 {
     chosenPresenter = presenter;
+}
+
+QString DBCMessage::keyOf(quint32 number)
+{
+    return QStringLiteral("IDS_MSG_ERR_%1").arg(number, 4, 10, QChar(u'0'));
 }
 
 QString DBCMessage::ShowErrorMessage(quint32 number, const DBCMessageArguments& arguments)

@@ -71,6 +71,7 @@ public:
         const DBCMessageArguments& arguments = {});
 
     static QString btnLableString(DBCButton button);
+    static QString keyOf(quint32 number); // "IDS_MSG_ERR_0102"
 
     // The message that an import or export error is shown as, with its arguments filled in.
     struct Mapped {

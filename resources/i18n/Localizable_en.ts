@@ -69,6 +69,10 @@
         <source>Open &amp;Log</source>
         <translation>Open &amp;Log</translation>
     </message>
+    <message id="IDS_BUTTON_OPEN_REPORT">
+        <source>Open &amp;Report</source>
+        <translation>Open &amp;Report</translation>
+    </message>
     <message id="IDS_BUTTON_QUIT">
         <source>&amp;Quit</source>
         <translation>&amp;Quit</translation>
@@ -323,6 +327,11 @@
         <extracomment>%1: path.</extracomment>
         <translation>The card database [%1] is as it was before the import that did not finish.</translation>
     </message>
+    <message id="IDS_CLI_REPORT">
+        <source>Report: [%1]</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>Report: [%1]</translation>
+    </message>
     <message id="IDS_CLI_TRY_HELP">
         <source>&quot;velmora-convert --help&quot; shows all commands and options.</source>
         <translation>&quot;velmora-convert --help&quot; shows all commands and options.</translation>
@@ -560,6 +569,11 @@
         <source>VelmoraConverter was not started: another copy seems to run but does not answer, or its runtime folder cannot be used. Quit the other copy, or log out and in again, then start it once more.</source>
         <extracomment>Written to the terminal.</extracomment>
         <translation>VelmoraConverter was not started: another copy seems to run but does not answer, or its runtime folder cannot be used. Quit the other copy, or log out and in again, then start it once more.</translation>
+    </message>
+    <message id="IDS_LABEL_OPEN_REPORT">
+        <source>Open the report about this run. Cards with warnings or errors: %L1</source>
+        <extracomment>%L1: number of cards.</extracomment>
+        <translation>Open the report about this run. Cards with warnings or errors: %L1</translation>
     </message>
     <message id="IDS_LABEL_PATH_IS_FILE">
         <source>This is a file. Choose a folder.</source>
@@ -816,6 +830,11 @@
         <extracomment>%1: line of the data file. %2: full name on the card. %3: name in the data file. %4: folder.</extracomment>
         <translation>Line %1 [%2]: the name &quot;%3&quot; leads out of the folder [%4], so it was not used. Put the file into that folder, write its name into the data file without &quot;/&quot; or &quot;..&quot; in front, and import the card again.</translation>
     </message>
+    <message id="IDS_LOG_WRN_REPORT">
+        <source>The report [%1] could not be written: %2. The cards are not affected. Check that you may write to its folder and that the disk has free space.</source>
+        <extracomment>%1: path. %2: reason.</extracomment>
+        <translation>The report [%1] could not be written: %2. The cards are not affected. Check that you may write to its folder and that the disk has free space.</translation>
+    </message>
     <message id="IDS_MSG_DATA_COUNT">
         <source>Cards: %L1</source>
         <extracomment>%L1: number of cards. One of the two counts below follows directly.</extracomment>
@@ -876,6 +895,11 @@
         <source>The path of the folder [%1] is empty or too long. Choose a folder with a shorter path and try again.</source>
         <extracomment>%1: path.</extracomment>
         <translation>The path of the folder [%1] is empty or too long. Choose a folder with a shorter path and try again.</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0111">
+        <source>The report could not be opened for viewing. Open it with a web browser: [%1]</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The report could not be opened for viewing. Open it with a web browser: [%1]</translation>
     </message>
     <message id="IDS_MSG_ERR_0201">
         <source>The card database to export does not exist at [%1]. Choose an existing card database (.vmdb).</source>
@@ -1037,6 +1061,16 @@ Backup from before it: [%2]
 
 Restore the backup now? Yes: the card database becomes as it was before that import. No: it stays as it is, and so does the backup.</translation>
     </message>
+    <message id="IDS_MSG_WARNED_CARDS">
+        <source>Cards with warnings or errors: %L1</source>
+        <extracomment>%L1: number of cards.</extracomment>
+        <translation>Cards with warnings or errors: %L1</translation>
+    </message>
+    <message id="IDS_MSG_WARNED_COUNT">
+        <source>, with warnings: %L1</source>
+        <extracomment>Follows IDS_MSG_IMPORT_COUNT or IDS_MSG_EXPORT_COUNT. %L1: number of cards.</extracomment>
+        <translation>, with warnings: %L1</translation>
+    </message>
     <message id="IDS_OPEN_DATA_FILE_PANEL_TITLE">
         <source>Choose a Folder</source>
         <translation>Choose a Folder</translation>
@@ -1044,6 +1078,241 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     <message id="IDS_OPEN_VMDB_FILE_PANEL_TITLE">
         <source>Choose a Card Database</source>
         <translation>Choose a Card Database</translation>
+    </message>
+    <message id="IDS_REPORT_ASKED">
+        <source>What was asked</source>
+        <translation>What was asked</translation>
+    </message>
+    <message id="IDS_REPORT_BACKUP">
+        <source>Backup from before</source>
+        <extracomment>Stands before a path.</extracomment>
+        <translation>Backup from before</translation>
+    </message>
+    <message id="IDS_REPORT_CARDS_CONCERNED">
+        <source>Cards to look at</source>
+        <translation>Cards to look at</translation>
+    </message>
+    <message id="IDS_REPORT_CARDS_EXPORTED">
+        <source>Cards exported</source>
+        <translation>Cards exported</translation>
+    </message>
+    <message id="IDS_REPORT_CARDS_HANDLED">
+        <source>Cards handled until then</source>
+        <extracomment>Stands for what was undone or is not complete.</extracomment>
+        <translation>Cards handled until then</translation>
+    </message>
+    <message id="IDS_REPORT_CARDS_IMPORTED">
+        <source>Cards imported</source>
+        <translation>Cards imported</translation>
+    </message>
+    <message id="IDS_REPORT_COUNT">
+        <source>%L1 of %L2</source>
+        <extracomment>%L1: cards handled. %L2: cards there were.</extracomment>
+        <translation>%L1 of %L2</translation>
+    </message>
+    <message id="IDS_REPORT_DATA">
+        <source>The same for programs:</source>
+        <extracomment>Stands before the name of a file.</extracomment>
+        <translation>The same for programs:</translation>
+    </message>
+    <message id="IDS_REPORT_END_EXPORTED">
+        <source>The cards stand in the interchange folder. The card database was only read.</source>
+        <translation>The cards stand in the interchange folder. The card database was only read.</translation>
+    </message>
+    <message id="IDS_REPORT_END_EXPORT_INCOMPLETE">
+        <source>What had been written until then stays in the interchange folder, which is not complete. The card database was only read.</source>
+        <translation>What had been written until then stays in the interchange folder, which is not complete. The card database was only read.</translation>
+    </message>
+    <message id="IDS_REPORT_END_EXPORT_REMOVED">
+        <source>What had been written was removed again. The card database was only read.</source>
+        <translation>What had been written was removed again. The card database was only read.</translation>
+    </message>
+    <message id="IDS_REPORT_END_IMPORTED">
+        <source>The cards are stored in the card database. The backup from before stays until you delete it.</source>
+        <translation>The cards are stored in the card database. The backup from before stays until you delete it.</translation>
+    </message>
+    <message id="IDS_REPORT_END_NOT_RESTORED">
+        <source>The card database could not be put back and may be incomplete. Put a copy of the backup in its place before you use it.</source>
+        <translation>The card database could not be put back and may be incomplete. Put a copy of the backup in its place before you use it.</translation>
+    </message>
+    <message id="IDS_REPORT_END_UNCHANGED">
+        <source>The card database is as it was before.</source>
+        <translation>The card database is as it was before.</translation>
+    </message>
+    <message id="IDS_REPORT_ERROR">
+        <source>Error</source>
+        <translation>Error</translation>
+    </message>
+    <message id="IDS_REPORT_FATE">
+        <source>What became of it</source>
+        <extracomment>Title of a column.</extracomment>
+        <translation>What became of it</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_ITEM_SHORTENED">
+        <source>Transferred with the item cut off.</source>
+        <translation>Transferred with the item cut off.</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_NOT_CERTAIN">
+        <source>Not certain.</source>
+        <translation>Not certain.</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_NOT_EXPORTED">
+        <source>Not exported.</source>
+        <translation>Not exported.</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_NOT_IMPORTED">
+        <source>Not imported.</source>
+        <translation>Not imported.</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_STOPPED">
+        <source>Everything stopped here.</source>
+        <translation>Everything stopped here.</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_WITHOUT_ATTACHMENT">
+        <source>Transferred without this attachment.</source>
+        <translation>Transferred without this attachment.</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_WITHOUT_ATTACHMENTS">
+        <source>Transferred without attachments.</source>
+        <translation>Transferred without attachments.</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_WITHOUT_IMAGE">
+        <source>Transferred without this image.</source>
+        <translation>Transferred without this image.</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_WITHOUT_IMAGES">
+        <source>Transferred without images.</source>
+        <translation>Transferred without images.</translation>
+    </message>
+    <message id="IDS_REPORT_FROM">
+        <source>Interchange folder that was imported</source>
+        <extracomment>Stands before a path.</extracomment>
+        <translation>Interchange folder that was imported</translation>
+    </message>
+    <message id="IDS_REPORT_HOURS">
+        <source>%L1 h %L2 min</source>
+        <extracomment>Time taken.</extracomment>
+        <translation>%L1 h %L2 min</translation>
+    </message>
+    <message id="IDS_REPORT_INTO">
+        <source>Card database imported into</source>
+        <extracomment>Stands before a path.</extracomment>
+        <translation>Card database imported into</translation>
+    </message>
+    <message id="IDS_REPORT_KEPT">
+        <source>VelmoraConverter %1 keeps the newest %L2 reports beside the log. Copy those that you want for longer.</source>
+        <extracomment>%1: version. %L2: number of reports.</extracomment>
+        <translation>VelmoraConverter %1 keeps the newest %L2 reports beside the log. Copy those that you want for longer.</translation>
+    </message>
+    <message id="IDS_REPORT_LEFT_OUT">
+        <source>There are %L1 more warnings and errors, which only the log tells.</source>
+        <extracomment>%L1: number.</extracomment>
+        <translation>There are %L1 more warnings and errors, which only the log tells.</translation>
+    </message>
+    <message id="IDS_REPORT_LINE">
+        <source>Line</source>
+        <extracomment>Title of a column with line numbers of the data file.</extracomment>
+        <translation>Line</translation>
+    </message>
+    <message id="IDS_REPORT_LOG">
+        <source>Log</source>
+        <extracomment>Stands before a path.</extracomment>
+        <translation>Log</translation>
+    </message>
+    <message id="IDS_REPORT_MESSAGE_NUMBER">
+        <source>(message %1)</source>
+        <extracomment>%1: number.</extracomment>
+        <translation>(message %1)</translation>
+    </message>
+    <message id="IDS_REPORT_MINUTES">
+        <source>%L1 min %L2 s</source>
+        <extracomment>Time taken.</extracomment>
+        <translation>%L1 min %L2 s</translation>
+    </message>
+    <message id="IDS_REPORT_NAME">
+        <source>Name</source>
+        <extracomment>Title of a column.</extracomment>
+        <translation>Name</translation>
+    </message>
+    <message id="IDS_REPORT_NOTHING">
+        <source>No card had a warning or an error.</source>
+        <translation>No card had a warning or an error.</translation>
+    </message>
+    <message id="IDS_REPORT_NO_NAME">
+        <source>(no name)</source>
+        <extracomment>Stands for the name of a card without one.</extracomment>
+        <translation>(no name)</translation>
+    </message>
+    <message id="IDS_REPORT_NUMBER">
+        <source>Card</source>
+        <extracomment>Title of a column with running numbers of cards.</extracomment>
+        <translation>Card</translation>
+    </message>
+    <message id="IDS_REPORT_NUMBER_OF_CARDS">
+        <source>%L1</source>
+        <extracomment>%L1: number of cards.</extracomment>
+        <translation>%L1</translation>
+    </message>
+    <message id="IDS_REPORT_OTHERS">
+        <source>Not about a single card</source>
+        <translation>Not about a single card</translation>
+    </message>
+    <message id="IDS_REPORT_OUT_OF">
+        <source>Card database that was exported</source>
+        <extracomment>Stands before a path.</extracomment>
+        <translation>Card database that was exported</translation>
+    </message>
+    <message id="IDS_REPORT_REASON">
+        <source>Why it failed</source>
+        <translation>Why it failed</translation>
+    </message>
+    <message id="IDS_REPORT_SECONDS">
+        <source>%1 s</source>
+        <extracomment>Time taken.</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message id="IDS_REPORT_STARTED">
+        <source>Started</source>
+        <extracomment>Stands before a date and time.</extracomment>
+        <translation>Started</translation>
+    </message>
+    <message id="IDS_REPORT_TIME">
+        <source>Time taken</source>
+        <translation>Time taken</translation>
+    </message>
+    <message id="IDS_REPORT_TITLE_CANCELLED">
+        <source>%1 cancelled</source>
+        <extracomment>%1: name of the operation.</extracomment>
+        <translation>%1 cancelled</translation>
+    </message>
+    <message id="IDS_REPORT_TITLE_DONE">
+        <source>%1 finished</source>
+        <extracomment>%1: name of the operation.</extracomment>
+        <translation>%1 finished</translation>
+    </message>
+    <message id="IDS_REPORT_TITLE_FAILED">
+        <source>%1 failed</source>
+        <extracomment>%1: name of the operation.</extracomment>
+        <translation>%1 failed</translation>
+    </message>
+    <message id="IDS_REPORT_TITLE_WARNINGS">
+        <source>%1 finished, with warnings</source>
+        <extracomment>%1: name of the operation.</extracomment>
+        <translation>%1 finished, with warnings</translation>
+    </message>
+    <message id="IDS_REPORT_TO">
+        <source>Interchange folder exported to</source>
+        <extracomment>Stands before a path.</extracomment>
+        <translation>Interchange folder exported to</translation>
+    </message>
+    <message id="IDS_REPORT_WARNING">
+        <source>Warning</source>
+        <translation>Warning</translation>
+    </message>
+    <message id="IDS_REPORT_WRONG">
+        <source>What was wrong</source>
+        <extracomment>Title of a column.</extracomment>
+        <translation>What was wrong</translation>
     </message>
     <message id="IDS_TITLE_WINDOW">
         <source>VelmoraConverter</source>

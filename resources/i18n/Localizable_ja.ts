@@ -69,6 +69,10 @@
         <source>Open &amp;Log</source>
         <translation>ログを開く(&amp;L)</translation>
     </message>
+    <message id="IDS_BUTTON_OPEN_REPORT">
+        <source>Open &amp;Report</source>
+        <translation>レポートを開く(&amp;R)</translation>
+    </message>
     <message id="IDS_BUTTON_QUIT">
         <source>&amp;Quit</source>
         <translation>終了(&amp;Q)</translation>
@@ -323,6 +327,11 @@
         <extracomment>%1: path.</extracomment>
         <translation>名刺データベース [%1] を、完了しなかったインポートの前の状態に戻しました。</translation>
     </message>
+    <message id="IDS_CLI_REPORT">
+        <source>Report: [%1]</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>レポート: [%1]</translation>
+    </message>
     <message id="IDS_CLI_TRY_HELP">
         <source>&quot;velmora-convert --help&quot; shows all commands and options.</source>
         <translation>すべてのコマンドとオプションは「velmora-convert --help」で確認できます。</translation>
@@ -560,6 +569,11 @@
         <source>VelmoraConverter was not started: another copy seems to run but does not answer, or its runtime folder cannot be used. Quit the other copy, or log out and in again, then start it once more.</source>
         <extracomment>Written to the terminal.</extracomment>
         <translation>VelmoraConverterを起動しませんでした。すでに起動しているものが応答しないか、実行時用のフォルダを使用できません。起動しているものを終了するか、ログインし直してから、もう一度起動してください。</translation>
+    </message>
+    <message id="IDS_LABEL_OPEN_REPORT">
+        <source>Open the report about this run. Cards with warnings or errors: %L1</source>
+        <extracomment>%L1: number of cards.</extracomment>
+        <translation>この処理のレポートを開きます。警告またはエラーのある名刺: %L1件</translation>
     </message>
     <message id="IDS_LABEL_PATH_IS_FILE">
         <source>This is a file. Choose a folder.</source>
@@ -816,6 +830,11 @@
         <extracomment>%1: line of the data file. %2: full name on the card. %3: name in the data file. %4: folder.</extracomment>
         <translation>%1行目 [%2]: 「%3」はフォルダ [%4] の外を指しているため、使用しませんでした。ファイルをこのフォルダに置き、データファイルには先頭に「/」や「..」を付けずに名前を書いて、もう一度インポートしてください。</translation>
     </message>
+    <message id="IDS_LOG_WRN_REPORT">
+        <source>The report [%1] could not be written: %2. The cards are not affected. Check that you may write to its folder and that the disk has free space.</source>
+        <extracomment>%1: path. %2: reason.</extracomment>
+        <translation>レポート [%1] を書き込めませんでした: %2。名刺には影響ありません。このフォルダに書き込めること、ディスクに空き容量があることを確認してください。</translation>
+    </message>
     <message id="IDS_MSG_DATA_COUNT">
         <source>Cards: %L1</source>
         <extracomment>%L1: number of cards. One of the two counts below follows directly.</extracomment>
@@ -876,6 +895,11 @@
         <source>The path of the folder [%1] is empty or too long. Choose a folder with a shorter path and try again.</source>
         <extracomment>%1: path.</extracomment>
         <translation>フォルダのパス [%1] が空か、長すぎます。パスの短いフォルダを選択して、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_MSG_ERR_0111">
+        <source>The report could not be opened for viewing. Open it with a web browser: [%1]</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>レポートを表示できませんでした。ウェブブラウザで開いてください: [%1]</translation>
     </message>
     <message id="IDS_MSG_ERR_0201">
         <source>The card database to export does not exist at [%1]. Choose an existing card database (.vmdb).</source>
@@ -1037,6 +1061,16 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
 
 バックアップを復元しますか? 「はい」: 名刺データベースをインポート前の状態に戻します。「いいえ」: 名刺データベースもバックアップもこのまま残します。</translation>
     </message>
+    <message id="IDS_MSG_WARNED_CARDS">
+        <source>Cards with warnings or errors: %L1</source>
+        <extracomment>%L1: number of cards.</extracomment>
+        <translation>警告またはエラーのある名刺: %L1件</translation>
+    </message>
+    <message id="IDS_MSG_WARNED_COUNT">
+        <source>, with warnings: %L1</source>
+        <extracomment>Follows IDS_MSG_IMPORT_COUNT or IDS_MSG_EXPORT_COUNT. %L1: number of cards.</extracomment>
+        <translation>、警告あり: %L1件</translation>
+    </message>
     <message id="IDS_OPEN_DATA_FILE_PANEL_TITLE">
         <source>Choose a Folder</source>
         <translation>フォルダの選択</translation>
@@ -1044,6 +1078,241 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     <message id="IDS_OPEN_VMDB_FILE_PANEL_TITLE">
         <source>Choose a Card Database</source>
         <translation>名刺データベースの選択</translation>
+    </message>
+    <message id="IDS_REPORT_ASKED">
+        <source>What was asked</source>
+        <translation>処理の内容</translation>
+    </message>
+    <message id="IDS_REPORT_BACKUP">
+        <source>Backup from before</source>
+        <extracomment>Stands before a path.</extracomment>
+        <translation>処理前のバックアップ</translation>
+    </message>
+    <message id="IDS_REPORT_CARDS_CONCERNED">
+        <source>Cards to look at</source>
+        <translation>確認が必要な名刺</translation>
+    </message>
+    <message id="IDS_REPORT_CARDS_EXPORTED">
+        <source>Cards exported</source>
+        <translation>エクスポートした名刺</translation>
+    </message>
+    <message id="IDS_REPORT_CARDS_HANDLED">
+        <source>Cards handled until then</source>
+        <extracomment>Stands for what was undone or is not complete.</extracomment>
+        <translation>終了までに処理した名刺</translation>
+    </message>
+    <message id="IDS_REPORT_CARDS_IMPORTED">
+        <source>Cards imported</source>
+        <translation>インポートした名刺</translation>
+    </message>
+    <message id="IDS_REPORT_COUNT">
+        <source>%L1 of %L2</source>
+        <extracomment>%L1: cards handled. %L2: cards there were.</extracomment>
+        <translation>%L1件 / %L2件</translation>
+    </message>
+    <message id="IDS_REPORT_DATA">
+        <source>The same for programs:</source>
+        <extracomment>Stands before the name of a file.</extracomment>
+        <translation>プログラム用の同じ内容:</translation>
+    </message>
+    <message id="IDS_REPORT_END_EXPORTED">
+        <source>The cards stand in the interchange folder. The card database was only read.</source>
+        <translation>名刺をデータフォルダに書き出しました。名刺データベースは変更していません。</translation>
+    </message>
+    <message id="IDS_REPORT_END_EXPORT_INCOMPLETE">
+        <source>What had been written until then stays in the interchange folder, which is not complete. The card database was only read.</source>
+        <translation>途中まで書き出した分はデータフォルダに残っていますが、完全ではありません。名刺データベースは変更していません。</translation>
+    </message>
+    <message id="IDS_REPORT_END_EXPORT_REMOVED">
+        <source>What had been written was removed again. The card database was only read.</source>
+        <translation>書き出した分は削除しました。名刺データベースは変更していません。</translation>
+    </message>
+    <message id="IDS_REPORT_END_IMPORTED">
+        <source>The cards are stored in the card database. The backup from before stays until you delete it.</source>
+        <translation>名刺を名刺データベースに保存しました。処理前のバックアップは、削除するまで残ります。</translation>
+    </message>
+    <message id="IDS_REPORT_END_NOT_RESTORED">
+        <source>The card database could not be put back and may be incomplete. Put a copy of the backup in its place before you use it.</source>
+        <translation>名刺データベースを元に戻せませんでした。不完全な可能性があります。使用する前に、バックアップのコピーを元の場所に置いてください。</translation>
+    </message>
+    <message id="IDS_REPORT_END_UNCHANGED">
+        <source>The card database is as it was before.</source>
+        <translation>名刺データベースは処理前の状態です。</translation>
+    </message>
+    <message id="IDS_REPORT_ERROR">
+        <source>Error</source>
+        <translation>エラー</translation>
+    </message>
+    <message id="IDS_REPORT_FATE">
+        <source>What became of it</source>
+        <extracomment>Title of a column.</extracomment>
+        <translation>処理の結果</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_ITEM_SHORTENED">
+        <source>Transferred with the item cut off.</source>
+        <translation>項目の一部を省いて処理しました。</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_NOT_CERTAIN">
+        <source>Not certain.</source>
+        <translation>確認できません。</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_NOT_EXPORTED">
+        <source>Not exported.</source>
+        <translation>エクスポートしていません。</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_NOT_IMPORTED">
+        <source>Not imported.</source>
+        <translation>インポートしていません。</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_STOPPED">
+        <source>Everything stopped here.</source>
+        <translation>ここで処理が止まりました。</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_WITHOUT_ATTACHMENT">
+        <source>Transferred without this attachment.</source>
+        <translation>この添付ファイルを除いて処理しました。</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_WITHOUT_ATTACHMENTS">
+        <source>Transferred without attachments.</source>
+        <translation>添付ファイルなしで処理しました。</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_WITHOUT_IMAGE">
+        <source>Transferred without this image.</source>
+        <translation>この画像を除いて処理しました。</translation>
+    </message>
+    <message id="IDS_REPORT_FATE_WITHOUT_IMAGES">
+        <source>Transferred without images.</source>
+        <translation>画像なしで処理しました。</translation>
+    </message>
+    <message id="IDS_REPORT_FROM">
+        <source>Interchange folder that was imported</source>
+        <extracomment>Stands before a path.</extracomment>
+        <translation>インポート元のデータフォルダ</translation>
+    </message>
+    <message id="IDS_REPORT_HOURS">
+        <source>%L1 h %L2 min</source>
+        <extracomment>Time taken.</extracomment>
+        <translation>%L1時間%L2分</translation>
+    </message>
+    <message id="IDS_REPORT_INTO">
+        <source>Card database imported into</source>
+        <extracomment>Stands before a path.</extracomment>
+        <translation>インポート先の名刺データベース</translation>
+    </message>
+    <message id="IDS_REPORT_KEPT">
+        <source>VelmoraConverter %1 keeps the newest %L2 reports beside the log. Copy those that you want for longer.</source>
+        <extracomment>%1: version. %L2: number of reports.</extracomment>
+        <translation>VelmoraConverter %1は、新しいものから%L2件のレポートをログと同じ場所に残します。長く残したいレポートは、別の場所にコピーしてください。</translation>
+    </message>
+    <message id="IDS_REPORT_LEFT_OUT">
+        <source>There are %L1 more warnings and errors, which only the log tells.</source>
+        <extracomment>%L1: number.</extracomment>
+        <translation>このほかに%L1件の警告とエラーがあります。ログを確認してください。</translation>
+    </message>
+    <message id="IDS_REPORT_LINE">
+        <source>Line</source>
+        <extracomment>Title of a column with line numbers of the data file.</extracomment>
+        <translation>行</translation>
+    </message>
+    <message id="IDS_REPORT_LOG">
+        <source>Log</source>
+        <extracomment>Stands before a path.</extracomment>
+        <translation>ログ</translation>
+    </message>
+    <message id="IDS_REPORT_MESSAGE_NUMBER">
+        <source>(message %1)</source>
+        <extracomment>%1: number.</extracomment>
+        <translation>(メッセージ %1)</translation>
+    </message>
+    <message id="IDS_REPORT_MINUTES">
+        <source>%L1 min %L2 s</source>
+        <extracomment>Time taken.</extracomment>
+        <translation>%L1分%L2秒</translation>
+    </message>
+    <message id="IDS_REPORT_NAME">
+        <source>Name</source>
+        <extracomment>Title of a column.</extracomment>
+        <translation>氏名</translation>
+    </message>
+    <message id="IDS_REPORT_NOTHING">
+        <source>No card had a warning or an error.</source>
+        <translation>警告やエラーのあった名刺はありません。</translation>
+    </message>
+    <message id="IDS_REPORT_NO_NAME">
+        <source>(no name)</source>
+        <extracomment>Stands for the name of a card without one.</extracomment>
+        <translation>(氏名なし)</translation>
+    </message>
+    <message id="IDS_REPORT_NUMBER">
+        <source>Card</source>
+        <extracomment>Title of a column with running numbers of cards.</extracomment>
+        <translation>番号</translation>
+    </message>
+    <message id="IDS_REPORT_NUMBER_OF_CARDS">
+        <source>%L1</source>
+        <extracomment>%L1: number of cards.</extracomment>
+        <translation>%L1件</translation>
+    </message>
+    <message id="IDS_REPORT_OTHERS">
+        <source>Not about a single card</source>
+        <translation>個々の名刺以外の警告とエラー</translation>
+    </message>
+    <message id="IDS_REPORT_OUT_OF">
+        <source>Card database that was exported</source>
+        <extracomment>Stands before a path.</extracomment>
+        <translation>エクスポート元の名刺データベース</translation>
+    </message>
+    <message id="IDS_REPORT_REASON">
+        <source>Why it failed</source>
+        <translation>失敗した理由</translation>
+    </message>
+    <message id="IDS_REPORT_SECONDS">
+        <source>%1 s</source>
+        <extracomment>Time taken.</extracomment>
+        <translation>%1秒</translation>
+    </message>
+    <message id="IDS_REPORT_STARTED">
+        <source>Started</source>
+        <extracomment>Stands before a date and time.</extracomment>
+        <translation>開始日時</translation>
+    </message>
+    <message id="IDS_REPORT_TIME">
+        <source>Time taken</source>
+        <translation>所要時間</translation>
+    </message>
+    <message id="IDS_REPORT_TITLE_CANCELLED">
+        <source>%1 cancelled</source>
+        <extracomment>%1: name of the operation.</extracomment>
+        <translation>%1を中止しました</translation>
+    </message>
+    <message id="IDS_REPORT_TITLE_DONE">
+        <source>%1 finished</source>
+        <extracomment>%1: name of the operation.</extracomment>
+        <translation>%1が終了しました</translation>
+    </message>
+    <message id="IDS_REPORT_TITLE_FAILED">
+        <source>%1 failed</source>
+        <extracomment>%1: name of the operation.</extracomment>
+        <translation>%1に失敗しました</translation>
+    </message>
+    <message id="IDS_REPORT_TITLE_WARNINGS">
+        <source>%1 finished, with warnings</source>
+        <extracomment>%1: name of the operation.</extracomment>
+        <translation>%1が終了しました (警告あり)</translation>
+    </message>
+    <message id="IDS_REPORT_TO">
+        <source>Interchange folder exported to</source>
+        <extracomment>Stands before a path.</extracomment>
+        <translation>エクスポート先のデータフォルダ</translation>
+    </message>
+    <message id="IDS_REPORT_WARNING">
+        <source>Warning</source>
+        <translation>警告</translation>
+    </message>
+    <message id="IDS_REPORT_WRONG">
+        <source>What was wrong</source>
+        <extracomment>Title of a column.</extracomment>
+        <translation>問題</translation>
     </message>
     <message id="IDS_TITLE_WINDOW">
         <source>VelmoraConverter</source>

@@ -60,17 +60,30 @@ void drawRunning(WindowFixture& fixture)
     send(fixture, DBCEventName::ImportIsRunning, 815);
 }
 
-void finish(WindowFixture& fixture)
+void end(WindowFixture& fixture, bool isOk, qint64 concernedCardCount)
+{
+    fixture.send({.name = DBCEventName::OperationDidFinished,
+        .operationIsOk = isOk,
+        .reportPath = QStringLiteral("/home/hanako/Library/Logs/report.html"),
+        .concernedCardCount = concernedCardCount});
+}
+
+void finish(WindowFixture& fixture, qint64 concernedCardCount)
 {
     openImport(fixture);
     send(fixture, DBCEventName::ImportDidFinished, cards);
-    fixture.send({.name = DBCEventName::OperationDidFinished, .operationIsOk = true});
+    end(fixture, true, concernedCardCount);
+}
+
+void drawFinished(WindowFixture& fixture)
+{
+    finish(fixture, 0);
 }
 
 void drawWarnings(WindowFixture& fixture)
 {
     DBCLog::warning(QStringLiteral("a card without an image"));
-    finish(fixture);
+    finish(fixture, 12);
 }
 
 void drawRestored(WindowFixture& fixture)
@@ -78,7 +91,7 @@ void drawRestored(WindowFixture& fixture)
     openImport(fixture);
     fixture.send({.name = DBCEventName::DatabaseRestoreWillBegin});
     fixture.send({.name = DBCEventName::DatabaseRestoreDidFinished, .operationIsOk = true});
-    fixture.send({.name = DBCEventName::OperationDidFinished, .operationIsOk = false});
+    end(fixture, false, 1);
 }
 
 struct Screen {
@@ -90,7 +103,7 @@ constexpr Screen screens[] {
     {"choice", [](WindowFixture&) {}},
     {"idle", openImport},
     {"running", drawRunning},
-    {"finished", finish},
+    {"finished", drawFinished},
     {"warnings", drawWarnings},
     {"restored", drawRestored},
 };

@@ -4,7 +4,7 @@
 
 #include "carddb/DBCDataBaseController.h"
 #include "datafile/DBCLocalizable.h"
-#include "operation/DBCLog.h"
+#include "operation/DBCLogObserver.h"
 #include "tests/support/InterchangeFolder.h"
 #include "tests/support/PackageFixture.h"
 #include "tests/support/TestHome.h"
@@ -12,25 +12,26 @@
 #include <QProcess>
 #include <QStringList>
 
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <utility>
+#include <vector>
 
 struct RecordedLog {
-    RecordedLog()
-    {
-        DBCLog::setObserver([this](DBCLogType type, const QString& message) {
-            (type == DBCLogType::Warning ? warnings : errors) << message;
-        });
-    }
-    ~RecordedLog() { DBCLog::setObserver({}); }
-    RecordedLog(const RecordedLog&) = delete;
-    RecordedLog& operator=(const RecordedLog&) = delete;
-
     bool isEmpty() const { return warnings.isEmpty() && errors.isEmpty(); }
 
     QStringList warnings;
     QStringList errors;
+    std::vector<DBCLogOrigin> origins; // what each message is about
+    std::function<void(const DBCLogEntry& entry)> onEntry = [](const DBCLogEntry&) {};
+
+private:
+    DBCLogObserver _observer {[this](const DBCLogEntry& entry) {
+        (entry.type == DBCLogType::Warning ? warnings : errors) << entry.text;
+        origins.push_back(entry.origin);
+        onEntry(entry);
+    }};
 };
 
 // What the system says a folder takes, in bytes.

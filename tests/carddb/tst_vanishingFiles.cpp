@@ -31,12 +31,10 @@ struct Transfer : TransferFixture {
 
     void atTheFirstWarning(const std::function<void()>& act)
     {
-        DBCLog::setObserver([this, act](DBCLogType type, const QString& message) {
-            QStringList& list = type == DBCLogType::Warning ? log.warnings : log.errors;
-            list << message;
-            if (type == DBCLogType::Warning && list.size() == 1)
+        log.onEntry = [this, act](const DBCLogEntry& entry) {
+            if (entry.type == DBCLogType::Warning && log.warnings.size() == 1)
                 act();
-        });
+        };
     }
     std::optional<QString> importAttachments()
     {

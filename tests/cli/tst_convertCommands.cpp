@@ -2,10 +2,12 @@
 // velmora-convert import and export, as a person and as a script run them.
 #include "datafile/DBCInterchangeNames.h"
 #include "tests/cli/ConvertProgram.h"
+#include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/DataFileBuilder.h"
 #include "tests/support/InterchangeFolder.h"
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/PackageFixture.h"
+#include "tests/support/ScopedMode.h"
 
 #include <QDir>
 #include <QtTest>
@@ -91,6 +93,13 @@ struct Desk {
         return QStringList({QStringLiteral("export"), package.path(), parent}) + options;
     }
     QString exported() const { return parent + u'/' + DBCInterchangeNames::rootFolderName(); }
+    // The path of the one report there is; empty: none or several.
+    QString report() const
+    {
+        const QDir logs(home.path(QStringLiteral("home/Library/Logs")));
+        const QStringList pages = logs.entryList({QStringLiteral("*.html")});
+        return pages.size() == 1 ? logs.filePath(pages.constFirst()) : QString();
+    }
     qlonglong cardCount() const
     {
         return package.value(QStringLiteral("SELECT count(*) FROM ZCARD")).toLongLong();
@@ -119,6 +128,7 @@ private Q_SLOTS:
     void jsonOfAnExport();
     void jsonOfAFailure();
     void warningsEndWithFour();
+    void reportThatCannotBeWrittenChangesNoExitStatus();
 
     void withoutTerminalTheAnswerIsNo();
     void refusedImportChangesNothing_data();
@@ -151,12 +161,13 @@ void tst_convertCommands::importTellsWhatWasConvertedAndWhereItLies()
 
     QCOMPARE(run.exitCode, 0);
     QVERIFY2(run.errors.isEmpty(), qPrintable(run.errors));
-    QCOMPARE(run.outputLines().size(), 3);
+    QCOMPARE(run.outputLines().size(), 4);
     QVERIFY(run.outputLines().at(0).contains(QStringLiteral("2 of 2")));
     QVERIFY(run.outputLines().at(0).contains(desk.package.path()));
     QVERIFY(
         run.outputLines().at(1).contains(desk.home.path(QStringLiteral("Velmora DB_bak.vmdb"))));
-    QVERIFY(run.outputLines().at(2).contains(
+    QVERIFY(run.outputLines().at(2).contains(QStringLiteral("[%1]").arg(desk.report())));
+    QVERIFY(run.outputLines().at(3).contains(
         desk.home.path(QStringLiteral("home/Library/Logs/VelmoraConverter.log"))));
     QCOMPARE(desk.cardCount(), 2);
 }
@@ -227,7 +238,8 @@ void tst_convertCommands::jsonOfAnImport()
             {QStringLiteral("cancelled"), false}, {QStringLiteral("max"), 2},
             {QStringLiteral("finished"), 2}, {QStringLiteral("warnings"), 0},
             {QStringLiteral("errors"), 0},
-            {QStringLiteral("backup"), desk.home.path(QStringLiteral("Velmora DB_bak.vmdb"))}}));
+            {QStringLiteral("backup"), desk.home.path(QStringLiteral("Velmora DB_bak.vmdb"))},
+            {QStringLiteral("report"), desk.report()}}));
 }
 
 void tst_convertCommands::jsonOfAnExport()
@@ -278,6 +290,24 @@ void tst_convertCommands::warningsEndWithFour()
     QCOMPARE(run.exitCode, 4);
     QVERIFY(run.outputLines().constLast().contains(QStringLiteral("warnings: 1")));
     QCOMPARE(desk.cardCount(), 2);
+}
+
+void tst_convertCommands::reportThatCannotBeWrittenChangesNoExitStatus()
+{
+    const AsOrdinaryUser user;
+    const Desk desk;
+    const QString logs = desk.home.makeFolder(QStringLiteral("home/Library/Logs"));
+    desk.home.writeFile(QStringLiteral("home/Library/Logs/VelmoraConverter.log"), {});
+    const ScopedMode mode(logs, 0555);
+
+    const ProgramRun run = desk.program.run(desk.importing(yesAndJson));
+
+    QCOMPARE(run.exitCode, 0);
+    const QJsonObject result = run.object(QStringLiteral("result"));
+    QVERIFY(result.value(QStringLiteral("report")).isNull());
+    QCOMPARE(result.value(QStringLiteral("warnings")), QJsonValue(0));
+    QVERIFY(!run.names().contains(QStringLiteral("warning")));
+    QVERIFY(desk.home.logText().contains(QStringLiteral("[Warning] The report [")));
 }
 
 void tst_convertCommands::withoutTerminalTheAnswerIsNo()

@@ -64,7 +64,8 @@ def spoke(area, run):
 
 
 def has_warnings(area):
-    return bool(re.search(r"\[(Warning|Error)\]", log_of(area)))
+    # That a report could not be written is none of the conversion's.
+    return bool(re.search(r"\[(Warning|Error)\] (?!The report \[)", log_of(area)))
 
 
 def judge_bystanders(before, found, own):

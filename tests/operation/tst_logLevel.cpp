@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "operation/DBCLog.h"
-
+#include "operation/DBCLogObserver.h"
 #include "tests/operation/LogFixture.h"
 #include "tests/support/CapturedStandardError.h"
 
@@ -12,11 +12,7 @@ class tst_logLevel : public QObject, private LogFixture {
     Q_OBJECT
 private Q_SLOTS:
     void init() { begin(); }
-    void cleanup()
-    {
-        DBCLog::setObserver({});
-        end();
-    }
+    void cleanup() { end(); }
 
     void debugIsNeverWritten();
     void levelTwoDropsInfoAndKeepsTheRest();
@@ -32,6 +28,8 @@ private Q_SLOTS:
 
     void observerSeesWarningsAndErrors();
     void observerSeesWhatTheLevelFilters();
+    void observerSeesWhatAMessageIsAbout();
+    void everyObserverSeesEverything();
 
 private:
     void setLogLevel(const QByteArray& value) const
@@ -155,8 +153,8 @@ void tst_logLevel::countsOfOtherInstancesAreTheirOwn()
 void tst_logLevel::observerSeesWarningsAndErrors()
 {
     QStringList seen;
-    DBCLog::setObserver([&](DBCLogType type, const QString& message) {
-        seen << QString::number(static_cast<int>(type)) + message;
+    std::optional<DBCLogObserver> observer([&](const DBCLogEntry& entry) {
+        seen << QString::number(static_cast<int>(entry.type)) + entry.text;
     });
     DBCLog* const log = DBCLog::logInstance();
     log->logDebug(QStringLiteral("d"));
@@ -164,7 +162,7 @@ void tst_logLevel::observerSeesWarningsAndErrors()
     log->logWarning(QStringLiteral("w"));
     DBCLog::logInstance(_home->path(QStringLiteral("other.log")))->logError(QStringLiteral("e"));
     QCOMPARE(seen, (QStringList {QStringLiteral("2w"), QStringLiteral("3e")}));
-    DBCLog::setObserver({});
+    observer.reset();
     log->logWarning(QStringLiteral("unseen"));
     QCOMPARE(seen.size(), 2);
 }
@@ -173,9 +171,39 @@ void tst_logLevel::observerSeesWhatTheLevelFilters()
 {
     setLogLevel(4);
     QStringList seen;
-    DBCLog::setObserver([&](DBCLogType, const QString& message) { seen << message; });
+    const DBCLogObserver observer([&](const DBCLogEntry& entry) { seen << entry.text; });
     DBCLog::logInstance()->logWarning(QStringLiteral("w"));
     QCOMPARE(seen, QStringList {QStringLiteral("w")});
+}
+
+void tst_logLevel::observerSeesWhatAMessageIsAbout()
+{
+    DBCLogOrigin seen;
+    const DBCLogObserver observer([&](const DBCLogEntry& entry) { seen = entry.origin; });
+    DBCLog::warning(QStringLiteral("w"),
+        {.key = QStringLiteral("KEY"),
+            .number = 12,
+            .cardName = QStringLiteral("Hanako"),
+            .consequence = DBCConsequence::WithoutImage});
+    QCOMPARE(seen.key, QStringLiteral("KEY"));
+    QCOMPARE(seen.number, std::optional<qint64>(12));
+    QCOMPARE(seen.cardName, QStringLiteral("Hanako"));
+    QCOMPARE(seen.consequence, DBCConsequence::WithoutImage);
+    DBCLog::error(QStringLiteral("e"));
+    QVERIFY(!seen.number);
+}
+
+void tst_logLevel::everyObserverSeesEverything()
+{
+    QStringList seen;
+    const DBCLogObserver first([&](const DBCLogEntry& entry) { seen << u'1' + entry.text; });
+    {
+        const DBCLogObserver second([&](const DBCLogEntry& entry) { seen << u'2' + entry.text; });
+        DBCLog::warning(QStringLiteral("w"));
+    }
+    DBCLog::error(QStringLiteral("e"));
+    QCOMPARE(
+        seen, (QStringList {QStringLiteral("1w"), QStringLiteral("2w"), QStringLiteral("1e")}));
 }
 
 QTEST_GUILESS_MAIN(tst_logLevel)

@@ -23,9 +23,9 @@ struct Entry {
 using Catalogue = QMap<QString, Entry>;
 
 // Numbers of the messages, whose keys are formed from them.
-const QList<int> messageNumbers {101, 102, 103, 104, 105, 106, 108, 109, 110, 201, 202, 203, 204,
-    205, 206, 207, 208, 209, 210, 211, 301, 302, 304, 306, 307, 308, 309, 310, 311, 313, 314, 315,
-    316, 317};
+const QList<int> messageNumbers {101, 102, 103, 104, 105, 106, 108, 109, 110, 111, 201, 202, 203,
+    204, 205, 206, 207, 208, 209, 210, 211, 301, 302, 304, 306, 307, 308, 309, 310, 311, 313, 314,
+    315, 316, 317};
 
 // Texts that are the same words in both languages.
 const QSet<QString> untranslatedKeys {
@@ -231,9 +231,9 @@ void tst_stringsTable::textsTakeTheArgumentsTheyAreGiven_data()
     row("IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING", 1);
     row("IDS_MSG_DB_OPERATION_SUCCESS", 1);
     row("IDS_MSG_DB_RESTORE_FINISH", 1);
-    const QMap<int, int> messagesWithArguments {{104, 2}, {105, 1}, {109, 1}, {110, 1}, {201, 1},
-        {202, 1}, {203, 1}, {204, 1}, {205, 1}, {211, 1}, {302, 1}, {304, 1}, {307, 1}, {308, 1},
-        {309, 1}, {311, 2}, {317, 1}};
+    const QMap<int, int> messagesWithArguments {{104, 2}, {105, 1}, {109, 1}, {110, 1}, {111, 1},
+        {201, 1}, {202, 1}, {203, 1}, {204, 1}, {205, 1}, {211, 1}, {302, 1}, {304, 1}, {307, 1},
+        {308, 1}, {309, 1}, {311, 2}, {317, 1}};
     for (const int number : messageNumbers)
         row(qPrintable(keyOfMessage(number)), messagesWithArguments.value(number, 0));
 }

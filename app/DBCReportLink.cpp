@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/DBCReportLink.h"
+
+#include "app/DBCDesktopOpener.h"
+#include "app/DBCMessageArea.h"
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCEvent.h"
+#include "operation/DBCMessage.h"
+
+namespace {
+
+constexpr quint32 reportNotOpenedMessage = 111;
+
+// After a conversion that came to its end the area's last line counts cards, and goes on.
+void showCount(qint64 concernedCardCount, DBCMessageArea& messageArea)
+{
+    const char* const key = messageArea.hasText() ? "IDS_MSG_WARNED_COUNT" : "IDS_MSG_WARNED_CARDS";
+    messageArea.appendText(getLocalString(QString::fromLatin1(key), {concernedCardCount}));
+}
+
+} // namespace
+
+DBCReportLink::DBCReportLink(QWidget* parent)
+    : QPushButton(parent)
+{
+    QSizePolicy policy = sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    setSizePolicy(policy);
+    hide();
+    connect(this, &QPushButton::clicked, this, &DBCReportLink::openReport);
+}
+
+void DBCReportLink::offer(const DBCEvent& finished, DBCMessageArea& messageArea)
+{
+    if (finished.concernedCardCount != 0)
+        showCount(finished.concernedCardCount, messageArea);
+    _path = finished.reportPath;
+    const QString description
+        = getLocalString(QStringLiteral("IDS_LABEL_OPEN_REPORT"), {finished.concernedCardCount});
+    setAccessibleName(description);
+    setToolTip(description);
+    setVisible(!_path.isEmpty());
+}
+
+void DBCReportLink::takeBack()
+{
+    _path.clear();
+    hide();
+}
+
+void DBCReportLink::openReport()
+{
+    openOnDesktop(_path, this,
+        [path = _path] { DBCMessage::ShowErrorMessage(reportNotOpenedMessage, {path}); });
+}

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The report about a run. Nothing about it is worth a conversion: whatever goes wrong here, the
+// conversion is what it was.
+#include "operation/DBCConverterController.h"
+
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCLog.h"
+#include "operation/DBCReportFiles.h"
+#include "operation/DBCRunStory.h"
+
+#include <QFileInfo>
+
+#include <exception>
+
+namespace {
+
+template <typename Step> void withoutHarm(const Step& step)
+{
+    try {
+        step();
+    } catch (const std::exception&) {
+        // No memory, that is: for a line in the log neither.
+    }
+}
+
+QString folderOf(const QString& logFilePath)
+{
+    return QFileInfo(logFilePath.isEmpty() ? DBCLog::_defaultLogFilePath() : logFilePath).path();
+}
+
+} // namespace
+
+void DBCConverterController::_beginStory()
+{
+    withoutHarm([this] { _story = std::make_unique<DBCRunStory>(); });
+}
+
+void DBCConverterController::_endStory()
+{
+    withoutHarm([this] {
+        if (_story)
+            _writeReport(*_story);
+    });
+    _story.reset();
+}
+
+void DBCConverterController::_writeReport(const DBCRunStory& story)
+{
+    DBCRunReport report = story.reportOf(
+        _outcome, _isStopRunning ? DBCRunStory::Stop::Confirmed : DBCRunStory::Stop::NotAsked);
+    report.operation = _operationType;
+    report.folder = _fullPathFolder;
+    report.package = _fullPathDB;
+    report.logPath = _logFilePath;
+
+    _outcome.concernedCardCount = report.concernedCardCount;
+    const auto written = DBCReportFiles::write(report, folderOf(_logFilePath));
+    if (const auto* path = std::get_if<QString>(&written)) {
+        _outcome.reportPath = *path;
+        return;
+    }
+    const auto& failure = std::get<DBCReportFiles::Failure>(written);
+    if (DBCLog* log = _log()) {
+        log->output(
+            getLocalString(QStringLiteral("IDS_LOG_WRN_REPORT"), {failure.path, failure.reason}),
+            DBCLogType::Warning);
+    }
+}

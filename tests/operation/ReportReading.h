@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A report as a reader takes it in: the page read as XML, the data as JSON.
+#pragma once
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QXmlStreamReader>
+#include <QtTest>
+
+struct ReadPage {
+    QString error; // empty: the page is well-formed
+    QString language;
+    QString end; // how the page is coloured
+    QString title;
+    QStringList titles; // of the sections
+    QMap<QString, QString> values; // behind each label
+    QStringList columns;
+    QList<QStringList> cards; // number, name, then problem and fate of each problem in turn
+    QStringList reasons;
+    QStringList others;
+    QString everything;
+
+    static ReadPage of(const QByteArray& bytes)
+    {
+        ReadPage page;
+        QXmlStreamReader xml(bytes);
+        QString label;
+        while (!xml.atEnd()) {
+            if (xml.readNext() == QXmlStreamReader::Characters)
+                page.everything += xml.text();
+            if (!xml.isStartElement())
+                continue;
+            const QString name = xml.name().toString();
+            if (name == QStringLiteral("html"))
+                page.language = xml.attributes().value(QStringLiteral("lang")).toString();
+            else if (name == QStringLiteral("body"))
+                page.end = xml.attributes().value(QStringLiteral("class")).toString();
+            else if (name == QStringLiteral("tbody"))
+                page.cards << QStringList();
+            else if (name == QStringLiteral("td") || name == QStringLiteral("th"))
+                page.takeCell(xml);
+            else if (name == QStringLiteral("h1"))
+                page.title = textOf(xml);
+            else if (name == QStringLiteral("h2"))
+                page.titles << textOf(xml);
+            else if (name == QStringLiteral("dt"))
+                label = textOf(xml);
+            else if (name == QStringLiteral("dd"))
+                page.values.insert(label, textOf(xml));
+            else if (name == QStringLiteral("li"))
+                page.others << textOf(xml);
+            else if (xml.attributes().value(QStringLiteral("class")) == QStringLiteral("reason"))
+                page.reasons << textOf(xml);
+        }
+        page.error = xml.hasError() ? xml.errorString() : QString();
+        return page;
+    }
+
+    // The card of that number or line; empty: none.
+    QStringList card(int number) const
+    {
+        for (const QStringList& candidate : cards) {
+            if (candidate.value(0) == QString::number(number))
+                return candidate;
+        }
+        return {};
+    }
+
+private:
+    void takeCell(QXmlStreamReader& xml)
+    {
+        (cards.isEmpty() ? columns : cards.last()) << textOf(xml);
+    }
+
+    static QString textOf(QXmlStreamReader& xml)
+    {
+        QString text;
+        for (int depth = 1; depth > 0 && !xml.atEnd();) {
+            xml.readNext();
+            if (xml.isStartElement()) {
+                ++depth;
+                if (xml.name() == QStringLiteral("br"))
+                    text += u'\n';
+            } else if (xml.isEndElement()) {
+                --depth;
+            } else if (xml.isCharacters()) {
+                text += xml.text();
+            }
+        }
+        return text;
+    }
+};
+
+inline QByteArray bytesOf(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(path));
+    return file.readAll();
+}
+
+inline QString dataPathOf(const QString& pagePath)
+{
+    return pagePath.chopped(4) + QStringLiteral("json");
+}
+
+inline QJsonObject readData(const QString& pagePath)
+{
+    return QJsonDocument::fromJson(bytesOf(dataPathOf(pagePath))).object();
+}
