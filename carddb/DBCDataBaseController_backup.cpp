@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCDataBaseController.h"
 
+#include "carddb/DBCBackupName.h"
 #include "carddb/DBCImportJournal.h"
 #include "carddb/DBCPackageCopy.h"
 #include "carddb/DBCPackageLayout.h"
@@ -14,13 +15,9 @@
 #include "operation/DBCHost.h"
 #include "operation/DBCLog.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 namespace {
-
-// The candidate with this number is made but never tried.
-constexpr int lastBackupNumber = 10000;
 
 // Also true for a link that leads nowhere: nothing can be copied to where one stands.
 bool isTaken(const QString& path)
@@ -54,19 +51,7 @@ bool isUsablePackage(const QString& path)
 
 std::optional<QString> DBCDataBaseController::_generateBackupDBPath() const
 {
-    if (_strDBPath.isEmpty())
-        return std::nullopt;
-
-    const QFileInfo package(QDir::cleanPath(_strDBPath));
-    const QString base = QDir::cleanPath(package.path() + u'/' + package.completeBaseName());
-    const QString extension = package.suffix();
-    QString candidate = QStringLiteral("%1_bak.%2").arg(base, extension);
-    for (int number = 1; number <= lastBackupNumber; ++number) {
-        if (!isTaken(candidate))
-            return candidate;
-        candidate = QStringLiteral("%1_bak%3.%2").arg(base, extension, QString::number(number));
-    }
-    return std::nullopt;
+    return _strDBPath.isEmpty() ? std::nullopt : DBCBackupName::firstFree(_strDBPath);
 }
 
 DBCResultCode DBCDataBaseController::backup()

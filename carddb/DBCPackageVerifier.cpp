@@ -77,6 +77,13 @@ QByteArray firstComponent(const QString& name)
 
 } // namespace
 
+std::optional<DBCProblem> DBCStoreReport::firstProblem() const
+{
+    if (findings.couldNotLook || findings.problems.empty())
+        return findings.couldNotLook;
+    return findings.problems.front();
+}
+
 DBCFindings DBCPackageVerifier::verify(const QString& package, const Progress& progress)
 {
     DBCPackageVerifier verifier(package, progress);
@@ -94,6 +101,26 @@ DBCFindings DBCPackageVerifier::verify(const QString& package, const Progress& p
             DBCPackageLayout::filesFolder(package), verifier._namedFolders);
     }
     return {std::move(verifier._problems)};
+}
+
+DBCStoreReport DBCPackageVerifier::verifyStore(const QString& package)
+{
+    const Progress nobody;
+    DBCPackageVerifier verifier(package, nobody);
+    if (auto reason = verifier.reasonNotToLook())
+        return {{{}, reason}};
+    const QTemporaryDir folder(temporaryFolderTemplate());
+    if (auto reason = verifier.copyStore(folder))
+        return {{{}, reason}};
+
+    DBCStoreReport report;
+    verifier.openStore(
+        DBCPackageLayout::storeFile(folder.path()), [&report](SQLite::Database& store) {
+            report.liveCardCount
+                = store.execAndGet("SELECT count(*) FROM ZCARD WHERE ZDELETEDFLAG = 0").getInt64();
+        });
+    report.findings.problems = std::move(verifier._problems);
+    return report;
 }
 
 DBCPackageVerifier::DBCPackageVerifier(const QString& package, const Progress& progress)
@@ -136,6 +163,15 @@ std::optional<DBCProblem> DBCPackageVerifier::copyStore(const QTemporaryDir& fol
 
 bool DBCPackageVerifier::checkStore(const QString& storeCopy)
 {
+    return openStore(storeCopy, [&](SQLite::Database& store) {
+        checkKeys(store);
+        checkCards(storeCopy, store.execAndGet("SELECT count(*) FROM ZCARD").getInt64());
+    });
+}
+
+bool DBCPackageVerifier::openStore(
+    const QString& storeCopy, const std::function<void(SQLite::Database& store)>& next)
+{
     if (!QFileInfo::exists(storeCopy)) {
         report(_storePath, "IDS_VERIFY_STORE_MISSING");
         return false;
@@ -145,8 +181,7 @@ bool DBCPackageVerifier::checkStore(const QString& storeCopy)
         checkSoundness(store);
         if (!checkModel(store))
             return false;
-        checkKeys(store);
-        checkCards(storeCopy, store.execAndGet("SELECT count(*) FROM ZCARD").getInt64());
+        next(store);
         return true;
     } catch (const SQLite::Exception& exception) {
         const bool isNoStore = exception.getErrorCode() == SQLITE_NOTADB;

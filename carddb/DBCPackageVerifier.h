@@ -15,6 +15,15 @@
 class Card;
 class QTemporaryDir;
 
+// What a look at the store alone found.
+struct DBCStoreReport {
+    DBCFindings findings;
+    qint64 liveCardCount = 0;
+
+    // Why the store cannot be relied upon; none: it can.
+    std::optional<DBCProblem> firstProblem() const;
+};
+
 class DBCPackageVerifier {
 public:
     // Cards looked at so far, and cards in the store.
@@ -23,6 +32,9 @@ public:
     // Nobody can look at what is no folder, at a package that another program has locked, and at a
     // store that may not be read. progress may be empty.
     static DBCFindings verify(const QString& package, const Progress& progress);
+
+    // The store's soundness and model, and how many live cards it holds.
+    static DBCStoreReport verifyStore(const QString& package);
 
 private:
     DBCPackageVerifier(const QString& package, const Progress& progress);
@@ -33,6 +45,9 @@ private:
 
     // True when the cards could all be read, so that it is known what they name.
     bool checkStore(const QString& storeCopy);
+    // The steps that every look begins with; then true when next could be carried out.
+    bool openStore(
+        const QString& storeCopy, const std::function<void(SQLite::Database& store)>& next);
     void checkSoundness(SQLite::Database& store);
     bool checkModel(SQLite::Database& store);
     void checkKeys(SQLite::Database& store);

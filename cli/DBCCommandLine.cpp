@@ -27,19 +27,23 @@ constexpr std::array commands {
     CommandRow {DBCCommand::Verify, "verify", "PACKAGE", 1, "IDS_CLI_HELP_VERIFY"},
     CommandRow {DBCCommand::Create, "create", "PACKAGE", 1, "IDS_CLI_HELP_CREATE"},
     CommandRow {DBCCommand::Recover, "recover", "PACKAGE", 1, "IDS_CLI_HELP_RECOVER"},
+    CommandRow {DBCCommand::Backups, "backups", "PACKAGE", 1, "IDS_CLI_HELP_BACKUPS"},
 };
 
 struct OptionRow {
     const char* name;
+    const char* valueName; // null: takes no value
     const char* descriptionKey;
 };
 
 constexpr std::array options {
-    OptionRow {"json", "IDS_CLI_HELP_JSON"},
-    OptionRow {"yes", "IDS_CLI_HELP_YES"},
-    OptionRow {"quiet", "IDS_CLI_HELP_QUIET"},
-    OptionRow {"help", "IDS_CLI_HELP_HELP"},
-    OptionRow {"version", "IDS_CLI_HELP_VERSION"},
+    OptionRow {"restore", "NAME", "IDS_CLI_HELP_RESTORE"},
+    OptionRow {"delete", "NAME", "IDS_CLI_HELP_DELETE"},
+    OptionRow {"json", nullptr, "IDS_CLI_HELP_JSON"},
+    OptionRow {"yes", nullptr, "IDS_CLI_HELP_YES"},
+    OptionRow {"quiet", nullptr, "IDS_CLI_HELP_QUIET"},
+    OptionRow {"help", nullptr, "IDS_CLI_HELP_HELP"},
+    OptionRow {"version", nullptr, "IDS_CLI_HELP_VERSION"},
 };
 
 // Where the descriptions of the help text begin.
@@ -56,6 +60,12 @@ QString helpLine(const QString& term, const char* descriptionKey)
         + u'\n';
 }
 
+QString optionTerm(const OptionRow& row)
+{
+    const QString name = QStringLiteral("--") + QLatin1String(row.name);
+    return row.valueName ? name + u' ' + QLatin1String(row.valueName) : name;
+}
+
 QString helpText()
 {
     QString help = text("IDS_CLI_HELP_USAGE") + QStringLiteral("\n\n");
@@ -65,7 +75,7 @@ QString helpText()
             row.descriptionKey);
     help += u'\n';
     for (const OptionRow& row : options)
-        help += helpLine(QStringLiteral("--") + QLatin1String(row.name), row.descriptionKey);
+        help += helpLine(optionTerm(row), row.descriptionKey);
     return help + u'\n' + text("IDS_CLI_HELP_EXIT") + u'\n';
 }
 
@@ -105,13 +115,31 @@ std::variant<DBCRequest, DBCUsage> requestFor(QStringList operands)
     return request;
 }
 
+// None when the options suit the command.
+std::optional<DBCUsage> takeBackupNames(DBCRequest& request, const QCommandLineParser& parser)
+{
+    const QString restore = QStringLiteral("restore");
+    const QString remove = QStringLiteral("delete");
+    const bool isEither = parser.isSet(restore) || parser.isSet(remove);
+    if (!isEither)
+        return std::nullopt;
+    request.backupToRestore = parser.value(restore);
+    request.backupToDelete = parser.value(remove);
+    const bool isOneName = request.backupToRestore.isEmpty() != request.backupToDelete.isEmpty()
+        && parser.values(restore).size() + parser.values(remove).size() == 1;
+    if (request.command == DBCCommand::Backups && isOneName)
+        return std::nullopt;
+    return wrongUsage("IDS_CLI_ERR_BACKUP_NAME");
+}
+
 } // namespace
 
 std::variant<DBCRequest, DBCUsage> parseCommandLine(const QStringList& arguments)
 {
     QCommandLineParser parser;
     for (const OptionRow& row : options)
-        parser.addOption(QCommandLineOption(QString::fromLatin1(row.name)));
+        parser.addOption(QCommandLineOption(
+            QString::fromLatin1(row.name), {}, QString::fromLatin1(row.valueName)));
     if (!parser.parse(arguments)) {
         const QStringList unknown = parser.unknownOptionNames();
         return unknown.isEmpty() ? wrongUsage("IDS_CLI_ERR_OPTION_VALUE")
@@ -125,6 +153,8 @@ std::variant<DBCRequest, DBCUsage> parseCommandLine(const QStringList& arguments
 
     auto parsed = requestFor(parser.positionalArguments());
     if (auto* request = std::get_if<DBCRequest>(&parsed)) {
+        if (auto wrong = takeBackupNames(*request, parser))
+            return *wrong;
         request->isJson = parser.isSet(QStringLiteral("json"));
         request->saysYes = parser.isSet(QStringLiteral("yes"));
         request->isQuiet = parser.isSet(QStringLiteral("quiet"));

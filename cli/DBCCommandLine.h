@@ -9,7 +9,7 @@
 
 #include <variant>
 
-enum class DBCCommand : unsigned char { Import, Export, Check, Verify, Create, Recover };
+enum class DBCCommand : unsigned char { Import, Export, Check, Verify, Create, Recover, Backups };
 
 struct DBCRequest {
     DBCCommand command;
@@ -17,6 +17,8 @@ struct DBCRequest {
     bool isJson = false;
     bool saysYes = false;
     bool isQuiet = false;
+    QString backupToRestore = {}; // name; empty: none
+    QString backupToDelete = {}; // name; empty: none
 };
 
 // A text to print instead of running a command: help, version, or what is wrong with the usage.

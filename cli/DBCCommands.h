@@ -14,3 +14,5 @@ DBCCommandResult checkFolder(const DBCRequest& request, DBCReporter& reporter);
 DBCCommandResult verifyPackage(const DBCRequest& request, DBCReporter& reporter);
 DBCCommandResult createPackage(const DBCRequest& request, DBCReporter& reporter);
 DBCCommandResult recoverPackage(const DBCRequest& request, DBCReporter& reporter);
+// Lists, restores or deletes.
+DBCCommandResult keepBackups(const DBCRequest& request, DBCReporter& reporter);

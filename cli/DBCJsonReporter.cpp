@@ -71,6 +71,20 @@ void DBCJsonReporter::problem(const DBCProblem& problem)
     writeObject(key("problem"), values);
 }
 
+void DBCJsonReporter::backups(const std::vector<DBCBackup>& backups)
+{
+    for (const DBCBackup& backup : backups) {
+        const auto orNone = [](const auto& number) {
+            return number ? QJsonValue(static_cast<qint64>(*number)) : QJsonValue();
+        };
+        writeObject(key("backup"),
+            {{key("name"), backup.name()}, {key("path"), backup.path},
+                {key("date"), backup.madeAt.toUTC().toString(Qt::ISODate)},
+                {key("bytes"), orNone(backup.bytes)}, {key("cards"), orNone(backup.cardCount)},
+                {key("damage"), orNull(backup.damage)}});
+    }
+}
+
 void DBCJsonReporter::verifying(qint64 finishedCount, qint64 maxCount)
 {
     writeObject(key("progress"),

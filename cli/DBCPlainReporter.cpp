@@ -5,12 +5,40 @@
 #include "datafile/DBCLocalizable.h"
 #include "text/DBCControlCharacters.h"
 
+#include <algorithm>
+#include <array>
+#include <numeric>
+
 namespace {
+
+// In these texts: the first of kana and kanji.
+constexpr char16_t firstWideCharacter = 0x2E80;
+constexpr qsizetype cellsBetweenColumns = 2;
 
 QString stageText(const char* labelKey)
 {
     return getLocalString(QStringLiteral("IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING"),
         {getLocalString(QString::fromLatin1(labelKey))});
+}
+
+// The columns of a row but the last, which needs no room behind it.
+std::array<QString, 3> columnsOf(const DBCBackup& backup)
+{
+    return {backup.dateText(),
+        backup.cardCount ? getLocalString(QStringLiteral("IDS_BACKUP_CARDS"), {*backup.cardCount})
+                         : getLocalString(QStringLiteral("IDS_BACKUP_NOT_USABLE")),
+        backup.bytes
+            ? DBCLocalizable::locale().formattedDataSize(static_cast<qint64>(*backup.bytes))
+            : QString(u'-')};
+}
+
+// Terminals show Japanese letters twice as wide as others.
+qsizetype cellsOf(const QString& text)
+{
+    return std::accumulate(
+        text.begin(), text.end(), qsizetype {0}, [](qsizetype cells, QChar character) {
+            return cells + (character.unicode() < firstWideCharacter ? 1 : 2);
+        });
 }
 
 } // namespace
@@ -70,6 +98,27 @@ void DBCPlainReporter::problem(const DBCProblem& problem)
 {
     _progress.clear();
     DBCTerminal::writeLine(stdout, problem.text);
+}
+
+void DBCPlainReporter::backups(const std::vector<DBCBackup>& backups)
+{
+    _progress.clear();
+    std::array<qsizetype, 3> widths {};
+    for (const DBCBackup& backup : backups) {
+        const auto columns = columnsOf(backup);
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            widths.at(i) = std::max(widths.at(i), cellsOf(columns.at(i)));
+    }
+    for (const DBCBackup& backup : backups) {
+        const auto columns = columnsOf(backup);
+        QString line;
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            line += QString(widths.at(i) - cellsOf(columns.at(i)), u' ') + columns.at(i)
+                + QString(cellsBetweenColumns, u' ');
+        DBCTerminal::writeLine(stdout, line + backup.name());
+        if (backup.isDamaged())
+            DBCTerminal::writeLine(stdout, QString(cellsBetweenColumns, u' ') + backup.damage);
+    }
 }
 
 void DBCPlainReporter::verifying(qint64 finishedCount, qint64 maxCount)

@@ -16,6 +16,7 @@ public:
     void answered(const DBCQuestion& question, DBCAnswer answer) override;
     void logged(DBCLogType type, const QString& text) override;
     void problem(const DBCProblem& problem) override;
+    void backups(const std::vector<DBCBackup>& backups) override;
     void verifying(qint64 finishedCount, qint64 maxCount) override;
     void result(const DBCCommandResult& result) override;
     void makeRoomForQuestion() override { _progress.clear(); }

@@ -2,6 +2,7 @@
 // What a command tells whoever started it. One reporter speaks to people, another to programs.
 #pragma once
 
+#include "carddb/DBCPackageBackups.h"
 #include "cli/DBCExitCode.h"
 #include "operation/DBCEvent.h"
 #include "operation/DBCLogEntry.h"
@@ -44,6 +45,7 @@ public:
     virtual void answered(const DBCQuestion& question, DBCAnswer answer) = 0;
     virtual void logged(DBCLogType type, const QString& text) = 0;
     virtual void problem(const DBCProblem& problem) = 0;
+    virtual void backups(const std::vector<DBCBackup>& backups) = 0;
     virtual void verifying(qint64 finishedCount, qint64 maxCount) = 0;
     virtual void result(const DBCCommandResult& result) = 0;
     // Leaves the terminal clean for a question.

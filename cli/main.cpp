@@ -38,6 +38,8 @@ DBCCommandResult runCommand(const DBCRequest& request, DBCReporter& reporter)
         return createPackage(request, reporter);
     case DBCCommand::Recover:
         return recoverPackage(request, reporter);
+    case DBCCommand::Backups:
+        return keepBackups(request, reporter);
     }
     Q_UNREACHABLE();
 }

@@ -4,7 +4,7 @@
 
 _velmora_convert()
 {
-    local current=${COMP_WORDS[COMP_CWORD]} help word
+    local current=${COMP_WORDS[COMP_CWORD]} help word previous=
     local -a given=()
     COMPREPLY=()
     help=$("${1/#\~/$HOME}" --help 2>/dev/null) || return
@@ -15,9 +15,18 @@ _velmora_convert()
         mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
         return
     fi
+    # The value of an option is no operand.
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+        if [[ $previous == -* ]] && grep -q "^  $previous [A-Z]" <<<"$help"; then
+            previous=
+            continue
+        fi
         [[ $word == -* ]] || given+=("$word")
+        previous=$word
     done
+    if [[ $previous == -* ]] && grep -q "^  $previous [A-Z]" <<<"$help"; then
+        return
+    fi
     if [[ ${#given[@]} -eq 0 ]]; then
         local commands
         commands=$(sed -n 's/^  \([a-z][a-z]*\) [A-Z].*/\1/p' <<<"$help")

@@ -7,7 +7,7 @@ function __velmora_convert_commands
 end
 
 function __velmora_convert_options
-    velmora-convert --help | string replace --filter --regex '^  (--[a-z]+) +(.*)' '$1\t$2'
+    velmora-convert --help | string replace --filter --regex '^  (--[a-z]+)(?: [A-Z]+)? +(.*)' '$1\t$2'
 end
 
 # The command and the operands before the cursor.

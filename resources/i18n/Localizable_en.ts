@@ -4,6 +4,76 @@
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
     <name></name>
+    <message id="IDS_BACKUP_CARDS">
+        <source>Cards: %L1</source>
+        <extracomment>In the list of backups. %L1: count.</extracomment>
+        <translation>Cards: %L1</translation>
+    </message>
+    <message id="IDS_BACKUP_DAMAGED">
+        <source>The backup [%1] cannot be restored, so nothing was changed. %2</source>
+        <extracomment>%1: path. %2: what is wrong, a sentence.</extracomment>
+        <translation>The backup [%1] cannot be restored, so nothing was changed. %2</translation>
+    </message>
+    <message id="IDS_BACKUP_FOLDER_READ_ONLY">
+        <source>The folder [%1] cannot be written to, so nothing was changed. Check its access rights, then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The folder [%1] cannot be written to, so nothing was changed. Check its access rights, then try again.</translation>
+    </message>
+    <message id="IDS_BACKUP_IN_USE">
+        <source>[%1] is in use by another program, so nothing was changed. Quit that program or wait until it has ended, then try again.</source>
+        <extracomment>%1: path of a card database or of a backup.</extracomment>
+        <translation>[%1] is in use by another program, so nothing was changed. Quit that program or wait until it has ended, then try again.</translation>
+    </message>
+    <message id="IDS_BACKUP_LAST">
+        <source>The backup [%1] was not deleted: the card database [%2] is damaged or missing, and no other backup of it is whole. Restore this backup, or copy it to another place first.</source>
+        <extracomment>%1, %2: paths.</extracomment>
+        <translation>The backup [%1] was not deleted: the card database [%2] is damaged or missing, and no other backup of it is whole. Restore this backup, or copy it to another place first.</translation>
+    </message>
+    <message id="IDS_BACKUP_NOT_DELETED">
+        <source>The backup [%1] could not be deleted. Check its access rights and those of everything in it, then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The backup [%1] could not be deleted. Check its access rights and those of everything in it, then try again.</translation>
+    </message>
+    <message id="IDS_BACKUP_NOT_KEPT">
+        <source>The card database [%1] could not be backed up before the restore, so it was left as it is. Check that everything in it can be read and that the disk has free space, then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The card database [%1] could not be backed up before the restore, so it was left as it is. Check that everything in it can be read and that the disk has free space, then try again.</translation>
+    </message>
+    <message id="IDS_BACKUP_NOT_USABLE">
+        <source>not usable</source>
+        <extracomment>In the list of backups, in place of the number of cards.</extracomment>
+        <translation>not usable</translation>
+    </message>
+    <message id="IDS_BACKUP_NO_SPACE">
+        <source>There is not enough free space in [%1] to restore the backup, so nothing was changed. Make room, then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>There is not enough free space in [%1] to restore the backup, so nothing was changed. Make room, then try again.</translation>
+    </message>
+    <message id="IDS_BACKUP_NO_SUCH">
+        <source>There is no backup named [%1] beside the card database [%2].</source>
+        <extracomment>%1: name. %2: path.</extracomment>
+        <translation>There is no backup named [%1] beside the card database [%2].</translation>
+    </message>
+    <message id="IDS_BACKUP_PUT_BACK">
+        <source>The backup [%1] could not be restored. The card database [%2] is as it was before. Check the access rights and the free space of its folder, then try again.</source>
+        <extracomment>%1, %2: paths.</extracomment>
+        <translation>The backup [%1] could not be restored. The card database [%2] is as it was before. Check the access rights and the free space of its folder, then try again.</translation>
+    </message>
+    <message id="IDS_BACKUP_RESTORE_FAILED">
+        <source>The backup [%1] could not be restored, and the card database [%2] may be incomplete. The backup is whole. Check the access rights and the free space of the folder, then try again: you will be asked whether to restore it.</source>
+        <extracomment>%1, %2: paths.</extracomment>
+        <translation>The backup [%1] could not be restored, and the card database [%2] may be incomplete. The backup is whole. Check the access rights and the free space of the folder, then try again: you will be asked whether to restore it.</translation>
+    </message>
+    <message id="IDS_BACKUP_UNFINISHED">
+        <source>The last import into the card database [%1] did not finish and has to be settled first: restore its backup, or keep what is there. Nothing was changed.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The last import into the card database [%1] did not finish and has to be settled first: restore its backup, or keep what is there. Nothing was changed.</translation>
+    </message>
+    <message id="IDS_BACKUP_UNREADABLE">
+        <source>The backup [%1] cannot be read to its end, so nothing was changed. This part of it is damaged, or you may not read it: [%2]</source>
+        <extracomment>%1: path. %2: path inside it.</extracomment>
+        <translation>The backup [%1] cannot be read to its end, so nothing was changed. This part of it is damaged, or you may not read it: [%2]</translation>
+    </message>
     <message id="IDS_BUTTON_CANCEL">
         <source>C&amp;ancel</source>
         <extracomment>The same button while an operation runs.</extracomment>
@@ -157,6 +227,26 @@
         <extracomment>%1: path.</extracomment>
         <translation>Backup of the card database as it was before: [%1]</translation>
     </message>
+    <message id="IDS_CLI_BACKUPS">
+        <source>Backups of the card database [%1]: %L2</source>
+        <extracomment>%1: path. %L2: count.</extracomment>
+        <translation>Backups of the card database [%1]: %L2</translation>
+    </message>
+    <message id="IDS_CLI_BACKUP_DELETED">
+        <source>The backup [%1] has been deleted.</source>
+        <extracomment>%1: name.</extracomment>
+        <translation>The backup [%1] has been deleted.</translation>
+    </message>
+    <message id="IDS_CLI_BACKUP_KEPT">
+        <source>Backup of the card database as it was before the restore: [%1]</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>Backup of the card database as it was before the restore: [%1]</translation>
+    </message>
+    <message id="IDS_CLI_BACKUP_RESTORED">
+        <source>The card database [%1] is as it is in the backup [%2], which stays where it is.</source>
+        <extracomment>%1: path. %2: name.</extracomment>
+        <translation>The card database [%1] is as it is in the backup [%2], which stays where it is.</translation>
+    </message>
     <message id="IDS_CLI_CHECKED">
         <source>Cards in the data file: %L1. Free space that an import needs: %2.</source>
         <extracomment>%L1: count. %2: size with its unit.</extracomment>
@@ -167,9 +257,13 @@
         <extracomment>%1: path.</extracomment>
         <translation>An empty card database was made: [%1]</translation>
     </message>
+    <message id="IDS_CLI_ERR_BACKUP_NAME">
+        <source>--restore and --delete go with "backups" only, one of them at a time, and each with the name of a backup.</source>
+        <translation>--restore and --delete go with "backups" only, one of them at a time, and each with the name of a backup.</translation>
+    </message>
     <message id="IDS_CLI_ERR_NO_COMMAND">
-        <source>A command is missing: import, export, check, verify, create or recover.</source>
-        <translation>A command is missing: import, export, check, verify, create or recover.</translation>
+        <source>A command is missing: import, export, check, verify, create, recover or backups.</source>
+        <translation>A command is missing: import, export, check, verify, create, recover or backups.</translation>
     </message>
     <message id="IDS_CLI_ERR_OPERANDS">
         <source>Wrong paths for &quot;%1&quot;. Write: velmora-convert %1 %2</source>
@@ -181,9 +275,9 @@
         <translation>The options take no values.</translation>
     </message>
     <message id="IDS_CLI_ERR_UNKNOWN_COMMAND">
-        <source>There is no command &quot;%1&quot;. The commands are import, export, check, verify, create and recover.</source>
+        <source>There is no command &quot;%1&quot;. The commands are import, export, check, verify, create, recover and backups.</source>
         <extracomment>%1: what stands in place of a command.</extracomment>
-        <translation>There is no command &quot;%1&quot;. The commands are import, export, check, verify, create and recover.</translation>
+        <translation>There is no command &quot;%1&quot;. The commands are import, export, check, verify, create, recover and backups.</translation>
     </message>
     <message id="IDS_CLI_ERR_UNKNOWN_OPTION">
         <source>There is no option &quot;%1&quot;.</source>
@@ -205,6 +299,10 @@
         <extracomment>%L1: cards done. %L2: cards in all. %3: path.</extracomment>
         <translation>The export failed after %L1 of %L2 cards, folder [%3].</translation>
     </message>
+    <message id="IDS_CLI_HELP_BACKUPS">
+        <source>Lists the backups beside the card database PACKAGE, or restores or deletes one of them.</source>
+        <translation>Lists the backups beside the card database PACKAGE, or restores or deletes one of them.</translation>
+    </message>
     <message id="IDS_CLI_HELP_CHECK">
         <source>Lists every problem of the interchange folder FOLDER; changes nothing.</source>
         <translation>Lists every problem of the interchange folder FOLDER; changes nothing.</translation>
@@ -212,6 +310,10 @@
     <message id="IDS_CLI_HELP_CREATE">
         <source>Makes the empty card database PACKAGE (.vmdb).</source>
         <translation>Makes the empty card database PACKAGE (.vmdb).</translation>
+    </message>
+    <message id="IDS_CLI_HELP_DELETE">
+        <source>With backups: deletes the backup NAME.</source>
+        <translation>With backups: deletes the backup NAME.</translation>
     </message>
     <message id="IDS_CLI_HELP_EXIT">
         <source>Exit status: 0 done; 1 failed; 2 wrong usage; 3 refused before anything began; 4 done, with warnings or errors in the log; 130 cancelled. check and verify: 0 no problems, 4 problems found, 1 could not look.</source>
@@ -240,6 +342,10 @@
     <message id="IDS_CLI_HELP_RECOVER">
         <source>Settles an import into the card database PACKAGE that did not finish: restores its backup, or keeps what is there.</source>
         <translation>Settles an import into the card database PACKAGE that did not finish: restores its backup, or keeps what is there.</translation>
+    </message>
+    <message id="IDS_CLI_HELP_RESTORE">
+        <source>With backups: puts the backup NAME in place of the card database, which is backed up first.</source>
+        <translation>With backups: puts the backup NAME in place of the card database, which is backed up first.</translation>
     </message>
     <message id="IDS_CLI_HELP_USAGE">
         <source>velmora-convert moves business cards between a card database and an interchange folder. Usage: velmora-convert COMMAND [OPTIONS]</source>
@@ -609,6 +715,11 @@
         <extracomment>Name of the operation, also the first argument of other texts.</extracomment>
         <translation>Backup</translation>
     </message>
+    <message id="IDS_LBL_DELETE_BACKUP">
+        <source>Deletion of a backup</source>
+        <extracomment>Name of the operation, also the first argument of other texts.</extracomment>
+        <translation>Deletion of a backup</translation>
+    </message>
     <message id="IDS_LBL_EXPORT">
         <source>Export</source>
         <extracomment>Name of the operation, also the first argument of other texts.</extracomment>
@@ -834,6 +945,35 @@
         <source>The report [%1] could not be written: %2. The cards are not affected. Check that you may write to its folder and that the disk has free space.</source>
         <extracomment>%1: path. %2: reason.</extracomment>
         <translation>The report [%1] could not be written: %2. The cards are not affected. Check that you may write to its folder and that the disk has free space.</translation>
+    <message id="IDS_MSG_BACKUP_DELETE">
+        <source>Delete this backup? It cannot be brought back.
+
+Backup: %1
+Made: %2
+Contents: %3
+Card database: [%4]</source>
+        <extracomment>Answered with Yes or No. %1: name. %2: date and time. %3: number of cards, or that it is not usable. %4: path.</extracomment>
+        <translation>Delete this backup? It cannot be brought back.
+
+Backup: %1
+Made: %2
+Contents: %3
+Card database: [%4]</translation>
+    </message>
+    <message id="IDS_MSG_BACKUP_RESTORE">
+        <source>Put this backup in place of the card database? Quit Velmora first. The card database as it is now is backed up before, and the chosen backup stays, too.
+
+Backup: %1
+Made: %2
+Contents: %3
+Card database: [%4]</source>
+        <extracomment>Answered with Yes or No. %1: name. %2: date and time. %3: number of cards. %4: path.</extracomment>
+        <translation>Put this backup in place of the card database? Quit Velmora first. The card database as it is now is backed up before, and the chosen backup stays, too.
+
+Backup: %1
+Made: %2
+Contents: %3
+Card database: [%4]</translation>
     </message>
     <message id="IDS_MSG_DATA_COUNT">
         <source>Cards: %L1</source>

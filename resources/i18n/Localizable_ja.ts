@@ -4,6 +4,76 @@
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
     <name></name>
+    <message id="IDS_BACKUP_CARDS">
+        <source>Cards: %L1</source>
+        <extracomment>In the list of backups. %L1: count.</extracomment>
+        <translation>名刺: %L1件</translation>
+    </message>
+    <message id="IDS_BACKUP_DAMAGED">
+        <source>The backup [%1] cannot be restored, so nothing was changed. %2</source>
+        <extracomment>%1: path. %2: what is wrong, a sentence.</extracomment>
+        <translation>バックアップ [%1] は復元できないため、何も変更しませんでした。%2</translation>
+    </message>
+    <message id="IDS_BACKUP_FOLDER_READ_ONLY">
+        <source>The folder [%1] cannot be written to, so nothing was changed. Check its access rights, then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>フォルダ [%1] に書き込めないため、何も変更しませんでした。アクセス権を確認してから、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_BACKUP_IN_USE">
+        <source>[%1] is in use by another program, so nothing was changed. Quit that program or wait until it has ended, then try again.</source>
+        <extracomment>%1: path of a card database or of a backup.</extracomment>
+        <translation>[%1] はほかのプログラムが使用中のため、何も変更しませんでした。そのプログラムを終了するか、処理が終わるまで待ってから、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_BACKUP_LAST">
+        <source>The backup [%1] was not deleted: the card database [%2] is damaged or missing, and no other backup of it is whole. Restore this backup, or copy it to another place first.</source>
+        <extracomment>%1, %2: paths.</extracomment>
+        <translation>バックアップ [%1] は削除しませんでした。名刺データベース [%2] が破損しているか存在せず、ほかに正常なバックアップがありません。このバックアップを復元するか、先に別の場所へコピーしてください。</translation>
+    </message>
+    <message id="IDS_BACKUP_NOT_DELETED">
+        <source>The backup [%1] could not be deleted. Check its access rights and those of everything in it, then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>バックアップ [%1] を削除できませんでした。バックアップと中のすべてのファイルのアクセス権を確認してから、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_BACKUP_NOT_KEPT">
+        <source>The card database [%1] could not be backed up before the restore, so it was left as it is. Check that everything in it can be read and that the disk has free space, then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>復元の前に名刺データベース [%1] をバックアップできなかったため、そのままにしました。中のすべてのファイルを読み取れること、ディスクに空き容量があることを確認してから、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_BACKUP_NOT_USABLE">
+        <source>not usable</source>
+        <extracomment>In the list of backups, in place of the number of cards.</extracomment>
+        <translation>使用不可</translation>
+    </message>
+    <message id="IDS_BACKUP_NO_SPACE">
+        <source>There is not enough free space in [%1] to restore the backup, so nothing was changed. Make room, then try again.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>[%1] の空き容量が足りないため、バックアップを復元できません。何も変更していません。空き容量を増やしてから、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_BACKUP_NO_SUCH">
+        <source>There is no backup named [%1] beside the card database [%2].</source>
+        <extracomment>%1: name. %2: path.</extracomment>
+        <translation>名刺データベース [%2] と同じ場所に、[%1] という名前のバックアップはありません。</translation>
+    </message>
+    <message id="IDS_BACKUP_PUT_BACK">
+        <source>The backup [%1] could not be restored. The card database [%2] is as it was before. Check the access rights and the free space of its folder, then try again.</source>
+        <extracomment>%1, %2: paths.</extracomment>
+        <translation>バックアップ [%1] を復元できませんでした。名刺データベース [%2] は元のままです。フォルダのアクセス権と空き容量を確認してから、もう一度実行してください。</translation>
+    </message>
+    <message id="IDS_BACKUP_RESTORE_FAILED">
+        <source>The backup [%1] could not be restored, and the card database [%2] may be incomplete. The backup is whole. Check the access rights and the free space of the folder, then try again: you will be asked whether to restore it.</source>
+        <extracomment>%1, %2: paths.</extracomment>
+        <translation>バックアップ [%1] を復元できませんでした。名刺データベース [%2] は不完全な可能性があります。バックアップは無事です。フォルダのアクセス権と空き容量を確認してから、もう一度実行してください。復元するかどうかの確認が表示されます。</translation>
+    </message>
+    <message id="IDS_BACKUP_UNFINISHED">
+        <source>The last import into the card database [%1] did not finish and has to be settled first: restore its backup, or keep what is there. Nothing was changed.</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>名刺データベース [%1] への前回のインポートが完了していません。先に、そのバックアップを復元するか、今の状態を残すかを選んでください。何も変更していません。</translation>
+    </message>
+    <message id="IDS_BACKUP_UNREADABLE">
+        <source>The backup [%1] cannot be read to its end, so nothing was changed. This part of it is damaged, or you may not read it: [%2]</source>
+        <extracomment>%1: path. %2: path inside it.</extracomment>
+        <translation>バックアップ [%1] を最後まで読み取れないため、何も変更しませんでした。破損しているか、読み取る権限がない部分: [%2]</translation>
+    </message>
     <message id="IDS_BUTTON_CANCEL">
         <source>C&amp;ancel</source>
         <extracomment>The same button while an operation runs.</extracomment>
@@ -157,6 +227,26 @@
         <extracomment>%1: path.</extracomment>
         <translation>インポート前の名刺データベースのバックアップ: [%1]</translation>
     </message>
+    <message id="IDS_CLI_BACKUPS">
+        <source>Backups of the card database [%1]: %L2</source>
+        <extracomment>%1: path. %L2: count.</extracomment>
+        <translation>名刺データベース [%1] のバックアップ: %L2個</translation>
+    </message>
+    <message id="IDS_CLI_BACKUP_DELETED">
+        <source>The backup [%1] has been deleted.</source>
+        <extracomment>%1: name.</extracomment>
+        <translation>バックアップ [%1] を削除しました。</translation>
+    </message>
+    <message id="IDS_CLI_BACKUP_KEPT">
+        <source>Backup of the card database as it was before the restore: [%1]</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>復元前の名刺データベースのバックアップ: [%1]</translation>
+    </message>
+    <message id="IDS_CLI_BACKUP_RESTORED">
+        <source>The card database [%1] is as it is in the backup [%2], which stays where it is.</source>
+        <extracomment>%1: path. %2: name.</extracomment>
+        <translation>名刺データベース [%1] をバックアップ [%2] の状態に戻しました。バックアップはそのまま残ります。</translation>
+    </message>
     <message id="IDS_CLI_CHECKED">
         <source>Cards in the data file: %L1. Free space that an import needs: %2.</source>
         <extracomment>%L1: count. %2: size with its unit.</extracomment>
@@ -167,9 +257,13 @@
         <extracomment>%1: path.</extracomment>
         <translation>空の名刺データベースを作成しました: [%1]</translation>
     </message>
+    <message id="IDS_CLI_ERR_BACKUP_NAME">
+        <source>--restore and --delete go with "backups" only, one of them at a time, and each with the name of a backup.</source>
+        <translation>--restore と --delete は「backups」でだけ使用できます。どちらか1つに、バックアップの名前を付けて指定してください。</translation>
+    </message>
     <message id="IDS_CLI_ERR_NO_COMMAND">
-        <source>A command is missing: import, export, check, verify, create or recover.</source>
-        <translation>コマンドを指定してください (import、export、check、verify、create、recover)。</translation>
+        <source>A command is missing: import, export, check, verify, create, recover or backups.</source>
+        <translation>コマンドを指定してください (import、export、check、verify、create、recover、backups)。</translation>
     </message>
     <message id="IDS_CLI_ERR_OPERANDS">
         <source>Wrong paths for &quot;%1&quot;. Write: velmora-convert %1 %2</source>
@@ -181,9 +275,9 @@
         <translation>オプションに値は指定できません。</translation>
     </message>
     <message id="IDS_CLI_ERR_UNKNOWN_COMMAND">
-        <source>There is no command &quot;%1&quot;. The commands are import, export, check, verify, create and recover.</source>
+        <source>There is no command &quot;%1&quot;. The commands are import, export, check, verify, create, recover and backups.</source>
         <extracomment>%1: what stands in place of a command.</extracomment>
-        <translation>「%1」というコマンドはありません。使用できるコマンドは、import、export、check、verify、create、recoverです。</translation>
+        <translation>「%1」というコマンドはありません。使用できるコマンドは、import、export、check、verify、create、recover、backupsです。</translation>
     </message>
     <message id="IDS_CLI_ERR_UNKNOWN_OPTION">
         <source>There is no option &quot;%1&quot;.</source>
@@ -205,6 +299,10 @@
         <extracomment>%L1: cards done. %L2: cards in all. %3: path.</extracomment>
         <translation>エクスポートに失敗しました (%L1件/全%L2件)。エクスポート先: [%3]</translation>
     </message>
+    <message id="IDS_CLI_HELP_BACKUPS">
+        <source>Lists the backups beside the card database PACKAGE, or restores or deletes one of them.</source>
+        <translation>名刺データベース PACKAGE と同じ場所にあるバックアップを表示します。復元や削除もできます。</translation>
+    </message>
     <message id="IDS_CLI_HELP_CHECK">
         <source>Lists every problem of the interchange folder FOLDER; changes nothing.</source>
         <translation>データフォルダ FOLDER の問題をすべて表示します。何も変更しません。</translation>
@@ -212,6 +310,10 @@
     <message id="IDS_CLI_HELP_CREATE">
         <source>Makes the empty card database PACKAGE (.vmdb).</source>
         <translation>空の名刺データベース PACKAGE (.vmdb) を作成します。</translation>
+    </message>
+    <message id="IDS_CLI_HELP_DELETE">
+        <source>With backups: deletes the backup NAME.</source>
+        <translation>backups で使用します。バックアップ NAME を削除します。</translation>
     </message>
     <message id="IDS_CLI_HELP_EXIT">
         <source>Exit status: 0 done; 1 failed; 2 wrong usage; 3 refused before anything began; 4 done, with warnings or errors in the log; 130 cancelled. check and verify: 0 no problems, 4 problems found, 1 could not look.</source>
@@ -240,6 +342,10 @@
     <message id="IDS_CLI_HELP_RECOVER">
         <source>Settles an import into the card database PACKAGE that did not finish: restores its backup, or keeps what is there.</source>
         <translation>完了しなかったインポートのあとの名刺データベース PACKAGE を、バックアップから復元するか、そのまま残します。</translation>
+    </message>
+    <message id="IDS_CLI_HELP_RESTORE">
+        <source>With backups: puts the backup NAME in place of the card database, which is backed up first.</source>
+        <translation>backups で使用します。名刺データベースをバックアップ NAME の状態に戻します。現在の名刺データベースは先にバックアップします。</translation>
     </message>
     <message id="IDS_CLI_HELP_USAGE">
         <source>velmora-convert moves business cards between a card database and an interchange folder. Usage: velmora-convert COMMAND [OPTIONS]</source>
@@ -609,6 +715,11 @@
         <extracomment>Name of the operation, also the first argument of other texts.</extracomment>
         <translation>バックアップ</translation>
     </message>
+    <message id="IDS_LBL_DELETE_BACKUP">
+        <source>Deletion of a backup</source>
+        <extracomment>Name of the operation, also the first argument of other texts.</extracomment>
+        <translation>バックアップの削除</translation>
+    </message>
     <message id="IDS_LBL_EXPORT">
         <source>Export</source>
         <extracomment>Name of the operation, also the first argument of other texts.</extracomment>
@@ -834,6 +945,35 @@
         <source>The report [%1] could not be written: %2. The cards are not affected. Check that you may write to its folder and that the disk has free space.</source>
         <extracomment>%1: path. %2: reason.</extracomment>
         <translation>レポート [%1] を書き込めませんでした: %2。名刺には影響ありません。このフォルダに書き込めること、ディスクに空き容量があることを確認してください。</translation>
+    <message id="IDS_MSG_BACKUP_DELETE">
+        <source>Delete this backup? It cannot be brought back.
+
+Backup: %1
+Made: %2
+Contents: %3
+Card database: [%4]</source>
+        <extracomment>Answered with Yes or No. %1: name. %2: date and time. %3: number of cards, or that it is not usable. %4: path.</extracomment>
+        <translation>このバックアップを削除しますか? 削除すると元に戻せません。
+
+バックアップ: %1
+作成日時: %2
+内容: %3
+名刺データベース: [%4]</translation>
+    </message>
+    <message id="IDS_MSG_BACKUP_RESTORE">
+        <source>Put this backup in place of the card database? Quit Velmora first. The card database as it is now is backed up before, and the chosen backup stays, too.
+
+Backup: %1
+Made: %2
+Contents: %3
+Card database: [%4]</source>
+        <extracomment>Answered with Yes or No. %1: name. %2: date and time. %3: number of cards. %4: path.</extracomment>
+        <translation>名刺データベースをこのバックアップの状態に戻しますか? 先にVelmoraを終了してください。現在の名刺データベースは復元の前にバックアップされ、選択したバックアップも残ります。
+
+バックアップ: %1
+作成日時: %2
+内容: %3
+名刺データベース: [%4]</translation>
     </message>
     <message id="IDS_MSG_DATA_COUNT">
         <source>Cards: %L1</source>

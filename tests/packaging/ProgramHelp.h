@@ -9,7 +9,7 @@
 struct ProgramHelp {
     QStringList commands; // "import"
     QStringList operands; // of each command: "FOLDER PACKAGE"
-    QStringList options; // "--json"
+    QStringList options; // "--json", "--restore NAME"
     QStringList descriptions; // of the commands, then of the options
     QStringList exitStatuses; // "130"
 
@@ -30,7 +30,8 @@ private:
         constexpr auto everyLine = QRegularExpression::MultilineOption;
         static const QRegularExpression command(
             QStringLiteral("^  ([a-z]+) ([A-Z]+(?: [A-Z]+)*) +(.+)$"), everyLine);
-        static const QRegularExpression option(QStringLiteral("^  (--[a-z]+) +(.+)$"), everyLine);
+        static const QRegularExpression option(
+            QStringLiteral("^  (--[a-z]+(?: [A-Z]+)?)  +(.+)$"), everyLine);
         for (const QRegularExpressionMatch& match : command.globalMatch(text)) {
             commands << match.captured(1);
             operands << match.captured(2);

@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "carddb/DBCBackupChange.h"
+
+#include "carddb/DBCBackupName.h"
+#include "carddb/DBCImportJournal.h"
+#include "carddb/DBCPackageBackups.h"
+#include "carddb/DBCPackageCopy.h"
+#include "carddb/DBCPackageGuard.h"
+#include "carddb/DBCPackageLayout.h"
+#include "carddb/DBCPackageRecovery.h"
+#include "carddb/DBCPackageRestore.h"
+#include "carddb/DBCPackageVerifier.h"
+#include "cardimage/DBCDiskUsage.h"
+#include "datafile/DBCCommonFunction.h"
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCChecker.h"
+#include "operation/DBCError.h"
+#include "operation/DBCFileManager.h"
+#include "operation/DBCHiddenName.h"
+#include "operation/DBCHost.h"
+#include "operation/DBCTreeComparison.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace {
+
+using State = DBCPackageRecovery::State;
+using Use = DBCPackageGuard::Use;
+using Stage = DBCImportJournal::Stage;
+using Outcome = DBCBackupChange::Outcome;
+
+bool standsAt(const QString& path)
+{
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
+}
+
+DBCProblem problemAt(const QString& path, const char* key, const DBCMessageArguments& arguments)
+{
+    return {getLocalString(QString::fromLatin1(key), arguments), path};
+}
+
+DBCProblem problemAt(const QString& path, const char* key)
+{
+    return problemAt(path, key, {path});
+}
+
+bool isLockedByMainApplication(const QString& package)
+{
+    return DBCChecker::checkDBFileISLocked(DBCPackageLayout::lockFile(package));
+}
+
+} // namespace
+
+DBCBackupChange::DBCBackupChange(const QString& package, const QString& name)
+    : _package(DBCPackageLayout::withoutLink(package))
+    , _name(name)
+    , _backup(DBCPackageBackups::pathOf(package, name).value_or(QString()))
+{
+}
+
+DBCBackupChange::~DBCBackupChange() = default;
+
+DBCBackupChange::Result DBCBackupChange::restore(const Events& events)
+{
+    _events = events;
+    if (auto reason = reasonNotToTouch())
+        return {Outcome::Refused, *reason};
+    if (auto reason = reasonNotToRestore())
+        return {Outcome::Refused, *reason};
+    if (auto failure = keepPackage())
+        return {Outcome::Failed, *failure};
+    if (auto failure = putInPlace())
+        return {Outcome::Failed, *failure, _keptPackage};
+    return {Outcome::Done, {}, _keptPackage};
+}
+
+DBCBackupChange::Result DBCBackupChange::remove()
+{
+    if (auto reason = reasonNotToTouch())
+        return {Outcome::Refused, *reason};
+    if (auto reason = reasonNotToRemove())
+        return {Outcome::Refused, *reason};
+    if (!DBCFileManager::defaultManager()->cleanFolder(_backup))
+        return {Outcome::Failed, problemAt(_backup, "IDS_BACKUP_NOT_DELETED")};
+    return {Outcome::Done};
+}
+
+DBCBackupChange::Problem DBCBackupChange::reasonNotToTouch()
+{
+    if (_backup.isEmpty())
+        return problemAt(_package, "IDS_BACKUP_NO_SUCH", {_name, _package});
+    // Before the guards, which it wants for itself.
+    const State lastImport = DBCPackageRecovery(_package).state();
+    if (lastImport == State::InUse)
+        return problemAt(_package, "IDS_BACKUP_IN_USE");
+    if (lastImport != State::Nothing)
+        return problemAt(_package, "IDS_BACKUP_UNFINISHED");
+    _packageGuard = DBCPackageGuard::hold(_package, Use::Changing);
+    _backupGuard = DBCPackageGuard::hold(_backup, Use::Changing);
+    for (const QString& path : {_package, _backup}) {
+        if (isLockedByMainApplication(path))
+            return problemAt(path, "IDS_BACKUP_IN_USE");
+    }
+    if (!_packageGuard || !_backupGuard)
+        return problemAt(_packageGuard ? _backup : _package, "IDS_BACKUP_IN_USE");
+    return std::nullopt;
+}
+
+DBCBackupChange::Problem DBCBackupChange::reasonNotToRestore() const
+{
+    if (auto damage = DBCPackageVerifier::verifyStore(_backup).firstProblem())
+        return problemAt(_backup, "IDS_BACKUP_DAMAGED", {_backup, damage->text});
+    // The package makes room before the backup is copied: no file of it may turn out to be
+    // unreadable then.
+    const QByteArray backup = QFile::encodeName(_backup);
+    DBCTreeComparison reading;
+    if (!reading.areEqual(backup, backup))
+        return problemAt(
+            _backup, "IDS_BACKUP_UNREADABLE", {_backup, QFile::decodeName(reading.difference())});
+    if (DBCChecker::checkDBAttributes(_backup) != DBCResultCode::PackageUsable)
+        return problemAt(_backup, "IDS_LOG_ERR_PACKAGE_ACCESS");
+    return reasonNotToReplacePackage();
+}
+
+DBCBackupChange::Problem DBCBackupChange::reasonNotToReplacePackage() const
+{
+    const QString folder = QFileInfo(_package).path();
+    if (!DBCHost::current().isWritable(folder))
+        return problemAt(folder, "IDS_BACKUP_FOLDER_READ_ONLY");
+    if (standsAt(_package) && !QFileInfo(_package).isDir())
+        return problemAt(_package, "IDS_VERIFY_NO_FOLDER");
+    // A package without store is what a backup is there for.
+    const DBCResultCode state = DBCChecker::checkDBAttributes(_package);
+    if (state != DBCResultCode::PackageUsable && state != DBCResultCode::PackageNotExist)
+        return problemAt(_package, "IDS_LOG_ERR_PACKAGE_ACCESS");
+    return checkSpace();
+}
+
+// The package that stands there is copied, and removed before the backup is: at no time is there
+// more than the larger of the two to be added.
+DBCBackupChange::Problem DBCBackupChange::checkSpace() const
+{
+    quint64 needed = 0;
+    for (const QString& path : {_package, _backup}) {
+        DBCError error;
+        needed = std::max(needed, getSizeWithPath(path, &error));
+        if (error)
+            return problemAt(path, "IDS_LOG_ERR_SIZE", {path, error.localizedDescription()});
+    }
+    const QString folder = QFileInfo(_package).path();
+    if (!DBCChecker::checkDiskSizeIsEnough(folder, needed + DBCDiskSpaceMargin))
+        return problemAt(folder, "IDS_BACKUP_NO_SPACE");
+    return std::nullopt;
+}
+
+DBCBackupChange::Problem DBCBackupChange::reasonNotToRemove() const
+{
+    if (isAnythingElseSound())
+        return std::nullopt;
+    return problemAt(_backup, "IDS_BACKUP_LAST", {_backup, _package});
+}
+
+bool DBCBackupChange::isAnythingElseSound() const
+{
+    if (!DBCPackageVerifier::verifyStore(_package).firstProblem())
+        return true;
+    const DBCBackupList all = DBCPackageBackups::list(_package);
+    return std::any_of(all.backups.begin(), all.backups.end(),
+        [this](const DBCBackup& other) { return other.path != _backup && !other.isDamaged(); });
+}
+
+DBCBackupChange::Problem DBCBackupChange::keepPackage()
+{
+    if (!standsAt(_package))
+        return std::nullopt;
+    const std::optional<QString> target = DBCBackupName::firstFree(_package);
+    if (!target)
+        return problemAt(_package, "IDS_BACKUP_NOT_KEPT");
+    send(DBCEventName::DatabaseBackupWillBegin);
+    auto failure = copyPackageTo(*target);
+    send(DBCEventName::DatabaseBackupDidFinished, !failure);
+    if (!failure)
+        _keptPackage = *target;
+    return failure;
+}
+
+// The journal of the copy lets the next start clean up behind a program that was killed meanwhile.
+DBCBackupChange::Problem DBCBackupChange::copyPackageTo(const QString& target) const
+{
+    const auto journal = DBCImportJournal::begin(_package, target);
+    if (!journal)
+        return problemAt(
+            _package, "IDS_LOG_ERR_JOURNAL", {DBCHiddenName::importJournalOf(_package)});
+    const bool isCopied = DBCPackageCopy().copy(_package, target);
+    if (!journal->end() || !isCopied)
+        return problemAt(_package, "IDS_BACKUP_NOT_KEPT");
+    return std::nullopt;
+}
+
+// From the first change to the last the journal names the chosen backup, so that whoever kills the
+// program in between is asked whether to restore it.
+DBCBackupChange::Problem DBCBackupChange::putInPlace() const
+{
+    const auto journal = DBCImportJournal::begin(_package, _backup);
+    if (!journal || !journal->enter(Stage::Restore)) {
+        if (journal)
+            (void)journal->end();
+        return problemAt(
+            _package, "IDS_LOG_ERR_JOURNAL", {DBCHiddenName::importJournalOf(_package)});
+    }
+    send(DBCEventName::DatabaseRestoreWillBegin);
+    const bool isDone = DBCPackageRestore::restore(_package, _backup) == DBCResultCode::Success;
+    const bool isBack = !isDone && bringBackWhatStoodThere();
+    if (isDone || isBack) {
+        (void)journal->enter(Stage::Restored);
+        (void)journal->end();
+    }
+    send(DBCEventName::DatabaseRestoreDidFinished, isDone);
+    if (isDone)
+        return std::nullopt;
+    return isBack ? problemAt(_backup, "IDS_BACKUP_PUT_BACK", {_backup, _package})
+                  : problemAt(_backup, "IDS_BACKUP_RESTORE_FAILED", {_backup, _package});
+}
+
+bool DBCBackupChange::bringBackWhatStoodThere() const
+{
+    if (_keptPackage.isEmpty())
+        return !standsAt(_package);
+    return DBCPackageRestore::restore(_package, _keptPackage) == DBCResultCode::Success;
+}
+
+void DBCBackupChange::send(DBCEventName name, std::optional<bool> isOk) const
+{
+    if (_events)
+        _events({.name = name, .operationIsOk = isOk});
+}

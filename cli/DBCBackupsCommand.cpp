@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/DBCCommands.h"
+
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCChosenBackup.h"
+
+#include <QFileInfo>
+
+namespace {
+
+QString text(const char* key, const DBCMessageArguments& arguments)
+{
+    return getLocalString(QString::fromLatin1(key), arguments);
+}
+
+DBCCommandResult failed(DBCExitCode exitCode)
+{
+    return {.exitCode = exitCode, .code = DBCResultCode::GeneralFailure};
+}
+
+DBCCommandResult listBackups(const QString& package, DBCReporter& reporter)
+{
+    const DBCBackupList list = DBCPackageBackups::list(package);
+    if (list.couldNotLook) {
+        reporter.message({}, list.couldNotLook->text);
+        return failed(DBCExitCode::Failed);
+    }
+    // Backups of a package that is gone are all the more welcome.
+    if (list.backups.empty() && !QFileInfo(package).isDir()) {
+        reporter.message({}, text("IDS_VERIFY_NO_FOLDER", {package}));
+        return failed(DBCExitCode::Refused);
+    }
+    reporter.backups(list.backups);
+    const auto count = static_cast<qint64>(list.backups.size());
+    return {.summary = {text("IDS_CLI_BACKUPS", {package, count})}};
+}
+
+// What went wrong has been logged, and an error that is logged is shown.
+DBCCommandResult resultOf(const DBCBackupChange::Result& change, QStringList summary)
+{
+    switch (change.outcome) {
+    case DBCBackupChange::Outcome::Done:
+        if (!change.keptPackage.isEmpty())
+            summary << text("IDS_CLI_BACKUP_KEPT", {change.keptPackage});
+        return {.backupPath = change.keptPackage, .summary = summary};
+    case DBCBackupChange::Outcome::NotConfirmed:
+    case DBCBackupChange::Outcome::Refused:
+        return failed(DBCExitCode::Refused);
+    case DBCBackupChange::Outcome::Failed:
+        break;
+    }
+    DBCCommandResult result = failed(DBCExitCode::Failed);
+    result.backupPath = change.keptPackage;
+    return result;
+}
+
+} // namespace
+
+DBCCommandResult keepBackups(const DBCRequest& request, DBCReporter& reporter)
+{
+    const QString package = request.paths.constFirst();
+    if (const QString& name = request.backupToRestore; !name.isEmpty()) {
+        const auto change = restoreChosenBackup(
+            package, name, [&](const DBCEvent& event) { reporter.event(event); });
+        return resultOf(change, {text("IDS_CLI_BACKUP_RESTORED", {package, name})});
+    }
+    if (const QString& name = request.backupToDelete; !name.isEmpty())
+        return resultOf(
+            deleteChosenBackup(package, name), {text("IDS_CLI_BACKUP_DELETED", {name})});
+    return listBackups(package, reporter);
+}

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "operation/DBCChosenBackup.h"
+
+#include "carddb/DBCPackageBackups.h"
+#include "operation/DBCLog.h"
+#include "operation/DBCMessage.h"
+#include "operation/DBCUnfinishedImport.h"
+
+namespace {
+
+using Outcome = DBCBackupChange::Outcome;
+using Result = DBCBackupChange::Result;
+
+QString text(const char* key, const DBCMessageArguments& arguments = {})
+{
+    return getLocalString(QString::fromLatin1(key), arguments);
+}
+
+QString cardsIn(const DBCBackup& backup)
+{
+    return backup.cardCount ? text("IDS_BACKUP_CARDS", {*backup.cardCount})
+                            : text("IDS_BACKUP_NOT_USABLE");
+}
+
+std::optional<DBCBackup> find(const QString& package, const QString& name)
+{
+    const auto path = DBCPackageBackups::pathOf(package, name);
+    return path ? std::optional(DBCPackageBackups::describe(*path)) : std::nullopt;
+}
+
+bool isConfirmed(const char* key, const QString& package, const DBCBackup& backup)
+{
+    const DBCAnswer answer = DBCMessage::ShowInfoMessage(QString::fromLatin1(key), DBCButton::Yes,
+        DBCButton::No, {}, {backup.name(), backup.dateText(), cardsIn(backup), package});
+    return answer == DBCAnswer::Default;
+}
+
+Result logged(const char* label, const QString& name, const std::function<Result()>& change)
+{
+    DBCLog::info(text("IDS_LOG_INF_START", {text(label), QStringLiteral(" [%1]").arg(name)}));
+    Result result = change();
+    if (result.outcome != Outcome::Done)
+        DBCLog::error(result.problem.text);
+    DBCLog::info(text("IDS_LOG_INF_END", {text(label)}));
+    return result;
+}
+
+} // namespace
+
+Result restoreChosenBackup(
+    const QString& package, const QString& name, const DBCBackupChange::Events& events)
+{
+    switch (settleUnfinishedImport(package)) {
+    case DBCSettlement::NothingToSettle:
+    case DBCSettlement::Restored:
+    case DBCSettlement::Kept:
+        break;
+    case DBCSettlement::NotAnswered:
+        return {Outcome::NotConfirmed};
+    case DBCSettlement::InUse:
+    case DBCSettlement::Failed:
+        break; // the change refuses, and says why
+    }
+    // What is missing or damaged is refused, so that there is nothing to ask.
+    const auto backup = find(package, name);
+    if (backup && !backup->isDamaged() && !isConfirmed("IDS_MSG_BACKUP_RESTORE", package, *backup))
+        return {Outcome::NotConfirmed};
+    return logged(
+        "IDS_LBL_RESTORE", name, [&] { return DBCBackupChange(package, name).restore(events); });
+}
+
+Result deleteChosenBackup(const QString& package, const QString& name)
+{
+    const auto backup = find(package, name);
+    if (backup && !isConfirmed("IDS_MSG_BACKUP_DELETE", package, *backup))
+        return {Outcome::NotConfirmed};
+    return logged(
+        "IDS_LBL_DELETE_BACKUP", name, [&] { return DBCBackupChange(package, name).remove(); });
+}

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A package of three cards, one of them deleted, with backups beside it.
+#pragma once
+
+#include "carddb/DBCPackageCopy.h"
+#include "tests/carddb/TransferFixture.h"
+#include "tests/support/FolderSnapshot.h"
+#include "tests/support/StandardInputKeeper.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+struct BackupFixture {
+    BackupFixture()
+    {
+        package.card().withPdf("first");
+        package.card().withAttachment(QStringLiteral("note.txt"), "second");
+        package.card().deleted();
+    }
+
+    // A copy of the package as it is now.
+    QString backUp(const QString& name = QStringLiteral("Velmora DB_bak.vmdb")) const
+    {
+        if (!DBCPackageCopy().copy(package.path(), home.path(name)))
+            qFatal("no backup");
+        return home.path(name);
+    }
+    void damage(const QString& folder, const QByteArray& store = "these are no cards") const
+    {
+        home.writeFile(QFileInfo(folder).fileName() + QStringLiteral("/Velmora.sqldb"), store);
+    }
+    void removeStore(const QString& folder) const
+    {
+        if (!QFile::remove(folder + QStringLiteral("/Velmora.sqldb")))
+            qFatal("no store to remove");
+    }
+    void removePackage() const
+    {
+        if (!QDir(package.path()).removeRecursively())
+            qFatal("no package to remove");
+    }
+    bool hasJournal() const
+    {
+        return QFileInfo::exists(home.path(QStringLiteral(".Velmora DB.vmdb.velmora-import")));
+    }
+    // Everything in the folder in which package and backups lie.
+    QStringList everything() const { return snapshotOf(home.path()); }
+
+    StandardInputKeeper standardInput;
+    TestHome home;
+    PackageFixture package {home};
+    RecordedLog log;
+};

@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "carddb/DBCPackageBackups.h"
+
+#include "tests/carddb/BackupFixture.h"
+#include "tests/support/AsOrdinaryUser.h"
+#include "tests/support/ScopedMode.h"
+
+#include <QtTest>
+
+#include <sys/stat.h>
+
+namespace {
+
+QStringList namesOf(const DBCBackupList& list)
+{
+    QStringList names;
+    for (const DBCBackup& backup : list.backups)
+        names << backup.name();
+    return names;
+}
+
+} // namespace
+
+class tst_packageBackups : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void packageWithoutBackups()
+    {
+        const BackupFixture fixture;
+        const DBCBackupList list = DBCPackageBackups::list(fixture.package.path());
+        QVERIFY(list.backups.empty());
+        QVERIFY(!list.couldNotLook);
+    }
+
+    void backupTellsItsCardsAndSize()
+    {
+        BackupFixture fixture;
+        const QString path = fixture.backUp();
+        fixture.package.card();
+        const DBCBackupList list = DBCPackageBackups::list(fixture.package.path());
+        QCOMPARE(list.backups.size(), std::size_t {1});
+        const DBCBackup& backup = list.backups.front();
+        QCOMPARE(backup.path, path);
+        QCOMPARE(backup.name(), QStringLiteral("Velmora DB_bak.vmdb"));
+        QCOMPARE(backup.cardCount, std::optional<qint64>(2));
+        QCOMPARE(backup.bytes, std::optional<quint64>(diskUsage(path)));
+        QVERIFY(backup.damage.isEmpty());
+    }
+
+    // A copy has the times of what it is a copy of.
+    void dateIsThatOfTheBackupAndNotOfTheCards()
+    {
+        const BackupFixture fixture;
+        const timespec longAgo[2] {{1'000'000'000, 0}, {1'000'000'000, 0}};
+        QCOMPARE(
+            utimensat(AT_FDCWD, QFile::encodeName(fixture.package.path()).constData(), longAgo, 0),
+            0);
+        // File systems tell the time by the kernel's tick.
+        const QDateTime before = QDateTime::currentDateTime().addSecs(-1);
+        const QString path = fixture.backUp();
+        QCOMPARE(QFileInfo(path).lastModified().toSecsSinceEpoch(), 1'000'000'000);
+        const DBCBackup backup = DBCPackageBackups::describe(path);
+        QVERIFY(backup.madeAt >= before);
+        QVERIFY(backup.madeAt <= QDateTime::currentDateTime());
+        QCOMPARE(backup.dateText(), backup.madeAt.toString(QStringLiteral("yyyy-MM-dd HH:mm")));
+    }
+
+    void newestBackupComesFirst()
+    {
+        const BackupFixture fixture;
+        for (const char* const name :
+            {"Velmora DB_bak1.vmdb", "Velmora DB_bak.vmdb", "Velmora DB_bak2.vmdb"}) {
+            fixture.backUp(QString::fromLatin1(name));
+            QTest::qSleep(20); // past the kernel's tick
+        }
+        QCOMPARE(namesOf(DBCPackageBackups::list(fixture.package.path())),
+            (QStringList {QStringLiteral("Velmora DB_bak2.vmdb"),
+                QStringLiteral("Velmora DB_bak.vmdb"), QStringLiteral("Velmora DB_bak1.vmdb")}));
+    }
+
+    void onlyTheNamesThatBackupsGetCount_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("isBackup");
+        QTest::newRow("first") << QStringLiteral("Velmora DB_bak.vmdb") << true;
+        QTest::newRow("second") << QStringLiteral("Velmora DB_bak1.vmdb") << true;
+        QTest::newRow("last") << QStringLiteral("Velmora DB_bak9999.vmdb") << true;
+        QTest::newRow("beyond the last") << QStringLiteral("Velmora DB_bak10000.vmdb") << false;
+        QTest::newRow("zero") << QStringLiteral("Velmora DB_bak0.vmdb") << false;
+        QTest::newRow("leading zero") << QStringLiteral("Velmora DB_bak01.vmdb") << false;
+        QTest::newRow("negative") << QStringLiteral("Velmora DB_bak-1.vmdb") << false;
+        QTest::newRow("plus") << QStringLiteral("Velmora DB_bak+1.vmdb") << false;
+        QTest::newRow("blank") << QStringLiteral("Velmora DB_bak 1.vmdb") << false;
+        QTest::newRow("full-width digit") << QStringLiteral("Velmora DB_bak１.vmdb") << false;
+        QTest::newRow("word") << QStringLiteral("Velmora DB_bak old.vmdb") << false;
+        QTest::newRow("backup of a backup") << QStringLiteral("Velmora DB_bak_bak.vmdb") << false;
+        QTest::newRow("other package") << QStringLiteral("Cards_bak.vmdb") << false;
+        QTest::newRow("other extension") << QStringLiteral("Velmora DB_bak.sqldb") << false;
+        QTest::newRow("other case") << QStringLiteral("Velmora DB_BAK.vmdb") << false;
+        QTest::newRow("no extension") << QStringLiteral("Velmora DB_bak") << false;
+        QTest::newRow("start and end overlap") << QStringLiteral("Velmora DB_ba.vmdb") << false;
+    }
+    void onlyTheNamesThatBackupsGetCount()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, isBackup);
+        const BackupFixture fixture;
+        fixture.backUp(name);
+        QCOMPARE(namesOf(DBCPackageBackups::list(fixture.package.path())),
+            isBackup ? QStringList(name) : QStringList());
+        QCOMPARE(DBCPackageBackups::pathOf(fixture.package.path(), name).has_value(), isBackup);
+    }
+
+    void linksFilesAndPathsAreNoBackups()
+    {
+        const BackupFixture fixture;
+        const QString elsewhere = fixture.backUp(QStringLiteral("elsewhere.vmdb"));
+        QVERIFY(QFile::link(elsewhere, fixture.home.path(QStringLiteral("Velmora DB_bak.vmdb"))));
+        fixture.home.writeFile(QStringLiteral("Velmora DB_bak1.vmdb"), "a file");
+        const QString package = fixture.package.path();
+        QVERIFY(DBCPackageBackups::list(package).backups.empty());
+        for (const char* const name : {"", "Velmora DB_bak.vmdb", "../Velmora DB_bak1.vmdb",
+                 "elsewhere.vmdb", "Velmora DB.vmdb"})
+            QVERIFY(!DBCPackageBackups::pathOf(package, QString::fromLatin1(name)));
+    }
+
+    void backupThatCannotBeReliedUponSaysWhy_data()
+    {
+        QTest::addColumn<QByteArray>("store");
+        QTest::newRow("text") << QByteArray("these are no cards");
+        QTest::newRow("empty") << QByteArray("");
+        QTest::newRow("damaged") << QByteArray("SQLite format 3\0", 16) + QByteArray(5000, 'x');
+    }
+    void backupThatCannotBeReliedUponSaysWhy()
+    {
+        QFETCH(QByteArray, store);
+        const BackupFixture fixture;
+        const QString path = fixture.backUp();
+        fixture.damage(path, store);
+        const DBCBackup backup = DBCPackageBackups::describe(path);
+        QVERIFY(backup.isDamaged());
+        QVERIFY2(backup.damage.contains(path), qPrintable(backup.damage));
+    }
+
+    // The counting of the cards alone would not notice.
+    void backupWithADamagedPageIsDamaged()
+    {
+        BackupFixture fixture;
+        fixture.package.execute(QStringLiteral("CREATE TABLE other (x)"));
+        fixture.package.execute(QStringLiteral("INSERT INTO other SELECT hex(randomblob(20000))"));
+        const QString path = fixture.backUp();
+        QFile store(path + QStringLiteral("/Velmora.sqldb"));
+        QVERIFY(store.open(QIODevice::ReadWrite));
+        constexpr qint64 pages = 3 * 4096;
+        QVERIFY(store.seek(store.size() - pages));
+        store.write(QByteArray(pages, 'x'));
+        store.close();
+        QVERIFY(DBCPackageBackups::describe(path).isDamaged());
+    }
+
+    void backupWithoutStoreOrModelIsDamaged()
+    {
+        const BackupFixture fixture;
+        const QString path = fixture.backUp();
+        fixture.removeStore(path);
+        QVERIFY(DBCPackageBackups::describe(path).isDamaged());
+        const PackageFixture other(fixture.home, {.withoutColumns = {QStringLiteral("ZMEMO")}},
+            QStringLiteral("Velmora DB_bak1.vmdb"));
+        const DBCBackup backup = DBCPackageBackups::describe(other.path());
+        QVERIFY(backup.isDamaged());
+        QVERIFY(backup.damage.contains(QStringLiteral("ZMEMO")));
+    }
+
+    void cardsInAWriteAheadLogCount()
+    {
+        const BackupFixture fixture;
+        const PackageFixture backup(
+            fixture.home, {.writeAheadLog = true}, QStringLiteral("Velmora DB_bak.vmdb"));
+        backup.executeIntoLog(QStringLiteral("INSERT INTO ZCARD (ZDELETEDFLAG) VALUES (0)"));
+        QCOMPARE(DBCPackageBackups::describe(backup.path()).cardCount, std::optional<qint64>(1));
+    }
+
+    void lookingChangesNothing()
+    {
+        const BackupFixture fixture;
+        fixture.backUp();
+        const PackageFixture other(
+            fixture.home, {.writeAheadLog = true}, QStringLiteral("Velmora DB_bak1.vmdb"));
+        other.executeIntoLog(QStringLiteral("INSERT INTO ZCARD (ZDELETEDFLAG) VALUES (0)"));
+        const QStringList before = fixture.everything();
+        QCOMPARE(DBCPackageBackups::list(fixture.package.path()).backups.size(), std::size_t {2});
+        QCOMPARE(fixture.everything(), before);
+    }
+
+    void backupsOfAPackageThatIsGoneAreListed()
+    {
+        const BackupFixture fixture;
+        fixture.backUp();
+        fixture.removePackage();
+        QCOMPARE(DBCPackageBackups::list(fixture.package.path()).backups.size(), std::size_t {1});
+    }
+
+    void linkToThePackageHasItsBackups()
+    {
+        const BackupFixture fixture;
+        fixture.backUp();
+        const QString link
+            = fixture.home.makeFolder(QStringLiteral("links")) + QStringLiteral("/link.vmdb");
+        QVERIFY(QFile::link(fixture.package.path(), link));
+        QCOMPARE(namesOf(DBCPackageBackups::list(link)),
+            QStringList(QStringLiteral("Velmora DB_bak.vmdb")));
+    }
+
+    void folderThatMayNotBeReadIsReported()
+    {
+        const AsOrdinaryUser user;
+        const BackupFixture fixture;
+        fixture.backUp();
+        const ScopedMode mode(fixture.home.path(), S_IWUSR | S_IXUSR);
+        const DBCBackupList list = DBCPackageBackups::list(fixture.package.path());
+        QVERIFY(list.couldNotLook);
+        QVERIFY(list.couldNotLook->text.contains(fixture.home.path()));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_packageBackups)
+#include "tst_packageBackups.moc"
