@@ -945,6 +945,7 @@
         <source>The report [%1] could not be written: %2. The cards are not affected. Check that you may write to its folder and that the disk has free space.</source>
         <extracomment>%1: path. %2: reason.</extracomment>
         <translation>The report [%1] could not be written: %2. The cards are not affected. Check that you may write to its folder and that the disk has free space.</translation>
+    </message>
     <message id="IDS_MSG_BACKUP_DELETE">
         <source>Delete this backup? It cannot be brought back.
 
