@@ -300,7 +300,10 @@ void tst_convertCommands::reportThatCannotBeWrittenChangesNoExitStatus()
     desk.home.writeFile(QStringLiteral("home/Library/Logs/VelmoraConverter.log"), {});
     const ScopedMode mode(logs, 0555);
 
-    const ProgramRun run = desk.program.run(desk.importing(yesAndJson));
+    // A program that is not quite its user's would not start.
+    const auto becomeUser = [] { (void)setreuid(geteuid(), geteuid()); };
+    const ProgramRun run = ConvertProgram::finish(
+        desk.program.start(ConvertProgram::path(), desk.importing(yesAndJson), becomeUser));
 
     QCOMPARE(run.exitCode, 0);
     const QJsonObject result = run.object(QStringLiteral("result"));
