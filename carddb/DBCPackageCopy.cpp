@@ -13,9 +13,11 @@
 #include <QFileInfo>
 #include <QScopeGuard>
 
+#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
+#include <sys/stat.h>
 
 namespace {
 
@@ -26,12 +28,29 @@ bool isIndexOfLog(const QByteArray& path)
     return path.endsWith("-shm");
 }
 
-// Never onto something that came to stand at the name in the meantime.
+// File systems in user space may not know the flag (NTFS disks, mostly), old systems and some
+// containers not the call.
+bool isUnknownToTheSystem(int error)
+{
+    return error == EINVAL || error == ENOSYS || error == EPERM;
+}
+
+bool isFree(const QByteArray& name)
+{
+    struct stat status { };
+    return lstat(name.constData(), &status) != 0 && errno == ENOENT;
+}
+
+// Never onto something that came to stand at the name in the meantime, as far as the system can
+// tell.
 bool moveToFreeName(const QString& path, const QString& name)
 {
-    return renameat2(AT_FDCWD, QFile::encodeName(path).constData(), AT_FDCWD,
-               QFile::encodeName(name).constData(), RENAME_NOREPLACE)
-        == 0;
+    const QByteArray from = QFile::encodeName(path);
+    const QByteArray to = QFile::encodeName(name);
+    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
+        return true;
+    return isUnknownToTheSystem(errno) && isFree(to)
+        && std::rename(from.constData(), to.constData()) == 0;
 }
 
 } // namespace
