@@ -53,12 +53,17 @@ bool hasFilter(QPDFObjectHandle dictionary, const char* name)
         [name](QPDFObjectHandle one) { return one.isNameAndEquals(name); });
 }
 
-// Pictures tell their sizes themselves, whatever the dictionary says; nothing when they do not.
-QSizeF jpegSize(const QPDFObjectHandle& stream)
+// Pictures tell their sizes themselves, whatever the dictionary says.
+bool isTooLargeJpeg(const QPDFObjectHandle& stream)
 {
+    constexpr QByteArrayView scan("\xFF\xDA", 2);
     const auto jpeg = jpegStreamData(stream, DBCBitmap::maximumBytes);
     const auto header = jpeg ? readJpegHeader(*jpeg) : std::nullopt;
-    return header ? QSizeF(header->size) : QSizeF();
+    if (!header)
+        return false;
+    const double pixels = double(header->size.width()) * header->size.height();
+    return isTooLarge(header->size, JpegBits)
+        || pixels * double(jpeg->count(scan)) > DBCMostScannedPixels;
 }
 
 QSizeF jpeg2000Size(const QPDFObjectHandle& stream)
@@ -82,7 +87,7 @@ bool isTooLargeImage(QPDFObjectHandle object)
     const QPDFObjectHandle dictionary = object.getDict();
     const QSizeF size(numberAt(dictionary, "/Width", "/W"), numberAt(dictionary, "/Height", "/H"));
     return isTooLarge(size, PlainBits)
-        || (hasFilter(dictionary, "/DCTDecode") && isTooLarge(jpegSize(object), JpegBits))
+        || (hasFilter(dictionary, "/DCTDecode") && isTooLargeJpeg(object))
         || (hasFilter(dictionary, "/JPXDecode") && isTooLarge(jpeg2000Size(object), Jpeg2000Bits));
 }
 
