@@ -17,7 +17,7 @@
 namespace {
 
 constexpr int Quality = 90;
-// Scans of a progressive picture; an honest one has about ten, a hostile one keeps us for hours.
+// An honest progressive picture has about ten; a hostile one keeps us for hours.
 constexpr int MostScans = 500;
 constexpr int ExifMarker = JPEG_APP0 + 1;
 constexpr unsigned LongestMarker = 0xFFFF;
@@ -67,9 +67,12 @@ public:
     explicit Decoder(const QByteArray& jpeg)
     {
         _codec.err = _errors.manager();
-        _progress.progress_monitor = [](j_common_ptr codec) {
-            if (reinterpret_cast<j_decompress_ptr>(codec)->input_scan_number > MostScans)
-                codec->err->error_exit(codec);
+        _progress.progress_monitor = [](j_common_ptr common) {
+            const auto codec = reinterpret_cast<j_decompress_ptr>(common);
+            const double pixels = double(codec->image_width) * codec->image_height;
+            if (codec->input_scan_number > MostScans
+                || pixels * codec->input_scan_number > DBCMostScannedPixels)
+                common->err->error_exit(common);
         };
         _isOpen = _errors.run([this, &jpeg] {
             jpeg_create_decompress(&_codec);
@@ -86,6 +89,16 @@ public:
     QSize size() const
     {
         return {static_cast<int>(_codec.image_width), static_cast<int>(_codec.image_height)};
+    }
+
+    // Of several scans all coefficients are kept, which may take as much again as a picture may.
+    bool fitsMemory()
+    {
+        const int bits = _codec.num_components == 1 ? 8 : 24;
+        const int coefficientBits = 16 * _codec.num_components;
+        return DBCBitmap::canHold(size(), bits)
+            && (!jpeg_has_multiple_scans(&_codec)
+                || DBCBitmap::canHold(size(), (bits + coefficientBits) / 2));
     }
 
     void keepMarker(int marker)
@@ -304,7 +317,7 @@ DBCBitmap decodeJpeg(const QByteArray& jpeg)
         return {};
     const bool isGray = decoder.codec().num_components == 1;
     const bool isCmyk = decoder.codec().num_components == 4;
-    if (!DBCBitmap::canHold(decoder.size(), isGray ? 8 : 24)
+    if (!decoder.fitsMemory()
         || !decoder.start(isGray ? JCS_GRAYSCALE
                 : isCmyk         ? JCS_CMYK
                                  : JCS_RGB))

@@ -9,6 +9,9 @@
 
 #include <optional>
 
+// Pixels of a picture times its scans: a second's work.
+inline constexpr double DBCMostScannedPixels = 4e9;
+
 // What stands in front of the picture's data.
 struct DBCJpegHeader {
     enum class DensityUnit : quint8 { None, Inch, Centimetre };

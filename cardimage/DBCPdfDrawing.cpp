@@ -2,6 +2,7 @@
 #include "cardimage/DBCPdfDrawing.h"
 
 #include "cardimage/DBCCardPdf.h"
+#include "cardimage/DBCPdfDrawingLimits.h"
 #include "cardimage/DBCPdfObjects.h"
 
 #include <QFileInfo>
@@ -9,13 +10,7 @@
 #include <poppler-qt6.h>
 
 #include <chrono>
-#include <cmath>
 #include <ctime>
-#include <vector>
-
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFObjectHandle.hh>
-#include <qpdf/QPDFPageObjectHelper.hh>
 
 namespace {
 
@@ -34,60 +29,6 @@ void silenceLibrary()
     Q_UNUSED(isSilent)
 }
 
-qint64 sideOf(QPDFObjectHandle& image, const char* key, const char* shortKey)
-{
-    QPDFObjectHandle side = image.getKey(image.hasKey(key) ? key : shortKey);
-    return side.isNumber() ? static_cast<qint64>(side.getNumericValue()) : 0;
-}
-
-// The library goes over every pixel of an image, however small it is drawn.
-bool isTooLargeImage(QPDFObjectHandle& dictionary)
-{
-    const QSizeF size(
-        double(sideOf(dictionary, "/Width", "/W")), double(sideOf(dictionary, "/Height", "/H")));
-    return !size.isEmpty() && !DBCBitmap::canHold(size, 8);
-}
-
-double numberAt(QPDFObjectHandle array, int index, double missing)
-{
-    if (!array.isArray() || index >= array.getArrayNItems())
-        return missing;
-    QPDFObjectHandle item = array.getArrayItem(index);
-    return item.isNumber() ? item.getNumericValue() : missing;
-}
-
-// It goes over every tile of a pattern as well, and asks nobody in between.
-bool isTooFinePattern(QPDFObjectHandle& dictionary, QSizeF pagePoints)
-{
-    constexpr double mostTiles = 200'000;
-    QPDFObjectHandle across = dictionary.getKey("/XStep");
-    QPDFObjectHandle down = dictionary.getKey("/YStep");
-    if (!across.isNumber() || !down.isNumber())
-        return false;
-    const QPDFObjectHandle matrix = dictionary.getKey("/Matrix");
-    const double scale = numberAt(matrix, 0, 1) * numberAt(matrix, 3, 1)
-        - numberAt(matrix, 1, 0) * numberAt(matrix, 2, 0);
-    const double tile = std::abs(across.getNumericValue() * down.getNumericValue() * scale);
-    return !(pagePoints.width() * pagePoints.height() <= mostTiles * tile);
-}
-
-// True when the first page takes so long to draw that no card can be meant.
-bool isEndless(const QByteArray& bytes, QSizeF pagePoints)
-{
-    try {
-        QPDF document;
-        openPdf(&document, bytes);
-        const QPDFObjectHandle page = document.getAllPages().at(0);
-        return reachesDictionary(QPDFPageObjectHelper(page).getAttribute("/Resources", false),
-            [pagePoints](QPDFObjectHandle& dictionary) {
-                return isTooLargeImage(dictionary) || isTooFinePattern(dictionary, pagePoints);
-            });
-    } catch (const std::exception&) {
-        // The other library may see more in a damaged document.
-        return false;
-    }
-}
-
 QImage drawFirstPage(Poppler::Document* document, const QByteArray& bytes)
 {
     const std::unique_ptr<Poppler::Page> page(document->page(0));
@@ -95,7 +36,7 @@ QImage drawFirstPage(Poppler::Document* document, const QByteArray& bytes)
         return {};
     const QSizeF size = page->pageSizeF() * DrawingResolution / PointsPerInch;
     if (!DBCBitmap::canHold(size, QImage::toPixelFormat(QImage::Format_RGB32).bitsPerPixel())
-        || isEndless(bytes, page->pageSizeF()))
+        || isTooMuchToDraw(bytes, page->pageSizeF()))
         return {};
     document->setPaperColor(Qt::white);
     document->setRenderHint(Poppler::Document::Antialiasing);

@@ -38,8 +38,8 @@ void openPdf(QPDF* document, const QByteArray& bytes)
         "card PDF", bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
-bool reachesDictionary(const QPDFObjectHandle& root,
-    const std::function<bool(QPDFObjectHandle& dictionary)>& condition)
+bool reachesObject(const QPDFObjectHandle& root,
+    const std::function<bool(const QPDFObjectHandle& object)>& condition)
 {
     std::set<QPDFObjGen> seen;
     std::vector<QPDFObjectHandle> open {root};
@@ -48,14 +48,14 @@ bool reachesDictionary(const QPDFObjectHandle& root,
         open.pop_back();
         if (object.isIndirect() && !seen.insert(object.getObjGen()).second)
             continue;
-        if (object.isStream())
-            object = object.getDict();
         if (object.isArray()) {
             for (const QPDFObjectHandle& item : object.getArrayAsVector())
                 open.push_back(item);
-        } else if (object.isDictionary()) {
+        } else if (object.isDictionary() || object.isStream()) {
             if (condition(object))
                 return true;
+            if (object.isStream())
+                object = object.getDict();
             for (const auto& [key, value] : object.getDictAsMap())
                 open.push_back(value);
         }

@@ -31,7 +31,7 @@ QByteArray readPdf(const QString& path);
 // them.
 void openPdf(QPDF* document, const QByteArray& bytes);
 
-// True when a dictionary that can be reached from root, itself and those of streams included,
-// fulfils the condition. Stream data is not looked at.
-bool reachesDictionary(const QPDFObjectHandle& root,
-    const std::function<bool(QPDFObjectHandle& dictionary)>& condition);
+// True when a dictionary or a stream that can be reached from root, itself included, fulfils the
+// condition. Stream data is not looked at.
+bool reachesObject(const QPDFObjectHandle& root,
+    const std::function<bool(const QPDFObjectHandle& object)>& condition);

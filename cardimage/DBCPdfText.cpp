@@ -14,8 +14,9 @@ namespace {
 
 bool mentionsFont(const QPDFObjectHandle& root)
 {
-    return reachesDictionary(
-        root, [](QPDFObjectHandle& dictionary) { return dictionary.hasKey("/Font"); });
+    return reachesObject(root, [](QPDFObjectHandle object) {
+        return (object.isStream() ? object.getDict() : object).hasKey("/Font");
+    });
 }
 
 // The words come first, because the whole text cannot be broken off.
@@ -25,7 +26,7 @@ bool hasText(const Poppler::Page& page, const QVariant& deadline)
     qsizetype characters = 0;
     for (const auto& word : page.textList(Poppler::Page::Rotate0, endWhenTooLong, deadline))
         characters += word->text().size();
-    return qMax(characters, page.text({}).size()) > mostInvisibleCharacters;
+    return characters > mostInvisibleCharacters || page.text({}).size() > mostInvisibleCharacters;
 }
 
 bool findsText(QPDF* document, const QString& path)

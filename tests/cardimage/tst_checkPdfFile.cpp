@@ -32,6 +32,7 @@ private Q_SLOTS:
     void fontWithoutTextIsImageOnly();
     void formThatNamesItselfIsFollowedOnce();
     void formsWithoutEndAreNotFollowedToIt();
+    void documentThatSpeaksOfMemoryIsNoWantOfIt();
     void passwordToOpenIsNoCard();
     void restrictionsWithoutAPasswordAreNoObstacle();
     void damagedCrossReferencesAreNoObstacle();
@@ -237,6 +238,15 @@ void tst_checkPdfFile::formsWithoutEndAreNotFollowedToIt()
     page.resources
         += "/XObject << /X1 " + PdfBuilder::reference(pdf.formsThatDouble(40)) + " >> >>";
     page.contents = "/X1 Do\n";
+    QCOMPARE(check(pdf.page(page).bytes()), DBCResultCode::PdfCardImageOnly);
+}
+
+void tst_checkPdfFile::documentThatSpeaksOfMemoryIsNoWantOfIt()
+{
+    // The library warns of a name that stands twice, and quotes it.
+    PdfBuilder pdf;
+    PdfPage page = PdfPage::ofImage(pdf.jpegImage(jpeg()));
+    page.furtherEntries = "/std::bad_alloc 1 /std::bad_alloc 2";
     QCOMPARE(check(pdf.page(page).bytes()), DBCResultCode::PdfCardImageOnly);
 }
 

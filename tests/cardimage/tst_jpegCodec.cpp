@@ -23,6 +23,8 @@ private Q_SLOTS:
     void pictureCannotBeDecoded_data();
     void pictureCannotBeDecoded();
     void pictureOfEndlessScansIsGivenUp();
+    void largePictureOfManyScansIsGivenUp();
+    void largePictureOfSeveralScansIsGivenUp();
     void headerCannotBeRead_data();
     void headerCannotBeRead();
 
@@ -177,6 +179,22 @@ void tst_jpegCodec::pictureOfEndlessScansIsGivenUp()
     const QByteArray scan = jpeg.mid(lastScan, jpeg.size() - 2 - lastScan);
     QVERIFY(!decodeJpeg(jpeg.chopped(2) + scan.repeated(100) + "\xFF\xD9").isNull());
     QVERIFY(decodeJpeg(jpeg.chopped(2) + scan.repeated(1000) + "\xFF\xD9").isNull());
+}
+
+void tst_jpegCodec::largePictureOfManyScansIsGivenUp()
+{
+    // 49 million pixels, 90 times over.
+    const QByteArray jpeg = JpegBuilder(8, 8).progressive().claimedSize(7000, 7000).bytes();
+    const qsizetype lastScan = jpeg.lastIndexOf("\xFF\xDA");
+    const QByteArray scan = jpeg.mid(lastScan, jpeg.size() - 2 - lastScan);
+    QVERIFY(decodeJpeg(jpeg.chopped(2) + scan.repeated(90) + "\xFF\xD9").isNull());
+}
+
+void tst_jpegCodec::largePictureOfSeveralScansIsGivenUp()
+{
+    // 81 million pixels: 243 MB, and twice as much again before they can be shown.
+    const JpegBuilder picture = JpegBuilder(8, 8).claimedSize(9000, 9000);
+    QVERIFY(decodeJpeg(JpegBuilder(picture).progressive().bytes()).isNull());
 }
 
 void tst_jpegCodec::headerCannotBeRead_data()

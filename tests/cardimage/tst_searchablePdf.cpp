@@ -260,6 +260,15 @@ void tst_searchablePdf::pageThatTakesForEverCannotBeDrawn_data()
     PdfBuilder image;
     const int huge = image.bitImage(65535, 65535, "");
     row("image of four thousand million pixels", image, huge, "XObject");
+    PdfBuilder jpeg;
+    const int claimed
+        = jpeg.jpegImage(JpegBuilder(8, 8).progressive().claimedSize(65500, 65500).bytes());
+    row("JPEG of four thousand million pixels", jpeg, claimed, "XObject");
+    PdfBuilder jpeg2000;
+    const int codestream
+        = jpeg2000.stream("/Type /XObject /Subtype /Image /Width 8 /Height 8 /Filter /JPXDecode",
+            QByteArray("\xFF\x4F\xFF\x51\0\x2F\0\0\0\1\0\0\0\1\0\0", 16) + QByteArray(40, '\0'));
+    row("JPEG 2000 of four thousand million pixels", jpeg2000, codestream, "XObject");
     PdfBuilder pattern;
     const int fine = patternOf(&pattern, "/XStep .01 /YStep .01");
     row("pattern of twenty-five million tiles", pattern, fine, "Pattern");
