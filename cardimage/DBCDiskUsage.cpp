@@ -81,14 +81,16 @@ const QProcessEnvironment& environmentWithoutLocale()
 
 class DiskUsageProcess : public QProcess {
 public:
-    void startMeasuring(const QString& program, const QString& path)
+    void run(const QString& program, const QString& path)
     {
         setProcessEnvironment(environmentWithoutLocale());
         try {
             start(program, {QStringLiteral("-k"), QStringLiteral("-s"), asArgument(path)},
                 QIODevice::ReadOnly);
+            waitForFinished(-1);
         } catch (const std::bad_alloc&) {
-            // There may be no child yet, and the destructor would wait half a minute for it.
+            // The base class has lost sight of the child now, or never had one, and its destructor
+            // would wait half a minute for it to end.
             setProcessState(NotRunning);
             throw;
         }
@@ -99,8 +101,7 @@ Measurement measure(const QString& path)
 {
     const QString program = DBCHost::current().diskUsageProgram;
     DiskUsageProcess du;
-    du.startMeasuring(program, path);
-    du.waitForFinished(-1);
+    du.run(program, path);
     if (du.error() == QProcess::FailedToStart) {
         return failed(DBCResultCode::InternalException, path,
             QStringLiteral("Exception happended when get file size by using du command. "
