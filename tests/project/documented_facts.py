@@ -137,6 +137,22 @@ class DocumentedFacts(unittest.TestCase):
                 for row in documents.table_rows(ROOT, REPORT, "## For programs")}
         self.assertEqual(set(rows["end"]) | set(rows["consequence"]), ends_and_consequences())
 
+    def test_columns(self):
+        rows = documents.table_rows(ROOT, Path("docs/interchange-format.md"))
+        data_file = self.world.path / "PARENT/名刺データ/名刺データ.txt"
+        titles = data_file.read_text("utf-16").split("\n")[0].split("\t")
+        self.assertEqual([row[1] for row in rows], titles)
+        lengths = re.findall(r"DBCRecordKey::\w+, (?:(\d+)|\{\})\}", text_of("datafile/DBCColumns.h"))
+        self.assertEqual([re.match(r"\d*", row[3])[0] for row in rows], lengths)
+
+    def test_targets_and_measures(self):
+        targets = re.findall(r"(?m)^velmora_add_fuzz_target\((\w+)", text_of("fuzz/CMakeLists.txt"))
+        rows = documents.table_rows(ROOT, Path("fuzz/README.md"))
+        self.assertEqual(sorted(name for row in rows for name in named_in(row[0])), sorted(targets))
+        measures = re.findall(r'(?m)^    "([\w-]+)": Bench\.', text_of("bench/run"))
+        rows = documents.table_rows(ROOT, Path("bench/README.md"), "# Benchmarks")
+        self.assertEqual([row[0] for row in rows], measures)
+
     def test_links_lead_somewhere(self):
         for document in documents.documents(ROOT):
             for link in documents.links(ROOT, document):
