@@ -15,6 +15,7 @@ from world import PACKAGE, World
 ROOT = Path(__file__).resolve().parent.parent.parent
 CONVERT = ""
 
+SOURCES = ("app", "carddb", "cardimage", "cli", "datafile", "operation", "text")
 REPORT = Path("docs/report.md")
 WORDS = {"mark": "\ufeff", "tab": "\t", "CR": "\r", "LF": "\n", "blank": "\u3000"}
 # Programs and options that are named in the middle of a text.
@@ -152,6 +153,28 @@ class DocumentedFacts(unittest.TestCase):
         measures = re.findall(r'(?m)^    "([\w-]+)": Bench\.', text_of("bench/run"))
         rows = documents.table_rows(ROOT, Path("bench/README.md"), "# Benchmarks")
         self.assertEqual([row[0] for row in rows], measures)
+
+    def test_folders(self):
+        rows = documents.table_rows(ROOT, Path("docs/architecture.md"))
+        listed = {name.rstrip("/") for row in rows for name in named_in(row[0])}
+        self.assertEqual([name for name in listed if not (ROOT / name).is_dir()], [])
+        self.assertEqual({path.parent.name for path in ROOT.glob("*/CMakeLists.txt")} - listed, set())
+        included = {name for path in (ROOT / "text").iterdir()
+                    for name in re.findall(r'#include "(.+)"', path.read_text())}
+        self.assertEqual({name for name in included if not name.startswith("text/")},
+                         {"operation/DBCResultCode.h"})
+
+    def test_names_of_the_sources_are_there(self):
+        known = set()
+        for folder in SOURCES:
+            for path in (ROOT / folder).glob("DBC*.*"):
+                known.add(path.stem)
+                known.update(re.findall(r"\bDBC\w+", path.read_text()))
+        texts = [*documents.documents(ROOT), Path("docs/architecture.svg")]
+        for path in texts:
+            with self.subTest(str(path)):
+                named = set(re.findall(r"\bDBC\w*[a-z]\w*", text_of(path)))
+                self.assertEqual(named - known, set())
 
     def test_links_lead_somewhere(self):
         for document in documents.documents(ROOT):
