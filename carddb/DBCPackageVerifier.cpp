@@ -215,8 +215,7 @@ void DBCPackageVerifier::checkKeys(SQLite::Database& store)
     SQLite::Statement keys(
         store, "SELECT Z_MAX, (SELECT max(Z_PK) FROM ZCARD) FROM Z_PRIMARYKEY WHERE Z_NAME = ?");
     keys.bind(1, DBCManagedObjectModel::entityName);
-    if (!keys.executeStep())
-        return;
+    keys.executeStep(); // the model has been checked, so there is a row
     const qint64 noted = keys.getColumn(0).getInt64();
     const qint64 highest = keys.getColumn(1).getInt64();
     if (highest > noted)
