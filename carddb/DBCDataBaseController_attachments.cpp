@@ -246,11 +246,6 @@ DBCError importAttachments(
     return {};
 }
 
-bool leadsOut(int openError)
-{
-    return openError == EXDEV || openError == ELOOP;
-}
-
 // Opens the transfer's source. A folder that cannot be opened or listed is not taken for an empty
 // one: measuring or copying it will fail.
 bool hasAttachments(const QString& files, const QString& cardID, Transfer* transfer)
