@@ -26,9 +26,6 @@ namespace {
 // What an entry is itself, links not followed.
 enum class EntryKind : quint8 { RegularFile, Folder, Other, Gone, Unknown };
 
-// Written into folders by the source platform's file browser; no attachment.
-constexpr const char* folderSettingsFile = ".DS_Store";
-
 enum class Verdict { Copy, Pass, BadName, Vanished, NotRegular };
 
 Verdict verdictOnKind(EntryKind kind)
@@ -40,7 +37,7 @@ Verdict verdictOnKind(EntryKind kind)
 
 Verdict judgeForImport(const QByteArray& name, const QString&, EntryKind kind)
 {
-    if (name == folderSettingsFile || kind == EntryKind::Folder)
+    if (name == DBCInterchangeNames::folderSettingsFile || kind == EntryKind::Folder)
         return Verdict::Pass;
     if (name.startsWith('.') || name.contains('/') || name.contains(':'))
         return Verdict::BadName;
@@ -242,7 +239,8 @@ DBCError importAttachments(
         return error;
     if (auto error = copyEntries(transfer))
         return error;
-    DBCCommonFunction::cleanTempFile(transfer.target + u'/' + QLatin1String(folderSettingsFile));
+    DBCCommonFunction::cleanTempFile(
+        transfer.target + u'/' + QLatin1String(DBCInterchangeNames::folderSettingsFile));
     return {};
 }
 

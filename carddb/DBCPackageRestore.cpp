@@ -33,8 +33,7 @@ bool isRestorable(const QString& backup, const QString& package)
 
 bool tryToRestore(const QString& package, const QString& backup)
 try {
-    if (!DBCChecker::isWritableFolder(QFileInfo(package).path())
-        || !isRestorable(backup, package))
+    if (!DBCChecker::isWritableFolder(QFileInfo(package).path()) || !isRestorable(backup, package))
         return false;
     if (QFileInfo(package).isDir() && !DBCFileManager::defaultManager()->cleanFolder(package))
         return false;

@@ -8,6 +8,7 @@
 #include "carddb/DBCNameLookup.h"
 #include "carddb/DBCPackageLayout.h"
 #include "cardimage/DBCCardPdf.h"
+#include "datafile/DBCInterchangeNames.h"
 #include "datafile/DBCLocalizable.h"
 #include "operation/DBCChecker.h"
 #include "operation/DBCHost.h"
@@ -314,7 +315,8 @@ void DBCPackageVerifier::checkForUnnamedEntries(
         return;
     }
     for (const std::string& name : *names) {
-        if (name != ".DS_Store" && !named.contains(QByteArray::fromStdString(name)))
+        if (name != DBCInterchangeNames::folderSettingsFile
+            && !named.contains(QByteArray::fromStdString(name)))
             report(folder + u'/' + QFile::decodeName(name.c_str()), "IDS_VERIFY_FILE_UNNAMED");
     }
 }
