@@ -11,6 +11,7 @@
 #include <QStringDecoder>
 
 #include <algorithm>
+#include <new>
 #include <optional>
 
 namespace {
@@ -78,13 +79,27 @@ const QProcessEnvironment& environmentWithoutLocale()
     return environment;
 }
 
+class DiskUsageProcess : public QProcess {
+public:
+    void startMeasuring(const QString& program, const QString& path)
+    {
+        setProcessEnvironment(environmentWithoutLocale());
+        try {
+            start(program, {QStringLiteral("-k"), QStringLiteral("-s"), asArgument(path)},
+                QIODevice::ReadOnly);
+        } catch (const std::bad_alloc&) {
+            // There may be no child yet, and the destructor would wait half a minute for it.
+            setProcessState(NotRunning);
+            throw;
+        }
+    }
+};
+
 Measurement measure(const QString& path)
 {
     const QString program = DBCHost::current().diskUsageProgram;
-    QProcess du;
-    du.setProcessEnvironment(environmentWithoutLocale());
-    du.start(program, {QStringLiteral("-k"), QStringLiteral("-s"), asArgument(path)},
-        QIODevice::ReadOnly);
+    DiskUsageProcess du;
+    du.startMeasuring(program, path);
     du.waitForFinished(-1);
     if (du.error() == QProcess::FailedToStart) {
         return failed(DBCResultCode::InternalException, path,

@@ -243,7 +243,7 @@ bool readCmykPixels(Decoder* decoder, QImage* pixels)
 
 QImage opaque(const QImage& pixels)
 {
-    QImage result(pixels.size(), QImage::Format_RGB32);
+    QImage result = DBCBitmap::allocate(pixels.size(), QImage::Format_RGB32);
     result.fill(Qt::white);
     QPainter(&result).drawImage(0, 0, pixels);
     return result;
@@ -322,7 +322,8 @@ DBCBitmap decodeJpeg(const QByteArray& jpeg)
                 : isCmyk         ? JCS_CMYK
                                  : JCS_RGB))
         return {};
-    QImage pixels(decoder.size(), isGray ? QImage::Format_Grayscale8 : QImage::Format_RGB888);
+    QImage pixels = DBCBitmap::allocate(
+        decoder.size(), isGray ? QImage::Format_Grayscale8 : QImage::Format_RGB888);
     if (!(isCmyk ? readCmykPixels(&decoder, &pixels) : readPixels(&decoder, &pixels)))
         return {};
     return DBCBitmap::of(
