@@ -250,7 +250,7 @@ bool hasAttachments(const QString& files, const QString& cardID, Transfer* trans
 {
     transfer->sourceFolder = openInside(files, transfer->source, O_RDONLY | O_DIRECTORY);
     if (!transfer->sourceFolder) {
-        if (leadsOut(errno)) {
+        if (isLeadOutError(errno)) {
             DBCTransferLog::nameLeadsOut(
                 transfer->subject, cardID, files, DBCConsequence::WithoutAttachments);
             return false;

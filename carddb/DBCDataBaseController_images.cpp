@@ -53,7 +53,7 @@ public:
     CardPdf(const QString& folder, const QString& name)
         : _path(folder + u'/' + name)
         , _file(openInside(folder, _path, O_RDONLY | O_NONBLOCK))
-        , _leadsOut((!_file && ::leadsOut(errno)) || !DBCNameLookup::staysInside(name))
+        , _leadsOut((!_file && isLeadOutError(errno)) || !DBCNameLookup::staysInside(name))
     {
     }
 

@@ -50,7 +50,7 @@ DBCDescriptor openInside(const QString& folder, const QString& path, int flags)
     return DBCDescriptor(openBeneath(base.get(), QFile::encodeName(*rest), flags | O_CLOEXEC));
 }
 
-bool leadsOut(int error)
+bool isLeadOutError(int error)
 {
     return error == EXDEV || error == ELOOP;
 }

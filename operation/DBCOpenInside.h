@@ -12,4 +12,4 @@
 DBCDescriptor openInside(const QString& folder, const QString& path, int flags);
 
 // Whether openInside() failed because something leads out. error: what errno was then.
-bool leadsOut(int error);
+bool isLeadOutError(int error);
