@@ -5,8 +5,6 @@
 #include "cardimage/DBCPdfDrawingLimits.h"
 #include "cardimage/DBCPdfObjects.h"
 
-#include <QFileInfo>
-
 #include <poppler-qt6.h>
 
 #include <chrono>
