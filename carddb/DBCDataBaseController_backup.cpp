@@ -12,24 +12,11 @@
 #include "operation/DBCChecker.h"
 #include "operation/DBCFileManager.h"
 #include "operation/DBCHiddenName.h"
-#include "operation/DBCHost.h"
 #include "operation/DBCLog.h"
 
 #include <QFileInfo>
 
 namespace {
-
-// Also true for a link that leads nowhere: nothing can be copied to where one stands.
-bool isTaken(const QString& path)
-{
-    const QFileInfo info(path);
-    return info.exists() || info.isSymLink();
-}
-
-bool isWritableFolder(const QString& path)
-{
-    return QFileInfo(path).isDir() && DBCHost::current().isWritable(path);
-}
 
 DBCResultCode checkSpaceForBackup(const QString& package, const QString& parent)
 {
@@ -67,7 +54,7 @@ DBCResultCode DBCDataBaseController::backup()
     if (!target)
         return DBCResultCode::BackupFailure;
     const QString parent = QFileInfo(*target).path();
-    if (!isWritableFolder(parent))
+    if (!DBCChecker::isWritableFolder(parent))
         return DBCResultCode::BackupFailure;
     const DBCResultCode spaceCode = checkSpaceForBackup(package, parent);
     if (spaceCode != DBCResultCode::Success)
@@ -119,7 +106,7 @@ void DBCDataBaseController::endImport()
 
 DBCResultCode DBCDataBaseController::removeBackupDB()
 {
-    if (_strBackupDBPath.isEmpty() || !isTaken(_strBackupDBPath))
+    if (_strBackupDBPath.isEmpty() || !DBCChecker::isTaken(_strBackupDBPath))
         return DBCResultCode::Success;
     if (!DBCFileManager::defaultManager()->cleanFolder(_strBackupDBPath))
         DBCLog::warning(QStringLiteral("Remove the database failure! Database Path:[%1]")

@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr qint32 FullTurn = 360;
+constexpr qint32 fullTurn = 360;
 
 bool isByKnownProducer(QPDF* document)
 {
@@ -34,9 +34,9 @@ qint32 totalRotation(qint32 contentRotation, QPDFObjectHandle page)
     QPDFObjectHandle ownRotation = page.getKey("/Rotate");
     const qint64 sum
         = contentRotation + (ownRotation.isInteger() ? ownRotation.getIntValueAsInt() : 0LL);
-    if (sum >= FullTurn)
-        return static_cast<qint32>(sum - FullTurn);
-    return static_cast<qint32>(sum < 0 ? sum + FullTurn : sum);
+    if (sum >= fullTurn)
+        return static_cast<qint32>(sum - fullTurn);
+    return static_cast<qint32>(sum < 0 ? sum + fullTurn : sum);
 }
 
 DBCResultCode acquirePage(const QPDFObjectHandle& page, ImageDescriptor* descriptor,

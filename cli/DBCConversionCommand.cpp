@@ -7,7 +7,7 @@
 #include "operation/DBCPreconditions.h"
 #include "operation/DBCSignalWatcher.h"
 
-#include <QCoreApplication>
+#include <QEventLoop>
 #include <QThread>
 
 namespace {
