@@ -22,8 +22,11 @@ DBCResultCode checkSpaceForBackup(const QString& package, const QString& parent)
 {
     DBCError error;
     const quint64 size = getSizeWithPath(package, &error);
-    if (isFailure(error.code()))
+    if (isFailure(error.code())) {
+        DBCLog::error(getLocalString(
+            QStringLiteral("IDS_LOG_ERR_SIZE"), {package, error.localizedDescription()}));
         return error.code();
+    }
     return DBCChecker::checkDiskSizeIsEnough(parent, size + DBCDiskSpaceMargin)
         ? DBCResultCode::Success
         : DBCResultCode::NoSpaceForBackup;
