@@ -69,7 +69,7 @@ void DBCConverterWindowController::_startOperation()
     _isOperationRunning = true;
     _operationThread.reset(
         QThread::create([controller = _ctrlDBCConverterController.get()] { controller->run(); }));
-    _operationThread->start();
+    _ctrlDBCConverterController->start(_operationThread.get());
 }
 
 void DBCConverterWindowController::endSoon()

@@ -32,12 +32,6 @@ using Use = DBCPackageGuard::Use;
 using Stage = DBCImportJournal::Stage;
 using Outcome = DBCBackupChange::Outcome;
 
-bool standsAt(const QString& path)
-{
-    const QFileInfo info(path);
-    return info.exists() || info.isSymLink();
-}
-
 DBCProblem problemAt(const QString& path, const char* key, const DBCMessageArguments& arguments)
 {
     return {getLocalString(QString::fromLatin1(key), arguments), path};
@@ -131,7 +125,7 @@ DBCBackupChange::Problem DBCBackupChange::reasonNotToReplacePackage() const
     const QString folder = QFileInfo(_package).path();
     if (!DBCHost::current().isWritable(folder))
         return problemAt(folder, "IDS_BACKUP_FOLDER_READ_ONLY");
-    if (standsAt(_package) && !QFileInfo(_package).isDir())
+    if (DBCChecker::isTaken(_package) && !QFileInfo(_package).isDir())
         return problemAt(_package, "IDS_VERIFY_NO_FOLDER");
     // A package without store is what a backup is there for.
     const DBCResultCode state = DBCChecker::checkDBAttributes(_package);
@@ -175,7 +169,7 @@ bool DBCBackupChange::isAnythingElseSound() const
 
 DBCBackupChange::Problem DBCBackupChange::keepPackage()
 {
-    if (!standsAt(_package))
+    if (!DBCChecker::isTaken(_package))
         return std::nullopt;
     const std::optional<QString> target = DBCBackupName::firstFree(_package);
     if (!target)
@@ -229,7 +223,7 @@ DBCBackupChange::Problem DBCBackupChange::putInPlace() const
 bool DBCBackupChange::bringBackWhatStoodThere() const
 {
     if (_keptPackage.isEmpty())
-        return !standsAt(_package);
+        return !DBCChecker::isTaken(_package);
     return DBCPackageRestore::restore(_package, _keptPackage) == DBCResultCode::Success;
 }
 

@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCBackupName.h"
 
+#include "operation/DBCChecker.h"
+
 #include <QDir>
 #include <QFileInfo>
 
 namespace {
 
 constexpr int lastNumber = 9999;
-
-// Also true for a link that leads nowhere: nothing can be copied to where one stands.
-bool isTaken(const QString& path)
-{
-    const QFileInfo info(path);
-    return info.exists() || info.isSymLink();
-}
 
 struct Frame {
     explicit Frame(const QString& package)
@@ -39,7 +34,7 @@ std::optional<QString> firstFree(const QString& package)
     for (int number = 0; number <= lastNumber; ++number) {
         const QString digits = number == 0 ? QString() : QString::number(number);
         QString candidate = QDir::cleanPath(frame.folder + u'/' + frame.start + digits + frame.end);
-        if (!isTaken(candidate))
+        if (!DBCChecker::isTaken(candidate))
             return candidate;
     }
     return std::nullopt;

@@ -40,7 +40,6 @@ public:
     DBCResultCode _unlock(); // Success or DatabaseUnlockFailure
     virtual DBCResultCode save(); // Success, GeneralFailure or DatabaseSaveFailure
     void setDBPath(const QString& path) { _strDBPath = path; }
-    QString DBPath() const { return _strDBPath; }
     void setBackupDBPath(const QString& path) { _strBackupDBPath = path; }
     QString backupDBPath() const { return _strBackupDBPath; } // empty: no backup
     // Not owned; null: nobody is asked.

@@ -26,9 +26,6 @@ namespace {
 // What an entry is itself, links not followed.
 enum class EntryKind : quint8 { RegularFile, Folder, Other, Gone, Unknown };
 
-// Written into folders by the source platform's file browser; no attachment.
-constexpr const char* folderSettingsFile = ".DS_Store";
-
 enum class Verdict { Copy, Pass, BadName, Vanished, NotRegular };
 
 Verdict verdictOnKind(EntryKind kind)
@@ -40,7 +37,7 @@ Verdict verdictOnKind(EntryKind kind)
 
 Verdict judgeForImport(const QByteArray& name, const QString&, EntryKind kind)
 {
-    if (name == folderSettingsFile || kind == EntryKind::Folder)
+    if (name == DBCInterchangeNames::folderSettingsFile || kind == EntryKind::Folder)
         return Verdict::Pass;
     if (name.startsWith('.') || name.contains('/') || name.contains(':'))
         return Verdict::BadName;
@@ -242,13 +239,9 @@ DBCError importAttachments(
         return error;
     if (auto error = copyEntries(transfer))
         return error;
-    DBCCommonFunction::cleanTempFile(transfer.target + u'/' + QLatin1String(folderSettingsFile));
+    DBCCommonFunction::cleanTempFile(
+        transfer.target + u'/' + QLatin1String(DBCInterchangeNames::folderSettingsFile));
     return {};
-}
-
-bool leadsOut(int openError)
-{
-    return openError == EXDEV || openError == ELOOP;
 }
 
 // Opens the transfer's source. A folder that cannot be opened or listed is not taken for an empty
@@ -257,7 +250,7 @@ bool hasAttachments(const QString& files, const QString& cardID, Transfer* trans
 {
     transfer->sourceFolder = openInside(files, transfer->source, O_RDONLY | O_DIRECTORY);
     if (!transfer->sourceFolder) {
-        if (leadsOut(errno)) {
+        if (isLeadOutError(errno)) {
             DBCTransferLog::nameLeadsOut(
                 transfer->subject, cardID, files, DBCConsequence::WithoutAttachments);
             return false;

@@ -12,31 +12,21 @@
 #include "operation/DBCChecker.h"
 #include "operation/DBCFileManager.h"
 #include "operation/DBCHiddenName.h"
-#include "operation/DBCHost.h"
 #include "operation/DBCLog.h"
 
 #include <QFileInfo>
 
 namespace {
 
-// Also true for a link that leads nowhere: nothing can be copied to where one stands.
-bool isTaken(const QString& path)
-{
-    const QFileInfo info(path);
-    return info.exists() || info.isSymLink();
-}
-
-bool isWritableFolder(const QString& path)
-{
-    return QFileInfo(path).isDir() && DBCHost::current().isWritable(path);
-}
-
 DBCResultCode checkSpaceForBackup(const QString& package, const QString& parent)
 {
     DBCError error;
     const quint64 size = getSizeWithPath(package, &error);
-    if (isFailure(error.code()))
+    if (isFailure(error.code())) {
+        DBCLog::error(getLocalString(
+            QStringLiteral("IDS_LOG_ERR_SIZE"), {package, error.localizedDescription()}));
         return error.code();
+    }
     return DBCChecker::checkDiskSizeIsEnough(parent, size + DBCDiskSpaceMargin)
         ? DBCResultCode::Success
         : DBCResultCode::NoSpaceForBackup;
@@ -67,7 +57,7 @@ DBCResultCode DBCDataBaseController::backup()
     if (!target)
         return DBCResultCode::BackupFailure;
     const QString parent = QFileInfo(*target).path();
-    if (!isWritableFolder(parent))
+    if (!DBCChecker::isWritableFolder(parent))
         return DBCResultCode::BackupFailure;
     const DBCResultCode spaceCode = checkSpaceForBackup(package, parent);
     if (spaceCode != DBCResultCode::Success)
@@ -119,7 +109,7 @@ void DBCDataBaseController::endImport()
 
 DBCResultCode DBCDataBaseController::removeBackupDB()
 {
-    if (_strBackupDBPath.isEmpty() || !isTaken(_strBackupDBPath))
+    if (_strBackupDBPath.isEmpty() || !DBCChecker::isTaken(_strBackupDBPath))
         return DBCResultCode::Success;
     if (!DBCFileManager::defaultManager()->cleanFolder(_strBackupDBPath))
         DBCLog::warning(QStringLiteral("Remove the database failure! Database Path:[%1]")

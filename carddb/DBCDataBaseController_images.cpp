@@ -53,8 +53,7 @@ public:
     CardPdf(const QString& folder, const QString& name)
         : _path(folder + u'/' + name)
         , _file(openInside(folder, _path, O_RDONLY | O_NONBLOCK))
-        , _leadsOut(
-              !DBCNameLookup::staysInside(name) || (!_file && (errno == EXDEV || errno == ELOOP)))
+        , _leadsOut((!_file && isLeadOutError(errno)) || !DBCNameLookup::staysInside(name))
     {
     }
 

@@ -12,7 +12,6 @@
 #include <QString>
 
 #include <memory>
-#include <optional>
 
 class DBCImportJournal {
 public:

@@ -8,6 +8,7 @@
 #include "datafile/DBCInterchangeNames.h"
 #include "datafile/DBCLocalizable.h"
 #include "datafile/DBCTextEncoding.h"
+#include "operation/DBCChecker.h"
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Exception.h>
@@ -133,7 +134,7 @@ std::optional<DBCProblem> refusal(const QString& package)
     const QFileInfo info(package);
     if (info.suffix().toLower() != QString::fromUtf16(DBCPackageLayout::extension))
         return problemAt(package, "IDS_CREATE_WRONG_NAME");
-    if (info.exists() || info.isSymLink())
+    if (DBCChecker::isTaken(package))
         return problemAt(package, "IDS_CREATE_EXISTS");
     if (!QFileInfo(info.path()).isDir())
         return problemAt(info.path(), "IDS_CREATE_NO_PARENT");

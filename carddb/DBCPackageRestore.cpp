@@ -5,7 +5,6 @@
 #include "datafile/DBCLocalizable.h"
 #include "operation/DBCChecker.h"
 #include "operation/DBCFileManager.h"
-#include "operation/DBCHost.h"
 #include "operation/DBCLog.h"
 
 #include <QDir>
@@ -17,17 +16,6 @@ namespace {
 
 // A single refusal of the system is no reason to leave somebody without a package.
 constexpr int attempts = 2;
-
-bool standsAt(const QString& path)
-{
-    const QFileInfo info(path);
-    return info.exists() || info.isSymLink();
-}
-
-bool isWritableFolder(const QString& path)
-{
-    return QFileInfo(path).isDir() && DBCHost::current().isWritable(path);
-}
 
 bool isSameOrInside(const QString& path, const QString& folder)
 {
@@ -45,7 +33,7 @@ bool isRestorable(const QString& backup, const QString& package)
 
 bool tryToRestore(const QString& package, const QString& backup)
 try {
-    if (!isWritableFolder(QFileInfo(package).path()) || !isRestorable(backup, package))
+    if (!DBCChecker::isWritableFolder(QFileInfo(package).path()) || !isRestorable(backup, package))
         return false;
     if (QFileInfo(package).isDir() && !DBCFileManager::defaultManager()->cleanFolder(package))
         return false;
@@ -65,7 +53,7 @@ DBCResultCode DBCPackageRestore::restore(const QString& packagePath, const QStri
         if (tryToRestore(package, backup))
             return DBCResultCode::Success;
     }
-    if (!standsAt(backup))
+    if (!DBCChecker::isTaken(backup))
         DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_WRN_FILE_NO_EXISTS"), {backup}));
     return DBCResultCode::RestoreFailure;
 }

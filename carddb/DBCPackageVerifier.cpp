@@ -8,6 +8,7 @@
 #include "carddb/DBCNameLookup.h"
 #include "carddb/DBCPackageLayout.h"
 #include "cardimage/DBCCardPdf.h"
+#include "datafile/DBCInterchangeNames.h"
 #include "datafile/DBCLocalizable.h"
 #include "operation/DBCChecker.h"
 #include "operation/DBCHost.h"
@@ -215,8 +216,7 @@ void DBCPackageVerifier::checkKeys(SQLite::Database& store)
     SQLite::Statement keys(
         store, "SELECT Z_MAX, (SELECT max(Z_PK) FROM ZCARD) FROM Z_PRIMARYKEY WHERE Z_NAME = ?");
     keys.bind(1, DBCManagedObjectModel::entityName);
-    if (!keys.executeStep())
-        return;
+    keys.executeStep(); // the model has been checked, so there is a row
     const qint64 noted = keys.getColumn(0).getInt64();
     const qint64 highest = keys.getColumn(1).getInt64();
     if (highest > noted)
@@ -315,7 +315,8 @@ void DBCPackageVerifier::checkForUnnamedEntries(
         return;
     }
     for (const std::string& name : *names) {
-        if (name != ".DS_Store" && !named.contains(QByteArray::fromStdString(name)))
+        if (name != DBCInterchangeNames::folderSettingsFile
+            && !named.contains(QByteArray::fromStdString(name)))
             report(folder + u'/' + QFile::decodeName(name.c_str()), "IDS_VERIFY_FILE_UNNAMED");
     }
 }

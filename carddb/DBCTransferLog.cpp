@@ -5,15 +5,6 @@
 
 namespace {
 
-// Records carry their numbers as text or as a number, depending on who made them.
-QString valueText(const DBCRecord& record, DBCRecordKey key)
-{
-    const DBCValue* value = record.value(key);
-    if (const qint64* number = value ? std::get_if<qint64>(value) : nullptr)
-        return QString::number(*number);
-    return record.textOrEmpty(key);
-}
-
 DBCLogOrigin originOf(
     const char* key, const DBCTransferSubject& subject, DBCConsequence consequence)
 {
@@ -29,12 +20,13 @@ DBCLogOrigin originOf(
 
 DBCTransferSubject DBCTransferSubject::ofImport(const DBCRecord& record)
 {
-    return {valueText(record, DBCRecordKey::lineNo), record.textOrEmpty(DBCRecordKey::full_Name)};
+    return {record.textOrEmpty(DBCRecordKey::lineNo), record.textOrEmpty(DBCRecordKey::full_Name)};
 }
 
 DBCTransferSubject DBCTransferSubject::ofExport(const DBCRecord& record)
 {
-    return {valueText(record, DBCRecordKey::recordNo), record.textOrEmpty(DBCRecordKey::full_Name)};
+    return {
+        record.textOrEmpty(DBCRecordKey::recordNo), record.textOrEmpty(DBCRecordKey::full_Name)};
 }
 
 namespace DBCTransferLog {

@@ -9,13 +9,19 @@ bool DBCBitmap::canHold(QSizeF size, int bitsPerPixel)
         && size.width() * size.height() * bitsPerPixel <= double(maximumBytes) * 8;
 }
 
+QImage DBCBitmap::allocate(QSize size, QImage::Format format)
+{
+    QImage pixels(size, format);
+    if (pixels.isNull())
+        throw std::bad_alloc();
+    return pixels;
+}
+
 DBCBitmap DBCBitmap::blank(QSize size, QImage::Format format, ColorModel model)
 {
     if (!canHold(size, QImage::toPixelFormat(format).bitsPerPixel()))
         return {};
-    QImage pixels(size, format);
-    if (pixels.isNull())
-        throw std::bad_alloc();
+    QImage pixels = allocate(size, format);
     if (format == QImage::Format_Mono)
         pixels.setColorTable({qRgb(255, 255, 255), qRgb(0, 0, 0)});
     pixels.fill(0);

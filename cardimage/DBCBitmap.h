@@ -20,6 +20,10 @@ struct DBCBitmap {
     // True when an image of this many pixels has at least one and stays within maximumBytes.
     static bool canHold(QSizeF size, int bitsPerPixel);
 
+    // Pixels of any content; std::bad_alloc when there is no memory for them. QImage itself would
+    // be null then, which passes for a picture that cannot be read.
+    static QImage allocate(QSize size, QImage::Format format);
+
     // All bits clear: white when the format is Format_Mono, transparent or black otherwise. A null
     // bitmap when canHold() refuses the size; std::bad_alloc when there is no memory for it.
     static DBCBitmap blank(QSize size, QImage::Format format, ColorModel model);

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int GrayDepth = 8;
+constexpr int grayDepth = 8;
 
 enum class Canvas { Gray, ColorWithAlpha };
 
@@ -63,7 +63,7 @@ DBCResultCode ConvertImageToDepth(const DBCBitmap& image, int depth, DBCBitmap* 
 {
     if (image.isNull())
         return DBCResultCode::ParameterError;
-    const Canvas canvas = depth == GrayDepth ? Canvas::Gray : Canvas::ColorWithAlpha;
+    const Canvas canvas = depth == grayDepth ? Canvas::Gray : Canvas::ColorWithAlpha;
     return draw(image.pixels, {}, blankCanvas(image.pixels.size(), canvas), outImage);
 }
 

@@ -9,12 +9,14 @@
 
 #include <QFileInfo>
 
+#include <new>
+
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
 
 namespace {
 
-constexpr qint32 FullTurn = 360;
+constexpr qint32 fullTurn = 360;
 
 bool isByKnownProducer(QPDF* document)
 {
@@ -32,9 +34,9 @@ qint32 totalRotation(qint32 contentRotation, QPDFObjectHandle page)
     QPDFObjectHandle ownRotation = page.getKey("/Rotate");
     const qint64 sum
         = contentRotation + (ownRotation.isInteger() ? ownRotation.getIntValueAsInt() : 0LL);
-    if (sum >= FullTurn)
-        return static_cast<qint32>(sum - FullTurn);
-    return static_cast<qint32>(sum < 0 ? sum + FullTurn : sum);
+    if (sum >= fullTurn)
+        return static_cast<qint32>(sum - fullTurn);
+    return static_cast<qint32>(sum < 0 ? sum + fullTurn : sum);
 }
 
 DBCResultCode acquirePage(const QPDFObjectHandle& page, ImageDescriptor* descriptor,
@@ -57,13 +59,28 @@ DBCResultCode acquirePage(const QPDFObjectHandle& page, ImageDescriptor* descrip
     return DBCResultCode::Success;
 }
 
-DBCResultCode acquirePages(const QString& path, DBCBitmap* outFace, CardImageInfo* outFaceInfo,
-    DBCBitmap* outBack, CardImageInfo* outBackInfo)
+// Whatever came of the document, want of memory is told before it: the library may have gone on
+// after it to an error of another kind.
+template <typename Work> auto withDocument(const QString& path, Work work)
 {
     const QByteArray bytes = readPdf(path);
     QPDF document;
-    openPdf(&document, bytes);
-    const std::vector<QPDFObjectHandle>& pages = document.getAllPages();
+    try {
+        openPdf(&document, bytes);
+        const auto result = work(&document);
+        expectEnoughMemory(document);
+        return result;
+    } catch (const std::exception& exception) {
+        rethrowIfOutOfMemory(exception);
+        expectEnoughMemory(document);
+        throw;
+    }
+}
+
+DBCResultCode acquirePages(QPDF* document, DBCBitmap* outFace, CardImageInfo* outFaceInfo,
+    DBCBitmap* outBack, CardImageInfo* outBackInfo)
+{
+    const std::vector<QPDFObjectHandle>& pages = document->getAllPages();
     if (pages.empty())
         return DBCResultCode::NoImageInPdf;
     ImageDescriptor descriptor;
@@ -72,8 +89,19 @@ DBCResultCode acquirePages(const QString& path, DBCBitmap* outFace, CardImageInf
         code = acquirePage(pages[0], &descriptor, outFace, outFaceInfo);
     if (outBack && pages.size() > 1 && code == DBCResultCode::Success)
         code = acquirePage(pages[1], &descriptor, outBack, outBackInfo);
-    expectEnoughMemory(document);
     return code;
+}
+
+DBCResultCode kindOfPdf(QPDF* document, const QString& path, qint32* pageCount)
+{
+    const bool isCard = isByKnownProducer(document);
+    if (!isCard)
+        return DBCResultCode::PdfNotCard;
+    if (hasPageText(document, path))
+        return DBCResultCode::PdfCardWithText;
+    if (pageCount)
+        *pageCount = static_cast<qint32>(document->getAllPages().size());
+    return DBCResultCode::PdfCardImageOnly;
 }
 
 } // namespace
@@ -85,21 +113,11 @@ DBCResultCode CheckPdfFile(const QString& path, qint32* pageCount)
     if (!QFileInfo::exists(path))
         return DBCResultCode::PdfNotExist;
     try {
-        const QByteArray bytes = readPdf(path);
-        QPDF document;
-        openPdf(&document, bytes);
-        const bool isCard = isByKnownProducer(&document);
-        expectEnoughMemory(document);
-        if (!isCard)
-            return DBCResultCode::PdfNotCard;
-        if (hasPageText(&document, path))
-            return DBCResultCode::PdfCardWithText;
-        if (pageCount)
-            *pageCount = static_cast<qint32>(document.getAllPages().size());
-        expectEnoughMemory(document);
-        return DBCResultCode::PdfCardImageOnly;
-    } catch (const std::exception& exception) {
-        rethrowIfOutOfMemory(exception);
+        return withDocument(
+            path, [&](QPDF* document) { return kindOfPdf(document, path, pageCount); });
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception&) {
         return DBCResultCode::PdfNotCard;
     }
 }
@@ -112,11 +130,14 @@ DBCResultCode AcquireCardImageFromPDF(const QString& path, DBCBitmap* outFace,
         code = DBCResultCode::ParameterError;
     } else {
         try {
-            code = acquirePages(path, outFace, outFaceInfo, outBack, outBackInfo);
+            code = withDocument(path, [&](QPDF* document) {
+                return acquirePages(document, outFace, outFaceInfo, outBack, outBackInfo);
+            });
         } catch (const DBCUnreadablePdf&) {
             code = DBCResultCode::GeneralFailure;
-        } catch (const std::exception& exception) {
-            rethrowIfOutOfMemory(exception);
+        } catch (const std::bad_alloc&) {
+            throw;
+        } catch (const std::exception&) {
             // A document that cannot be opened or followed has no page either.
         }
     }

@@ -21,8 +21,7 @@ DBCResultCode AcquireCardImageFromPDF(const QString& path, DBCBitmap* outFace,
     CardImageInfo* outFaceInfo, DBCBitmap* outBack, CardImageInfo* outBackInfo);
 
 // Draws the first page at 300 dpi on white. GeneralFailure for a missing argument or a file that
-// cannot be read,
-// PdfToJpegFailure when drawing fails; Success with the outputs untouched when the file cannot be
-// loaded, so a caller must look at the bitmap.
+// cannot be read, PdfToJpegFailure when drawing fails; Success with the outputs untouched when the
+// file cannot be loaded, so a caller must look at the bitmap.
 DBCResultCode AcquireCardImageFromSearchablePDF(
     const QString& path, DBCBitmap* outBitmap, CardImageInfo* outInfo);

@@ -26,12 +26,13 @@ DBCCardPdfDocument& usableDocument()
     return *threadDocument();
 }
 
-} // namespace
-
+// What an errno says about a write.
 DBCWriteOutcome writeFailure(int error)
 {
     return error == ENOSPC || error == EDQUOT ? DBCWriteOutcome::DiskFull : DBCWriteOutcome::Failed;
 }
+
+} // namespace
 
 DBCCardPdfWriter::DBCCardPdfWriter(const QString& path)
     : _file(std::fopen(QFile::encodeName(path).constData(), "wbe"))

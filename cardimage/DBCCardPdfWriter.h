@@ -15,9 +15,6 @@ struct DBCJpegProperties;
 
 enum class DBCWriteOutcome : quint8 { Written, DiskFull, Failed };
 
-// What an errno says about a write.
-DBCWriteOutcome writeFailure(int error);
-
 // One at a time on a thread.
 class DBCCardPdfWriter {
 public:

@@ -8,16 +8,16 @@
 
 namespace {
 
-constexpr qsizetype LongestStreamWithoutMatrix = 19;
-constexpr qsizetype StartWithoutIntent = 10;
-constexpr QByteArrayView RenderingIntent = "/Perceptual";
+constexpr qsizetype longestStreamWithoutMatrix = 19;
+constexpr qsizetype startWithoutIntent = 10;
+constexpr QByteArrayView renderingIntent = "/Perceptual";
 
 using Matrix = std::array<double, 6>;
 
 std::optional<Matrix> firstMatrix(QByteArrayView data)
 {
-    const qsizetype intent = data.indexOf(RenderingIntent);
-    const qsizetype save = data.indexOf('q', intent >= 0 ? intent : StartWithoutIntent);
+    const qsizetype intent = data.indexOf(renderingIntent);
+    const qsizetype save = data.indexOf('q', intent >= 0 ? intent : startWithoutIntent);
     // The number begins behind "q" and the one blank that follows it.
     qsizetype begin = save + 2;
     if (save < 0 || begin > data.size())
@@ -63,7 +63,7 @@ void GetRotateDegreeFromStreamData(QByteArrayView data, qint32* outDegrees)
     if (!outDegrees)
         return;
     *outDegrees = 0;
-    if (data.size() <= LongestStreamWithoutMatrix)
+    if (data.size() <= longestStreamWithoutMatrix)
         return;
     if (const auto matrix = firstMatrix(data))
         *outDegrees = rotationOf(*matrix);

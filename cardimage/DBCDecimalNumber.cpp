@@ -6,9 +6,7 @@
 
 double leadingDecimalNumber(QByteArrayView text)
 {
-    const auto isBlank = [](char byte) { return byte == ' ' || (byte >= '\t' && byte <= '\r'); };
-    while (!text.isEmpty() && isBlank(text.front()))
-        text = text.sliced(1);
+    text = text.trimmed();
     if (text.startsWith('+'))
         text = text.sliced(1);
     double number = 0;

@@ -11,6 +11,7 @@
 #include <QStringDecoder>
 
 #include <algorithm>
+#include <new>
 #include <optional>
 
 namespace {
@@ -78,14 +79,29 @@ const QProcessEnvironment& environmentWithoutLocale()
     return environment;
 }
 
+class DiskUsageProcess : public QProcess {
+public:
+    void run(const QString& program, const QString& path)
+    {
+        setProcessEnvironment(environmentWithoutLocale());
+        try {
+            start(program, {QStringLiteral("-k"), QStringLiteral("-s"), asArgument(path)},
+                QIODevice::ReadOnly);
+            waitForFinished(-1);
+        } catch (const std::bad_alloc&) {
+            // The base class has lost sight of the child now, or never had one, and its destructor
+            // would wait half a minute for it to end.
+            setProcessState(NotRunning);
+            throw;
+        }
+    }
+};
+
 Measurement measure(const QString& path)
 {
     const QString program = DBCHost::current().diskUsageProgram;
-    QProcess du;
-    du.setProcessEnvironment(environmentWithoutLocale());
-    du.start(program, {QStringLiteral("-k"), QStringLiteral("-s"), asArgument(path)},
-        QIODevice::ReadOnly);
-    du.waitForFinished(-1);
+    DiskUsageProcess du;
+    du.run(program, path);
     if (du.error() == QProcess::FailedToStart) {
         return failed(DBCResultCode::InternalException, path,
             QStringLiteral("Exception happended when get file size by using du command. "

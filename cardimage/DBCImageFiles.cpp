@@ -27,8 +27,8 @@
 
 namespace {
 
-constexpr int PointsPerInch = 72;
-constexpr int ColorDepth = 24;
+constexpr int pointsPerInch = 72;
+constexpr int colorDepth = 24;
 
 // Turns the bitmap upright. A gray picture that counts as colour becomes RGB only where the system
 // is of this version or later.
@@ -40,7 +40,7 @@ DBCResultCode turn(DBCBitmap* bitmap, qint32 rotation, qint32 isColor)
     if (code != DBCResultCode::Success)
         return code;
     if (originalDepth == 8 && isColor == 1 && getSystemVersion() >= versionWithColorGray)
-        return ConvertImageToDepth(*bitmap, ColorDepth, bitmap);
+        return ConvertImageToDepth(*bitmap, colorDepth, bitmap);
     return DBCResultCode::Success;
 }
 
@@ -51,7 +51,7 @@ DBCResultCode prepare(DBCBitmap* bitmap, qint32 rotation, qint32 isColor)
     if (rotation != 0)
         return turn(bitmap, rotation, isColor);
     if (bitmap->bitsPerPixel() == 1 || isColor == 0)
-        return ConvertImageToDepth(*bitmap, ColorDepth, bitmap);
+        return ConvertImageToDepth(*bitmap, colorDepth, bitmap);
     return DBCResultCode::Success;
 }
 
@@ -135,7 +135,7 @@ DBCResultCode saveJpgFile(const DBCBitmap& image, qint32 rotation, qint32 xResol
         return DBCResultCode::PdfToJpegFailure;
     // No resolution makes an endless size, which the encoder records as none.
     bitmap.pointSize *= xResolution == 0 ? std::numeric_limits<double>::infinity()
-                                         : static_cast<double>(PointsPerInch) / xResolution;
+                                         : static_cast<double>(pointsPerInch) / xResolution;
     const QByteArray jpeg = encodeJpeg(bitmap);
     return jpeg.isEmpty() ? DBCResultCode::Success : DBCCommonFunction::saveFile(jpeg, path);
 }

@@ -16,12 +16,12 @@
 
 namespace {
 
-constexpr int Quality = 90;
+constexpr int quality = 90;
 // An honest progressive picture has about ten; a hostile one keeps us for hours.
-constexpr int MostScans = 500;
-constexpr int ExifMarker = JPEG_APP0 + 1;
-constexpr unsigned LongestMarker = 0xFFFF;
-constexpr QByteArrayView ExifIdentifier("Exif\0\0", 6);
+constexpr int mostScans = 500;
+constexpr int exifMarker = JPEG_APP0 + 1;
+constexpr unsigned longestMarker = 0xFFFF;
+constexpr QByteArrayView exifIdentifier("Exif\0\0", 6);
 
 // The library reports a fatal error by never returning, so every call of it goes through run().
 class ErrorTrap {
@@ -70,7 +70,7 @@ public:
         _progress.progress_monitor = [](j_common_ptr common) {
             const auto codec = reinterpret_cast<j_decompress_ptr>(common);
             const double pixels = double(codec->image_width) * codec->image_height;
-            if (codec->input_scan_number > MostScans
+            if (codec->input_scan_number > mostScans
                 || pixels * codec->input_scan_number > DBCMostScannedPixels)
                 common->err->error_exit(common);
         };
@@ -103,7 +103,7 @@ public:
 
     void keepMarker(int marker)
     {
-        _errors.run([this, marker] { jpeg_save_markers(&_codec, marker, LongestMarker); });
+        _errors.run([this, marker] { jpeg_save_markers(&_codec, marker, longestMarker); });
     }
 
     bool readHeader()
@@ -159,7 +159,7 @@ public:
         _codec.in_color_space = space;
         return _isOpen && _errors.run([this] {
             jpeg_set_defaults(&_codec);
-            jpeg_set_quality(&_codec, Quality, TRUE);
+            jpeg_set_quality(&_codec, quality, TRUE);
         });
     }
 
@@ -199,7 +199,7 @@ QByteArray exifOf(const jpeg_decompress_struct& codec)
 {
     for (auto marker = codec.marker_list; marker; marker = marker->next) {
         const QByteArrayView data(marker->data, static_cast<qsizetype>(marker->data_length));
-        if (data.startsWith(ExifIdentifier))
+        if (data.startsWith(exifIdentifier))
             return data.toByteArray();
     }
     return {};
@@ -243,7 +243,7 @@ bool readCmykPixels(Decoder* decoder, QImage* pixels)
 
 QImage opaque(const QImage& pixels)
 {
-    QImage result(pixels.size(), QImage::Format_RGB32);
+    QImage result = DBCBitmap::allocate(pixels.size(), QImage::Format_RGB32);
     result.fill(Qt::white);
     QPainter(&result).drawImage(0, 0, pixels);
     return result;
@@ -290,7 +290,7 @@ std::optional<UINT16> dotsPerInch(int pixels, double points)
 std::optional<DBCJpegHeader> readJpegHeader(const QByteArray& jpeg)
 {
     Decoder decoder(jpeg);
-    decoder.keepMarker(ExifMarker);
+    decoder.keepMarker(exifMarker);
     if (!decoder.readHeader())
         return std::nullopt;
     const jpeg_decompress_struct& codec = decoder.codec();
@@ -322,7 +322,8 @@ DBCBitmap decodeJpeg(const QByteArray& jpeg)
                 : isCmyk         ? JCS_CMYK
                                  : JCS_RGB))
         return {};
-    QImage pixels(decoder.size(), isGray ? QImage::Format_Grayscale8 : QImage::Format_RGB888);
+    QImage pixels = DBCBitmap::allocate(
+        decoder.size(), isGray ? QImage::Format_Grayscale8 : QImage::Format_RGB888);
     if (!(isCmyk ? readCmykPixels(&decoder, &pixels) : readPixels(&decoder, &pixels)))
         return {};
     return DBCBitmap::of(

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr double CentimetresPerInch = 2.54;
+constexpr double centimetresPerInch = 2.54;
 
 using ExifDataPointer = std::unique_ptr<ExifData, decltype(&exif_data_unref)>;
 
@@ -65,7 +65,7 @@ qint32 dotsPerInch(double density, DBCJpegHeader::DensityUnit unit)
     case DBCJpegHeader::DensityUnit::Inch:
         return toInteger(density);
     case DBCJpegHeader::DensityUnit::Centimetre:
-        return toInteger(density * CentimetresPerInch);
+        return toInteger(density * centimetresPerInch);
     case DBCJpegHeader::DensityUnit::None:
         break;
     }

@@ -5,8 +5,6 @@
 #include "cardimage/DBCPdfDrawingLimits.h"
 #include "cardimage/DBCPdfObjects.h"
 
-#include <QFileInfo>
-
 #include <poppler-qt6.h>
 
 #include <chrono>
@@ -14,10 +12,10 @@
 
 namespace {
 
-constexpr int DrawingResolution = 300;
-constexpr double PointsPerInch = 72;
+constexpr int drawingResolution = 300;
+constexpr double pointsPerInch = 72;
 // A card takes a tenth of a second; a page can be made to take for ever.
-constexpr std::chrono::seconds LongestTime {3};
+constexpr std::chrono::seconds longestTime {3};
 
 // What is wrong inside a document shows in what comes out of it; the library would print it.
 void silenceLibrary()
@@ -34,14 +32,14 @@ QImage drawFirstPage(Poppler::Document* document, const QByteArray& bytes)
     const std::unique_ptr<Poppler::Page> page(document->page(0));
     if (!page)
         return {};
-    const QSizeF size = page->pageSizeF() * DrawingResolution / PointsPerInch;
+    const QSizeF size = page->pageSizeF() * drawingResolution / pointsPerInch;
     if (!DBCBitmap::canHold(size, QImage::toPixelFormat(QImage::Format_RGB32).bitsPerPixel())
         || isTooMuchToDraw(bytes, page->pageSizeF()))
         return {};
     document->setPaperColor(Qt::white);
     document->setRenderHint(Poppler::Document::Antialiasing);
     document->setRenderHint(Poppler::Document::TextAntialiasing);
-    return page->renderToImage(DrawingResolution, DrawingResolution, -1, -1, -1, -1,
+    return page->renderToImage(drawingResolution, drawingResolution, -1, -1, -1, -1,
         Poppler::Page::Rotate0, nullptr, nullptr, endWhenTooLong, newDeadline());
 }
 
@@ -74,7 +72,7 @@ std::chrono::nanoseconds processorTimeOfThread()
 
 QVariant newDeadline()
 {
-    return QVariant::fromValue<qint64>((processorTimeOfThread() + LongestTime).count());
+    return QVariant::fromValue<qint64>((processorTimeOfThread() + longestTime).count());
 }
 
 // A plain yes would end the innermost of the library's loops only, of which there can be millions;
@@ -119,6 +117,6 @@ DBCResultCode AcquireCardImageFromSearchablePDF(
     if (drawing.isNull())
         return DBCResultCode::PdfToJpegFailure;
     *outBitmap = DBCBitmap::of(drawing, DBCBitmap::ColorModel::CalibratedRGB);
-    *outInfo = {0, DrawingResolution, DrawingResolution, 1};
+    *outInfo = {0, drawingResolution, drawingResolution, 1};
     return DBCResultCode::Success;
 }

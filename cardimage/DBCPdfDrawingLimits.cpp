@@ -20,9 +20,9 @@
 namespace {
 
 // What the library works with for a pixel.
-constexpr int PlainBits = 8;
-constexpr int JpegBits = 48; // all coefficients of a progressive one
-constexpr int Jpeg2000Bits = 96; // three integers
+constexpr int plainBits = 8;
+constexpr int jpegBits = 48; // all coefficients of a progressive one
+constexpr int jpeg2000Bits = 96; // three integers
 
 bool isTooLarge(QSizeF size, int bitsPerPixel)
 {
@@ -62,7 +62,7 @@ bool isTooLargeJpeg(const QPDFObjectHandle& stream)
     if (!header)
         return false;
     const double pixels = double(header->size.width()) * header->size.height();
-    return isTooLarge(header->size, JpegBits)
+    return isTooLarge(header->size, jpegBits)
         || pixels * double(jpeg->count(scan)) > DBCMostScannedPixels;
 }
 
@@ -86,9 +86,9 @@ bool isTooLargeImage(QPDFObjectHandle object)
         return false;
     const QPDFObjectHandle dictionary = object.getDict();
     const QSizeF size(numberAt(dictionary, "/Width", "/W"), numberAt(dictionary, "/Height", "/H"));
-    return isTooLarge(size, PlainBits)
+    return isTooLarge(size, plainBits)
         || (hasFilter(dictionary, "/DCTDecode") && isTooLargeJpeg(object))
-        || (hasFilter(dictionary, "/JPXDecode") && isTooLarge(jpeg2000Size(object), Jpeg2000Bits));
+        || (hasFilter(dictionary, "/JPXDecode") && isTooLarge(jpeg2000Size(object), jpeg2000Bits));
 }
 
 // A pattern is drawn tile by tile.

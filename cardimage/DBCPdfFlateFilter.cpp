@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include <qpdf/Pl_Flate.hh>
+#include <qpdf/Pl_Function.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
 #include <qpdf/QPDFStreamFilter.hh>
@@ -15,26 +16,16 @@
 namespace {
 
 // Hands on what it is given, and throws when that is too much.
-class Limiter final : public Pipeline {
-public:
-    explicit Limiter(Pipeline* receiver)
-        : Pipeline("limiter", receiver)
-    {
-    }
-
-    void write(unsigned char const* data, size_t length) override
-    {
-        constexpr auto limit = static_cast<size_t>(DBCBitmap::maximumBytes);
-        if (length > limit - _written)
-            throw std::length_error("unpacks without end");
-        _written += length;
-        getNext()->write(data, length);
-    }
-    void finish() override { getNext()->finish(); }
-
-private:
-    size_t _written = 0;
-};
+std::unique_ptr<Pipeline> limiterBefore(Pipeline* receiver)
+{
+    return std::make_unique<Pl_Function>("limiter", receiver,
+        [room = static_cast<size_t>(DBCBitmap::maximumBytes)](
+            unsigned char const*, size_t length) mutable {
+            if (length > room)
+                throw std::length_error("unpacks without end");
+            room -= length;
+        });
+}
 
 class FlateFilter final : public QPDFStreamFilter {
 public:
@@ -46,7 +37,7 @@ public:
 
     Pipeline* getDecodePipeline(Pipeline* next) override
     {
-        _limiter = std::make_unique<Limiter>(next);
+        _limiter = limiterBefore(next);
         next = _limiter.get();
         if (_rows->kind != DBCPdfRows::Kind::Plain) {
             _predictor = std::make_unique<DBCPdfRowPredictor>(*_rows, next);
@@ -58,7 +49,7 @@ public:
 
 private:
     std::optional<DBCPdfRows> _rows;
-    std::unique_ptr<Limiter> _limiter;
+    std::unique_ptr<Pipeline> _limiter;
     std::unique_ptr<DBCPdfRowPredictor> _predictor;
     std::unique_ptr<Pl_Flate> _inflater;
 };

@@ -22,9 +22,9 @@ std::array<char, 16> g_imagestr {};
 namespace {
 
 // The matrix that matters is the first one; no card's contents come near this.
-constexpr qint64 LongestContents = 16LL * 1024 * 1024;
-constexpr qint64 LongestSide = std::numeric_limits<quint16>::max();
-constexpr qint32 FullTurn = 360;
+constexpr qint64 longestContents = 16LL * 1024 * 1024;
+constexpr qint64 longestSide = std::numeric_limits<quint16>::max();
+constexpr qint32 fullTurn = 360;
 
 std::optional<double> numberOf(QPDFObjectHandle value)
 {
@@ -84,12 +84,12 @@ QPDFObjectHandle findImage(QPDFObjectHandle resources, qint32* rotation)
         if (!name.starts_with("Fm") || !object.isStream()
             || !forms.insert(object.getObjGen()).second)
             break;
-        const auto contents = decodedStreamData(object, LongestContents);
+        const auto contents = decodedStreamData(object, longestContents);
         if (!contents)
             break;
         *rotation += rotationOfContents(*contents);
-        if (*rotation >= FullTurn)
-            *rotation -= FullTurn;
+        if (*rotation >= fullTurn)
+            *rotation -= fullTurn;
         resources = object.getDict().getKey("/Resources");
     }
     return QPDFObjectHandle::newNull();
@@ -113,7 +113,7 @@ std::optional<DBCImageDepth> depthOf(QPDFObjectHandle filter)
 
 std::optional<quint16> sideOf(QPDFObjectHandle value)
 {
-    if (!value.isInteger() || value.getIntValue() < 0 || value.getIntValue() > LongestSide)
+    if (!value.isInteger() || value.getIntValue() < 0 || value.getIntValue() > longestSide)
         return std::nullopt;
     return static_cast<quint16>(value.getIntValue());
 }
@@ -177,7 +177,7 @@ bool acquireImage(
     if (!contents.isStream())
         return false;
     *outRotation
-        = rotationOfContents(decodedStreamData(contents, LongestContents).value_or(QByteArray()));
+        = rotationOfContents(decodedStreamData(contents, longestContents).value_or(QByteArray()));
     const auto pageSize = pageSizeOf(page);
     if (!pageSize)
         return false;

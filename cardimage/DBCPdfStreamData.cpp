@@ -5,7 +5,7 @@
 #include "cardimage/DBCPdfRowPredictor.h"
 
 #include <qpdf/Buffer.hh>
-#include <qpdf/Pipeline.hh>
+#include <qpdf/Pl_Function.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
 
@@ -15,37 +15,18 @@
 
 namespace {
 
-// Takes bytes up to a limit and then stops whoever sends them: a few kilobytes of compressed zeros
-// must not fill the memory.
-class Collector final : public Pipeline {
-public:
-    explicit Collector(qint64 limit)
-        : Pipeline("collector", nullptr)
-        , _limit(limit)
-    {
-    }
-
-    void write(unsigned char const* data, size_t length) override
-    {
-        const auto room = static_cast<size_t>(_limit - _bytes.size());
-        _bytes.append(
-            reinterpret_cast<const char*>(data), static_cast<qsizetype>(qMin(length, room)));
-        if (length > room)
-            throw std::length_error("limit reached");
-    }
-    void finish() override { }
-
-    const QByteArray& bytes() const { return _bytes; }
-
-private:
-    QByteArray _bytes;
-    qint64 _limit;
-};
-
 // decodeLevel qpdf_dl_none gives the bytes as stored.
 QByteArray collect(QPDFObjectHandle& stream, qint64 limit, qpdf_stream_decode_level_e decodeLevel)
 {
-    Collector collector(limit);
+    QByteArray bytes;
+    // Stops whoever sends more: a few kilobytes of compressed zeros must not fill the memory.
+    Pl_Function collector("collector", nullptr, [&](unsigned char const* data, size_t length) {
+        const auto room = static_cast<size_t>(limit - bytes.size());
+        bytes.append(
+            reinterpret_cast<const char*>(data), static_cast<qsizetype>(qMin(length, room)));
+        if (length > room)
+            throw std::length_error("limit reached");
+    });
     try {
         // Warnings are kept: by them alone does want of memory show.
         constexpr bool suppressWarnings = false;
@@ -54,7 +35,7 @@ QByteArray collect(QPDFObjectHandle& stream, qint64 limit, qpdf_stream_decode_le
         rethrowIfOutOfMemory(exception);
         // Damaged data or the limit: what has arrived is the result.
     }
-    return collector.bytes();
+    return bytes;
 }
 
 // How many filters stand before the JPEG's own; 0 when there is no such filter.

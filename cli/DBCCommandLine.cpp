@@ -85,7 +85,7 @@ DBCUsage wrongUsage(const char* key, const DBCMessageArguments& arguments = {})
         DBCExitCode::WrongUsage, text(key, arguments) + u'\n' + text("IDS_CLI_TRY_HELP") + u'\n'};
 }
 
-// "..' behind a symbolic link leads elsewhere than its text says, so such a path is resolved.
+// ".." behind a symbolic link leads elsewhere than its text says, so such a path is resolved.
 QString absolutePath(const QString& operand)
 {
     const QString path = QDir::current().absoluteFilePath(operand);

@@ -7,7 +7,7 @@
 #include "operation/DBCPreconditions.h"
 #include "operation/DBCSignalWatcher.h"
 
-#include <QCoreApplication>
+#include <QEventLoop>
 #include <QThread>
 
 namespace {
@@ -64,8 +64,8 @@ bool runToItsEnd(DBCConverterController& controller, DBCReporter& reporter)
     const std::unique_ptr<QThread> operation(QThread::create([&] { isOk = controller.run(); }));
     QEventLoop loop;
     QObject::connect(operation.get(), &QThread::finished, &loop, &QEventLoop::quit);
-    operation->start();
-    loop.exec();
+    if (controller.start(operation.get()))
+        loop.exec();
     operation->wait();
     return isOk;
 }

@@ -27,15 +27,9 @@ DBCTerminal::DBCTerminal()
 {
 }
 
-DBCTerminal::~DBCTerminal()
-{
-    if (_input != -1)
-        close(_input);
-}
-
 bool DBCTerminal::isInteractive() const
 {
-    return isatty(_input) != 0 && isStandardErrorTerminal();
+    return isatty(_input.get()) != 0 && isStandardErrorTerminal();
 }
 
 bool DBCTerminal::isStandardErrorTerminal()
@@ -49,7 +43,7 @@ bool DBCTerminal::confirms(const QString& question) const
     QByteArray line;
     char byte = 0;
     while (true) {
-        const ssize_t count = read(_input, &byte, 1);
+        const ssize_t count = read(_input.get(), &byte, 1);
         if (count == -1 && errno == EINTR)
             continue;
         if (count != 1 || byte == '\n')

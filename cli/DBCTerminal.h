@@ -2,6 +2,8 @@
 // Where velmora-convert writes and asks.
 #pragma once
 
+#include "operation/DBCDescriptor.h"
+
 #include <QString>
 
 #include <cstdio>
@@ -11,9 +13,6 @@ public:
     // Keeps a descriptor of its own for standard input, because descriptor 0 is closed under way
     // when a package cannot be opened.
     DBCTerminal();
-    ~DBCTerminal();
-    DBCTerminal(const DBCTerminal&) = delete;
-    DBCTerminal& operator=(const DBCTerminal&) = delete;
 
     // Whether somebody sits there to be asked: standard input and standard error are terminals.
     bool isInteractive() const;
@@ -30,5 +29,5 @@ public:
     static void writeLine(std::FILE* stream, const QString& text);
 
 private:
-    int _input;
+    DBCDescriptor _input;
 };

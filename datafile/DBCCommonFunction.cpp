@@ -104,15 +104,7 @@ bool DBCCommonFunction::cleanTempFile(const QString& path)
 
 bool DBCCommonFunction::makeDirectory(const QString& path)
 {
-    QString folder = path.startsWith(u'/') ? QStringLiteral("/") : QString();
-    for (const QString& component : path.split(u'/', Qt::SkipEmptyParts)) {
-        folder += component;
-        // Looked at again after a failure: another program may have made it in between.
-        if (!QFileInfo(folder).isDir() && !QDir().mkdir(folder) && !QFileInfo(folder).isDir())
-            return false;
-        folder += u'/';
-    }
-    return true;
+    return path.isEmpty() || QFileInfo(path).isDir() || QDir().mkpath(path);
 }
 
 std::optional<DBCVersionInfo> DBCCommonFunction::getVersionInfo(const QString& path)

@@ -42,8 +42,6 @@ std::optional<int> openForAppending(const QString& path)
 QString textOf(const DBCRecord& record, DBCRecordKey key)
 {
     const DBCValue* value = record.value(key);
-    if (!value)
-        return {};
     if (const auto* text = std::get_if<QString>(value))
         return *text;
     const auto* date = std::get_if<QDateTime>(value);

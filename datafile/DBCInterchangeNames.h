@@ -19,6 +19,9 @@ QString versionFile(const QString& folder); // "Version.txt"
 QString faceImageName(const QString& recordNo); // "%@_N1.jpg"
 QString backImageName(const QString& recordNo); // "%@_N2.jpg"
 
+// Written into folders by the source platform's file browser, in packages, too; no attachment.
+inline constexpr const char* folderSettingsFile = ".DS_Store";
+
 // Product code and version that an export writes and an import judges.
 inline constexpr const char16_t* productCode = u"TELKA";
 inline constexpr const char16_t* productVersion = u"V1.0L10";

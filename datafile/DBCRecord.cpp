@@ -1,26 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "datafile/DBCRecord.h"
 
-#include <algorithm>
 #include <utility>
-
-QString recordKeyName(DBCRecordKey key)
-{
-    const std::string_view name = DBCRecordKeyNames[static_cast<std::size_t>(key)];
-    return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
-}
-
-std::optional<DBCRecordKey> recordKeyForName(QStringView name)
-{
-    const auto found = std::find_if(
-        DBCRecordKeyNames.begin(), DBCRecordKeyNames.end(), [name](std::string_view candidate) {
-            return name
-                == QLatin1StringView(candidate.data(), static_cast<qsizetype>(candidate.size()));
-        });
-    if (found == DBCRecordKeyNames.end())
-        return std::nullopt;
-    return static_cast<DBCRecordKey>(found - DBCRecordKeyNames.begin());
-}
 
 std::size_t DBCRecord::position(DBCRecordKey key) const
 {

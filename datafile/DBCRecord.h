@@ -94,7 +94,7 @@ enum class DBCRecordKey : quint8 {
 
 inline constexpr std::size_t DBCRecordKeyCount = static_cast<std::size_t>(DBCRecordKey::flag2) + 1;
 
-// The keys' names as the store and JSON spell them, in the order of DBCRecordKey.
+// The keys' names, from which the store's follow, in the order of DBCRecordKey.
 inline constexpr std::array<std::string_view, DBCRecordKeyCount> DBCRecordKeyNames {
     "face_Image_File",
     "back_Image_File",
@@ -169,10 +169,6 @@ inline constexpr std::array<std::string_view, DBCRecordKeyCount> DBCRecordKeyNam
     "flag2",
 };
 static_assert(DBCRecordKeyNames.back() == "flag2");
-
-QString recordKeyName(DBCRecordKey key);
-// None for a name that is no key.
-std::optional<DBCRecordKey> recordKeyForName(QStringView name);
 
 // Text, number, or point in time.
 using DBCValue = std::variant<QString, qint64, QDateTime>;

@@ -4,8 +4,6 @@
 #include <QStringConverter>
 #include <QtEndian>
 
-#include <algorithm>
-
 namespace {
 
 constexpr QByteArrayView littleEndianMark("\xFF\xFE");
@@ -52,10 +50,8 @@ QString withoutLoneSurrogates(QStringView text)
 
 QByteArray encodeUtf16(QStringView text)
 {
-    QByteArray bytes(bytesPerUnit * (text.size() + 1), Qt::Uninitialized);
-    std::copy(littleEndianMark.begin(), littleEndianMark.end(), bytes.data());
-    qToLittleEndian<quint16>(text.utf16(), text.size(), bytes.data() + littleEndianMark.size());
-    return bytes;
+    QStringEncoder encoder(QStringEncoder::Utf16LE, QStringEncoder::Flag::WriteBom);
+    return encoder(text);
 }
 
 } // namespace

@@ -119,6 +119,17 @@ bool DBCChecker::checkDiskSizeIsEnough(const QString& path, quint64 fileSize)
     return free && *free >= fileSize && *free != 0;
 }
 
+bool DBCChecker::isTaken(const QString& path)
+{
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
+}
+
+bool DBCChecker::isWritableFolder(const QString& path)
+{
+    return QFileInfo(path).isDir() && DBCHost::current().isWritable(path);
+}
+
 bool DBCChecker::checkVelmoraIsLaunched()
 {
     return DBCHost::current().runningApplications().contains(DBCMainApplication::name);

@@ -22,6 +22,9 @@ public:
     // True when the file system that holds the existing path has at least fileSize bytes free, and
     // any at all.
     static bool checkDiskSizeIsEnough(const QString& path, quint64 fileSize);
+    // Something stands at the path, be it a link that leads nowhere: nothing can be made there.
+    static bool isTaken(const QString& path);
+    static bool isWritableFolder(const QString& path);
     static bool checkVelmoraIsLaunched();
     // Empty, or nothing but characters of blankAndNewLineCharacters().
     static bool isBlank(const QString& text);

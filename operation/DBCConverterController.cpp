@@ -108,7 +108,24 @@ bool DBCConverterController::run()
     _outcome.code = _performOperation().code();
     _packageGuard.reset();
     _endStory();
+    return _end();
+}
 
+bool DBCConverterController::start(QThread* thread)
+{
+    thread->start();
+    if (thread->isRunning() || thread->isFinished())
+        return true;
+    const DBCError error = DBCError(DBCResultCode::InternalException)
+                               .withDescription(QStringLiteral("no thread for the operation"));
+    _showAndLog({unexpectedErrorMessage, {}}, error);
+    _outcome.code = error.code();
+    _end();
+    return false;
+}
+
+bool DBCConverterController::_end()
+{
     const bool isOk = !isFailure(_outcome.code);
     _send({.name = DBCEventName::OperationDidFinished,
         .operationIsOk = isOk,

@@ -22,6 +22,7 @@ class DBCLog;
 class DBCPackageGuard;
 class DBCRecord;
 class DBCRunStory;
+class QThread;
 
 enum class OperationType : qint32 {
     None = 0x20000,
@@ -69,6 +70,10 @@ public:
     // True when the operation ended without error, a cancelled one included. False at once, with
     // nothing logged and no event, for an empty path or an unsupported type.
     bool run();
+    // Starts a thread that calls run(), as QThread::start() does. False when the system gives no
+    // thread, which nothing else would tell of: the user has read message 102 then, and
+    // OperationDidFinished was sent, as after a failed run.
+    bool start(QThread* thread);
 
     bool checkIsNeedToConfirmCancelOperation() override;
     bool fileManager(const DBCFileManager* manager, const QString& shouldCopyItemAtPath,
@@ -107,6 +112,7 @@ private:
     void _sendProgress(DBCEventName name, const std::vector<DBCRecord>& cards) const;
     void _showAndLog(const DBCMessage::Mapped& message, const DBCError& error) const;
     DBCError _performOperation();
+    bool _end(); // sends the last event; true when the outcome is no failure
     void _askToConfirmCancel();
     // Runs steps; an exception is logged through debugFormat (%1: its description) and becomes
     // InternalException.

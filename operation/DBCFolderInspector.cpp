@@ -32,9 +32,6 @@ constexpr std::array addressParts {
     DBCRecordKey::address,
 };
 
-// Written into folders by the source platform's file browser; no attachment.
-constexpr const char* folderSettingsFile = ".DS_Store";
-
 QString titleOf(const DBCColumn& column)
 {
     return getLocalString(QString::fromLatin1(column.titleKey));
@@ -279,7 +276,7 @@ void DBCFolderInspector::checkAttachment(
     const QString shownPath = QFile::decodeName(path);
     std::error_code error;
     const FileType type = std::filesystem::symlink_status(path.toStdString(), error).type();
-    if (name == folderSettingsFile || type == FileType::directory)
+    if (name == DBCInterchangeNames::folderSettingsFile || type == FileType::directory)
         return;
     if (name.startsWith('.') || name.contains(':'))
         reportLine(record, shownPath, "IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT");

@@ -15,18 +15,16 @@
 #include <linux/fs.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
-#include <sys/statvfs.h>
 #include <unistd.h>
 
 namespace {
 
 std::optional<quint64> freeBytes(const QString& path)
 {
-    struct statvfs volume = {};
-    if (statvfs(QFile::encodeName(path).constData(), &volume) != 0)
-        return std::nullopt;
-    // f_bavail: what is reserved for root is no room for cards, even when root converts them.
-    return quint64(volume.f_bavail) * volume.f_frsize;
+    std::error_code error;
+    const auto space = std::filesystem::space(QFile::encodeName(path).toStdString(), error);
+    // What is reserved for root is not available, even when root converts cards.
+    return error ? std::nullopt : std::optional<quint64>(space.available);
 }
 
 bool isRefusal(int error)

@@ -12,12 +12,6 @@
 
 namespace {
 
-// The same kinds by the numbers of linux/magic.h; of a user-space file system the number tells no
-// more than that, so it counts as one that may reach another machine.
-constexpr std::array<unsigned, 10> networkNumbers {AFS_SUPER_MAGIC, AUTOFS_SUPER_MAGIC,
-    CEPH_SUPER_MAGIC, CIFS_SUPER_MAGIC, CODA_SUPER_MAGIC, FUSE_SUPER_MAGIC, NFS_SUPER_MAGIC,
-    SMB2_SUPER_MAGIC, SMB_SUPER_MAGIC, V9FS_MAGIC};
-
 // Types whose volumes lie on another machine, or appear only when they are looked at.
 constexpr std::array<QStringView, 26> networkTypes {
     u"9p",
@@ -47,6 +41,12 @@ constexpr std::array<QStringView, 26> networkTypes {
     u"smb3",
     u"smbfs",
 };
+
+// The same kinds by the numbers of linux/magic.h; of a user-space file system the number tells no
+// more than that, so it counts as one that may reach another machine.
+constexpr std::array<unsigned, 10> networkNumbers {AFS_SUPER_MAGIC, AUTOFS_SUPER_MAGIC,
+    CEPH_SUPER_MAGIC, CIFS_SUPER_MAGIC, CODA_SUPER_MAGIC, FUSE_SUPER_MAGIC, NFS_SUPER_MAGIC,
+    SMB2_SUPER_MAGIC, SMB_SUPER_MAGIC, V9FS_MAGIC};
 
 bool isOctal(char c)
 {

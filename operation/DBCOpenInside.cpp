@@ -49,3 +49,8 @@ DBCDescriptor openInside(const QString& folder, const QString& path, int flags)
         return DBCDescriptor(-1);
     return DBCDescriptor(openBeneath(base.get(), QFile::encodeName(*rest), flags | O_CLOEXEC));
 }
+
+bool isLeadOutError(int error)
+{
+    return error == EXDEV || error == ELOOP;
+}

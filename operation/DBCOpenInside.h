@@ -8,5 +8,8 @@
 
 // The file or folder at path, which lies textually inside folder. Links are followed as long as
 // they stay inside; where one leads out, at this very moment and whatever was found there before,
-// nothing is opened and errno is EXDEV or ELOOP. flags: as for open(); O_CLOEXEC is added.
+// nothing is opened. flags: as for open(); O_CLOEXEC is added. On failure errno tells why.
 DBCDescriptor openInside(const QString& folder, const QString& path, int flags);
+
+// Whether openInside() failed because something leads out. error: what errno was then.
+bool isLeadOutError(int error);

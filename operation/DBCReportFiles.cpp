@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "operation/DBCReportFiles.h"
 
+#include "operation/DBCChecker.h"
 #include "operation/DBCReportData.h"
 #include "operation/DBCReportPage.h"
 #include "operation/DBCRunReport.h"
@@ -36,11 +37,7 @@ QString stemOf(const QDateTime& started)
 
 bool isTaken(const QString& stem)
 {
-    const auto stands = [&](const QString& suffix) {
-        const QFileInfo info(stem + suffix);
-        return info.exists() || info.isSymLink();
-    };
-    return stands(pageSuffix()) || stands(dataSuffix());
+    return DBCChecker::isTaken(stem + pageSuffix()) || DBCChecker::isTaken(stem + dataSuffix());
 }
 
 // Conversions may begin in the same second. "(02)", so that the names sort as they came.
@@ -109,7 +106,7 @@ std::variant<QString, Failure> write(const DBCRunReport& report, const QString& 
         QFile::remove(data);
         return *failure;
     }
-    removeOldReports(place, QFileInfo(stem + pageSuffix()).completeBaseName());
+    removeOldReports(place, QFileInfo(page).completeBaseName());
     return page;
 }
 

@@ -6,7 +6,6 @@
 #include <QByteArray>
 
 #include <functional>
-#include <optional>
 #include <vector>
 
 #include <sys/stat.h>

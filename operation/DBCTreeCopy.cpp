@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <tuple>
 
 #include <cstdlib>
 #include <fcntl.h>
@@ -123,7 +124,9 @@ bool DBCTreeCopy::copyLink(const Item& item, const struct stat& status)
     const char* const toName = item.toName.constData();
     if (!target || symlinkat(target->constData(), item.toFolder, toName) != 0)
         return false;
-    (void)fchownat(item.toFolder, toName, status.st_uid, status.st_gid, AT_SYMLINK_NOFOLLOW);
+    // A link's owner has no say in anything, and only root may give it away: it may stay ours.
+    std::ignore
+        = fchownat(item.toFolder, toName, status.st_uid, status.st_gid, AT_SYMLINK_NOFOLLOW);
     const struct timespec times[] {
         status.st_atim, status.st_mtim
     };

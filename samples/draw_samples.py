@@ -6,7 +6,6 @@ Needs python3-pil and fonts-noto-cjk of Debian 12. What it draws is kept in the 
 after changing a card, a column title or a folder name.
 """
 
-import io
 import re
 import shutil
 import sys

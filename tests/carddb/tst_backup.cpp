@@ -216,12 +216,14 @@ private Q_SLOTS:
         expectNoBackup();
     }
 
-    void failedMeasurementIsPassedOn()
+    void failedMeasurementIsPassedOnAndLogged()
     {
         ScopedHost host;
         host->diskUsageProgram = QStringLiteral("/bin/false");
         QCOMPARE(database().backup(), DBCResultCode::SizeMeasureFailure);
         expectNoBackup();
+        QVERIFY(_f->home.logText().contains(
+            QStringLiteral("The size of [%1] could not be measured").arg(_f->package.path())));
     }
 
     void backupNeedsThePackagesSizeAndTheMargin()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCCardAttributes.h"
 #include "tests/support/PackageFixture.h"
+#include "tests/support/RecordKeys.h"
 
 #include <QtTest>
 
@@ -40,9 +41,7 @@ void tst_cardAttributes::everyAttributeHasItsColumnAndType()
 void tst_cardAttributes::nothingButTheTransferKeysIsMissing()
 {
     QStringList missing;
-    for (const std::string_view name : DBCRecordKeyNames) {
-        const auto key = *recordKeyForName(
-            QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size())));
+    for (const DBCRecordKey key : allRecordKeys()) {
         const auto isKey
             = [key](const DBCCardAttribute& attribute) { return attribute.key == key; };
         if (std::none_of(DBCCardAttributes.begin(), DBCCardAttributes.end(), isKey))

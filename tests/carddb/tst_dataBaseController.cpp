@@ -39,7 +39,7 @@ private Q_SLOTS:
     void saveInAStoreThatLostItsEntityFails();
     void cardsOfAFailedSaveAreNotInTheStore();
 
-    void freshControllerHasNoPaths();
+    void freshControllerHasNoBackup();
 
 private:
     std::unique_ptr<DBCDataBaseController> openPackage() const
@@ -122,7 +122,6 @@ void tst_dataBaseController::ordinaryPackageOpens()
 {
     const auto controller = openPackage();
     QVERIFY(controller);
-    QCOMPARE(controller->DBPath(), _package->path());
     QVERIFY(controller->managedObjectContext());
 }
 
@@ -233,10 +232,9 @@ void tst_dataBaseController::cardsOfAFailedSaveAreNotInTheStore()
         0);
 }
 
-void tst_dataBaseController::freshControllerHasNoPaths()
+void tst_dataBaseController::freshControllerHasNoBackup()
 {
     DBCDataBaseController controller;
-    QVERIFY(controller.DBPath().isEmpty());
     QVERIFY(controller.backupDBPath().isEmpty());
     controller.setBackupDBPath(QStringLiteral("/backups/Velmora DB_bak.vmdb"));
     QCOMPARE(controller.backupDBPath(), QStringLiteral("/backups/Velmora DB_bak.vmdb"));

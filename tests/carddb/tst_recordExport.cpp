@@ -7,6 +7,7 @@
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/PackageFixture.h"
 #include "tests/support/PdfBuilder.h"
+#include "tests/support/RecordKeys.h"
 #include "tests/support/StandardInputKeeper.h"
 
 #include <QFileInfo>
@@ -270,11 +271,10 @@ void tst_recordExport::cancelBeforeTheFirstCardReturnsNone()
 void tst_recordExport::recordOfACardHasExactlyTheGivenKeys()
 {
     const DBCRecord record = DBCDataBaseController::newDataDicWith(Card());
-    for (const std::string_view name : DBCRecordKeyNames) {
-        const QString text = QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
-        const bool isTransferKey = text == QStringLiteral("attachmentFile")
-            || text == QStringLiteral("recordNo") || text == QStringLiteral("lineNo");
-        QVERIFY2(record.contains(*recordKeyForName(text)) != isTransferKey, qPrintable(text));
+    for (const DBCRecordKey key : allRecordKeys()) {
+        const bool isTransferKey = key == DBCRecordKey::attachmentFile
+            || key == DBCRecordKey::recordNo || key == DBCRecordKey::lineNo;
+        QVERIFY2(record.contains(key) != isTransferKey, qPrintable(recordKeyName(key)));
     }
     QCOMPARE(record.count(), std::size_t {68});
 }

@@ -4,6 +4,7 @@
 #include "tests/support/InterchangeFolder.h"
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/PackageFixture.h"
+#include "tests/support/RecordKeys.h"
 #include "tests/support/ScopedHost.h"
 #include "tests/support/ScopedTimeZone.h"
 #include "tests/support/StandardInputKeeper.h"
@@ -133,10 +134,9 @@ QDateTime dateOf(const Card& card, Key key)
 QStringList setAttributes(const Card& card)
 {
     QStringList names;
-    for (const std::string_view name : DBCRecordKeyNames) {
-        const QString text = QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
-        if (card.value(*recordKeyForName(text)))
-            names << text;
+    for (const DBCRecordKey key : allRecordKeys()) {
+        if (card.value(key))
+            names << recordKeyName(key);
     }
     names.sort();
     return names;
@@ -373,11 +373,8 @@ void tst_recordImport::eachTypeSetsItsOwnAttributes()
     QFETCH(qint32, type);
     QFETCH(QString, attributes);
     DBCRecord data;
-    for (const std::string_view name : DBCRecordKeyNames) {
-        const auto key = recordKeyForName(
-            QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size())));
-        data.setValue(*key, QStringLiteral("山"));
-    }
+    for (const DBCRecordKey key : allRecordKeys())
+        data.setValue(key, QStringLiteral("山"));
     Card card;
     QCOMPARE(DBCDataBaseController::setDetailDataDicToManagedObject(&card, &data, type),
         DBCResultCode::Success);

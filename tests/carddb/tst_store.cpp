@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCManagedObjectContext.h"
 #include "tests/support/PackageFixture.h"
+#include "tests/support/RecordKeys.h"
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Exception.h>
@@ -676,11 +677,9 @@ void tst_store::everyAttributeIsReadFromItsColumn()
     package.execute(QStringLiteral("UPDATE ZCARD SET %1 = ?").arg(column), {stored});
 
     std::optional<DBCRecordKey> key;
-    for (const std::string_view name : DBCRecordKeyNames) {
-        const QString keyName
-            = QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
-        if (u'Z' + keyName.toUpper() == column)
-            key = recordKeyForName(keyName);
+    for (const DBCRecordKey candidate : allRecordKeys()) {
+        if (u'Z' + recordKeyName(candidate).toUpper() == column)
+            key = candidate;
     }
     QVERIFY(key);
     std::optional<DBCValue> value;

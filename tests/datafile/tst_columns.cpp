@@ -5,6 +5,7 @@
 #include "datafile/DBCFileReader.h"
 #include "datafile/DBCFileWriter.h"
 #include "datafile/DBCLocalizable.h"
+#include "tests/support/RecordKeys.h"
 #include "tests/support/TestHome.h"
 
 #include <QtTest>

@@ -2,6 +2,7 @@
 #include "datafile/DBCCommonFunction.h"
 
 #include "datafile/DBCRecord.h"
+#include "tests/support/RecordKeys.h"
 #include "tests/support/ScopedHost.h"
 #include "tests/support/TestHome.h"
 

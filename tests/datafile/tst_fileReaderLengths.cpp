@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Warnings about items that are longer than the card application takes.
 #include "tests/datafile/ReaderFixture.h"
+#include "tests/support/RecordKeys.h"
 
 #include <QtTest>
 

@@ -2,6 +2,7 @@
 // Lines made of records.
 #include "datafile/DBCLocalizable.h"
 #include "tests/datafile/WriterFixture.h"
+#include "tests/support/RecordKeys.h"
 #include "tests/support/ScopedTimeZone.h"
 
 #include <QtTest>

@@ -4,8 +4,10 @@
 #include "datafile/DBCLocalizable.h"
 #include "tests/operation/ConversionWorld.h"
 #include "tests/support/AsOrdinaryUser.h"
+#include "tests/support/FailingCall.h"
 #include "tests/support/FileSizeLimit.h"
 #include "tests/support/ScopedMode.h"
+#include "tests/support/ScriptedConversion.h"
 
 #include <QFile>
 #include <QtTest>
@@ -49,6 +51,7 @@ private Q_SLOTS:
 
     void packageThatAnotherConversionChangesIsNotOpened();
     void packageThatAnotherConversionReadsIsOnlyExported();
+    void systemWithoutAThreadForItFailsTheConversion();
 };
 
 void tst_conversionFaults::importWithoutALogStoresTheCards()
@@ -194,6 +197,27 @@ void tst_conversionFaults::packageThatAnotherConversionReadsIsOnlyExported()
     QVERIFY(!world.importCards());
     QCOMPARE(world.controller->outcome().code, DBCResultCode::DatabaseOpenFailure);
     QVERIFY(world.exportCards());
+}
+
+void tst_conversionFaults::systemWithoutAThreadForItFailsTheConversion()
+{
+    const ScriptedConversion conversion(OperationType::Import);
+    bool hasStarted = true;
+
+    const bool wasPossible = FailingCall(SYS_clone3, EAGAIN).during([&] {
+        const std::unique_ptr<QThread> operation(
+            QThread::create([&] { conversion.controller->run(); }));
+        hasStarted = conversion.controller->start(operation.get());
+        operation->wait();
+    });
+    if (!wasPossible)
+        QSKIP("system calls cannot be made to fail here");
+
+    QVERIFY(!hasStarted);
+    QCOMPARE(conversion.presenter.numbers, QList<quint32> {102});
+    QCOMPARE(conversion.receiver.events,
+        QStringList {QStringLiteral("DBC_OperationDidFinishedNotification ok=false")});
+    QVERIFY(conversion.script.calls.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_conversionFaults)

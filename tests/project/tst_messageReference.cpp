@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// docs/messages.md against the strings table and the mapping of codes to messages: whoever looks a
+// message up finds it, in the words that were shown.
+#include "datafile/DBCLocalizable.h"
+#include "operation/DBCError.h"
+#include "operation/DBCMessage.h"
+
+#include <QFile>
+#include <QMap>
+#include <QRegularExpression>
+#include <QTest>
+
+namespace {
+
+struct Section {
+    QString quotation;
+    QString explanation;
+};
+
+// One row of the table of codes.
+struct CodeRow {
+    qint32 code;
+    QString import;
+    QString exported;
+};
+
+QString textOf(const char* path)
+{
+    QFile file(QStringLiteral(VELMORA_SOURCE_DIR) + u'/' + QString::fromLatin1(path));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", path);
+    return QString::fromUtf8(file.readAll());
+}
+
+QString reference()
+{
+    return textOf("docs/messages.md");
+}
+
+// By key, each up to the next heading. A message with a number is named by that.
+QMap<QString, Section> sections()
+{
+    static const QRegularExpression section(
+        QStringLiteral("^### (\\w+)\\n\\n> (.*)\\n\\n((?:(?!#).*\\n)*)"),
+        QRegularExpression::MultilineOption);
+    QMap<QString, Section> found;
+    const QString text = reference();
+    for (auto match = section.globalMatch(text); match.hasNext();) {
+        const QRegularExpressionMatch one = match.next();
+        bool isNumber = false;
+        const quint32 number = one.captured(1).toUInt(&isNumber);
+        found.insert(isNumber ? DBCMessage::keyOf(number) : one.captured(1),
+            {one.captured(2), one.captured(3).trimmed()});
+    }
+    return found;
+}
+
+// Of the messages with a number, and of the questions without one.
+QStringList messageKeys()
+{
+    static const QRegularExpression message(
+        QStringLiteral("<message id=\"(IDS_MSG_\\w+)\">(.*?)</message>"),
+        QRegularExpression::DotMatchesEverythingOption);
+    QStringList keys;
+    const QString catalogue = textOf("resources/i18n/Localizable_en.ts");
+    for (auto match = message.globalMatch(catalogue); match.hasNext();) {
+        const QRegularExpressionMatch one = match.next();
+        if (one.captured(1).startsWith(QStringLiteral("IDS_MSG_ERR_"))
+            || one.captured(2).contains(QStringLiteral("Answered with Yes or No.")))
+            keys << one.captured(1);
+    }
+    return keys;
+}
+
+QList<CodeRow> codeRows()
+{
+    static const QRegularExpression row(
+        QStringLiteral("^\\| (-\\d+) \\| .+ \\| (.+) \\| (.+) \\|$"),
+        QRegularExpression::MultilineOption);
+    QList<CodeRow> rows;
+    const QString text = reference();
+    for (auto match = row.globalMatch(text); match.hasNext();) {
+        const QRegularExpressionMatch one = match.next();
+        rows.append({one.captured(1).toInt(), one.captured(2), one.captured(3)});
+    }
+    return rows;
+}
+
+// The failures of the one table of codes.
+QList<qint32> failureCodes()
+{
+    static const QRegularExpression value(
+        QStringLiteral("^    \\w+ = (-\\d+),"), QRegularExpression::MultilineOption);
+    QList<qint32> codes;
+    const QString table = textOf("operation/DBCResultCode.h");
+    for (auto match = value.globalMatch(table); match.hasNext();)
+        codes << match.next().captured(1).toInt();
+    return codes;
+}
+
+// True as well where the cell names no message.
+bool namesMessage(const QString& cell, quint32 number)
+{
+    static const QRegularExpression named(QStringLiteral("\\d+"));
+    const QRegularExpressionMatch match = named.match(cell);
+    return !match.hasMatch() || match.captured().toUInt() == number;
+}
+
+} // namespace
+
+class tst_messageReference : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { DBCLocalizable::setLanguage(DBCLocalizable::Language::English); }
+
+    void everyMessageHasASection();
+    void sectionsQuoteWhatIsShown();
+    void sectionsExplain();
+    void everyFailureHasARow();
+    void rowsNameTheMessageThatIsShown();
+};
+
+void tst_messageReference::everyMessageHasASection()
+{
+    QStringList keys = messageKeys();
+    QVERIFY(keys.size() > 30);
+    keys.sort();
+    QCOMPARE(QStringList(sections().keys()), keys);
+}
+
+void tst_messageReference::sectionsQuoteWhatIsShown()
+{
+    for (const auto& [key, section] : sections().asKeyValueRange())
+        QCOMPARE(section.quotation, getLocalString(key).section(u'\n', 0, 0));
+}
+
+void tst_messageReference::sectionsExplain()
+{
+    for (const auto& [key, section] : sections().asKeyValueRange())
+        QVERIFY2(!section.explanation.isEmpty(), qPrintable(key));
+}
+
+void tst_messageReference::everyFailureHasARow()
+{
+    const QList<qint32> codes = failureCodes();
+    QVERIFY(codes.size() > 30);
+    QList<qint32> described;
+    for (const CodeRow& row : codeRows())
+        described << row.code;
+    QCOMPARE(described, codes);
+}
+
+void tst_messageReference::rowsNameTheMessageThatIsShown()
+{
+    for (const CodeRow& row : codeRows()) {
+        const DBCError error(static_cast<DBCResultCode>(row.code));
+        QVERIFY2(namesMessage(row.import, DBCMessage::messageForImportError(error).number),
+            qPrintable(QString::number(row.code)));
+        QVERIFY2(namesMessage(row.exported, DBCMessage::messageForExportError(error).number),
+            qPrintable(QString::number(row.code)));
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_messageReference)
+#include "tst_messageReference.moc"
