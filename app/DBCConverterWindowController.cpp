@@ -62,8 +62,8 @@ DBCConverterWindowController::DBCConverterWindowController(
     _dataPathHint = std::make_unique<DBCPathHint>(*_ui->_dataPathTextField, *_ui->dataPathReason);
     _vmdbPathHint = std::make_unique<DBCPathHint>(*_ui->_vmdbPathTextField, *_ui->vmdbPathReason);
     // Fields that begin and end at the same places, whatever the buttons are called.
-    const int width = std::max(_ui->_dataPathSelectionBtn->sizeHint().width(),
-        _ui->_vmdbPathSelectionBtn->sizeHint().width());
+    const int width = std::max({_ui->_dataPathSelectionBtn->sizeHint().width(),
+        _ui->_vmdbPathSelectionBtn->sizeHint().width(), _ui->backupsBtn->sizeHint().width()});
     _ui->_dataPathSelectionBtn->setMinimumWidth(width);
     _ui->_vmdbPathSelectionBtn->setMinimumWidth(width);
     _connectControls();
@@ -83,6 +83,8 @@ void DBCConverterWindowController::_connectControls()
     };
     onClick(_ui->_dataPathSelectionBtn, &Self::selectDataFilePathAction);
     onClick(_ui->_vmdbPathSelectionBtn, &Self::selectDBFilePathAction);
+    onClick(_ui->backupsBtn, &Self::backupsAction);
+    onClick(_ui->checkBtn, &Self::checkAction);
     onClick(_ui->_openLogBtn, &Self::readLogAction);
     onClick(_ui->_return2MainWindowBtn, &Self::return2MainWndAction);
     onClick(_ui->_closeBtn, &Self::quitBtnAction);
@@ -113,8 +115,8 @@ void DBCConverterWindowController::_initConverterWindow()
     _setOpenLogBtnStatus();
     _ui->_dataPathTextField->clear();
     _ui->_vmdbPathTextField->clear();
-    for (QLabel* const reason : {_ui->dataPathReason, _ui->vmdbPathReason})
-        reserveLines(*reason, 1);
+    reserveLines(*_ui->dataPathReason, 1);
+    reserveLines(*_ui->vmdbPathReason, 2);
     reserveLines(*_ui->currentCard, 1);
     reserveLines(*_ui->_messageArea, linesOfMessageArea);
     _initMsgAndProgressBar();
@@ -132,6 +134,7 @@ void DBCConverterWindowController::_showOperationTexts()
     _ui->_dataPathTitleTextField->setText(texts.dataPathLabel.text());
     _ui->_vmdbPathTitleTextField->setText(texts.databasePathLabel.text());
     _restoreToConvertBtn();
+    _ui->checkBtn->setVisible(_isImport());
     _dataPathHint->setSubject(
         _isImport() ? DBCPathHint::Subject::InterchangeFolder : DBCPathHint::Subject::ExportParent);
     _vmdbPathHint->setSubject(DBCPathHint::Subject::CardDatabase);
@@ -151,14 +154,13 @@ void DBCConverterWindowController::_orderPathBoxes()
     area->insertWidget(upperPlace, upper);
     area->insertWidget(lowerPlace, lower);
 
-    const std::array<QWidget*, 2> data {_ui->_dataPathTextField, _ui->_dataPathSelectionBtn};
-    const std::array<QWidget*, 2> database {_ui->_vmdbPathTextField, _ui->_vmdbPathSelectionBtn};
-    const auto& first = _isImport() ? data : database;
-    const auto& second = _isImport() ? database : data;
-    const std::array<QWidget*, 10> order {first[0], first[1], second[0], second[1],
-        _ui->_messageArea, _ui->_openLogBtn, _ui->openReportBtn, _ui->_return2MainWindowBtn,
-        _ui->_closeBtn, _ui->_convertBtn};
-    for (std::size_t i = 1; i < order.size(); ++i)
+    const QList<QWidget*> data {_ui->_dataPathTextField, _ui->_dataPathSelectionBtn};
+    const QList<QWidget*> database {
+        _ui->_vmdbPathTextField, _ui->_vmdbPathSelectionBtn, _ui->backupsBtn};
+    const QList<QWidget*> others {_ui->_messageArea, _ui->_openLogBtn, _ui->openReportBtn,
+        _ui->_return2MainWindowBtn, _ui->_closeBtn, _ui->checkBtn, _ui->_convertBtn};
+    const QList<QWidget*> order = (_isImport() ? data + database : database + data) + others;
+    for (qsizetype i = 1; i < order.size(); ++i)
         QWidget::setTabOrder(order.at(i - 1), order.at(i));
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The converter screen: the two paths, the checks before an operation, its start, and the display
-// of the running operation. One object lives as long as the window and serves every operation.
+// The converter screen: the two paths, the checks before an operation, its start, the display of
+// the running operation, and the way to the check of a folder and to the backups. One object lives
+// as long as the window and serves every operation.
 #pragma once
 
 #include "app/DBCDesktopNotification.h"
@@ -17,6 +18,8 @@
 #include <array>
 #include <memory>
 
+class DBCBackupsDialog;
+class DBCCheckDialog;
 class DBCMainWindowController;
 struct DBCConverterWindowTexts;
 class QAction;
@@ -42,6 +45,8 @@ public:
     void selectDBFilePathAction();
     void convertAction();
     void cancelConverting();
+    void checkAction();
+    void backupsAction();
     void readLogAction();
     void return2MainWndAction();
     void quitBtnAction();
@@ -63,9 +68,11 @@ public:
     void setLogFilePath(const QString& path) { _logPathString = path; }
 
     bool isRunning() const { return _isOperationRunning; }
+    // Whether a card database is being changed, be it by an operation or from the list of backups.
+    bool isBusy() const;
     void explainWhyItStaysOpen() const;
-    // For a program that is asked to end: cancels a running operation without asking and closes the
-    // window when the card database is whole again.
+    // For a program that is asked to end: cancels a running operation without asking, lets a backup
+    // be restored to its end, and closes the window when the card database is whole again.
     void endSoon();
     // The same for a program that ends when this returns. Needs no event loop.
     void windDown();
@@ -101,6 +108,7 @@ private:
     void _setBtnStatus();
     void _disenableAllButtons();
     std::array<QWidget*, 9> _controlsBesidesConvert() const;
+    void _setToolBtnStatus();
     void _disenableMenuItem();
     void _enableMenuItem();
     void _enableWindowsCloseBtnWith(bool flag);
@@ -108,6 +116,10 @@ private:
     void _setToCanelBtn();
     void _restoreToConvertBtn();
     void _updateStatusAfterProcessBY(bool isStopped, bool AndBy);
+
+    // --- backups ---
+    void _backupChangeWillBegin();
+    void _backupChangeDidEnd(bool isRestored);
 
     // --- the progress area ---
     void _initMsgAndProgressBar();
@@ -146,6 +158,8 @@ private:
     std::unique_ptr<DBCPathHint> _dataPathHint;
     std::unique_ptr<DBCPathHint> _vmdbPathHint;
     DBCWindowPresenter _presenter;
+    DBCCheckDialog* _checkDialog = nullptr; // owned by the window, made when it is wanted
+    DBCBackupsDialog* _backupsDialog = nullptr; // the same
 
     OperationType _operationType = OperationType::None;
     QString _logPathString;

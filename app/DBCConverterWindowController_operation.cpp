@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // From the checks before an operation to its start, and its end when the program must end.
+#include "app/DBCBackupsDialog.h"
 #include "app/DBCConverterWindowController.h"
 #include "app/DBCMainWindowController.h"
 #include "app/DBCPaths.h"
@@ -74,17 +75,20 @@ void DBCConverterWindowController::_startOperation()
 void DBCConverterWindowController::endSoon()
 {
     _presenter.leaveUnattended();
-    if (!isRunning()) {
+    if (!isBusy()) {
         _mainWndCtrl.close();
         return;
     }
     _isEnding = true;
-    _ctrlDBCConverterController->setConfirmCancelOperation(true);
+    if (isRunning())
+        _ctrlDBCConverterController->setConfirmCancelOperation(true);
 }
 
 void DBCConverterWindowController::windDown()
 {
     _presenter.leaveUnattended();
+    if (_backupsDialog)
+        _backupsDialog->waitUntilChanged();
     // An event is handled further down the stack and asks whether to quit: everything is on the
     // disk by then, and the operation could not go on before this returns.
     if (!_operationThread || _isReacting)

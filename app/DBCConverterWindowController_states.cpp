@@ -18,6 +18,13 @@ void DBCConverterWindowController::_setBtnStatus()
 {
     _ui->_convertBtn->setEnabled(
         !_ui->_dataPathTextField->text().isEmpty() && !_ui->_vmdbPathTextField->text().isEmpty());
+    _setToolBtnStatus();
+}
+
+void DBCConverterWindowController::_setToolBtnStatus()
+{
+    _ui->checkBtn->setEnabled(!_ui->_dataPathTextField->text().isEmpty());
+    _ui->backupsBtn->setEnabled(!_ui->_vmdbPathTextField->text().isEmpty());
 }
 
 std::array<QWidget*, 9> DBCConverterWindowController::_controlsBesidesConvert() const
@@ -32,6 +39,8 @@ void DBCConverterWindowController::_disenableAllButtons()
     _ui->_convertBtn->setEnabled(false);
     for (QWidget* const control : _controlsBesidesConvert())
         control->setEnabled(false);
+    _ui->checkBtn->setEnabled(false);
+    _ui->backupsBtn->setEnabled(false);
 }
 
 void DBCConverterWindowController::_disenableMenuItem()
@@ -72,6 +81,7 @@ void DBCConverterWindowController::_updateStatusAfterProcessBY(bool isStopped, b
 {
     for (QWidget* const control : _controlsBesidesConvert())
         control->setEnabled(true);
+    _setToolBtnStatus();
     const bool isDone = !isStopped && AndBy;
     if (isDone)
         _ui->_convertBtn->setEnabled(false);

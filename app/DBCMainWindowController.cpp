@@ -53,7 +53,7 @@ DBCMainWindowController::DBCMainWindowController()
                 &QShortcut::activated, _ui->continueBtn, &QPushButton::click);
     }
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this,
-        &DBCMainWindowController::refuseLogoutWhileRunning, Qt::DirectConnection);
+        &DBCMainWindowController::refuseLogoutWhileBusy, Qt::DirectConnection);
     makeMenu();
     setAcceptDrops(true);
     _converterWndCtrl = std::make_unique<DBCConverterWindowController>(*this, *_menuItemTerminate);
@@ -136,9 +136,9 @@ void DBCMainWindowController::windowWillClose()
 }
 
 // The session's end would kill the operation halfway; the user is told to wait or to cancel.
-void DBCMainWindowController::refuseLogoutWhileRunning(QSessionManager& manager)
+void DBCMainWindowController::refuseLogoutWhileBusy(QSessionManager& manager)
 {
-    if (_converterWndCtrl->isRunning())
+    if (_converterWndCtrl->isBusy())
         manager.cancel();
 }
 

@@ -48,7 +48,7 @@ private:
     void awakeFromNib();
     void windowWillClose();
     void makeMenu();
-    void refuseLogoutWhileRunning(QSessionManager& manager);
+    void refuseLogoutWhileBusy(QSessionManager& manager);
 
     std::unique_ptr<Ui::DBCOperationView> _ui;
     QWidget* _operationView; // owned by the window

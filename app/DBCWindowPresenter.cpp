@@ -60,7 +60,7 @@ private:
 };
 
 DBCWindowPresenter::DBCWindowPresenter(QWidget& window)
-    : _window(window)
+    : _window(&window)
 {
     DBCMessage::setPresenter(this);
 }
@@ -115,7 +115,7 @@ std::unique_ptr<QMessageBox> DBCWindowPresenter::makeErrorBox(
     const QString& title, const QString& text)
 {
     auto box = std::make_unique<QMessageBox>(
-        QMessageBox::Warning, title, text, QMessageBox::NoButton, &_window);
+        QMessageBox::Warning, title, text, QMessageBox::NoButton, _window);
     box->setTextFormat(Qt::PlainText);
     box->addButton(DBCMessage::btnLableString(DBCButton::OK), QMessageBox::AcceptRole);
     return box;
@@ -124,7 +124,7 @@ std::unique_ptr<QMessageBox> DBCWindowPresenter::makeErrorBox(
 std::unique_ptr<QMessageBox> DBCWindowPresenter::makeQuestionBox(const DBCQuestion& question)
 {
     auto box = std::make_unique<QMessageBox>(
-        QMessageBox::Question, question.title, question.text, QMessageBox::NoButton, &_window);
+        QMessageBox::Question, question.title, question.text, QMessageBox::NoButton, _window);
     box->setTextFormat(Qt::PlainText);
     box->setDefaultButton(box->addButton(question.defaultButton, defaultRole));
     box->setEscapeButton(box->addButton(question.alternateButton, alternateRole));
@@ -138,7 +138,7 @@ void DBCWindowPresenter::openSheet(
 {
     QMessageBox* const sheet = box.release();
     sheet->setAttribute(Qt::WA_DeleteOnClose);
-    QObject::connect(sheet, &QMessageBox::finished, &_window, ended);
+    QObject::connect(sheet, &QMessageBox::finished, _window, ended);
     sheet->open();
 }
 

@@ -27,6 +27,10 @@ public:
         const std::function<void(DBCAnswer)>& ended,
         const std::function<void()>& dismissed) override;
 
+    // Boxes come over another window, which gets the focus back behind them. Not owned; outlives
+    // this object.
+    void showOver(QWidget& window) { _window = &window; }
+
     // From now on nobody sees the window: an open box is closed, whether to cancel is answered with
     // yes, every other question with its alternate button, and errors go to the log alone.
     void leaveUnattended();
@@ -44,7 +48,7 @@ private:
     // absent user.
     DBCAnswer answerOn(DBCAnswer unattended, const std::function<DBCAnswer()>& show);
 
-    QWidget& _window;
+    QWidget* _window;
     QPointer<QMessageBox> _openBox;
     std::mutex _mutex; // of what follows, which the operation's thread uses, too
     bool _isUnattended = false;

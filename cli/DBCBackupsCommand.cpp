@@ -32,7 +32,7 @@ DBCCommandResult listBackups(const QString& package, DBCReporter& reporter)
     }
     reporter.backups(list.backups);
     const auto count = static_cast<qint64>(list.backups.size());
-    return {.summary = {text("IDS_CLI_BACKUPS", {package, count})}};
+    return {.summary = {text("IDS_BACKUP_COUNT", {package, count})}};
 }
 
 // What went wrong has been logged, and an error that is logged is shown.
@@ -41,7 +41,7 @@ DBCCommandResult resultOf(const DBCBackupChange::Result& change, QStringList sum
     switch (change.outcome) {
     case DBCBackupChange::Outcome::Done:
         if (!change.keptPackage.isEmpty())
-            summary << text("IDS_CLI_BACKUP_KEPT", {change.keptPackage});
+            summary << text("IDS_BACKUP_KEPT", {change.keptPackage});
         return {.backupPath = change.keptPackage, .summary = summary};
     case DBCBackupChange::Outcome::NotConfirmed:
     case DBCBackupChange::Outcome::Refused:
@@ -62,10 +62,9 @@ DBCCommandResult keepBackups(const DBCRequest& request, DBCReporter& reporter)
     if (const QString& name = request.backupToRestore; !name.isEmpty()) {
         const auto change = restoreChosenBackup(
             package, name, [&](const DBCEvent& event) { reporter.event(event); });
-        return resultOf(change, {text("IDS_CLI_BACKUP_RESTORED", {package, name})});
+        return resultOf(change, {text("IDS_BACKUP_RESTORED", {package, name})});
     }
     if (const QString& name = request.backupToDelete; !name.isEmpty())
-        return resultOf(
-            deleteChosenBackup(package, name), {text("IDS_CLI_BACKUP_DELETED", {name})});
+        return resultOf(deleteChosenBackup(package, name), {text("IDS_BACKUP_DELETED", {name})});
     return listBackups(package, reporter);
 }

@@ -27,8 +27,8 @@ DBCCommandResult resultOf(const DBCFindings& findings, const QString& path, DBCR
         return result;
     }
     result.exitCode = count == 0 ? DBCExitCode::Done : DBCExitCode::DoneWithWarnings;
-    result.summary << (count == 0 ? text("IDS_CLI_NO_PROBLEMS", {path})
-                                  : text("IDS_CLI_PROBLEMS", {path, count}));
+    result.summary << (count == 0 ? text("IDS_CHECK_NO_PROBLEMS", {path})
+                                  : text("IDS_CHECK_PROBLEMS", {path, count}));
     return result;
 }
 
@@ -43,7 +43,7 @@ DBCCommandResult checkFolder(const DBCRequest& request, DBCReporter& reporter)
     result.finishedCount = report.cardCount;
     if (!report.findings.couldNotLook) {
         result.bytesNeeded = report.bytesNeeded;
-        result.summary << text("IDS_CLI_CHECKED",
+        result.summary << text("IDS_CHECK_CARDS_AND_SPACE",
             {report.cardCount,
                 DBCLocalizable::locale().formattedDataSize(
                     static_cast<qint64>(report.bytesNeeded))});

@@ -90,10 +90,15 @@ std::optional<std::vector<DBCRecord>> DBCFileReader::loadData(DBCError* error)
         return std::nullopt;
 
     std::vector<DBCRecord> records;
-    handOutRecords([&records](DBCRecord record) { records.push_back(std::move(record)); },
+    handOutRecords(
+        Lengths::Logged,
+        [&records](DBCRecord record) {
+            records.push_back(std::move(record));
+            return Reading::GoOn;
+        },
         [error](const DBCError& lineError) {
             *error = lineError;
-            return AfterError::Stop;
+            return Reading::Stop;
         });
     if (_isAtEnd())
         _cleanBuffer(); // the records hold copies, and the text is as large as the file
@@ -111,18 +116,20 @@ void DBCFileReader::readRecords(const RecordHandler& onRecord, const ErrorHandle
     if (const DBCError error = DBCError::ifFailure(_parseAll()))
         onError(error);
     else
-        handOutRecords(onRecord, onError);
+        handOutRecords(Lengths::Ignored, onRecord, onError);
 }
 
-void DBCFileReader::handOutRecords(const RecordHandler& onRecord, const ErrorHandler& onError)
+void DBCFileReader::handOutRecords(
+    Lengths lengths, const RecordHandler& onRecord, const ErrorHandler& onError)
 {
-    while (!_isAtEnd()) {
+    Reading reading = Reading::GoOn;
+    while (reading == Reading::GoOn && !_isAtEnd()) {
         DBCError error;
-        if (auto record = getNextRecordCopy(&error)) {
-            onRecord(std::move(*record));
+        if (auto record = nextRecord(lengths, &error)) {
+            reading = onRecord(std::move(*record));
         } else if (error) {
-            const bool isOver = error.code() != DBCResultCode::DataLineFormatError;
-            if (onError(error) == AfterError::Stop || isOver)
+            reading = onError(error);
+            if (error.code() != DBCResultCode::DataLineFormatError)
                 return;
         }
     }
@@ -130,10 +137,15 @@ void DBCFileReader::handOutRecords(const RecordHandler& onRecord, const ErrorHan
 
 std::optional<DBCRecord> DBCFileReader::getNextRecordCopy(DBCError* error)
 {
+    return nextRecord(Lengths::Logged, error);
+}
+
+std::optional<DBCRecord> DBCFileReader::nextRecord(Lengths lengths, DBCError* error)
+{
     std::optional<DBCRecord> record;
     DBCError failure;
     try {
-        failure = readNextRecord(&record);
+        failure = readNextRecord(lengths, &record);
     } catch (const std::exception& exception) {
         logException(exception);
         failure = DBCError(DBCResultCode::InternalException)
@@ -146,7 +158,7 @@ std::optional<DBCRecord> DBCFileReader::getNextRecordCopy(DBCError* error)
     return record;
 }
 
-DBCError DBCFileReader::readNextRecord(std::optional<DBCRecord>* record)
+DBCError DBCFileReader::readNextRecord(Lengths lengths, std::optional<DBCRecord>* record)
 {
     if (const DBCResultCode status = open(); isFailure(status)) {
         return DBCError(status).withDescription(
@@ -163,7 +175,8 @@ DBCError DBCFileReader::readNextRecord(std::optional<DBCRecord>* record)
     *record = _newRecord(items);
     if (!*record)
         return dataLineError(*line, items.size());
-    _validateAllItemLength(**record);
+    if (lengths == Lengths::Logged)
+        _validateAllItemLength(**record);
     _increaseRecordNo();
     return {};
 }

@@ -49,13 +49,15 @@ public:
     // hides it. A reader loads once; close() it to load again.
     virtual std::optional<std::vector<DBCRecord>> loadData(DBCError* error);
 
-    enum class AfterError : bool { Stop, GoOn };
-    using RecordHandler = std::function<void(DBCRecord record)>;
-    using ErrorHandler = std::function<AfterError(const DBCError& error)>;
+    enum class Reading : bool { Stop, GoOn };
+    using RecordHandler = std::function<Reading(DBCRecord record)>;
+    using ErrorHandler = std::function<Reading(const DBCError& error)>;
     // The same for callers that want every problem: hands over each record and each error as it
-    // comes. After a data line with a wrong number of items the reading goes on when onError says
-    // so; every other error ends it.
+    // comes, and goes on as long as they say so. Every error but that of a data line with a wrong
+    // number of items ends it. Items that are too long are left to the caller, and not logged.
     void readRecords(const RecordHandler& onRecord, const ErrorHandler& onError);
+    // Lines of the file; known as soon as readRecords() hands something over.
+    qint64 lineCount() const { return _lineBufferArray.size(); }
 
     // The next record; none at the end, for a blank line (no error) and on error. error may be null
     // and is cleared when there is none. Title and data line errors carry their line number, and
@@ -95,8 +97,11 @@ private:
     QList<QStringView> _parseLineWithTab(QStringView line) const; // empty for an empty line
 
     // Lines into records.
-    void handOutRecords(const RecordHandler& onRecord, const ErrorHandler& onError);
-    DBCError readNextRecord(std::optional<DBCRecord>* record);
+    enum class Lengths : bool { Ignored, Logged }; // of items
+    void handOutRecords(
+        Lengths lengths, const RecordHandler& onRecord, const ErrorHandler& onError);
+    std::optional<DBCRecord> nextRecord(Lengths lengths, DBCError* error);
+    DBCError readNextRecord(Lengths lengths, std::optional<DBCRecord>* record);
     QString readTitleLine();
     bool _validateItemRequired() const;
     void findColumns();

@@ -83,20 +83,22 @@ bool isJpeg(const QString& path)
 
 } // namespace
 
-DBCFolderReport DBCFolderInspector::inspect(const QString& folder)
+DBCFolderReport DBCFolderInspector::inspect(const QString& folder, const Progress& progress)
 {
-    DBCFolderInspector inspector(folder);
+    DBCFolderInspector inspector(folder, progress);
     inspector._report.findings.couldNotLook = inspector.reasonNotToLook();
     if (!inspector._report.findings.couldNotLook) {
         inspector.checkVersion();
         inspector.measure();
-        inspector.checkDataFile();
+        if (inspector.look(0, 0) == Looking::GoOn)
+            inspector.checkDataFile();
     }
     return std::move(inspector._report);
 }
 
-DBCFolderInspector::DBCFolderInspector(const QString& folder)
+DBCFolderInspector::DBCFolderInspector(const QString& folder, const Progress& progress)
     : _folder(folder)
+    , _progress(progress)
 {
 }
 
@@ -151,18 +153,31 @@ void DBCFolderInspector::readDataFile(const QString& path)
 {
     const auto reader = DBCFileReader::initWithFullFileName(path);
     bool hasFailed = false;
+    const auto next = [&] {
+        const auto line = static_cast<qint64>(reader->lineNo());
+        return look(line, reader->lineCount()) == Looking::GoOn ? DBCFileReader::Reading::GoOn
+                                                                : DBCFileReader::Reading::Stop;
+    };
     reader->readRecords(
-        [this](const DBCRecord& record) {
+        [&](const DBCRecord& record) {
             ++_report.cardCount;
             checkRecord(record);
+            return next();
         },
         [&](const DBCError& error) {
             hasFailed = true;
             checkReaderError(error, *reader, path);
-            return DBCFileReader::AfterError::GoOn;
+            return next();
         });
     if (_report.cardCount == 0 && !hasFailed)
         report(path, "IDS_CHECK_DATA_FILE_EMPTY", {path});
+}
+
+DBCFolderInspector::Looking DBCFolderInspector::look(qint64 finished, qint64 max)
+{
+    const Looking next = _progress ? _progress(finished, max) : Looking::GoOn;
+    _report.wasStopped = next == Looking::Stop;
+    return next;
 }
 
 void DBCFolderInspector::checkReaderError(

@@ -9,10 +9,25 @@
         <extracomment>In the list of backups. %L1: count.</extracomment>
         <translation>Cards: %L1</translation>
     </message>
+    <message id="IDS_BACKUP_COUNT">
+        <source>Backups of the card database [%1]: %L2</source>
+        <extracomment>%1: path. %L2: count.</extracomment>
+        <translation>Backups of the card database [%1]: %L2</translation>
+    </message>
+    <message id="IDS_BACKUP_DAMAGE">
+        <source>This backup cannot be restored. %1</source>
+        <extracomment>Of a backup that has been chosen from the list. %1: what is wrong, a sentence.</extracomment>
+        <translation>This backup cannot be restored. %1</translation>
+    </message>
     <message id="IDS_BACKUP_DAMAGED">
         <source>The backup [%1] cannot be restored, so nothing was changed. %2</source>
         <extracomment>%1: path. %2: what is wrong, a sentence.</extracomment>
         <translation>The backup [%1] cannot be restored, so nothing was changed. %2</translation>
+    </message>
+    <message id="IDS_BACKUP_DELETED">
+        <source>The backup [%1] has been deleted.</source>
+        <extracomment>%1: name.</extracomment>
+        <translation>The backup [%1] has been deleted.</translation>
     </message>
     <message id="IDS_BACKUP_FOLDER_READ_ONLY">
         <source>The folder [%1] cannot be written to, so nothing was changed. Check its access rights, then try again.</source>
@@ -24,10 +39,23 @@
         <extracomment>%1: path of a card database or of a backup.</extracomment>
         <translation>[%1] is in use by another program, so nothing was changed. Quit that program or wait until it has ended, then try again.</translation>
     </message>
+    <message id="IDS_BACKUP_KEPT">
+        <source>Backup of the card database as it was before the restore: [%1]</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>Backup of the card database as it was before the restore: [%1]</translation>
+    </message>
     <message id="IDS_BACKUP_LAST">
         <source>The backup [%1] was not deleted: the card database [%2] is damaged or missing, and no other backup of it is whole. Restore this backup, or copy it to another place first.</source>
         <extracomment>%1, %2: paths.</extracomment>
         <translation>The backup [%1] was not deleted: the card database [%2] is damaged or missing, and no other backup of it is whole. Restore this backup, or copy it to another place first.</translation>
+    </message>
+    <message id="IDS_BACKUP_LISTING">
+        <source>Looking at the backups…</source>
+        <translation>Looking at the backups…</translation>
+    </message>
+    <message id="IDS_BACKUP_NONE">
+        <source>There are no backups of this card database. An import makes one before it changes anything.</source>
+        <translation>There are no backups of this card database. An import makes one before it changes anything.</translation>
     </message>
     <message id="IDS_BACKUP_NOT_DELETED">
         <source>The backup [%1] could not be deleted. Check its access rights and those of everything in it, then try again.</source>
@@ -59,6 +87,16 @@
         <extracomment>%1, %2: paths.</extracomment>
         <translation>The backup [%1] could not be restored. The card database [%2] is as it was before. Check the access rights and the free space of its folder, then try again.</translation>
     </message>
+    <message id="IDS_BACKUP_READING">
+        <source>The backup [%1] is being looked at.</source>
+        <extracomment>%1: name.</extracomment>
+        <translation>The backup [%1] is being looked at.</translation>
+    </message>
+    <message id="IDS_BACKUP_RESTORED">
+        <source>The card database [%1] is as it is in the backup [%2], which stays where it is.</source>
+        <extracomment>%1: path. %2: name.</extracomment>
+        <translation>The card database [%1] is as it is in the backup [%2], which stays where it is.</translation>
+    </message>
     <message id="IDS_BACKUP_RESTORE_FAILED">
         <source>The backup [%1] could not be restored, and the card database [%2] may be incomplete. The backup is whole. Check the access rights and the free space of the folder, then try again: you will be asked whether to restore it.</source>
         <extracomment>%1, %2: paths.</extracomment>
@@ -74,10 +112,23 @@
         <extracomment>%1: path. %2: path inside it.</extracomment>
         <translation>The backup [%1] cannot be read to its end, so nothing was changed. This part of it is damaged, or you may not read it: [%2]</translation>
     </message>
+    <message id="IDS_BUTTON_BACKUPS">
+        <source>Back&amp;ups…</source>
+        <translation>Back&amp;ups…</translation>
+    </message>
     <message id="IDS_BUTTON_CANCEL">
         <source>C&amp;ancel</source>
         <extracomment>The same button while an operation runs.</extracomment>
         <translation>C&amp;ancel</translation>
+    </message>
+    <message id="IDS_BUTTON_CHECK">
+        <source>Chec&amp;k</source>
+        <translation>Chec&amp;k</translation>
+    </message>
+    <message id="IDS_BUTTON_CHECK_AGAIN">
+        <source>Check A&amp;gain</source>
+        <extracomment>In the window with the problems of an interchange folder.</extracomment>
+        <translation>Check A&amp;gain</translation>
     </message>
     <message id="IDS_BUTTON_CHOOSE_DATABASE">
         <source>Choose Databa&amp;se…</source>
@@ -99,10 +150,28 @@
         <extracomment>Choice of the first screen.</extracomment>
         <translation>&amp;Import cards</translation>
     </message>
+    <message id="IDS_BUTTON_CLOSE">
+        <source>&amp;Close</source>
+        <translation>&amp;Close</translation>
+    </message>
     <message id="IDS_BUTTON_CONTINUE">
         <source>&amp;Continue</source>
         <extracomment>Goes from the first screen to the second.</extracomment>
         <translation>&amp;Continue</translation>
+    </message>
+    <message id="IDS_BUTTON_COPY">
+        <source>Copy</source>
+        <extracomment>In the menu of a list of problems.</extracomment>
+        <translation>Copy</translation>
+    </message>
+    <message id="IDS_BUTTON_COPY_ALL">
+        <source>Copy &amp;All</source>
+        <extracomment>Copies a list of problems.</extracomment>
+        <translation>Copy &amp;All</translation>
+    </message>
+    <message id="IDS_BUTTON_DELETE_BACKUP">
+        <source>&amp;Delete…</source>
+        <translation>&amp;Delete…</translation>
     </message>
     <message id="IDS_BUTTON_EXPORT">
         <source>&amp;Export</source>
@@ -147,15 +216,34 @@
         <source>&amp;Quit</source>
         <translation>&amp;Quit</translation>
     </message>
+    <message id="IDS_BUTTON_RESTORE_BACKUP">
+        <source>&amp;Restore…</source>
+        <translation>&amp;Restore…</translation>
+    </message>
     <message id="IDS_BUTTON_RETURN">
         <source>&amp;Back</source>
         <extracomment>Goes back to the first screen.</extracomment>
         <translation>&amp;Back</translation>
     </message>
+    <message id="IDS_BUTTON_SAVE_LIST">
+        <source>&amp;Save…</source>
+        <extracomment>Saves a list of problems.</extracomment>
+        <translation>&amp;Save…</translation>
+    </message>
+    <message id="IDS_BUTTON_STOP_CHECK">
+        <source>S&amp;top</source>
+        <extracomment>While an interchange folder is checked.</extracomment>
+        <translation>S&amp;top</translation>
+    </message>
     <message id="IDS_CHECK_ATTACHMENT_FOLDER_MISSING">
         <source>Line %1 [%2]: the attachment folder [%3] does not exist, and an import would stop there. Check the name in the data file, or put the folder in this place.</source>
         <extracomment>%1: line of the data file. %2: full name on the card. %3: path.</extracomment>
         <translation>Line %1 [%2]: the attachment folder [%3] does not exist, and an import would stop there. Check the name in the data file, or put the folder in this place.</translation>
+    </message>
+    <message id="IDS_CHECK_CARDS_AND_SPACE">
+        <source>Cards in the data file: %L1. Free space that an import needs: %2.</source>
+        <extracomment>%L1: count. %2: size with its unit.</extracomment>
+        <translation>Cards in the data file: %L1. Free space that an import needs: %2.</translation>
     </message>
     <message id="IDS_CHECK_DATA_FILE_EMPTY">
         <source>The data file [%1] holds no cards. It needs the title line and at least one line for a card.</source>
@@ -202,10 +290,34 @@
         <extracomment>%1: line of the data file. %2: full name on the card. %3: path.</extracomment>
         <translation>Line %1 [%2]: [%3] is no JPEG image, so the card would be imported without images. Save it as a JPEG file.</translation>
     </message>
+    <message id="IDS_CHECK_LINES">
+        <source>Line %L1 of %L2</source>
+        <extracomment>%L1, %L2: numbers of lines.</extracomment>
+        <translation>Line %L1 of %L2</translation>
+    </message>
+    <message id="IDS_CHECK_NO_PROBLEMS">
+        <source>No problems were found in [%1].</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>No problems were found in [%1].</translation>
+    </message>
+    <message id="IDS_CHECK_PROBLEMS">
+        <source>Problems found in [%1]: %L2.</source>
+        <extracomment>%1: path. %L2: count.</extracomment>
+        <translation>Problems found in [%1]: %L2.</translation>
+    </message>
+    <message id="IDS_CHECK_RUNNING">
+        <source>Checking the interchange folder [%1]…</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>Checking the interchange folder [%1]…</translation>
+    </message>
     <message id="IDS_CHECK_SIZE">
         <source>The size of [%1] could not be measured. Check that you may read everything in it.</source>
         <extracomment>%1: path.</extracomment>
         <translation>The size of [%1] could not be measured. Check that you may read everything in it.</translation>
+    </message>
+    <message id="IDS_CHECK_STOPPED">
+        <source>The check was stopped, so there may be further problems.</source>
+        <translation>The check was stopped, so there may be further problems.</translation>
     </message>
     <message id="IDS_CHECK_VERSION_MISSING">
         <source>[%1] is missing, or it is no UTF-16 text, so the folder cannot be imported. Choose an interchange folder of version %2, or put the file of such a folder in this place.</source>
@@ -226,31 +338,6 @@
         <source>Backup of the card database as it was before: [%1]</source>
         <extracomment>%1: path.</extracomment>
         <translation>Backup of the card database as it was before: [%1]</translation>
-    </message>
-    <message id="IDS_CLI_BACKUPS">
-        <source>Backups of the card database [%1]: %L2</source>
-        <extracomment>%1: path. %L2: count.</extracomment>
-        <translation>Backups of the card database [%1]: %L2</translation>
-    </message>
-    <message id="IDS_CLI_BACKUP_DELETED">
-        <source>The backup [%1] has been deleted.</source>
-        <extracomment>%1: name.</extracomment>
-        <translation>The backup [%1] has been deleted.</translation>
-    </message>
-    <message id="IDS_CLI_BACKUP_KEPT">
-        <source>Backup of the card database as it was before the restore: [%1]</source>
-        <extracomment>%1: path.</extracomment>
-        <translation>Backup of the card database as it was before the restore: [%1]</translation>
-    </message>
-    <message id="IDS_CLI_BACKUP_RESTORED">
-        <source>The card database [%1] is as it is in the backup [%2], which stays where it is.</source>
-        <extracomment>%1: path. %2: name.</extracomment>
-        <translation>The card database [%1] is as it is in the backup [%2], which stays where it is.</translation>
-    </message>
-    <message id="IDS_CLI_CHECKED">
-        <source>Cards in the data file: %L1. Free space that an import needs: %2.</source>
-        <extracomment>%L1: count. %2: size with its unit.</extracomment>
-        <translation>Cards in the data file: %L1. Free space that an import needs: %2.</translation>
     </message>
     <message id="IDS_CLI_CREATED">
         <source>An empty card database was made: [%1]</source>
@@ -392,16 +479,6 @@
         <source>No log could be written at [%1], so warnings are not counted. Check that you may write there.</source>
         <extracomment>%1: path.</extracomment>
         <translation>No log could be written at [%1], so warnings are not counted. Check that you may write there.</translation>
-    </message>
-    <message id="IDS_CLI_NO_PROBLEMS">
-        <source>No problems were found in [%1].</source>
-        <extracomment>%1: path.</extracomment>
-        <translation>No problems were found in [%1].</translation>
-    </message>
-    <message id="IDS_CLI_PROBLEMS">
-        <source>Problems found in [%1]: %L2.</source>
-        <extracomment>%1: path. %L2: count.</extracomment>
-        <translation>Problems found in [%1]: %L2.</translation>
     </message>
     <message id="IDS_CLI_PROGRESS">
         <source>%1 (%L2 of %L3)</source>
@@ -597,6 +674,16 @@
         <extracomment>Name on disk, the same in every language. Changing it makes older folders unreadable.</extracomment>
         <translation>名刺画像</translation>
     </message>
+    <message id="IDS_LABEL_BACKUPS">
+        <source>Shows the backups of this card database, to restore or to delete them.</source>
+        <extracomment>What the Backups button does.</extracomment>
+        <translation>Shows the backups of this card database, to restore or to delete them.</translation>
+    </message>
+    <message id="IDS_LABEL_CHECK">
+        <source>Lists every problem of the interchange folder, and changes nothing.</source>
+        <extracomment>What the Check button does.</extracomment>
+        <translation>Lists every problem of the interchange folder, and changes nothing.</translation>
+    </message>
     <message id="IDS_LABEL_CHOICE">
         <source>What would you like to do?</source>
         <extracomment>Title of the first screen.</extracomment>
@@ -614,6 +701,41 @@
         <source>The card database is still being worked on. Cancel first, or wait for the end.</source>
         <extracomment>Says why the window does not close.</extracomment>
         <translation>The card database is still being worked on. Cancel first, or wait for the end.</translation>
+    </message>
+    <message id="IDS_LABEL_COLUMN_CARDS">
+        <source>Cards</source>
+        <extracomment>Heading of a column: number of cards.</extracomment>
+        <translation>Cards</translation>
+    </message>
+    <message id="IDS_LABEL_COLUMN_FILE">
+        <source>File</source>
+        <extracomment>Heading of a column: files or folders.</extracomment>
+        <translation>File</translation>
+    </message>
+    <message id="IDS_LABEL_COLUMN_LINE">
+        <source>Line</source>
+        <extracomment>Heading of a column: lines of the data file.</extracomment>
+        <translation>Line</translation>
+    </message>
+    <message id="IDS_LABEL_COLUMN_MADE">
+        <source>Made</source>
+        <extracomment>Heading of a column: when backups were made.</extracomment>
+        <translation>Made</translation>
+    </message>
+    <message id="IDS_LABEL_COLUMN_NAME">
+        <source>Name</source>
+        <extracomment>Heading of a column: names of backups.</extracomment>
+        <translation>Name</translation>
+    </message>
+    <message id="IDS_LABEL_COLUMN_PROBLEM">
+        <source>Problem</source>
+        <extracomment>Heading of a column.</extracomment>
+        <translation>Problem</translation>
+    </message>
+    <message id="IDS_LABEL_COLUMN_SIZE">
+        <source>Size</source>
+        <extracomment>Heading of a column.</extracomment>
+        <translation>Size</translation>
     </message>
     <message id="IDS_LABEL_CURRENT_CARD">
         <source>Card: %1</source>
@@ -671,6 +793,11 @@
         <extracomment>In the viewer of the log. %1: what was looked for.</extracomment>
         <translation>“%1” was not found.</translation>
     </message>
+    <message id="IDS_LABEL_NO_PROBLEMS">
+        <source>No problems were found.</source>
+        <extracomment>Result of a check.</extracomment>
+        <translation>No problems were found.</translation>
+    </message>
     <message id="IDS_LABEL_NO_SINGLE_COPY">
         <source>VelmoraConverter was not started: another copy seems to run but does not answer, or its runtime folder cannot be used. Quit the other copy, or log out and in again, then start it once more.</source>
         <extracomment>Written to the terminal.</extracomment>
@@ -710,6 +837,11 @@
         <source>Less than a minute left</source>
         <translation>Less than a minute left</translation>
     </message>
+    <message id="IDS_LABEL_SELECTED_PROBLEM">
+        <source>Selected problem</source>
+        <extracomment>What a screen reader says of the whole text of a problem.</extracomment>
+        <translation>Selected problem</translation>
+    </message>
     <message id="IDS_LBL_BACKUP">
         <source>Backup</source>
         <extracomment>Name of the operation, also the first argument of other texts.</extracomment>
@@ -734,6 +866,36 @@
         <source>Restore</source>
         <extracomment>Name of the operation, also the first argument of other texts.</extracomment>
         <translation>Restore</translation>
+    </message>
+    <message id="IDS_LIST_COPIED">
+        <source>Problems copied: %L1</source>
+        <extracomment>%L1: count.</extracomment>
+        <translation>Problems copied: %L1</translation>
+    </message>
+    <message id="IDS_LIST_NAME">
+        <source>Problems of %1.tsv</source>
+        <extracomment>Proposed name of a file. %1: name of a folder.</extracomment>
+        <translation>Problems of %1.tsv</translation>
+    </message>
+    <message id="IDS_LIST_NOT_SAVED">
+        <source>The list could not be saved as [%1] (%2). Check that you may write there and that the disk has free space, then try again.</source>
+        <extracomment>%1: path. %2: reason.</extracomment>
+        <translation>The list could not be saved as [%1] (%2). Check that you may write there and that the disk has free space, then try again.</translation>
+    </message>
+    <message id="IDS_LIST_SAVED">
+        <source>The list was saved: [%1]</source>
+        <extracomment>%1: path.</extracomment>
+        <translation>The list was saved: [%1]</translation>
+    </message>
+    <message id="IDS_LIST_TITLE">
+        <source>Save the List of Problems</source>
+        <extracomment>Title of a panel.</extracomment>
+        <translation>Save the List of Problems</translation>
+    </message>
+    <message id="IDS_LIST_TYPE">
+        <source>Tab-separated text (*.tsv)</source>
+        <extracomment>Kind of a file.</extracomment>
+        <translation>Tab-separated text (*.tsv)</translation>
     </message>
     <message id="IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE">
         <source>An attachment could not be copied. Check that the attachment can be read and that the destination can be written to.</source>
@@ -1454,6 +1616,16 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <source>What was wrong</source>
         <extracomment>Title of a column.</extracomment>
         <translation>What was wrong</translation>
+    </message>
+    <message id="IDS_TITLE_BACKUPS">
+        <source>Backups</source>
+        <extracomment>Title of a window.</extracomment>
+        <translation>Backups</translation>
+    </message>
+    <message id="IDS_TITLE_CHECK">
+        <source>Check of the Interchange Folder</source>
+        <extracomment>Title of a window.</extracomment>
+        <translation>Check of the Interchange Folder</translation>
     </message>
     <message id="IDS_TITLE_WINDOW">
         <source>VelmoraConverter</source>

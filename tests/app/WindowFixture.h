@@ -78,7 +78,8 @@ struct WindowFixture {
             QStringLiteral("_dataPathSelectionBtn"), QStringLiteral("_dataPathTextField"),
             QStringLiteral("_dataPathTitleTextField"), QStringLiteral("_openLogBtn"),
             QStringLiteral("_return2MainWindowBtn"), QStringLiteral("_vmdbPathSelectionBtn"),
-            QStringLiteral("_vmdbPathTextField"), QStringLiteral("_vmdbPathTitleTextField")};
+            QStringLiteral("_vmdbPathTextField"), QStringLiteral("_vmdbPathTitleTextField"),
+            QStringLiteral("backupsBtn"), QStringLiteral("checkBtn")};
         QStringList enabled;
         for (const QString& name : names) {
             if (control<QWidget>(qPrintable(name)).isEnabled())

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Draws the window's screens and states into a folder, in both languages, light and dark:
 // draw_screens FOLDER. tools/draw-screens runs it.
+#include "app/DBCBackupsDialog.h"
+#include "app/DBCCheckDialog.h"
 #include "operation/DBCLog.h"
 #include "tests/app/WindowFixture.h"
 
@@ -8,6 +10,7 @@
 #include <QDir>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QTableView>
 
 namespace {
 
@@ -33,12 +36,20 @@ QPalette darkPalette()
     return palette;
 }
 
+const QString folder = QStringLiteral("/home/hanako/名刺データ");
+const QString package
+    = QStringLiteral("/home/hanako/Library/Application Support/Velmora/Velmora DB.vmdb");
+
+QString text(const char* key, const DBCMessageArguments& arguments)
+{
+    return getLocalString(QString::fromLatin1(key), arguments);
+}
+
 void openImport(WindowFixture& fixture)
 {
     fixture.choose(OperationType::Import);
-    fixture.dataPath().setText(QStringLiteral("/home/hanako/名刺データ"));
-    fixture.databasePath().setText(
-        QStringLiteral("/home/hanako/Library/Application Support/Velmora/Velmora DB.vmdb"));
+    fixture.dataPath().setText(folder);
+    fixture.databasePath().setText(package);
 }
 
 void send(WindowFixture& fixture, DBCEventName name, qint64 finishedCount)
@@ -94,6 +105,73 @@ void drawRestored(WindowFixture& fixture)
     end(fixture, false, 1);
 }
 
+DBCProblem problem(
+    qint64 line, const char* key, const QString& path, const DBCMessageArguments& arguments)
+{
+    return {text(key, arguments), folder + u'/' + path, line};
+}
+
+void drawReport(WindowFixture& fixture, std::vector<DBCProblem> problems)
+{
+    openImport(fixture);
+    auto* const dialog = new DBCCheckDialog(&fixture.window);
+    DBCFolderReport report;
+    report.findings.problems = std::move(problems);
+    report.cardCount = cards;
+    report.bytesNeeded = 412'876'800;
+    dialog->showReport(folder, report);
+    dialog->show();
+}
+
+void drawClean(WindowFixture& fixture)
+{
+    drawReport(fixture, {});
+}
+
+void drawProblems(WindowFixture& fixture)
+{
+    const QString line12 = QStringLiteral("12");
+    const QString line9 = QStringLiteral("9");
+    const QString line1021 = QStringLiteral("1021");
+    const QString image = QStringLiteral("名刺画像/0010_表.jpg");
+    const QString scan = QStringLiteral("名刺画像/scan 3.png");
+    const QString papers = QStringLiteral("添付ファイル/渡辺");
+    drawReport(fixture,
+        {{text("IDS_CHECK_VERSION_MISSING",
+              {folder + QStringLiteral("/Version.txt"), QStringLiteral("V1.0L10")}),
+             folder + QStringLiteral("/Version.txt")},
+            problem(9, "IDS_CHECK_IMAGE_MISSING", image,
+                {line9, QStringLiteral("星野 太郎"), folder + u'/' + image}),
+            problem(12, "IDS_LOG_WRN_ITEM_MAX_LEN", QStringLiteral("名刺データ.txt"),
+                {QStringLiteral("メモ"), line12, QStringLiteral("田中 花子")}),
+            problem(12, "IDS_CHECK_IMAGE_NO_JPEG", scan,
+                {line12, QStringLiteral("田中 花子"), folder + u'/' + scan}),
+            problem(1021, "IDS_CHECK_ATTACHMENT_FOLDER_MISSING", papers,
+                {line1021, QStringLiteral("渡辺 三郎"), folder + u'/' + papers})});
+}
+
+DBCBackup backup(const QString& name, const QDateTime& madeAt, std::optional<qint64> cardCount)
+{
+    const quint64 bytes = 8'388'608 + 262'144 * quint64(cardCount.value_or(0));
+    const QString path = QFileInfo(package).path() + u'/' + name;
+    return {path, madeAt, bytes, cardCount,
+        cardCount ? QString()
+                  : text("IDS_VERIFY_STORE_MISSING", {path + QStringLiteral("/Velmora.sqldb")})};
+}
+
+void drawBackups(WindowFixture& fixture)
+{
+    openImport(fixture);
+    const QDateTime newest(QDate(2026, 11, 20), QTime(17, 42));
+    auto* const dialog = new DBCBackupsDialog(&fixture.window);
+    dialog->showList(package,
+        {{backup(QStringLiteral("Velmora DB_bak2.vmdb"), newest, 2310),
+            backup(QStringLiteral("Velmora DB_bak1.vmdb"), newest.addDays(-3), std::nullopt),
+            backup(QStringLiteral("Velmora DB_bak.vmdb"), newest.addDays(-40), 1026)}});
+    dialog->show();
+    dialog->findChild<QTableView*>()->selectRow(1);
+}
+
 struct Screen {
     const char* name;
     Draw draw;
@@ -106,6 +184,9 @@ constexpr Screen screens[] {
     {"finished", drawFinished},
     {"warnings", drawWarnings},
     {"restored", drawRestored},
+    {"problems", drawProblems},
+    {"clean", drawClean},
+    {"backups", drawBackups},
 };
 
 // Until the paths, which are nobody's, are looked at.
@@ -125,7 +206,8 @@ bool drawScreen(const Screen& screen, Language language, const QString& path)
     fixture.window.activateWindow();
     screen.draw(fixture);
     showEverything();
-    return fixture.window.grab().save(path);
+    auto* const dialog = fixture.window.findChild<QDialog*>();
+    return (dialog ? dialog->grab() : fixture.window.grab()).save(path);
 }
 
 } // namespace

@@ -227,7 +227,7 @@ void tst_conversionInWindow::finishedImportOffersTheOtherPathsAgain()
     conversion.start();
     QTRY_VERIFY(conversion.hasEnded());
     QVERIFY(!conversion.convert().isEnabled());
-    QCOMPARE(conversion.enabledControls().size(), 9);
+    QCOMPARE(conversion.enabledControls().size(), 11);
     conversion.dataPath().setText(conversion.folder.path() + u'/');
     QVERIFY(conversion.convert().isEnabled());
     conversion.presenter.answers = {DBCAnswer::Default, DBCAnswer::Alternate};

@@ -186,7 +186,7 @@ void tst_converterChecks::failedCheckShowsItsOneMessageAndLeavesTheScreenReady()
     Situation situation(isImport ? OperationType::Import : OperationType::Export);
     prepare(situation);
     const QStringList enabled = situation.enabledControls();
-    QCOMPARE(enabled.size(), 10);
+    QCOMPARE(enabled.size(), 12);
 
     for (int attempt = 0; attempt < 2; ++attempt) {
         situation.presenter.numbers.clear();

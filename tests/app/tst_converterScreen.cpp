@@ -115,15 +115,16 @@ void tst_converterScreen::tabGoesThroughTheSourceFirst()
     _fixture->databasePath().setText(QStringLiteral("/b.vmdb"));
     _fixture->databasePath().setFocus();
     QStringList visited;
-    for (int i = 0; i < 8; ++i) {
+    for (int i = 0; i < 9; ++i) {
         visited << QApplication::focusWidget()->objectName();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
     QCOMPARE(visited,
         QStringList({QStringLiteral("_vmdbPathTextField"), QStringLiteral("_vmdbPathSelectionBtn"),
-            QStringLiteral("_dataPathTextField"), QStringLiteral("_dataPathSelectionBtn"),
-            QStringLiteral("_openLogBtn"), QStringLiteral("_return2MainWindowBtn"),
-            QStringLiteral("_closeBtn"), QStringLiteral("_convertBtn")}));
+            QStringLiteral("backupsBtn"), QStringLiteral("_dataPathTextField"),
+            QStringLiteral("_dataPathSelectionBtn"), QStringLiteral("_openLogBtn"),
+            QStringLiteral("_return2MainWindowBtn"), QStringLiteral("_closeBtn"),
+            QStringLiteral("_convertBtn")}));
 }
 
 void tst_converterScreen::databaseOfTheMainApplicationIsTakenWhenItExists()

@@ -304,7 +304,7 @@ void tst_progressDisplay::endEnablesTheControlsAgain()
     fillPaths();
     const QString before = _fixture->convert().text();
     const QStringList all = _fixture->enabledControls();
-    QCOMPARE(all.size(), 10);
+    QCOMPARE(all.size(), 12);
     _fixture->send({.name = DBCEventName::DatabaseBackupWillBegin});
     _fixture->convert().setEnabled(false);
     _fixture->send({.name = DBCEventName::OperationDidFinished, .operationIsOk = false});

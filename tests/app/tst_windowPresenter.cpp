@@ -61,6 +61,7 @@ private Q_SLOTS:
     void questionOfAnotherThreadWaitsForTheAnswer();
     void windowIsPaintedWhileAQuestionIsOpen();
     void sheetGivesItsAnswerLater();
+    void boxesComeOverTheWindowInFront();
     void unattendedCancelIsConfirmedWithoutABox();
     void unattendedQuestionTakesTheAlternateAnswer();
     void openQuestionOfAnotherThreadEndsWhenNobodyIsThere();
@@ -189,6 +190,26 @@ void tst_windowPresenter::sheetGivesItsAnswerLater()
     QTRY_VERIFY(answer);
     QCOMPARE(*answer, DBCAnswer::Default);
     QVERIFY(isDismissed);
+}
+
+// Behind a box the focus goes back to the window that it came over.
+void tst_windowPresenter::boxesComeOverTheWindowInFront()
+{
+    DBCWindowPresenter presenter(_window);
+    QWidget front;
+    const auto parentOfABox = [] {
+        const QWidget* parent = nullptr;
+        whenABoxOpens([&parent](QMessageBox& box) {
+            parent = box.parentWidget();
+            pressKey(box, Qt::Key_Escape);
+        });
+        ask();
+        return parent;
+    };
+    presenter.showOver(front);
+    QCOMPARE(parentOfABox(), &front);
+    presenter.showOver(_window);
+    QCOMPARE(parentOfABox(), &_window);
 }
 
 void tst_windowPresenter::unattendedCancelIsConfirmedWithoutABox()

@@ -14,6 +14,16 @@ using Code = DBCResultCode;
 using Encoding = DataFileBuilder::Encoding;
 using Mark = DataFileBuilder::Mark;
 
+namespace {
+
+DBCFileReader::Reading noRecord(const DBCRecord& /*record*/)
+{
+    QTest::qFail("no record expected", __FILE__, __LINE__);
+    return DBCFileReader::Reading::Stop;
+}
+
+} // namespace
+
 class tst_fileReaderFiles : public QObject, private ReaderFixture {
     Q_OBJECT
 private Q_SLOTS:
@@ -38,6 +48,9 @@ private Q_SLOTS:
     void missingErrorSlotGivesNothing();
     void readingEverythingGoesOnBehindWrongLines();
     void readingEverythingStopsWhenTold();
+    void readingEverythingStopsAtARecordWhenTold();
+    void readingEverythingLogsNoLengths();
+    void readingEverythingTellsTheNumberOfLines();
     void readingEverythingEndsAtAWrongTitleLine();
     void readingEverythingReportsAFileThatCannotBeLoaded();
 };
@@ -193,6 +206,7 @@ void tst_fileReaderFiles::readingEverythingGoesOnBehindWrongLines()
     reader->readRecords(
         [&seen](const DBCRecord& record) {
             seen << QStringLiteral("record ") + text(record, Key::lineNo);
+            return DBCFileReader::Reading::GoOn;
         },
         [&](const DBCError& error) {
             seen << QStringLiteral("error %1 in %2")
@@ -200,7 +214,7 @@ void tst_fileReaderFiles::readingEverythingGoesOnBehindWrongLines()
                         .arg(*error.lineNo());
             if (!reader->lineErrorText().contains(error.lineNo() == 2 ? u"20" : u"22"))
                 seen << reader->lineErrorText();
-            return DBCFileReader::AfterError::GoOn;
+            return DBCFileReader::Reading::GoOn;
         });
     QCOMPARE(seen,
         QStringList({QStringLiteral("error -104 in 2"), QStringLiteral("record 3"),
@@ -213,24 +227,64 @@ void tst_fileReaderFiles::readingEverythingStopsWhenTold()
     int records = 0;
     int problems = 0;
     readerFor(fileWithTitle().row(21).row(20).row(21))
-        ->readRecords([&records](const DBCRecord&) { ++records; },
+        ->readRecords(
+            [&records](const DBCRecord&) {
+                ++records;
+                return DBCFileReader::Reading::GoOn;
+            },
             [&problems](const DBCError&) {
                 ++problems;
-                return DBCFileReader::AfterError::Stop;
+                return DBCFileReader::Reading::Stop;
             });
     QCOMPARE(records, 1);
     QCOMPARE(problems, 1);
+}
+
+void tst_fileReaderFiles::readingEverythingStopsAtARecordWhenTold()
+{
+    int records = 0;
+    readerFor(fileWithTitle().row(21).row(21).row(21))
+        ->readRecords(
+            [&records](const DBCRecord&) {
+                ++records;
+                return records == 2 ? DBCFileReader::Reading::Stop : DBCFileReader::Reading::GoOn;
+            },
+            [](const DBCError&) { return DBCFileReader::Reading::GoOn; });
+    QCOMPARE(records, 2);
+}
+
+void tst_fileReaderFiles::readingEverythingLogsNoLengths()
+{
+    const QString tooLong(1000, u'x');
+    readerFor(fileWithTitle().row({{Key::full_Name, tooLong}}))
+        ->readRecords([](const DBCRecord&) { return DBCFileReader::Reading::GoOn; },
+            [](const DBCError&) { return DBCFileReader::Reading::GoOn; });
+    QCOMPARE(warnings().size(), 0);
+    readerFor(fileWithTitle().row({{Key::full_Name, tooLong}}))->loadData(&_error);
+    QCOMPARE(warnings().size(), 1);
+}
+
+void tst_fileReaderFiles::readingEverythingTellsTheNumberOfLines()
+{
+    const auto reader = readerFor(fileWithTitle().row(21).blankLine().text(QStringLiteral("x")));
+    QList<qint64> counts;
+    reader->readRecords(
+        [&](const DBCRecord&) {
+            counts << reader->lineCount();
+            return DBCFileReader::Reading::GoOn;
+        },
+        [](const DBCError&) { return DBCFileReader::Reading::GoOn; });
+    QCOMPARE(counts, QList<qint64>({4}));
 }
 
 void tst_fileReaderFiles::readingEverythingEndsAtAWrongTitleLine()
 {
     QList<Code> problems;
     readerFor(DataFileBuilder().titleLine({QStringLiteral("wrong")}).row(21).row(21))
-        ->readRecords([](const DBCRecord&) { QFAIL("no record expected"); },
-            [&problems](const DBCError& error) {
-                problems << error.code();
-                return DBCFileReader::AfterError::GoOn;
-            });
+        ->readRecords(noRecord, [&problems](const DBCError& error) {
+            problems << error.code();
+            return DBCFileReader::Reading::GoOn;
+        });
     QCOMPARE(problems, QList<Code>({Code::TitleLineFormatError}));
 }
 
@@ -238,11 +292,10 @@ void tst_fileReaderFiles::readingEverythingReportsAFileThatCannotBeLoaded()
 {
     QList<Code> problems;
     DBCFileReader::initWithFullFileName(dataFile())
-        ->readRecords([](const DBCRecord&) { QFAIL("no record expected"); },
-            [&problems](const DBCError& error) {
-                problems << error.code();
-                return DBCFileReader::AfterError::GoOn;
-            });
+        ->readRecords(noRecord, [&problems](const DBCError& error) {
+            problems << error.code();
+            return DBCFileReader::Reading::GoOn;
+        });
     QCOMPARE(problems, QList<Code>({Code::FolderNotExist}));
 }
 

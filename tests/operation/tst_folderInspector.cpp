@@ -94,6 +94,10 @@ class tst_folderInspector : public QObject {
 private Q_SLOTS:
     void goodFolderHasNoProblems();
     void nothingIsChanged();
+    void nothingIsLogged();
+    void progressGoesFromLineToLine();
+    void lookCanBeStopped_data();
+    void lookCanBeStopped();
     void missingFolderCannotBeLookedAt();
     void fileInPlaceOfAFolderCannotBeLookedAt();
     void unreadableFolderCannotBeLookedAt();
@@ -160,6 +164,57 @@ void tst_folderInspector::nothingIsChanged()
     QVERIFY(!inspection.problems().isEmpty());
 
     QCOMPARE(snapshotOf(inspection.folder.path()), before);
+}
+
+void tst_folderInspector::nothingIsLogged()
+{
+    Inspection inspection;
+    inspection.hasOneCard(
+        {{Key::memo, longText(300)}, {Key::back_Image_File, QStringLiteral("no.jpg")}});
+    QCOMPARE(inspection.problems().size(), 2);
+    QCOMPARE(inspection.home.logText(), QString());
+}
+
+void tst_folderInspector::progressGoesFromLineToLine()
+{
+    Inspection inspection;
+    inspection.folder.dataFile(
+        DataFileBuilder().titleLine().row(20).blankLine().row(21).text(QString(20, u'\t')).build());
+    QStringList steps;
+    DBCFolderInspector::inspect(inspection.folder.path(), [&](qint64 finished, qint64 max) {
+        steps << QStringLiteral("%1 of %2").arg(finished).arg(max);
+        return DBCFolderInspector::Looking::GoOn;
+    });
+    QCOMPARE(steps,
+        QStringList(
+            {QStringLiteral("0 of 0"), QStringLiteral("2 of 5"), QStringLiteral("4 of 5")}));
+}
+
+void tst_folderInspector::lookCanBeStopped_data()
+{
+    QTest::addColumn<qint64>("lastLine");
+    QTest::addColumn<qsizetype>("problems");
+    QTest::addColumn<qint64>("cards");
+    QTest::newRow("before the data file") << qint64(0) << qsizetype(0) << qint64(0);
+    QTest::newRow("at a wrong line") << qint64(2) << qsizetype(1) << qint64(0);
+    QTest::newRow("at a card") << qint64(3) << qsizetype(2) << qint64(1);
+    QTest::newRow("not at all") << qint64(100) << qsizetype(3) << qint64(2);
+}
+
+void tst_folderInspector::lookCanBeStopped()
+{
+    QFETCH(qint64, lastLine);
+    Inspection inspection;
+    const DataFileBuilder::Items card {{Key::memo, longText(300)}};
+    inspection.folder.dataFile(DataFileBuilder().titleLine().row(20).row(card).row(card).build());
+    const DBCFolderReport report
+        = DBCFolderInspector::inspect(inspection.folder.path(), [&](qint64 finished, qint64) {
+              return finished < lastLine ? DBCFolderInspector::Looking::GoOn
+                                         : DBCFolderInspector::Looking::Stop;
+          });
+    QCOMPARE(report.wasStopped, lastLine < 100);
+    QTEST(qsizetype(report.findings.problems.size()), "problems");
+    QTEST(report.cardCount, "cards");
 }
 
 void tst_folderInspector::missingFolderCannotBeLookedAt()

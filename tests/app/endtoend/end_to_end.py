@@ -22,6 +22,7 @@ DATA_FILE = "名刺データ.txt"
 QUIT_MAIN_PROGRAM = "Quit Velmora before you begin"
 QUIT_NOW = "Do you want to quit VelmoraConverter?"
 CANCEL_IMPORT = "Do you want to cancel the import?"
+RESTORE_BACKUP = "Put this backup in place of the card database?"
 
 
 class Window:
@@ -48,11 +49,11 @@ class Window:
         press("Return")
         self.reader.find("Back")
 
-    def fill(self, first, second):
+    def fill(self, first, second, keys_between=("Tab", "Tab")):
         """The two paths, source first, from the field that has the focus."""
         for number, path in enumerate((first, second)):
             if number:
-                press("Tab", "Tab")
+                press(*keys_between)
             press("ctrl+a")
             type_text(str(path))
             wait_for(f"{path} in its field", lambda: str(path) in self.reader.texts())
@@ -80,9 +81,40 @@ def make_many_cards(samples, folder):
     file.write_bytes("\r\n".join(lines).encode("utf-16"))
 
 
+def make_incomplete(samples, folder):
+    shutil.copytree(samples, folder)
+    next(folder.rglob("*.jpg")).unlink()
+
+
+def check_folder(window, folder, package, list_of_problems):
+    window.open_screen("alt+i", "Import cards")
+    window.fill(folder, package)
+    press("alt+k")
+    window.reader.wait_until_hears("does not exist, so the card would be imported without it")
+    press("alt+s")
+    window.reader.find("Save the List of Problems")
+    press("ctrl+a")
+    type_text(str(list_of_problems))
+    press("Return")
+    window.reader.wait_until_hears(f"The list was saved: [{list_of_problems}]")
+    assert "Line\tFile\tProblem\n" in list_of_problems.read_text(encoding="utf-8-sig")
+    press("Escape")
+    window.reader.wait_until_silent("Problems found in")
+    window.reader.click("Back")
+    window.reader.wait_until_hears("What would you like to do?")
+
+
+def check_clean_folder(window):
+    press("alt+k")
+    window.reader.wait_until_hears("No problems were found.")
+    press("Escape")
+    window.reader.wait_until_silent("No problems were found.")
+
+
 def import_samples(window, samples, package):
     window.open_screen("alt+i", "Import cards")
     window.fill(samples, package)
+    check_clean_folder(window)
     press("ctrl+i")
     window.answer(QUIT_MAIN_PROGRAM, "Return")
     window.answer(QUIT_NOW, "Escape")
@@ -95,7 +127,7 @@ def export_cards(window, package, parent):
     window.reader.click("Back")
     window.reader.wait_until_hears("What would you like to do?")
     window.open_screen("alt+e", "Export cards")
-    window.fill(package, parent)
+    window.fill(package, parent, keys_between=("Tab", "Tab", "Tab"))
     window.reader.click("Export")
     window.answer(QUIT_MAIN_PROGRAM, "Return")
     window.answer(QUIT_NOW, "Escape")
@@ -132,6 +164,20 @@ def show_an_error(window):
     assert window.reader.is_enabled("Import")
 
 
+def restore_backup(window, package):
+    backup = package.with_name("Cards_bak.vmdb")
+    press("alt+u")
+    window.reader.wait_until_hears(backup.name)
+    press("alt+r")
+    window.answer(RESTORE_BACKUP, "Return")
+    window.reader.wait_until_hears(f"is as it is in the backup [{backup.name}]")
+    assert cards_in(package) == cards_in(backup) == 0
+    assert cards_in(package.with_name("Cards_bak1.vmdb")) == SAMPLE_CARDS
+    wait_for("the backups in front", lambda: active_window() == "Backups")
+    press("Escape")
+    wait_for("the window in front", lambda: active_window() == PROGRAM)
+
+
 def start_second_copy(window):
     other = subprocess.Popen(["xmessage", "-name", "other", "in front"])
     try:
@@ -154,16 +200,20 @@ def main():
     with tempfile.TemporaryDirectory() as scratch:
         folder = Path(scratch)
         package, parent, many = folder / "Cards.vmdb", folder / "out", folder / "many"
+        incomplete, list_of_problems = folder / "incomplete", folder / "problems.tsv"
         parent.mkdir()
         make_many_cards(samples, many)
+        make_incomplete(samples, incomplete)
         subprocess.run([convert, "create", package], check=True, stdout=subprocess.DEVNULL)
         session = Session(folder)
         try:
             window = Window(program)
+            check_folder(window, incomplete, package, list_of_problems)
             import_samples(window, samples, package)
             export_cards(window, package, parent)
             cancel_import(window, many, package)
             show_an_error(window)
+            restore_backup(window, package)
             start_second_copy(window)
             close_window(window)
         finally:

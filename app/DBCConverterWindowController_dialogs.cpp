@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The check of a folder and the list of backups, each in a dialog of its own.
+#include "app/DBCBackupsDialog.h"
+#include "app/DBCCheckDialog.h"
+#include "app/DBCConverterWindowController.h"
+#include "app/DBCMainWindowController.h"
+#include "datafile/DBCLocalizable.h"
+
+void DBCConverterWindowController::checkAction()
+{
+    if (!_checkDialog)
+        _checkDialog = new DBCCheckDialog(&_mainWndCtrl);
+    _checkDialog->check(_dataPath());
+}
+
+void DBCConverterWindowController::backupsAction()
+{
+    if (!_backupsDialog) {
+        _backupsDialog = new DBCBackupsDialog(&_mainWndCtrl);
+        connect(_backupsDialog, &DBCBackupsDialog::changeWillBegin, this,
+            &DBCConverterWindowController::_backupChangeWillBegin);
+        connect(_backupsDialog, &DBCBackupsDialog::changeDidEnd, this,
+            &DBCConverterWindowController::_backupChangeDidEnd);
+    }
+    _backupsDialog->showBackupsOf(_databasePath());
+}
+
+bool DBCConverterWindowController::isBusy() const
+{
+    return isRunning() || (_backupsDialog && _backupsDialog->isChanging());
+}
+
+void DBCConverterWindowController::_backupChangeWillBegin()
+{
+    _presenter.showOver(*_backupsDialog);
+    _inhibitor.hold(getLocalString(QStringLiteral("IDS_LABEL_KEEP_AWAKE")));
+    _disenableMenuItem();
+    _enableWindowsCloseBtnWith(false);
+}
+
+void DBCConverterWindowController::_backupChangeDidEnd(bool isRestored)
+{
+    _presenter.showOver(_mainWndCtrl);
+    _inhibitor.release();
+    _enableMenuItem();
+    _enableWindowsCloseBtnWith(true);
+    // What was imported just now may be wanted in the other card database, too.
+    if (isRestored)
+        _setBtnStatus();
+    if (_isEnding)
+        _mainWndCtrl.close();
+}
