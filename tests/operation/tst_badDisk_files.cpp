@@ -117,9 +117,8 @@ private Q_SLOTS:
         const Tree tree;
         const QString path = QFile::decodeName(tree.source);
         bool isTaken = false;
-        QVERIFY(FailingCall(SYS_newfstatat, EIO).during([&] {
-            isTaken = DBCChecker::isTaken(path);
-        }));
+        QVERIFY(
+            FailingCall(SYS_newfstatat, EIO).during([&] { isTaken = DBCChecker::isTaken(path); }));
         QVERIFY(isTaken);
         QVERIFY(!DBCChecker::isTaken(QFile::decodeName(tree.target)));
         QVERIFY(!DBCChecker::isTaken(path + QStringLiteral("/file/below")));
