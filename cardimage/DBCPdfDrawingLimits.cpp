@@ -121,7 +121,7 @@ bool isTooMuchToDraw(const QByteArray& bytes, QSizeF pagePoints)
             });
     } catch (const std::exception& exception) {
         rethrowIfOutOfMemory(exception);
-        // The other library may see more in a damaged document.
-        return false;
+        // The other library may see more in a damaged document, and more than it can draw.
+        return true;
     }
 }
