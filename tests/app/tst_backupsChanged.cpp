@@ -68,7 +68,8 @@ void tst_backupsChanged::restoreTellsItsStages()
         return true;
     };
     desk.press("restoreBtn");
-    QCOMPARE(stages.constFirst(), QStringLiteral("The backup [%1] is being looked at.").arg(desk.first));
+    QCOMPARE(
+        stages.constFirst(), QStringLiteral("The backup [%1] is being looked at.").arg(desk.first));
     QVERIFY2(stages.contains(QStringLiteral("Restore of the card database is running.")),
         qPrintable(stages.join(u'|')));
 }
@@ -150,7 +151,8 @@ void tst_backupsChanged::backupThatIsGoneIsTold()
     desk.list();
     QVERIFY(QDir(desk.backup).removeRecursively());
     desk.press("restoreBtn");
-    QVERIFY2(desk.status().startsWith(QStringLiteral("There is no backup named [%1]").arg(desk.first)),
+    QVERIFY2(
+        desk.status().startsWith(QStringLiteral("There is no backup named [%1]").arg(desk.first)),
         qPrintable(desk.status()));
     QCOMPARE(snapshotOf(desk.package.path()), desk.now);
 }

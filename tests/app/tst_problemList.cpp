@@ -4,7 +4,6 @@
 #include "tests/support/FileSizeLimit.h"
 
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QPlainTextEdit>
@@ -33,7 +32,6 @@ private Q_SLOTS:
     void listThatCannotBeSavedIsTold();
     void fullDiskLeavesTheOldFile();
     void nothingIsToBeCopiedOrSavedOfACleanFolder();
-    void manyProblemsComeInTime();
 };
 
 void tst_problemList::wholeProblemIsShownBelow()
@@ -152,24 +150,6 @@ void tst_problemList::nothingIsToBeCopiedOrSavedOfACleanFolder()
     desk.checkToTheEnd();
     QVERIFY(!desk.button("copyAllBtn").isEnabled());
     QVERIFY(!desk.button("saveBtn").isEnabled());
-}
-
-void tst_problemList::manyProblemsComeInTime()
-{
-    const CheckDesk desk;
-    DBCFolderReport report;
-    for (qint64 line = 2; line <= 50'000; ++line)
-        report.findings.problems.push_back({QStringLiteral("Line %1: wrong").arg(line),
-            desk.folder.path() + QStringLiteral("/1.jpg"), line});
-    QElapsedTimer time;
-    time.start();
-    desk.dialog->show();
-    desk.dialog->showReport(desk.folder.path(), report);
-    QTest::qWait(0);
-    desk.table().sortByColumn(1, Qt::DescendingOrder);
-    desk.table().sortByColumn(0, Qt::DescendingOrder);
-    QCOMPARE(desk.table().model()->index(0, 0).data().toString(), QStringLiteral("50,000"));
-    QVERIFY2(time.elapsed() < 10000, qPrintable(QString::number(time.elapsed())));
 }
 
 QTEST_MAIN(tst_problemList)
