@@ -57,7 +57,7 @@ QVariant DBCBackupModel::headerData(int section, Qt::Orientation orientation, in
         return QAbstractTableModel::headerData(section, orientation, role);
     switch (role) {
     case Qt::DisplayRole:
-        return getLocalString(QString::fromLatin1(titleKeys.at(static_cast<std::size_t>(section))));
+        return getLocalString(titleKeys.at(static_cast<std::size_t>(section)));
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(alignmentOf(section));
     default:

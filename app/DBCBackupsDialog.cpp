@@ -20,14 +20,9 @@ using Result = DBCBackupChange::Result;
 constexpr QSize usualSize {640, 420}; // device-independent pixels
 constexpr int linesOfStatus = 4;
 
-QString text(const char* key, const DBCMessageArguments& arguments = {})
-{
-    return getLocalString(QString::fromLatin1(key), arguments);
-}
-
 QString running(const char* labelKey)
 {
-    return text("IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING", {text(labelKey)});
+    return getLocalString("IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING", {getLocalString(labelKey)});
 }
 
 } // namespace
@@ -78,7 +73,7 @@ void DBCBackupsDialog::showBackupsOf(const QString& package)
     _ui->pages->setCurrentWidget(_ui->emptyPage);
     _ui->table->sortByColumn(DBCBackupModel::Made, Qt::DescendingOrder);
     startListing();
-    _ui->status->showTexts(text("IDS_BACKUP_LISTING"));
+    _ui->status->showTexts(getLocalString("IDS_BACKUP_LISTING"));
     open();
 }
 
@@ -110,8 +105,8 @@ void DBCBackupsDialog::showList(const QString& package, const DBCBackupList& lis
     if (list.couldNotLook)
         _ui->summary->showAttention(list.couldNotLook->text);
     else
-        _ui->summary->showTexts(
-            text("IDS_BACKUP_COUNT", {package, static_cast<qint64>(list.backups.size())}));
+        _ui->summary->showTexts(getLocalString(
+            "IDS_BACKUP_COUNT", {package, static_cast<qint64>(list.backups.size())}));
     QWidget* const page = list.backups.empty() ? static_cast<QWidget*>(_ui->none) : _ui->table;
     _ui->pages->setCurrentWidget(list.couldNotLook ? _ui->emptyPage : page);
     setControls();
@@ -143,7 +138,7 @@ void DBCBackupsDialog::start(Change change)
     _isChanging = true;
     setControls();
     const QString name = backup->name();
-    _ui->status->showTexts(text("IDS_BACKUP_READING", {name}));
+    _ui->status->showTexts(getLocalString("IDS_BACKUP_READING", {name}));
     Q_EMIT changeWillBegin();
     _pool.start([this, change, package = _package, name] {
         const Result result = carryOut(change, package, name);
@@ -182,13 +177,14 @@ void DBCBackupsDialog::end(Change change, const QString& name, const Result& res
 
 void DBCBackupsDialog::showOutcome(Change change, const QString& name, const Result& result)
 {
-    const QString kept
-        = result.keptPackage.isEmpty() ? QString() : text("IDS_BACKUP_KEPT", {result.keptPackage});
+    const QString kept = result.keptPackage.isEmpty()
+        ? QString()
+        : getLocalString("IDS_BACKUP_KEPT", {result.keptPackage});
     switch (result.outcome) {
     case Outcome::Done:
         _ui->status->showTexts(change == Change::Delete
-                ? text("IDS_BACKUP_DELETED", {name})
-                : text("IDS_BACKUP_RESTORED", {_package, name}) + u'\n' + kept);
+                ? getLocalString("IDS_BACKUP_DELETED", {name})
+                : getLocalString("IDS_BACKUP_RESTORED", {_package, name}) + u'\n' + kept);
         return;
     case Outcome::NotConfirmed:
         _ui->status->clearTexts();
@@ -207,8 +203,9 @@ void DBCBackupsDialog::showSelected()
         return;
     _isOutcomeShown = false;
     const DBCBackup* const backup = selected();
-    _ui->status->showAttention(
-        backup && backup->isDamaged() ? text("IDS_BACKUP_DAMAGE", {backup->damage}) : QString());
+    _ui->status->showAttention(backup && backup->isDamaged()
+            ? getLocalString("IDS_BACKUP_DAMAGE", {backup->damage})
+            : QString());
     setControls();
 }
 

@@ -29,11 +29,6 @@ constexpr int linesOfSummary = 2;
 constexpr int linesOfSelectedProblem = 3;
 constexpr int widestFileColumn = 220; // device-independent pixels
 
-QString text(const char* key, const DBCMessageArguments& arguments = {})
-{
-    return getLocalString(QString::fromLatin1(key), arguments);
-}
-
 int heightOfLines(const QWidget& widget, int lines)
 {
     return widget.fontMetrics().lineSpacing() * lines;
@@ -125,7 +120,7 @@ void DBCCheckDialog::start()
 {
     giveUp();
     _problems->setProblems(_folder, {});
-    _ui->summary->showTexts(text("IDS_CHECK_RUNNING", {_folder}));
+    _ui->summary->showTexts(getLocalString("IDS_CHECK_RUNNING", {_folder}));
     _ui->notice->clearTexts();
     showProgress(0, 0);
     _ui->pages->setCurrentWidget(_ui->progressPage);
@@ -169,7 +164,7 @@ void DBCCheckDialog::showProgress(qint64 finished, qint64 max)
 {
     _ui->bar->setRange(0, static_cast<int>(max));
     _ui->bar->setValue(static_cast<int>(finished));
-    _ui->lines->setText(max == 0 ? QString() : text("IDS_CHECK_LINES", {finished, max}));
+    _ui->lines->setText(max == 0 ? QString() : getLocalString("IDS_CHECK_LINES", {finished, max}));
 }
 
 void DBCCheckDialog::showReport(const QString& folder, const DBCFolderReport& report)
@@ -190,15 +185,15 @@ void DBCCheckDialog::showSummary(const DBCFolderReport& report)
     }
     const auto count = static_cast<qint64>(report.findings.problems.size());
     if (report.wasStopped) {
-        _ui->summary->showAttention(
-            text("IDS_CHECK_STOPPED"), text("IDS_CHECK_PROBLEMS", {_folder, count}));
+        _ui->summary->showAttention(getLocalString("IDS_CHECK_STOPPED"),
+            getLocalString("IDS_CHECK_PROBLEMS", {_folder, count}));
         return;
     }
     const QString size
         = DBCLocalizable::locale().formattedDataSize(static_cast<qint64>(report.bytesNeeded));
-    _ui->summary->showTexts((count == 0 ? text("IDS_CHECK_NO_PROBLEMS", {_folder})
-                                        : text("IDS_CHECK_PROBLEMS", {_folder, count}))
-        + u'\n' + text("IDS_CHECK_CARDS_AND_SPACE", {report.cardCount, size}));
+    _ui->summary->showTexts((count == 0 ? getLocalString("IDS_CHECK_NO_PROBLEMS", {_folder})
+                                        : getLocalString("IDS_CHECK_PROBLEMS", {_folder, count}))
+        + u'\n' + getLocalString("IDS_CHECK_CARDS_AND_SPACE", {report.cardCount, size}));
 }
 
 void DBCCheckDialog::showPage(const DBCFolderReport& report)
@@ -223,7 +218,8 @@ void DBCCheckDialog::setButtons()
     const bool hasProblems = _problems->rowCount() != 0;
     _ui->copyAllBtn->setEnabled(hasProblems);
     _ui->saveBtn->setEnabled(hasProblems);
-    _ui->againBtn->setText(text(isChecking() ? "IDS_BUTTON_STOP_CHECK" : "IDS_BUTTON_CHECK_AGAIN"));
+    _ui->againBtn->setText(
+        getLocalString(isChecking() ? "IDS_BUTTON_STOP_CHECK" : "IDS_BUTTON_CHECK_AGAIN"));
     _ui->againBtn->setEnabled(true);
 }
 
@@ -254,23 +250,23 @@ void DBCCheckDialog::copySelection()
     if (rows.isEmpty())
         return;
     QGuiApplication::clipboard()->setText(DBCProblemModel::tabSeparated(*_sorted, rows));
-    _ui->notice->showTexts(text("IDS_LIST_COPIED", {rows.size()}));
+    _ui->notice->showTexts(getLocalString("IDS_LIST_COPIED", {rows.size()}));
 }
 
 void DBCCheckDialog::copyAll()
 {
     QGuiApplication::clipboard()->setText(DBCProblemModel::tabSeparated(*_sorted));
-    _ui->notice->showTexts(text("IDS_LIST_COPIED", {qint64 {_sorted->rowCount()}}));
+    _ui->notice->showTexts(getLocalString("IDS_LIST_COPIED", {qint64 {_sorted->rowCount()}}));
 }
 
 void DBCCheckDialog::askWhereToSave()
 {
-    auto* const panel
-        = new QFileDialog(this, text("IDS_LIST_TITLE"), placeToSave(), text("IDS_LIST_TYPE"));
+    auto* const panel = new QFileDialog(
+        this, getLocalString("IDS_LIST_TITLE"), placeToSave(), getLocalString("IDS_LIST_TYPE"));
     panel->setAttribute(Qt::WA_DeleteOnClose);
     panel->setAcceptMode(QFileDialog::AcceptSave);
     panel->setDefaultSuffix(QStringLiteral("tsv"));
-    panel->selectFile(text("IDS_LIST_NAME", {QDir(_folder).dirName()}));
+    panel->selectFile(getLocalString("IDS_LIST_NAME", {QDir(_folder).dirName()}));
     connect(panel, &QFileDialog::fileSelected, this, &DBCCheckDialog::save);
     panel->open();
 }
@@ -283,9 +279,10 @@ void DBCCheckDialog::save(const QString& path)
     const bool isSaved = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()
         && file.flush() && file.commit();
     if (isSaved)
-        _ui->notice->showTexts(text("IDS_LIST_SAVED", {path}));
+        _ui->notice->showTexts(getLocalString("IDS_LIST_SAVED", {path}));
     else
-        _ui->notice->showAttention(text("IDS_LIST_NOT_SAVED", {path, file.errorString()}));
+        _ui->notice->showAttention(
+            getLocalString("IDS_LIST_NOT_SAVED", {path, file.errorString()}));
     _ui->notice->setFocus();
 }
 

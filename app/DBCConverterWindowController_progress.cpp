@@ -23,11 +23,6 @@ constexpr int millisecondsBetweenPaints = 50;
 
 constexpr qint64 secondsPerMinute = 60;
 
-QString text(const char* key, const DBCMessageArguments& arguments = {})
-{
-    return getLocalString(QString::fromLatin1(key), arguments);
-}
-
 qint64 percentage(qint64 finishedCount, qint64 maxCount)
 {
     return (finishedCount + stepsBeforeCards) * 100 / (maxCount + stepsBeforeCards);
@@ -43,9 +38,9 @@ QString remainingText(std::optional<qint64> seconds)
     if (!seconds)
         return {};
     if (*seconds < secondsPerMinute)
-        return text("IDS_LABEL_SECONDS_LEFT");
+        return getLocalString("IDS_LABEL_SECONDS_LEFT");
     const qint64 minutes = (*seconds + secondsPerMinute - 1) / secondsPerMinute;
-    return text("IDS_LABEL_MINUTES_LEFT", {minutes});
+    return getLocalString("IDS_LABEL_MINUTES_LEFT", {minutes});
 }
 
 } // namespace
@@ -145,7 +140,7 @@ void DBCConverterWindowController::_showCardAndTime(const DBCEvent& event)
 {
     const QString name = event.currentCard.isEmpty()
         ? QString()
-        : text("IDS_LABEL_CURRENT_CARD", {event.currentCard});
+        : getLocalString("IDS_LABEL_CURRENT_CARD", {event.currentCard});
     _ui->currentCard->setText(_ui->currentCard->fontMetrics().elidedText(
         name, Qt::ElideRight, _ui->currentCard->width()));
     _ui->remainingTime->setText(remainingText(
@@ -158,14 +153,14 @@ void DBCConverterWindowController::_updateProgressMessageResult(
     if (!event.maxCount || !event.finishedCount
         || !DBCConverterController::_isSupportOperation(_operationType))
         return;
-    const QString counts = text("IDS_MSG_DATA_COUNT", {*event.maxCount})
+    const QString counts = getLocalString("IDS_MSG_DATA_COUNT", {*event.maxCount})
         + _texts().finishedCount.text({*event.finishedCount});
     const QString status
-        = text(isFinished ? "IDS_MSG_PROCESS_IS_FINISHED" : "IDS_MSG_PROCESS_IS_RUNNING",
+        = getLocalString(isFinished ? "IDS_MSG_PROCESS_IS_FINISHED" : "IDS_MSG_PROCESS_IS_RUNNING",
             {_texts().label.text()});
     if (isFinished && _hasWarningsInLog())
         _ui->_messageArea->showAttention(
-            status + u'\n' + text("IDS_MSG_REFERENCE_LOG_FILE"), counts);
+            status + u'\n' + getLocalString("IDS_MSG_REFERENCE_LOG_FILE"), counts);
     else
         _ui->_messageArea->showTexts(status + u'\n' + counts);
 }
@@ -248,7 +243,7 @@ void DBCConverterWindowController::_backupWillBegin(const DBCEvent& /*event*/)
     _ui->_progressHint->clear();
     _showBusyBar();
     _ui->_messageArea->showTexts(
-        text("IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING", {text("IDS_LBL_BACKUP")}));
+        getLocalString("IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING", {getLocalString("IDS_LBL_BACKUP")}));
     _setToCanelBtn();
 }
 
@@ -257,7 +252,7 @@ void DBCConverterWindowController::_backupDidFinish(const DBCEvent& event)
     _ui->_progressHint->clear();
     if (event.operationIsOk.value_or(false))
         _ui->_messageArea->showTexts(
-            text("IDS_MSG_DB_OPERATION_SUCCESS", {text("IDS_LBL_BACKUP")}));
+            getLocalString("IDS_MSG_DB_OPERATION_SUCCESS", {getLocalString("IDS_LBL_BACKUP")}));
     else
         _resetProgressAreaStatus();
     _showBar(0, 0);
@@ -269,8 +264,8 @@ void DBCConverterWindowController::_restoreWillBegin(const DBCEvent& /*event*/)
     _forgetCards();
     _ui->_progressHint->clear();
     _showBusyBar();
-    _ui->_messageArea->showTexts(
-        text("IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING", {text("IDS_LBL_RESTORE")}));
+    _ui->_messageArea->showTexts(getLocalString(
+        "IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING", {getLocalString("IDS_LBL_RESTORE")}));
     _ui->_convertBtn->setEnabled(false);
 }
 
@@ -278,8 +273,9 @@ void DBCConverterWindowController::_restoreDidFinish(const DBCEvent& /*event*/)
 {
     _showBar(0, 0);
     _resetProgressAreaStatus();
-    _ui->_messageArea->showAttention(text("IDS_MSG_DB_RESTORE_FINISH", {text("IDS_LBL_RESTORE")})
-        + u'\n' + text("IDS_MSG_REFERENCE_LOG_FILE"));
+    _ui->_messageArea->showAttention(
+        getLocalString("IDS_MSG_DB_RESTORE_FINISH", {getLocalString("IDS_LBL_RESTORE")}) + u'\n'
+        + getLocalString("IDS_MSG_REFERENCE_LOG_FILE"));
     _redrawProgressBox();
 }
 
@@ -319,5 +315,5 @@ void DBCConverterWindowController::_operationDidFinish(const DBCEvent& event)
 void DBCConverterWindowController::_notifyUnwatched()
 {
     if (!_mainWndCtrl.isActiveWindow())
-        _notification.show(text("IDS_TITLE_WINDOW"), _ui->_messageArea->accessibleName());
+        _notification.show(getLocalString("IDS_TITLE_WINDOW"), _ui->_messageArea->accessibleName());
 }

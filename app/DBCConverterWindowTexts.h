@@ -12,7 +12,7 @@ struct DBCConverterWindowTexts {
         const char* name;
         QString text(const DBCMessageArguments& arguments = {}) const
         {
-            return getLocalString(QString::fromLatin1(name), arguments);
+            return getLocalString(name, arguments);
         }
     };
 

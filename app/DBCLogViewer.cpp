@@ -21,11 +21,6 @@ namespace {
 constexpr int millisecondsBetweenReads = 500;
 constexpr QSize usualSize {820, 520}; // device-independent pixels
 
-QString text(const char* key, const DBCMessageArguments& arguments = {})
-{
-    return getLocalString(QString::fromLatin1(key), arguments);
-}
-
 void showInViewer(const QString& path, QWidget* parent, const std::function<void()>& onFailure)
 {
     auto* viewer = parent->findChild<DBCLogViewer*>();
@@ -53,7 +48,7 @@ void showLogFile(const QString& path, QWidget* parent, const std::function<void(
 DBCLogViewer::DBCLogViewer(const QString& path, QWidget* parent)
     : QDialog(parent)
     , _path(path)
-    , _notice(new QLabel(text("IDS_LABEL_LOG_TAIL", {path}), this))
+    , _notice(new QLabel(getLocalString("IDS_LABEL_LOG_TAIL", {path}), this))
     , _text(new QPlainTextEdit(this))
     , _wanted(new QLineEdit(this))
     , _findResult(new QLabel(this))
@@ -81,9 +76,9 @@ void DBCLogViewer::makeControls()
     _text->setAccessibleName(windowTitle());
     _findResult->setTextFormat(Qt::PlainText);
 
-    auto* const label = new QLabel(text("IDS_LABEL_FIND"), this);
+    auto* const label = new QLabel(getLocalString("IDS_LABEL_FIND"), this);
     label->setBuddy(_wanted);
-    auto* const find = new QPushButton(text("IDS_BUTTON_FIND_NEXT"), this);
+    auto* const find = new QPushButton(getLocalString("IDS_BUTTON_FIND_NEXT"), this);
     find->setDefault(true);
     connect(find, &QPushButton::clicked, this, &DBCLogViewer::findNext);
     connect(_wanted, &QLineEdit::textEdited, _findResult, &QLabel::clear);
@@ -186,5 +181,5 @@ void DBCLogViewer::findNext()
     if (_text->find(wanted))
         return;
     _text->setTextCursor(before);
-    _findResult->setText(text("IDS_LABEL_NOT_FOUND", {wanted}));
+    _findResult->setText(getLocalString("IDS_LABEL_NOT_FOUND", {wanted}));
 }

@@ -13,11 +13,6 @@ namespace {
 // Long enough that a word is not judged letter by letter.
 constexpr int millisecondsAfterTyping = 200;
 
-QString text(const char* key, const DBCMessageArguments& arguments = {})
-{
-    return getLocalString(QString::fromLatin1(key), arguments);
-}
-
 bool isFile(const QString& path)
 {
     const QFileInfo info(path);
@@ -54,13 +49,13 @@ std::optional<QString> DBCPathHint::problem(Subject subject, const QString& type
     const QString path = DBCPaths::usable(typedPath);
     const QFileInfo info(path);
     if (!info.exists())
-        return text("IDS_LABEL_PATH_NOT_FOUND");
+        return getLocalString("IDS_LABEL_PATH_NOT_FOUND");
     if (!info.isDir())
-        return text("IDS_LABEL_PATH_IS_FILE");
+        return getLocalString("IDS_LABEL_PATH_IS_FILE");
     if (subject == Subject::InterchangeFolder && !isFile(DBCInterchangeNames::dataFile(path)))
-        return text("IDS_LABEL_PATH_NO_DATA_FILE", {DBCInterchangeNames::dataFileName()});
+        return getLocalString("IDS_LABEL_PATH_NO_DATA_FILE", {DBCInterchangeNames::dataFileName()});
     if (subject == Subject::CardDatabase && !isFile(DBCPackageLayout::storeFile(path)))
-        return text("IDS_LABEL_PATH_NO_DATABASE");
+        return getLocalString("IDS_LABEL_PATH_NO_DATABASE");
     return std::nullopt;
 }
 

@@ -72,7 +72,7 @@ QVariant DBCProblemModel::headerData(int section, Qt::Orientation orientation, i
         return QAbstractTableModel::headerData(section, orientation, role);
     switch (role) {
     case Qt::DisplayRole:
-        return getLocalString(QString::fromLatin1(titleKeys.at(static_cast<std::size_t>(section))));
+        return getLocalString(titleKeys.at(static_cast<std::size_t>(section)));
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(alignmentOf(section));
     default:

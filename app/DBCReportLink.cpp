@@ -15,7 +15,7 @@ constexpr quint32 reportNotOpenedMessage = 111;
 void showCount(qint64 concernedCardCount, DBCMessageArea& messageArea)
 {
     const char* const key = messageArea.hasText() ? "IDS_MSG_WARNED_COUNT" : "IDS_MSG_WARNED_CARDS";
-    messageArea.appendText(getLocalString(QString::fromLatin1(key), {concernedCardCount}));
+    messageArea.appendText(getLocalString(key, {concernedCardCount}));
 }
 
 } // namespace

@@ -35,7 +35,7 @@ void windDownWhenTheDisplayIsLost(
 
 void explain(const char* key)
 {
-    std::fprintf(stderr, "%s\n", qUtf8Printable(getLocalString(QString::fromLatin1(key))));
+    std::fprintf(stderr, "%s\n", qUtf8Printable(getLocalString(key)));
 }
 
 // For desktops that know a window by its picture alone; others find it by the desktop file's name.

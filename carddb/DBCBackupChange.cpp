@@ -34,7 +34,7 @@ using Outcome = DBCBackupChange::Outcome;
 
 DBCProblem problemAt(const QString& path, const char* key, const DBCMessageArguments& arguments)
 {
-    return {getLocalString(QString::fromLatin1(key), arguments), path};
+    return {getLocalString(key, arguments), path};
 }
 
 DBCProblem problemAt(const QString& path, const char* key)

@@ -39,7 +39,7 @@ DBCProblem problemAt(const QString& path, const char* key, const DBCMessageArgum
 {
     DBCMessageArguments arguments {path};
     arguments.insert(arguments.end(), further.begin(), further.end());
-    return {getLocalString(QString::fromLatin1(key), arguments), path};
+    return {getLocalString(key, arguments), path};
 }
 
 // The steps answer with the reason of their failure; empty: done.

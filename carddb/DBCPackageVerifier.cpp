@@ -52,7 +52,7 @@ DBCProblem problemAt(const QString& path, const char* key, const QStringList& fu
 {
     DBCMessageArguments arguments {path};
     arguments.insert(arguments.end(), furtherArguments.begin(), furtherArguments.end());
-    return {getLocalString(QString::fromLatin1(key), arguments), path};
+    return {getLocalString(key, arguments), path};
 }
 
 // Asked of the standard library, because Qt takes the root folder where there is no other. A
@@ -333,5 +333,5 @@ void DBCPackageVerifier::reportCard(
     DBCMessageArguments arguments {
         card.textOrEmpty(DBCRecordKey::full_Name), card.textOrEmpty(DBCRecordKey::cardID)};
     arguments.insert(arguments.end(), furtherArguments.begin(), furtherArguments.end());
-    _problems.push_back({getLocalString(QString::fromLatin1(key), arguments), path});
+    _problems.push_back({getLocalString(key, arguments), path});
 }

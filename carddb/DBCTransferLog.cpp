@@ -33,8 +33,7 @@ namespace DBCTransferLog {
 
 void error(const char* key, const DBCTransferSubject& subject)
 {
-    DBCLog::error(
-        getLocalString(QString::fromLatin1(key)), originOf(key, subject, DBCConsequence::Stopped));
+    DBCLog::error(getLocalString(key), originOf(key, subject, DBCConsequence::Stopped));
 }
 
 void cardWarning(const char* key, const DBCTransferSubject& subject, DBCConsequence consequence,
@@ -43,23 +42,21 @@ void cardWarning(const char* key, const DBCTransferSubject& subject, DBCConseque
     DBCMessageArguments arguments {subject.number, subject.fullName};
     if (detail)
         arguments.push_back(*detail);
-    DBCLog::warning(
-        getLocalString(QString::fromLatin1(key), arguments), originOf(key, subject, consequence));
+    DBCLog::warning(getLocalString(key, arguments), originOf(key, subject, consequence));
 }
 
 void nameLeadsOut(const DBCTransferSubject& subject, const QString& name, const QString& folder,
     DBCConsequence consequence)
 {
     constexpr const char* key = "IDS_LOG_WRN_NAME_LEADS_OUT";
-    DBCLog::warning(
-        getLocalString(QString::fromLatin1(key), {subject.number, subject.fullName, name, folder}),
+    DBCLog::warning(getLocalString(key, {subject.number, subject.fullName, name, folder}),
         originOf(key, subject, consequence));
 }
 
 void missing(const DBCTransferSubject& subject, const QString& path, DBCConsequence consequence)
 {
     constexpr const char* key = "IDS_LOG_WRN_FILE_NO_EXISTS";
-    const QString text = getLocalString(QString::fromLatin1(key), {path});
+    const QString text = getLocalString(key, {path});
     const DBCLogOrigin origin = originOf(key, subject, consequence);
     if (consequence == DBCConsequence::Stopped)
         DBCLog::error(text, origin);
@@ -70,8 +67,7 @@ void missing(const DBCTransferSubject& subject, const QString& path, DBCConseque
 void errorPlace(const DBCTransferSubject& subject, const QString& path)
 {
     constexpr const char* key = "IDS_LOG_ERR_TRANSFER_PLACE";
-    DBCLog::error(
-        getLocalString(QString::fromLatin1(key), {subject.number, subject.fullName, path}),
+    DBCLog::error(getLocalString(key, {subject.number, subject.fullName, path}),
         originOf(key, subject, DBCConsequence::Stopped));
 }
 

@@ -8,11 +8,6 @@
 
 namespace {
 
-QString text(const char* key, const DBCMessageArguments& arguments)
-{
-    return getLocalString(QString::fromLatin1(key), arguments);
-}
-
 DBCCommandResult failed(DBCExitCode exitCode)
 {
     return {.exitCode = exitCode, .code = DBCResultCode::GeneralFailure};
@@ -27,12 +22,12 @@ DBCCommandResult listBackups(const QString& package, DBCReporter& reporter)
     }
     // Backups of a package that is gone are all the more welcome.
     if (list.backups.empty() && !QFileInfo(package).isDir()) {
-        reporter.message({}, text("IDS_VERIFY_NO_FOLDER", {package}));
+        reporter.message({}, getLocalString("IDS_VERIFY_NO_FOLDER", {package}));
         return failed(DBCExitCode::Refused);
     }
     reporter.backups(list.backups);
     const auto count = static_cast<qint64>(list.backups.size());
-    return {.summary = {text("IDS_BACKUP_COUNT", {package, count})}};
+    return {.summary = {getLocalString("IDS_BACKUP_COUNT", {package, count})}};
 }
 
 // What went wrong has been logged, and an error that is logged is shown.
@@ -41,7 +36,7 @@ DBCCommandResult resultOf(const DBCBackupChange::Result& change, QStringList sum
     switch (change.outcome) {
     case DBCBackupChange::Outcome::Done:
         if (!change.keptPackage.isEmpty())
-            summary << text("IDS_BACKUP_KEPT", {change.keptPackage});
+            summary << getLocalString("IDS_BACKUP_KEPT", {change.keptPackage});
         return {.backupPath = change.keptPackage, .summary = summary};
     case DBCBackupChange::Outcome::NotConfirmed:
     case DBCBackupChange::Outcome::Refused:
@@ -62,9 +57,10 @@ DBCCommandResult keepBackups(const DBCRequest& request, DBCReporter& reporter)
     if (const QString& name = request.backupToRestore; !name.isEmpty()) {
         const auto change = restoreChosenBackup(
             package, name, [&](const DBCEvent& event) { reporter.event(event); });
-        return resultOf(change, {text("IDS_BACKUP_RESTORED", {package, name})});
+        return resultOf(change, {getLocalString("IDS_BACKUP_RESTORED", {package, name})});
     }
     if (const QString& name = request.backupToDelete; !name.isEmpty())
-        return resultOf(deleteChosenBackup(package, name), {text("IDS_BACKUP_DELETED", {name})});
+        return resultOf(
+            deleteChosenBackup(package, name), {getLocalString("IDS_BACKUP_DELETED", {name})});
     return listBackups(package, reporter);
 }

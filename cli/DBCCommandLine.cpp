@@ -49,15 +49,10 @@ constexpr std::array options {
 // Where the descriptions of the help text begin.
 constexpr qsizetype descriptionColumn = 26;
 
-QString text(const char* key, const DBCMessageArguments& arguments = {})
-{
-    return getLocalString(QString::fromLatin1(key), arguments);
-}
-
 QString helpLine(const QString& term, const char* descriptionKey)
 {
-    return QStringLiteral("  ") + term.leftJustified(descriptionColumn - 2) + text(descriptionKey)
-        + u'\n';
+    return QStringLiteral("  ") + term.leftJustified(descriptionColumn - 2)
+        + getLocalString(descriptionKey) + u'\n';
 }
 
 QString optionTerm(const OptionRow& row)
@@ -68,7 +63,7 @@ QString optionTerm(const OptionRow& row)
 
 QString helpText()
 {
-    QString help = text("IDS_CLI_HELP_USAGE") + QStringLiteral("\n\n");
+    QString help = getLocalString("IDS_CLI_HELP_USAGE") + QStringLiteral("\n\n");
     for (const CommandRow& row : commands)
         help += helpLine(
             QStringLiteral("%1 %2").arg(QLatin1String(row.name), QLatin1String(row.operands)),
@@ -76,13 +71,13 @@ QString helpText()
     help += u'\n';
     for (const OptionRow& row : options)
         help += helpLine(optionTerm(row), row.descriptionKey);
-    return help + u'\n' + text("IDS_CLI_HELP_EXIT") + u'\n';
+    return help + u'\n' + getLocalString("IDS_CLI_HELP_EXIT") + u'\n';
 }
 
 DBCUsage wrongUsage(const char* key, const DBCMessageArguments& arguments = {})
 {
-    return {
-        DBCExitCode::WrongUsage, text(key, arguments) + u'\n' + text("IDS_CLI_TRY_HELP") + u'\n'};
+    return {DBCExitCode::WrongUsage,
+        getLocalString(key, arguments) + u'\n' + getLocalString("IDS_CLI_TRY_HELP") + u'\n'};
 }
 
 // ".." behind a symbolic link leads elsewhere than its text says, so such a path is resolved.

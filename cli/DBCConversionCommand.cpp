@@ -80,36 +80,32 @@ DBCExitCode exitCodeOf(bool isOk, const DBCConverterController& controller)
     return log && log->hasWarningOrError() ? DBCExitCode::DoneWithWarnings : DBCExitCode::Done;
 }
 
-QString text(const char* key, const DBCMessageArguments& arguments)
-{
-    return getLocalString(QString::fromLatin1(key), arguments);
-}
-
 QString outcomeText(const Conversion& conversion, const DBCCommandResult& result)
 {
     const bool isImport = conversion.isImport();
     if (result.exitCode == DBCExitCode::Cancelled)
-        return isImport ? text("IDS_CLI_IMPORT_CANCELLED", {conversion.package})
-                        : text("IDS_CLI_EXPORT_CANCELLED", {conversion.exportedFolder()});
+        return isImport ? getLocalString("IDS_CLI_IMPORT_CANCELLED", {conversion.package})
+                        : getLocalString("IDS_CLI_EXPORT_CANCELLED", {conversion.exportedFolder()});
     const DBCMessageArguments arguments {result.finishedCount, result.maxCount,
         isImport ? conversion.package : conversion.exportedFolder()};
     if (result.exitCode == DBCExitCode::Failed)
-        return isImport ? text("IDS_CLI_IMPORT_FAILED", arguments)
-                        : text("IDS_CLI_EXPORT_FAILED", arguments);
-    return isImport ? text("IDS_CLI_IMPORTED", arguments) : text("IDS_CLI_EXPORTED", arguments);
+        return isImport ? getLocalString("IDS_CLI_IMPORT_FAILED", arguments)
+                        : getLocalString("IDS_CLI_EXPORT_FAILED", arguments);
+    return isImport ? getLocalString("IDS_CLI_IMPORTED", arguments)
+                    : getLocalString("IDS_CLI_EXPORTED", arguments);
 }
 
 QStringList summaryOf(const Conversion& conversion, const DBCCommandResult& result)
 {
     QStringList lines {outcomeText(conversion, result)};
     if (!result.backupPath.isEmpty())
-        lines << text("IDS_CLI_BACKUP", {result.backupPath});
+        lines << getLocalString("IDS_CLI_BACKUP", {result.backupPath});
     if (!result.reportPath.isEmpty())
-        lines << text("IDS_CLI_REPORT", {result.reportPath});
+        lines << getLocalString("IDS_CLI_REPORT", {result.reportPath});
     const DBCLog* log = DBCLog::logInstance();
     if (!log)
-        return lines << text("IDS_CLI_NO_LOG", {DBCLog::_defaultLogFilePath()});
-    return lines << text("IDS_CLI_LOG",
+        return lines << getLocalString("IDS_CLI_NO_LOG", {DBCLog::_defaultLogFilePath()});
+    return lines << getLocalString("IDS_CLI_LOG",
                {log->logFilePath(), qint64 {result.warningCount}, qint64 {result.errorCount}});
 }
 

@@ -8,11 +8,6 @@
 
 namespace {
 
-QString text(const char* key, const DBCMessageArguments& arguments)
-{
-    return getLocalString(QString::fromLatin1(key), arguments);
-}
-
 // Hands the problems on; the first line of the summary says how many there were.
 DBCCommandResult resultOf(const DBCFindings& findings, const QString& path, DBCReporter& reporter)
 {
@@ -27,8 +22,8 @@ DBCCommandResult resultOf(const DBCFindings& findings, const QString& path, DBCR
         return result;
     }
     result.exitCode = count == 0 ? DBCExitCode::Done : DBCExitCode::DoneWithWarnings;
-    result.summary << (count == 0 ? text("IDS_CHECK_NO_PROBLEMS", {path})
-                                  : text("IDS_CHECK_PROBLEMS", {path, count}));
+    result.summary << (count == 0 ? getLocalString("IDS_CHECK_NO_PROBLEMS", {path})
+                                  : getLocalString("IDS_CHECK_PROBLEMS", {path, count}));
     return result;
 }
 
@@ -43,7 +38,7 @@ DBCCommandResult checkFolder(const DBCRequest& request, DBCReporter& reporter)
     result.finishedCount = report.cardCount;
     if (!report.findings.couldNotLook) {
         result.bytesNeeded = report.bytesNeeded;
-        result.summary << text("IDS_CHECK_CARDS_AND_SPACE",
+        result.summary << getLocalString("IDS_CHECK_CARDS_AND_SPACE",
             {report.cardCount,
                 DBCLocalizable::locale().formattedDataSize(
                     static_cast<qint64>(report.bytesNeeded))});
@@ -64,7 +59,7 @@ DBCCommandResult verifyPackage(const DBCRequest& request, DBCReporter& reporter)
     result.maxCount = cardCount;
     result.finishedCount = cardCount;
     if (!findings.couldNotLook)
-        result.summary << text("IDS_CLI_VERIFIED", {cardCount});
+        result.summary << getLocalString("IDS_CLI_VERIFIED", {cardCount});
     return result;
 }
 
@@ -73,7 +68,7 @@ DBCCommandResult createPackage(const DBCRequest& request, DBCReporter& reporter)
     const QString package = request.paths.constFirst();
     const DBCPackageCreator::Result created = DBCPackageCreator::create(package);
     if (created.outcome == DBCPackageCreator::Outcome::Created)
-        return {.summary = {text("IDS_CLI_CREATED", {package})}};
+        return {.summary = {getLocalString("IDS_CLI_CREATED", {package})}};
     reporter.message({}, created.problem.text);
     return {
         .exitCode = created.outcome == DBCPackageCreator::Outcome::Refused ? DBCExitCode::Refused

@@ -17,8 +17,8 @@ constexpr qsizetype cellsBetweenColumns = 2;
 
 QString stageText(const char* labelKey)
 {
-    return getLocalString(QStringLiteral("IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING"),
-        {getLocalString(QString::fromLatin1(labelKey))});
+    return getLocalString(
+        QStringLiteral("IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING"), {getLocalString(labelKey)});
 }
 
 // The columns of a row but the last, which needs no room behind it.

@@ -53,7 +53,7 @@ void DBCProgressLine::showCounts(const char* formatKey, qint64 finishedCount, qi
     _sinceLastWrite.start();
     const qint64 percentage
         = (finishedCount + stepsBeforeCards) * 100 / (maxCount + stepsBeforeCards);
-    const QString stage = getLocalString(QString::fromLatin1(formatKey), {percentage});
+    const QString stage = getLocalString(formatKey, {percentage});
     const QString time = remainingTime(finishedCount, maxCount);
     write(time.isEmpty()
             ? getLocalString(QStringLiteral("IDS_CLI_PROGRESS"), {stage, finishedCount, maxCount})

@@ -10,7 +10,7 @@ namespace {
 
 DBCCommandResult done(const char* key, const QString& package)
 {
-    return {.summary = {getLocalString(QString::fromLatin1(key), {package})}};
+    return {.summary = {getLocalString(key, {package})}};
 }
 
 DBCCommandResult notDone(DBCExitCode exitCode)
@@ -20,7 +20,7 @@ DBCCommandResult notDone(DBCExitCode exitCode)
 
 DBCCommandResult refused(const char* key, const QString& package, DBCReporter& reporter)
 {
-    reporter.message({}, getLocalString(QString::fromLatin1(key), {package}));
+    reporter.message({}, getLocalString(key, {package}));
     return notDone(DBCExitCode::Refused);
 }
 

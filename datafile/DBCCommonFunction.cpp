@@ -65,7 +65,7 @@ QStringList DBCCommonFunction::createTitleNamesForDataFile()
 {
     QStringList titles;
     for (const DBCColumn& column : DBCColumns)
-        titles << getLocalString(QString::fromLatin1(column.titleKey));
+        titles << getLocalString(column.titleKey);
     return titles;
 }
 

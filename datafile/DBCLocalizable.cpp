@@ -170,3 +170,8 @@ QString getLocalString(const QString& key, const DBCMessageArguments& arguments)
 {
     return DBCLocalizable::fill(getLocalString(key), arguments);
 }
+
+QString getLocalString(const char* key, const DBCMessageArguments& arguments)
+{
+    return getLocalString(QString::fromLatin1(key), arguments);
+}

@@ -56,3 +56,6 @@ QString getLocalString(const QString& key);
 
 // The same, filled with arguments.
 QString getLocalString(const QString& key, const DBCMessageArguments& arguments);
+
+// The same for a key in ASCII, as all of them are.
+QString getLocalString(const char* key, const DBCMessageArguments& arguments = {});

@@ -65,7 +65,7 @@ DBCTextDecoder::ByteOrder DBCTextDecoder::byteOrderOf(QByteArrayView start)
         return ByteOrder::BigEndian;
     if (start.startsWith(littleEndianMark) || start.size() < bytesPerUnit)
         return ByteOrder::LittleEndian;
-    const char16_t unit = qFromLittleEndian<char16_t>(start.data());
+    const auto unit = qFromLittleEndian<char16_t>(start.data());
     return !mayBeginAFile(unit) && mayBeginAFile(qbswap(unit)) ? ByteOrder::BigEndian
                                                                : ByteOrder::LittleEndian;
 }

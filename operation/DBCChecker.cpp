@@ -16,8 +16,10 @@
 #include <algorithm>
 #include <vector>
 
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -121,8 +123,10 @@ bool DBCChecker::checkDiskSizeIsEnough(const QString& path, quint64 fileSize)
 
 bool DBCChecker::isTaken(const QString& path)
 {
-    const QFileInfo info(path);
-    return info.exists() || info.isSymLink();
+    struct stat status = {};
+    if (lstat(QFile::encodeName(path).constData(), &status) == 0)
+        return true;
+    return errno != ENOENT && errno != ENOTDIR && errno != EACCES && errno != ENAMETOOLONG;
 }
 
 bool DBCChecker::isWritableFolder(const QString& path)

@@ -22,7 +22,8 @@ public:
     // True when the file system that holds the existing path has at least fileSize bytes free, and
     // any at all.
     static bool checkDiskSizeIsEnough(const QString& path, quint64 fileSize);
-    // Something stands at the path, be it a link that leads nowhere: nothing can be made there.
+    // Something stands at the path, be it a link that leads nowhere: nothing can be made there. So
+    // it is when a bad disk cannot tell: what may be there must not be taken for absent.
     static bool isTaken(const QString& path);
     static bool isWritableFolder(const QString& path);
     static bool checkVelmoraIsLaunched();

@@ -11,15 +11,10 @@ namespace {
 using Outcome = DBCBackupChange::Outcome;
 using Result = DBCBackupChange::Result;
 
-QString text(const char* key, const DBCMessageArguments& arguments = {})
-{
-    return getLocalString(QString::fromLatin1(key), arguments);
-}
-
 QString cardsIn(const DBCBackup& backup)
 {
-    return backup.cardCount ? text("IDS_BACKUP_CARDS", {*backup.cardCount})
-                            : text("IDS_BACKUP_NOT_USABLE");
+    return backup.cardCount ? getLocalString("IDS_BACKUP_CARDS", {*backup.cardCount})
+                            : getLocalString("IDS_BACKUP_NOT_USABLE");
 }
 
 std::optional<DBCBackup> find(const QString& package, const QString& name)
@@ -37,11 +32,12 @@ bool isConfirmed(const char* key, const QString& package, const DBCBackup& backu
 
 Result logged(const char* label, const QString& name, const std::function<Result()>& change)
 {
-    DBCLog::info(text("IDS_LOG_INF_START", {text(label), QStringLiteral(" [%1]").arg(name)}));
+    DBCLog::info(getLocalString(
+        "IDS_LOG_INF_START", {getLocalString(label), QStringLiteral(" [%1]").arg(name)}));
     Result result = change();
     if (result.outcome != Outcome::Done)
         DBCLog::error(result.problem.text);
-    DBCLog::info(text("IDS_LOG_INF_END", {text(label)}));
+    DBCLog::info(getLocalString("IDS_LOG_INF_END", {getLocalString(label)}));
     return result;
 }
 

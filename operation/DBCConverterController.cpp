@@ -304,14 +304,13 @@ void DBCConverterController::_logInfo(const QString& text) const
 
 void DBCConverterController::_logStart(const char* labelKey, const QString& detail) const
 {
-    _logInfo(getLocalString(QStringLiteral("IDS_LOG_INF_START"),
-        {getLocalString(QString::fromLatin1(labelKey)), detail}));
+    _logInfo(
+        getLocalString(QStringLiteral("IDS_LOG_INF_START"), {getLocalString(labelKey), detail}));
 }
 
 void DBCConverterController::_logEnd(const char* labelKey) const
 {
-    _logInfo(getLocalString(
-        QStringLiteral("IDS_LOG_INF_END"), {getLocalString(QString::fromLatin1(labelKey))}));
+    _logInfo(getLocalString(QStringLiteral("IDS_LOG_INF_END"), {getLocalString(labelKey)}));
 }
 
 QString DBCConverterController::_endLine(const char* formatKey, const char* labelKey) const
@@ -320,7 +319,6 @@ QString DBCConverterController::_endLine(const char* formatKey, const char* labe
     const QString notice = log && log->hasWarningOrError()
         ? getLocalString(QStringLiteral("IDS_LOG_INF_EXISTS_WRN_OR_ERR"))
         : QStringLiteral(" ");
-    return getLocalString(QString::fromLatin1(formatKey),
-        {getLocalString(QString::fromLatin1(labelKey)), notice, _outcome.maxCount,
-            _outcome.finishedCount});
+    return getLocalString(
+        formatKey, {getLocalString(labelKey), notice, _outcome.maxCount, _outcome.finishedCount});
 }

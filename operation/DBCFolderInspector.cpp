@@ -2,6 +2,7 @@
 #include "operation/DBCFolderInspector.h"
 
 #include "carddb/DBCFolderListing.h"
+#include "cardimage/DBCBitmap.h"
 #include "cardimage/DBCDiskUsage.h"
 #include "cardimage/DBCImageFiles.h"
 #include "cardimage/DBCJpegProperties.h"
@@ -34,7 +35,7 @@ constexpr std::array addressParts {
 
 QString titleOf(const DBCColumn& column)
 {
-    return getLocalString(QString::fromLatin1(column.titleKey));
+    return getLocalString(column.titleKey);
 }
 
 const DBCColumn& columnOf(DBCRecordKey key)
@@ -76,6 +77,9 @@ std::optional<std::vector<std::string>> listFolder(const QString& folder)
 
 bool isJpeg(const QString& path)
 {
+    // An import does not read what is larger, either.
+    if (QFileInfo(path).size() > DBCBitmap::maximumBytes)
+        return false;
     QByteArray bytes;
     return readJpgFile(QUrl::fromLocalFile(path), &bytes) == 0
         && readJpegProperties(bytes).has_value();
@@ -105,7 +109,7 @@ DBCFolderInspector::DBCFolderInspector(const QString& folder, const Progress& pr
 std::optional<DBCProblem> DBCFolderInspector::reasonNotToLook() const
 {
     const auto reason = [this](const char* key) {
-        return DBCProblem {getLocalString(QString::fromLatin1(key), {_folder}), _folder};
+        return DBCProblem {getLocalString(key, {_folder}), _folder};
     };
     if (!QFileInfo(_folder).isDir())
         return reason("IDS_CHECK_FOLDER_MISSING");
@@ -289,8 +293,7 @@ void DBCFolderInspector::checkAttachment(
 void DBCFolderInspector::report(
     const QString& path, const char* key, const DBCMessageArguments& arguments)
 {
-    _report.findings.problems.push_back(
-        {getLocalString(QString::fromLatin1(key), arguments), path});
+    _report.findings.problems.push_back({getLocalString(key, arguments), path});
 }
 
 void DBCFolderInspector::reportLine(const DBCRecord& record, const QString& path, const char* key,
@@ -301,5 +304,5 @@ void DBCFolderInspector::reportLine(const DBCRecord& record, const QString& path
     for (const QString& argument : furtherArguments)
         arguments.push_back(argument);
     _report.findings.problems.push_back(
-        {getLocalString(QString::fromLatin1(key), arguments), path, lineNo.toLongLong()});
+        {getLocalString(key, arguments), path, lineNo.toLongLong()});
 }

@@ -189,7 +189,7 @@ bool DBCPreconditions::checkPackage()
         return refuse(301);
     const DBCResultCode state = DBCChecker::checkDBAttributes(_databasePath);
     if (state != DBCResultCode::PackageUsable) {
-        DBCLog::error(getLocalString(QString::fromLatin1(reasonKey(state)), {_databasePath}));
+        DBCLog::error(getLocalString(reasonKey(state), {_databasePath}));
         return refuse(301);
     }
     if (DBCChecker::checkDBFileISLocked(DBCPackageLayout::lockFile(_databasePath)))

@@ -12,11 +12,6 @@
 
 namespace {
 
-QString text(const char* key, const DBCMessageArguments& arguments = {})
-{
-    return getLocalString(QString::fromLatin1(key), arguments);
-}
-
 QString languageCode()
 {
     return DBCLocalizable::locale().bcp47Name().section(u'-', 0, 0);
@@ -121,7 +116,8 @@ private:
             QStringLiteral("default-src 'none'; style-src 'unsafe-inline'"));
         meta("name", "viewport", QStringLiteral("width=device-width, initial-scale=1"));
         element("title",
-            DBCReportTexts::title(_report) + QStringLiteral(" - ") + text("IDS_TITLE_WINDOW"));
+            DBCReportTexts::title(_report) + QStringLiteral(" - ")
+                + getLocalString("IDS_TITLE_WINDOW"));
         open("style");
         _xml.writeCharacters(styleSheet());
         close();
@@ -139,7 +135,7 @@ private:
     void figure(const QString& value, const char* labelKey)
     {
         open("div");
-        element("dt", text(labelKey));
+        element("dt", getLocalString(labelKey));
         element("dd", value);
         close();
     }
@@ -158,9 +154,9 @@ private:
     {
         open("dl");
         attribute("class", "figures");
-        figure(
-            text("IDS_REPORT_COUNT", {_report.finishedCount, _report.maxCount}), countLabelKey());
-        figure(text("IDS_REPORT_NUMBER_OF_CARDS", {_report.concernedCardCount}),
+        figure(getLocalString("IDS_REPORT_COUNT", {_report.finishedCount, _report.maxCount}),
+            countLabelKey());
+        figure(getLocalString("IDS_REPORT_NUMBER_OF_CARDS", {_report.concernedCardCount}),
             "IDS_REPORT_CARDS_CONCERNED");
         figure(DBCReportTexts::timeTaken(_report), "IDS_REPORT_TIME");
         close();
@@ -171,13 +167,13 @@ private:
         if (_report.messages.empty())
             return;
         open("section");
-        element("h2", text("IDS_REPORT_REASON"));
+        element("h2", getLocalString("IDS_REPORT_REASON"));
         for (const DBCLogEntry& message : _report.messages) {
             open("p");
             attribute("class", "reason");
             characters(message.text + u' ');
             element("small",
-                text("IDS_REPORT_MESSAGE_NUMBER",
+                getLocalString("IDS_REPORT_MESSAGE_NUMBER",
                     {qint64 {message.origin.messageNumber.value_or(0)}}));
             close();
         }
@@ -187,9 +183,9 @@ private:
     void writeCards()
     {
         open("section");
-        element("h2", text("IDS_REPORT_CARDS_CONCERNED"));
+        element("h2", getLocalString("IDS_REPORT_CARDS_CONCERNED"));
         if (_report.cards.empty()) {
-            element("p", text("IDS_REPORT_NOTHING"));
+            element("p", getLocalString("IDS_REPORT_NOTHING"));
         } else {
             open("table");
             writeColumns();
@@ -198,7 +194,7 @@ private:
             close();
         }
         if (_report.leftOutCount != 0)
-            element("p", text("IDS_REPORT_LEFT_OUT", {_report.leftOutCount}), "leftOut");
+            element("p", getLocalString("IDS_REPORT_LEFT_OUT", {_report.leftOutCount}), "leftOut");
         close();
     }
 
@@ -210,7 +206,7 @@ private:
                  "IDS_REPORT_NAME", "IDS_REPORT_WRONG", "IDS_REPORT_FATE"}) {
             open("th");
             attribute("scope", "col");
-            characters(text(key));
+            characters(getLocalString(key));
             close();
         }
         close();
@@ -225,7 +221,7 @@ private:
             if (&problem == &card.problems.front()) {
                 sharedCell("td", "number", card, QString::number(card.number));
                 sharedCell("th", "name", card,
-                    card.name.isEmpty() ? text("IDS_REPORT_NO_NAME") : card.name);
+                    card.name.isEmpty() ? getLocalString("IDS_REPORT_NO_NAME") : card.name);
             }
             writeProblem("td", problem);
             element("td", DBCReportTexts::fate(_report, problem), "fate");
@@ -250,7 +246,7 @@ private:
     {
         const bool isWarning = problem.type == DBCLogType::Warning;
         open(name);
-        element("span", text(isWarning ? "IDS_REPORT_WARNING" : "IDS_REPORT_ERROR"),
+        element("span", getLocalString(isWarning ? "IDS_REPORT_WARNING" : "IDS_REPORT_ERROR"),
             isWarning ? "warning" : "error");
         characters(u' ' + problem.text);
         close();
@@ -261,7 +257,7 @@ private:
         if (_report.others.empty())
             return;
         open("section");
-        element("h2", text("IDS_REPORT_OTHERS"));
+        element("h2", getLocalString("IDS_REPORT_OTHERS"));
         open("ul");
         for (const DBCLogEntry& entry : _report.others)
             writeProblem("li", entry);
@@ -273,7 +269,7 @@ private:
     {
         if (path.isEmpty())
             return;
-        element("dt", text(labelKey));
+        element("dt", getLocalString(labelKey));
         element("dd", path, "path");
     }
 
@@ -281,10 +277,10 @@ private:
     {
         const QLocale locale = DBCLocalizable::locale();
         open("section");
-        element("h2", text("IDS_REPORT_ASKED"));
+        element("h2", getLocalString("IDS_REPORT_ASKED"));
         open("dl");
         attribute("class", "paths");
-        element("dt", text("IDS_REPORT_STARTED"));
+        element("dt", getLocalString("IDS_REPORT_STARTED"));
         element("dd",
             locale.toString(_report.started.date(), QLocale::LongFormat) + u' '
                 + locale.toString(_report.started.time(), QLocale::ShortFormat));
@@ -300,14 +296,14 @@ private:
     {
         open("footer");
         open("p");
-        characters(text("IDS_REPORT_DATA") + u' ');
+        characters(getLocalString("IDS_REPORT_DATA") + u' ');
         open("a");
         attribute("href", QString::fromLatin1(QUrl::toPercentEncoding(_dataName)));
         characters(_dataName);
         close();
         close();
         element("p",
-            text("IDS_REPORT_KEPT",
+            getLocalString("IDS_REPORT_KEPT",
                 {QStringLiteral(VELMORA_VERSION), qint64 {DBCReportFiles::mostReports}}));
         close();
     }

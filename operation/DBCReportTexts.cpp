@@ -57,11 +57,6 @@ const ConsequenceRow& rowOf(DBCConsequence consequence)
     return consequences.at(static_cast<std::size_t>(consequence));
 }
 
-QString text(const char* key, const DBCMessageArguments& arguments = {})
-{
-    return getLocalString(QString::fromLatin1(key), arguments);
-}
-
 bool isImport(const DBCRunReport& report)
 {
     return report.operation == OperationType::Import;
@@ -90,18 +85,18 @@ namespace DBCReportTexts {
 
 QString operation(const DBCRunReport& report)
 {
-    return text(isImport(report) ? "IDS_LBL_IMPORT" : "IDS_LBL_EXPORT");
+    return getLocalString(isImport(report) ? "IDS_LBL_IMPORT" : "IDS_LBL_EXPORT");
 }
 
 QString title(const DBCRunReport& report)
 {
-    return text(rowOf(report.end).titleKey, {operation(report)});
+    return getLocalString(rowOf(report.end).titleKey, {operation(report)});
 }
 
 QString explanation(const DBCRunReport& report)
 {
     const EndRow& row = rowOf(report.end);
-    return text(isImport(report) ? row.importKey : row.exportKey);
+    return getLocalString(isImport(report) ? row.importKey : row.exportKey);
 }
 
 QString timeTaken(const DBCRunReport& report)
@@ -109,11 +104,13 @@ QString timeTaken(const DBCRunReport& report)
     const double exactly = static_cast<double>(report.milliseconds) / millisecondsPerSecond;
     const qint64 seconds = qRound64(exactly);
     if (seconds >= secondsPerHour)
-        return text("IDS_REPORT_HOURS",
+        return getLocalString("IDS_REPORT_HOURS",
             {seconds / secondsPerHour, seconds % secondsPerHour / secondsPerMinute});
     if (seconds >= secondsPerMinute)
-        return text("IDS_REPORT_MINUTES", {seconds / secondsPerMinute, seconds % secondsPerMinute});
-    return text("IDS_REPORT_SECONDS", {DBCLocalizable::locale().toString(exactly, 'f', 1)});
+        return getLocalString(
+            "IDS_REPORT_MINUTES", {seconds / secondsPerMinute, seconds % secondsPerMinute});
+    return getLocalString(
+        "IDS_REPORT_SECONDS", {DBCLocalizable::locale().toString(exactly, 'f', 1)});
 }
 
 QString fate(const DBCRunReport& report, const DBCLogEntry& problem)
@@ -121,9 +118,9 @@ QString fate(const DBCRunReport& report, const DBCLogEntry& problem)
     const DBCConsequence consequence = problem.origin.consequence;
     const char* const common = commonFateKey(report);
     if (common && consequence != DBCConsequence::Stopped)
-        return text(common);
+        return getLocalString(common);
     const char* const key = rowOf(consequence).key;
-    return key ? text(key) : QString();
+    return key ? getLocalString(key) : QString();
 }
 
 QString endName(DBCRunEnd end)

@@ -10,11 +10,6 @@ namespace {
 
 constexpr quint32 packageUnusableMessage = 301;
 
-QString text(const char* key, const DBCMessageArguments& arguments = {})
-{
-    return getLocalString(QString::fromLatin1(key), arguments);
-}
-
 DBCSettlement showFailure(DBCResultCode code, const QString& backupPath)
 {
     const auto message = DBCMessage::messageForImportError(DBCError(code).withPathName(backupPath));
@@ -24,7 +19,7 @@ DBCSettlement showFailure(DBCResultCode code, const QString& backupPath)
 
 DBCSettlement reportUnreadable(const QString& journalPath)
 {
-    DBCLog::error(text("IDS_LOG_ERR_JOURNAL_UNREADABLE", {journalPath}));
+    DBCLog::error(getLocalString("IDS_LOG_ERR_JOURNAL_UNREADABLE", {journalPath}));
     DBCMessage::ShowErrorMessage(packageUnusableMessage);
     return DBCSettlement::Failed;
 }
@@ -32,9 +27,10 @@ DBCSettlement reportUnreadable(const QString& journalPath)
 DBCSettlement restore(DBCPackageRecovery& recovery)
 {
     const QString backupPath = recovery.backupPath();
-    DBCLog::info(text("IDS_LOG_INF_START", {text("IDS_LBL_RESTORE"), backupPath}));
+    DBCLog::info(
+        getLocalString("IDS_LOG_INF_START", {getLocalString("IDS_LBL_RESTORE"), backupPath}));
     const DBCResultCode code = recovery.restore();
-    DBCLog::info(text("IDS_LOG_INF_END", {text("IDS_LBL_RESTORE")}));
+    DBCLog::info(getLocalString("IDS_LOG_INF_END", {getLocalString("IDS_LBL_RESTORE")}));
     return code == DBCResultCode::Success ? DBCSettlement::Restored : showFailure(code, backupPath);
 }
 
@@ -43,7 +39,7 @@ DBCSettlement keep(DBCPackageRecovery& recovery)
     const QString backupPath = recovery.backupPath();
     if (!recovery.keep())
         return reportUnreadable(recovery.journalPath());
-    DBCLog::info(text("IDS_LOG_INF_UNFINISHED_KEPT", {recovery.package(), backupPath}));
+    DBCLog::info(getLocalString("IDS_LOG_INF_UNFINISHED_KEPT", {recovery.package(), backupPath}));
     return DBCSettlement::Kept;
 }
 

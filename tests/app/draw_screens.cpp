@@ -23,7 +23,7 @@ constexpr qint64 cards = 1284;
 QPalette darkPalette()
 {
     const QColor window(0x2b, 0x2b, 0x2e);
-    const QColor text(0xf2, 0xf2, 0xf2);
+    const QColor getLocalString(0xf2, 0xf2, 0xf2);
     QPalette palette(QColor(0x3a, 0x3a, 0x3e), window);
     palette.setColor(QPalette::Base, QColor(0x1f, 0x1f, 0x21));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
@@ -39,11 +39,6 @@ QPalette darkPalette()
 const QString folder = QStringLiteral("/home/hanako/名刺データ");
 const QString package
     = QStringLiteral("/home/hanako/Library/Application Support/Velmora/Velmora DB.vmdb");
-
-QString text(const char* key, const DBCMessageArguments& arguments)
-{
-    return getLocalString(QString::fromLatin1(key), arguments);
-}
 
 void openImport(WindowFixture& fixture)
 {
@@ -108,7 +103,7 @@ void drawRestored(WindowFixture& fixture)
 DBCProblem problem(
     qint64 line, const char* key, const QString& path, const DBCMessageArguments& arguments)
 {
-    return {text(key, arguments), folder + u'/' + path, line};
+    return {getLocalString(key, arguments), folder + u'/' + path, line};
 }
 
 void drawReport(WindowFixture& fixture, std::vector<DBCProblem> problems)
@@ -137,7 +132,7 @@ void drawProblems(WindowFixture& fixture)
     const QString scan = QStringLiteral("名刺画像/scan 3.png");
     const QString papers = QStringLiteral("添付ファイル/渡辺");
     drawReport(fixture,
-        {{text("IDS_CHECK_VERSION_MISSING",
+        {{getLocalString("IDS_CHECK_VERSION_MISSING",
               {folder + QStringLiteral("/Version.txt"), QStringLiteral("V1.0L10")}),
              folder + QStringLiteral("/Version.txt")},
             problem(9, "IDS_CHECK_IMAGE_MISSING", image,
@@ -156,7 +151,8 @@ DBCBackup backup(const QString& name, const QDateTime& madeAt, std::optional<qin
     const QString path = QFileInfo(package).path() + u'/' + name;
     return {path, madeAt, bytes, cardCount,
         cardCount ? QString()
-                  : text("IDS_VERIFY_STORE_MISSING", {path + QStringLiteral("/Velmora.sqldb")})};
+                  : getLocalString(
+                      "IDS_VERIFY_STORE_MISSING", {path + QStringLiteral("/Velmora.sqldb")})};
 }
 
 void drawBackups(WindowFixture& fixture)

@@ -60,7 +60,7 @@ struct TransferFixture {
 
     static QString text(const char* key, const DBCMessageArguments& arguments = {})
     {
-        return getLocalString(QString::fromLatin1(key), arguments);
+        return getLocalString(key, arguments);
     }
 
     QString packagePath(const QString& relative) const { return package.path(relative); }

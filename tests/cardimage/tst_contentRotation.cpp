@@ -46,6 +46,7 @@ void tst_contentRotation::matrixTellsTheRotation_data()
     QTest::newRow("quarter turn") << QByteArray("0 1200 -800 0 0 800") << 90;
     QTest::newRow("three quarter turn") << QByteArray("0 1200 -800 0 1200 0") << 270;
     QTest::newRow("half turn") << QByteArray("-800 0 0 -1200 800 1200") << 180;
+    QTest::newRow("half turn behind line ends") << QByteArray("\r\n-8 0 0 -12 8 12") << 180;
     QTest::newRow("plain scale") << QByteArray("800 0 0 1200 0 0") << 0;
     QTest::newRow("half turn without looking at signs") << QByteArray("800 0 0 1200 8 12") << 180;
     QTest::newRow("scale moved right only") << QByteArray("800 0 0 1200 8 0") << 0;

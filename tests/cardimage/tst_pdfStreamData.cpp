@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "cardimage/DBCBitmap.h"
 #include "cardimage/DBCPdfFlateFilter.h"
 #include "cardimage/DBCPdfStreamData.h"
 
@@ -21,6 +22,7 @@ private Q_SLOTS:
     void rowsNoImageHasAreRefused_data();
     void rowsNoImageHasAreRefused();
     void unpackingEndsAtTheLimit();
+    void unpackingEndsWhereEveryImageDoes();
 };
 
 namespace {
@@ -113,6 +115,15 @@ void tst_pdfStreamData::unpackingEndsAtTheLimit()
     const QByteArray zeros(2'000'000, '\0');
     QCOMPARE(decoded(zeros, "", 1'000), QByteArray(1'000, '\0'));
     QCOMPARE(decoded(zeros, "/Predictor 2 /Columns 500", 1'000), QByteArray(1'000, '\0'));
+}
+
+// What a document keeps in streams of its own, its tables and objects, nobody sets a limit to.
+void tst_pdfStreamData::unpackingEndsWhereEveryImageDoes()
+{
+    constexpr qsizetype tooMuch = DBCBitmap::maximumBytes + 1'000'000;
+    const auto unpacked = decoded(QByteArray(tooMuch, '\0'), "", tooMuch);
+    QVERIFY(unpacked);
+    QVERIFY(unpacked->size() <= DBCBitmap::maximumBytes);
 }
 
 QTEST_GUILESS_MAIN(tst_pdfStreamData)

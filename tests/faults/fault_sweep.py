@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Lets something go wrong at every file call of an import and an export, and judges what is left.
+"""Lets something go wrong at every file call of an import, an export and the restore of a chosen
+backup, and judges what is left.
 
     fault_sweep.py --convert PROGRAM --tracer PROGRAM [--sample N] [--jobs N] [--seed N]
                    [--job NAME]... [--mode NAME]... [--only N] [--keep FOLDER] [--work FOLDER]
@@ -24,8 +25,8 @@ import sys
 import tempfile
 from pathlib import Path
 
-from verdicts import (CANCELLED, DONE, FAILED, PACKAGE, Before, Run, judge_export, judge_import,
-                      leftovers)
+from verdicts import (CANCELLED, CHOSEN_BACKUP, DONE, FAILED, PACKAGE, Before, Run, judge_export,
+                      judge_import, judge_restore, leftovers)
 from work_area import ATTACHMENTS, cards_in, environment, make_template, snapshot
 
 TIMEOUT_SECONDS = 60
@@ -61,6 +62,7 @@ KILLED_AGAIN_AFTER = (1, 2, 3, 5, 8, 13, 21, 34, 55)
 
 IMPORT = ("import", "--yes", "{area}/ix", "{area}/" + PACKAGE)
 EXPORT = ("export", "--yes", "{area}/" + PACKAGE, "{area}/out")
+RESTORE = ("backups", "--yes", "--restore", CHOSEN_BACKUP, "{area}/" + PACKAGE)
 
 
 class Job:
@@ -82,6 +84,7 @@ JOBS = [
     Job("failing-import", IMPORT, FAILED, ("db", "ix"), spoil=take_last_attachments_away),
     Job("cancelled-import", IMPORT, CANCELLED, ("db", "ix"), cancels=True),
     Job("export", EXPORT, DONE, ("db", "out")),
+    Job("restored-backup", RESTORE, DONE, ("db",)),
 ]
 
 Task = collections.namedtuple("Task", "job mode k call")
@@ -229,8 +232,11 @@ class Sweep:
         return task, wrong, run, happened["fired"]
 
     def judge(self, task, area, run):
+        lasts = mode_of(task).lasts
         if task.job.is_import:
-            return judge_import(self.before, area, run, mode_of(task).lasts, spoiled=task.job.spoil)
+            return judge_import(self.before, area, run, lasts, spoiled=task.job.spoil)
+        if task.job.command is RESTORE:
+            return judge_restore(self.before, area, run, lasts)
         return judge_export(self.before, area, run, task.mode != "killed-again")
 
     def start_again(self, task, area):
@@ -245,6 +251,8 @@ class Sweep:
         wrong = [f"the next start ended with {run.exit}: {text[-300:]}"] if run.exit != DONE else []
         if task.job.is_import:
             wrong += judge_import(self.before, area, run, False, imports=2 if was_saved else 1)
+        elif task.job.command is RESTORE:
+            wrong += judge_restore(self.before, area, run, False)
         else:
             wrong += judge_export(self.before, area, run, True)
         hidden = leftovers(snapshot(area))

@@ -9,6 +9,7 @@ from work_area import STORE, below, cards_in, files_of, log_of, snapshot, withou
 
 DONE, FAILED, REFUSED, WITH_WARNINGS, CANCELLED = 0, 1, 3, 4, 130
 PACKAGE = "db/Cards.vmdb"
+CHOSEN_BACKUP = "Cards_bak.vmdb"
 EXPORTED = "out/名刺データ"
 HIDDEN = re.compile(rb"(^|/)\.[^/]*\.velmora-[a-z]+(/|$)")
 
@@ -23,6 +24,7 @@ class Before:
         self.found = snapshot(area)
         self.package = without_journals(below(self.found, PACKAGE))
         self.cards = cards_in(area / PACKAGE)
+        self.backup = without_journals(below(self.found, "db/" + CHOSEN_BACKUP))
 
     def learn_import(self, area):
         new = self.new_cards(cards_in(area / PACKAGE))
@@ -143,10 +145,36 @@ def judge_import(before, area, run, fault_lasts, imports=1, spoiled=False):
     return wrong
 
 
-def judge_killed_import(before, area, found):
+def judge_restore(before, area, run, fault_lasts):
+    """The chosen backup in the package's place, and what stood there beside it as a new one."""
+    found = snapshot(area)
+    own = [PACKAGE, "home", *map(os.fsdecode, new_backups(before, found))]
+    wrong = judge_bystanders(before, found, own)
+    if run.crashed:
+        return [*wrong, f"crashed: {run.crashed}"]
+    if run.exit is None:
+        return wrong + judge_killed_import(before, area, found, [before.backup])
+    kept = whole_backups(before, area, found)
+    if run.exit == DONE:
+        if without_journals(below(found, PACKAGE)) != before.backup:
+            wrong.append("success reported, but the package is not the backup")
+        return wrong + ([] if kept else ["what stood there is lost"])
+    if run.exit not in (FAILED, REFUSED):
+        return [*wrong, f"ended with {run.exit}"]
+    if not spoke(area, run):
+        wrong.append("failed without a message")
+    is_same = before.is_whole_package(below(found, PACKAGE), area / PACKAGE)
+    if not is_same and not (fault_lasts and kept):
+        wrong.append("failed, and the package is not as before")
+    return wrong
+
+
+def judge_killed_import(before, area, found, others=()):
+    """others: what may stand in a backup besides the package."""
     backups = whole_backups(before, area, found)
     partial = [name for name in new_backups(before, found)
-               if os.path.basename(name) not in backups]
+               if os.path.basename(name) not in backups
+               and without_journals(below(found, name)) not in others]
     wrong = [f"half a backup under a good name: {os.fsdecode(name)}" for name in partial]
     if before.is_whole_package(below(found, PACKAGE), area / PACKAGE) or backups:
         return wrong

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Copies, comparisons and questions about files where one kind of system call fails.
+#include "operation/DBCChecker.h"
 #include "operation/DBCDescriptor.h"
 #include "operation/DBCDiskFlush.h"
 #include "operation/DBCExtendedAttributes.h"
@@ -109,6 +110,18 @@ private Q_SLOTS:
         QVERIFY(FailingCall(call, EIO).during(
             [&] { isCopied = DBCTreeCopy().copy(tree.source, tree.target); }));
         QVERIFY(!isCopied);
+    }
+
+    void whatCannotBeLookedAtCountsAsThere()
+    {
+        const Tree tree;
+        const QString path = QFile::decodeName(tree.source);
+        bool isTaken = false;
+        QVERIFY(
+            FailingCall(SYS_newfstatat, EIO).during([&] { isTaken = DBCChecker::isTaken(path); }));
+        QVERIFY(isTaken);
+        QVERIFY(!DBCChecker::isTaken(QFile::decodeName(tree.target)));
+        QVERIFY(!DBCChecker::isTaken(path + QStringLiteral("/file/below")));
     }
 
     void ownerThatCannotBeKeptIsNoFailure()

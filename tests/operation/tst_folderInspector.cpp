@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "operation/DBCFolderInspector.h"
 
+#include "cardimage/DBCBitmap.h"
 #include "datafile/DBCLocalizable.h"
 #include "tests/support/DataFileBuilder.h"
 #include "tests/support/FolderSnapshot.h"
@@ -78,7 +79,7 @@ struct Inspection {
 
 QString title(const char* key)
 {
-    return getLocalString(QString::fromLatin1(key));
+    return getLocalString(key);
 }
 
 QString longText(qsizetype length)
@@ -129,6 +130,7 @@ private Q_SLOTS:
     void imageOutsideItsFolder();
     void imageThatIsNoJpeg_data();
     void imageThatIsNoJpeg();
+    void imageThatIsLargerThanAnyImportReads();
     void imageThatCannotBeRead();
     void imageThatIsAPipe();
 
@@ -533,6 +535,18 @@ void tst_folderInspector::imageThatIsNoJpeg()
     QCOMPARE(inspection.problems(),
         QStringList(QStringLiteral("2|IMAGE_NO_JPEG 2 Hoshino ")
             + inspection.folder.imagePath(QStringLiteral("1.jpg"))));
+}
+
+void tst_folderInspector::imageThatIsLargerThanAnyImportReads()
+{
+    Inspection inspection;
+    inspection.folder.image(QStringLiteral("1.jpg"), JpegBuilder(20, 10).bytes());
+    inspection.hasOneCard({{Key::face_Image_File, QStringLiteral("1.jpg")}});
+    const QString path = inspection.folder.imagePath(QStringLiteral("1.jpg"));
+    QVERIFY(QFile::resize(path, DBCBitmap::maximumBytes + 1));
+
+    QCOMPARE(
+        inspection.problems(), QStringList(QStringLiteral("2|IMAGE_NO_JPEG 2 Hoshino ") + path));
 }
 
 void tst_folderInspector::imageThatCannotBeRead()

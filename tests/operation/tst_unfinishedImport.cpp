@@ -25,7 +25,7 @@ struct Settling {
     // The text of a key, filled with the package and its backup.
     QString text(const char* key) const
     {
-        return getLocalString(QString::fromLatin1(key), {dead.package.path(), dead.backup});
+        return getLocalString(key, {dead.package.path(), dead.backup});
     }
     bool isLogged(const QString& line) const { return dead.home.logText().contains(line); }
 

@@ -72,7 +72,7 @@ QStringList DataFileBuilder::titles()
 {
     QStringList titles;
     for (const Column& column : columns)
-        titles << getLocalString(QString::fromLatin1(column.titleKey));
+        titles << getLocalString(column.titleKey);
     return titles;
 }
 
