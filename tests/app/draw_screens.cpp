@@ -23,7 +23,7 @@ constexpr qint64 cards = 1284;
 QPalette darkPalette()
 {
     const QColor window(0x2b, 0x2b, 0x2e);
-    const QColor getLocalString(0xf2, 0xf2, 0xf2);
+    const QColor text(0xf2, 0xf2, 0xf2);
     QPalette palette(QColor(0x3a, 0x3a, 0x3e), window);
     palette.setColor(QPalette::Base, QColor(0x1f, 0x1f, 0x21));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
