@@ -31,16 +31,14 @@ bool isTooLarge(QSizeF size, int bitsPerPixel)
 
 double numberAt(QPDFObjectHandle dictionary, const char* key, const char* shortKey)
 {
-    QPDFObjectHandle value = dictionary.getKey(dictionary.hasKey(key) ? key : shortKey);
-    return value.isNumber() ? value.getNumericValue() : 0;
+    return numberOf(dictionary.getKey(dictionary.hasKey(key) ? key : shortKey)).value_or(0);
 }
 
 double numberAt(QPDFObjectHandle array, int index, double missing)
 {
     if (!array.isArray() || index >= array.getArrayNItems())
         return missing;
-    QPDFObjectHandle item = array.getArrayItem(index);
-    return item.isNumber() ? item.getNumericValue() : missing;
+    return numberOf(array.getArrayItem(index)).value_or(missing);
 }
 
 bool hasFilter(QPDFObjectHandle dictionary, const char* name)
@@ -96,14 +94,14 @@ bool isTooFinePattern(QPDFObjectHandle object, QSizeF pagePoints)
 {
     constexpr double mostTiles = 200'000;
     QPDFObjectHandle dictionary = object.isStream() ? object.getDict() : object;
-    QPDFObjectHandle across = dictionary.getKey("/XStep");
-    QPDFObjectHandle down = dictionary.getKey("/YStep");
-    if (!across.isNumber() || !down.isNumber())
+    const auto across = numberOf(dictionary.getKey("/XStep"));
+    const auto down = numberOf(dictionary.getKey("/YStep"));
+    if (!across || !down)
         return false;
     const QPDFObjectHandle matrix = dictionary.getKey("/Matrix");
     const double scale = numberAt(matrix, 0, 1) * numberAt(matrix, 3, 1)
         - numberAt(matrix, 1, 0) * numberAt(matrix, 2, 0);
-    const double tile = std::abs(across.getNumericValue() * down.getNumericValue() * scale);
+    const double tile = std::abs(*across * *down * scale);
     return !(pagePoints.width() * pagePoints.height() <= mostTiles * tile);
 }
 

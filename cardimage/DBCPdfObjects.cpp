@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cardimage/DBCPdfObjects.h"
 
+#include "cardimage/DBCDecimalNumber.h"
 #include "cardimage/DBCImageFiles.h"
 #include "cardimage/DBCPdfFlateFilter.h"
 
@@ -36,6 +37,15 @@ void openPdf(QPDF* document, const QByteArray& bytes)
     document->setSuppressWarnings(true);
     document->processMemoryFile(
         "card PDF", bytes.constData(), static_cast<std::size_t>(bytes.size()));
+}
+
+std::optional<double> numberOf(QPDFObjectHandle value)
+{
+    if (value.isInteger())
+        return static_cast<double>(value.getIntValue());
+    if (value.isReal())
+        return leadingDecimalNumber(value.getRealValue());
+    return std::nullopt;
 }
 
 bool reachesObject(const QPDFObjectHandle& root,

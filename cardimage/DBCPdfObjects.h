@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 #include <stdexcept>
 
 class QPDF;
@@ -30,6 +31,9 @@ QByteArray readPdf(const QString& path);
 // boundFlateStreams() says. The library's exceptions pass; a document behind a password is one of
 // them.
 void openPdf(QPDF* document, const QByteArray& bytes);
+
+// None for what is no number. The library's own answer would follow the locale.
+std::optional<double> numberOf(QPDFObjectHandle value);
 
 // True when a dictionary or a stream that can be reached from root, itself included, fulfils the
 // condition. Stream data is not looked at.

@@ -3,8 +3,8 @@
 
 #include "cardimage/DBCBitmap.h"
 #include "cardimage/DBCContentRotation.h"
-#include "cardimage/DBCDecimalNumber.h"
 #include "cardimage/DBCPdfMemory.h"
+#include "cardimage/DBCPdfObjects.h"
 #include "cardimage/DBCPdfStreamData.h"
 
 #include <QSizeF>
@@ -25,15 +25,6 @@ namespace {
 constexpr qint64 longestContents = 16LL * 1024 * 1024;
 constexpr qint64 longestSide = std::numeric_limits<quint16>::max();
 constexpr qint32 fullTurn = 360;
-
-std::optional<double> numberOf(QPDFObjectHandle value)
-{
-    if (value.isInteger())
-        return static_cast<double>(value.getIntValue());
-    if (value.isReal())
-        return leadingDecimalNumber(value.getRealValue());
-    return std::nullopt;
-}
 
 std::optional<QSizeF> pageSizeOf(QPDFObjectHandle page)
 {

@@ -6,9 +6,11 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <clocale>
 #include <cstdlib>
 #include <memory>
 #include <plist/plist.h>
+#include <type_traits>
 
 namespace {
 
@@ -21,6 +23,27 @@ struct FreeDeleter {
     void operator()(void* memory) const { std::free(memory); }
 };
 template <typename Type> using Allocated = std::unique_ptr<Type, FreeDeleter>;
+
+// The library reads numbers as the locale writes them, but the point in a list is a point
+// everywhere. As long as one lives, it is so on this thread.
+class NumbersWithPoints {
+public:
+    NumbersWithPoints()
+        : _locale(newlocale(LC_NUMERIC_MASK, "C", duplocale(uselocale(nullptr))))
+        , _before(uselocale(_locale.get()))
+    {
+    }
+    ~NumbersWithPoints() { uselocale(_before); }
+    NumbersWithPoints(const NumbersWithPoints&) = delete;
+    NumbersWithPoints& operator=(const NumbersWithPoints&) = delete;
+
+private:
+    struct Deleter {
+        void operator()(locale_t locale) const { freelocale(locale); }
+    };
+    std::unique_ptr<std::remove_pointer_t<locale_t>, Deleter> _locale;
+    locale_t _before;
+};
 
 std::optional<QByteArray> readBounded(const QString& path)
 {
@@ -42,6 +65,7 @@ Node parse(const QByteArray& bytes)
     const bool isBinary = plist_is_binary(bytes.constData(), length) != 0;
     if (isBinary && !unfoldsWithinBounds(bytes))
         return {};
+    const NumbersWithPoints numbers;
     if (isBinary)
         plist_from_bin(bytes.constData(), length, &node);
     else
