@@ -33,9 +33,15 @@ bool isFolder(const QString& path)
 }
 
 // Room for texts that come and go, so that nothing else moves when they do.
-void reserveLines(QWidget& widget, int lines)
+void reserveLines(QLabel& label, int lines)
 {
-    widget.setMinimumHeight(widget.fontMetrics().lineSpacing() * lines);
+    // Laid out rather than multiplied: letters that come from another font make a line higher, and
+    // cards have Japanese names in every language.
+    const bool isRich = label.textFormat() == Qt::RichText;
+    const QStringList sample(lines, QStringLiteral("No. 1 \u540D\u523A"));
+    label.setText(sample.join(isRich ? QStringLiteral("<br>") : QStringLiteral("\n")));
+    label.setMinimumHeight(label.sizeHint().height());
+    label.clear();
 }
 
 QString standardPackage()
