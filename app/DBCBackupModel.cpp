@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DBCBackupModel.h"
 
+#include "app/DBCTableColumns.h"
 #include "datafile/DBCLocalizable.h"
 
 #include <array>
@@ -55,14 +56,7 @@ QVariant DBCBackupModel::headerData(int section, Qt::Orientation orientation, in
 {
     if (orientation != Qt::Horizontal)
         return QAbstractTableModel::headerData(section, orientation, role);
-    switch (role) {
-    case Qt::DisplayRole:
-        return getLocalString(titleKeys.at(static_cast<std::size_t>(section)));
-    case Qt::TextAlignmentRole:
-        return QVariant::fromValue(alignmentOf(section));
-    default:
-        return {};
-    }
+    return headingOf(titleKeys.at(static_cast<std::size_t>(section)), alignmentOf(section), role);
 }
 
 QString DBCBackupModel::text(const DBCBackup& backup, int column)

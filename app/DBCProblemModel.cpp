@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DBCProblemModel.h"
 
+#include "app/DBCTableColumns.h"
 #include "datafile/DBCLocalizable.h"
 #include "text/DBCControlCharacters.h"
 
@@ -70,14 +71,7 @@ QVariant DBCProblemModel::headerData(int section, Qt::Orientation orientation, i
 {
     if (orientation != Qt::Horizontal)
         return QAbstractTableModel::headerData(section, orientation, role);
-    switch (role) {
-    case Qt::DisplayRole:
-        return getLocalString(titleKeys.at(static_cast<std::size_t>(section)));
-    case Qt::TextAlignmentRole:
-        return QVariant::fromValue(alignmentOf(section));
-    default:
-        return {};
-    }
+    return headingOf(titleKeys.at(static_cast<std::size_t>(section)), alignmentOf(section), role);
 }
 
 QString DBCProblemModel::tabSeparated(const QAbstractItemModel& model, const QList<int>& rows)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DBCTableColumns.h"
 
+#include "datafile/DBCLocalizable.h"
+
 #include <QHeaderView>
 #include <QTableView>
 
@@ -17,4 +19,16 @@ void fitColumns(QTableView& table)
     table.resizeColumnsToContents();
     for (int column = 0; column + 1 < header.count(); ++column)
         table.setColumnWidth(column, table.columnWidth(column) + airBetweenColumns);
+}
+
+QVariant headingOf(const char* titleKey, Qt::Alignment alignment, int role)
+{
+    switch (role) {
+    case Qt::DisplayRole:
+        return getLocalString(titleKey);
+    case Qt::TextAlignmentRole:
+        return QVariant::fromValue(alignment);
+    default:
+        return {};
+    }
 }
