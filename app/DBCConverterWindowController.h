@@ -4,13 +4,13 @@
 // as long as the window and serves every operation.
 #pragma once
 
-#include "app/DBCDesktopNotification.h"
 #include "app/DBCPathHint.h"
-#include "app/DBCSuspendInhibitor.h"
 #include "app/DBCWindowPresenter.h"
+#include "app/desktop/DBCDesktopNotification.h"
+#include "app/desktop/DBCSuspendInhibitor.h"
 #include "operation/DBCConverterController.h"
 #include "operation/DBCPreconditions.h"
-#include "operation/DBCRemainingTime.h"
+#include "operation/messages/DBCRemainingTime.h"
 
 #include <QThread>
 #include <QTimer>

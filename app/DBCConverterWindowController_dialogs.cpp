@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The check of a folder and the list of backups, each in a dialog of its own.
-#include "app/DBCBackupsDialog.h"
-#include "app/DBCCheckDialog.h"
 #include "app/DBCConverterWindowController.h"
 #include "app/DBCMainWindowController.h"
-#include "datafile/DBCLocalizable.h"
+#include "app/dialogs/DBCBackupsDialog.h"
+#include "app/dialogs/DBCCheckDialog.h"
+#include "datafile/helpers/DBCLocalizable.h"
 
 void DBCConverterWindowController::checkAction()
 {

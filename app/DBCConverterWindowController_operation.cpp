@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // From the checks before an operation to its start, and its end when the program must end.
-#include "app/DBCBackupsDialog.h"
 #include "app/DBCConverterWindowController.h"
 #include "app/DBCMainWindowController.h"
-#include "app/DBCPaths.h"
+#include "app/desktop/DBCPaths.h"
+#include "app/dialogs/DBCBackupsDialog.h"
 
 #include <QCoreApplication>
 

@@ -2,10 +2,10 @@
 // How the converter screen follows a running operation.
 #include "app/DBCConverterWindowController.h"
 #include "app/DBCConverterWindowTexts.h"
-#include "app/DBCDesktopNotification.h"
 #include "app/DBCMainWindowController.h"
-#include "operation/DBCLog.h"
-#include "operation/DBCMessage.h"
+#include "app/desktop/DBCDesktopNotification.h"
+#include "operation/log/DBCLog.h"
+#include "operation/messages/DBCMessage.h"
 #include "ui_DBCConverterView.h"
 
 #include <QScopedValueRollback>

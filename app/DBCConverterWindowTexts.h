@@ -2,7 +2,7 @@
 // What the converter screen says of each operation, as keys of the strings table.
 #pragma once
 
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "operation/DBCConverterController.h"
 
 #include <QKeySequence>

@@ -2,8 +2,8 @@
 #include "app/DBCMainWindowController.h"
 
 #include "app/DBCConverterWindowController.h"
-#include "app/DBCLocalizedWidgets.h"
-#include "datafile/DBCLocalizable.h"
+#include "app/dialogs/DBCLocalizedWidgets.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "ui_DBCOperationView.h"
 
 #include <QAction>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DBCPathHint.h"
 
-#include "app/DBCPaths.h"
+#include "app/desktop/DBCPaths.h"
 #include "carddb/DBCPackageLayout.h"
-#include "datafile/DBCInterchangeNames.h"
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCLocalizable.h"
 
 #include <QFileInfo>
 

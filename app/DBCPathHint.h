@@ -3,7 +3,7 @@
 // take long (a sleeping disk, a lost server), so it happens on a thread of its own.
 #pragma once
 
-#include "app/DBCMessageArea.h"
+#include "app/dialogs/DBCMessageArea.h"
 
 #include <QLineEdit>
 #include <QObject>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DBCReportLink.h"
 
-#include "app/DBCDesktopOpener.h"
-#include "app/DBCMessageArea.h"
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCEvent.h"
-#include "operation/DBCMessage.h"
+#include "app/desktop/DBCDesktopOpener.h"
+#include "app/dialogs/DBCMessageArea.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/base/DBCEvent.h"
+#include "operation/messages/DBCMessage.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 // loop goes on meanwhile, so the window repaints and the machine's wishes are heard.
 #pragma once
 
-#include "operation/DBCMessage.h"
+#include "operation/messages/DBCMessage.h"
 
 #include <QMessageBox>
 #include <QObject>

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DBCConverterWindowController.h"
 #include "app/DBCMainWindowController.h"
-#include "app/DBCSingleInstance.h"
-#include "app/DBCWindowActivation.h"
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCSettings.h"
-#include "operation/DBCSignalWatcher.h"
-#include "operation/DBCStandardDescriptors.h"
+#include "app/desktop/DBCSingleInstance.h"
+#include "app/desktop/DBCWindowActivation.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/log/DBCSettings.h"
+#include "system/DBCSignalWatcher.h"
+#include "system/DBCStandardDescriptors.h"
 
 #include <QApplication>
 #include <QIcon>

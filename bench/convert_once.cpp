@@ -3,7 +3,7 @@
 // One conversion, or the backup of one, in this process; prints the seconds that the backup took
 // (0 for an export), so that a caller can take them off the time of the whole process.
 #include "carddb/DBCDataBaseController.h"
-#include "datafile/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
 #include "operation/DBCConverterController.h"
 
 #include <QCoreApplication>

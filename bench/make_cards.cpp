@@ -3,10 +3,10 @@
 // Makes an interchange folder of COUNT cards: two JPEGs each, every fourth card with two
 // attachments. --links: equal images are hard links to one file. --lines: the data file alone.
 #include "bench/card_textures.h"
-#include "datafile/DBCCommonFunction.h"
-#include "datafile/DBCInterchangeNames.h"
-#include "datafile/DBCRecord.h"
-#include "datafile/DBCTextEncoding.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCTextEncoding.h"
+#include "datafile/records/DBCRecord.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,6 +3,7 @@
 
 #include "carddb/DBCBackupName.h"
 #include "carddb/DBCImportJournal.h"
+#include "carddb/DBCPackageAttributes.h"
 #include "carddb/DBCPackageBackups.h"
 #include "carddb/DBCPackageCopy.h"
 #include "carddb/DBCPackageGuard.h"
@@ -11,14 +12,14 @@
 #include "carddb/DBCPackageRestore.h"
 #include "carddb/DBCPackageVerifier.h"
 #include "cardimage/DBCDiskUsage.h"
-#include "datafile/DBCCommonFunction.h"
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCChecker.h"
-#include "operation/DBCError.h"
-#include "operation/DBCFileManager.h"
-#include "operation/DBCHiddenName.h"
-#include "operation/DBCHost.h"
-#include "operation/DBCTreeComparison.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/base/DBCError.h"
+#include "operation/copy/DBCFileManager.h"
+#include "operation/copy/DBCTreeComparison.h"
+#include "system/DBCHiddenName.h"
+#include "system/DBCHost.h"
+#include "system/DBCPathChecks.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -44,7 +45,7 @@ DBCProblem problemAt(const QString& path, const char* key)
 
 bool isLockedByMainApplication(const QString& package)
 {
-    return DBCChecker::checkDBFileISLocked(DBCPackageLayout::lockFile(package));
+    return isLockedByAnother(DBCPackageLayout::lockFile(package));
 }
 
 } // namespace
@@ -115,7 +116,7 @@ DBCBackupChange::Problem DBCBackupChange::reasonNotToRestore() const
     if (!reading.areEqual(backup, backup))
         return problemAt(
             _backup, "IDS_BACKUP_UNREADABLE", {_backup, QFile::decodeName(reading.difference())});
-    if (DBCChecker::checkDBAttributes(_backup) != DBCResultCode::PackageUsable)
+    if (checkPackageAttributes(_backup) != DBCResultCode::PackageUsable)
         return problemAt(_backup, "IDS_LOG_ERR_PACKAGE_ACCESS");
     return reasonNotToReplacePackage();
 }
@@ -125,10 +126,10 @@ DBCBackupChange::Problem DBCBackupChange::reasonNotToReplacePackage() const
     const QString folder = QFileInfo(_package).path();
     if (!DBCHost::current().isWritable(folder))
         return problemAt(folder, "IDS_BACKUP_FOLDER_READ_ONLY");
-    if (DBCChecker::isTaken(_package) && !QFileInfo(_package).isDir())
+    if (isTaken(_package) && !QFileInfo(_package).isDir())
         return problemAt(_package, "IDS_VERIFY_NO_FOLDER");
     // A package without store is what a backup is there for.
-    const DBCResultCode state = DBCChecker::checkDBAttributes(_package);
+    const DBCResultCode state = checkPackageAttributes(_package);
     if (state != DBCResultCode::PackageUsable && state != DBCResultCode::PackageNotExist)
         return problemAt(_package, "IDS_LOG_ERR_PACKAGE_ACCESS");
     return checkSpace();
@@ -146,7 +147,7 @@ DBCBackupChange::Problem DBCBackupChange::checkSpace() const
             return problemAt(path, "IDS_LOG_ERR_SIZE", {path, error.localizedDescription()});
     }
     const QString folder = QFileInfo(_package).path();
-    if (!DBCChecker::checkDiskSizeIsEnough(folder, needed + DBCDiskSpaceMargin))
+    if (!hasFreeBytes(folder, needed + DBCDiskSpaceMargin))
         return problemAt(folder, "IDS_BACKUP_NO_SPACE");
     return std::nullopt;
 }
@@ -169,7 +170,7 @@ bool DBCBackupChange::isAnythingElseSound() const
 
 DBCBackupChange::Problem DBCBackupChange::keepPackage()
 {
-    if (!DBCChecker::isTaken(_package))
+    if (!isTaken(_package))
         return std::nullopt;
     const std::optional<QString> target = DBCBackupName::firstFree(_package);
     if (!target)
@@ -223,7 +224,7 @@ DBCBackupChange::Problem DBCBackupChange::putInPlace() const
 bool DBCBackupChange::bringBackWhatStoodThere() const
 {
     if (_keptPackage.isEmpty())
-        return !DBCChecker::isTaken(_package);
+        return !isTaken(_package);
     return DBCPackageRestore::restore(_package, _keptPackage) == DBCResultCode::Success;
 }
 

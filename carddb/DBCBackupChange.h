@@ -3,8 +3,8 @@
 // change is found before anything is touched.
 #pragma once
 
-#include "operation/DBCEvent.h"
-#include "operation/DBCProblem.h"
+#include "operation/base/DBCEvent.h"
+#include "operation/base/DBCProblem.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCBackupName.h"
 
-#include "operation/DBCChecker.h"
+#include "system/DBCPathChecks.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -34,7 +34,7 @@ std::optional<QString> firstFree(const QString& package)
     for (int number = 0; number <= lastNumber; ++number) {
         const QString digits = number == 0 ? QString() : QString::number(number);
         QString candidate = QDir::cleanPath(frame.folder + u'/' + frame.start + digits + frame.end);
-        if (!DBCChecker::isTaken(candidate))
+        if (!isTaken(candidate))
             return candidate;
     }
     return std::nullopt;

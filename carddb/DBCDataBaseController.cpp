@@ -2,12 +2,12 @@
 #include "carddb/DBCDataBaseController.h"
 
 #include "carddb/DBCImportJournal.h"
-#include "carddb/DBCManagedObjectContext.h"
-#include "carddb/DBCManagedObjectModel.h"
 #include "carddb/DBCPackageLayout.h"
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCDiskFlush.h"
-#include "operation/DBCLog.h"
+#include "carddb/store/DBCManagedObjectContext.h"
+#include "carddb/store/DBCManagedObjectModel.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/log/DBCLog.h"
+#include "system/DBCDiskFlush.h"
 
 #include <QFile>
 

@@ -4,8 +4,8 @@
 // instance serves one operation on one thread; destroying it closes the store and the lock.
 #pragma once
 
-#include "datafile/DBCRecord.h"
-#include "operation/DBCError.h"
+#include "datafile/records/DBCRecord.h"
+#include "operation/base/DBCError.h"
 #include "text/DBCAddresses.h"
 #include "text/DBCNames.h"
 

@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCDataBaseController.h"
 
-#include "carddb/DBCNameLookup.h"
+#include "carddb/DBCPackageAttributes.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCTransferLog.h"
 #include "cardimage/DBCDiskUsage.h"
-#include "datafile/DBCCommonFunction.h"
-#include "datafile/DBCInterchangeNames.h"
-#include "operation/DBCChecker.h"
-#include "operation/DBCFolderEntries.h"
-#include "operation/DBCHost.h"
-#include "operation/DBCOpenInside.h"
-#include "operation/DBCTreeCopy.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "operation/copy/DBCTreeCopy.h"
+#include "system/DBCFolderEntries.h"
+#include "system/DBCHost.h"
+#include "system/DBCNameLookup.h"
+#include "system/DBCOpenInside.h"
+#include "system/DBCPathChecks.h"
+#include "text/DBCCharacterSets.h"
 
 #include <QFile>
 
@@ -46,7 +48,7 @@ Verdict judgeForImport(const QByteArray& name, const QString&, EntryKind kind)
 
 Verdict judgeForExport(const QByteArray&, const QString& path, EntryKind kind)
 {
-    if (!DBCChecker::isValidAttachmentForExport(path))
+    if (!DBCInterchangeNames::isAttachmentName(path))
         return Verdict::BadName;
     if (kind == EntryKind::Gone || kind == EntryKind::Folder)
         return Verdict::Pass;
@@ -114,7 +116,7 @@ DBCError checkSpace(const Transfer& transfer, const QString& volume)
         DBCTransferLog::errorPlace(transfer.subject, transfer.source);
         return error;
     }
-    if (DBCChecker::checkDiskSizeIsEnough(volume, size + DBCDiskSpaceMargin))
+    if (hasFreeBytes(volume, size + DBCDiskSpaceMargin))
         return {};
     DBCTransferLog::errorPlace(transfer.subject, volume);
     return DBCError(transfer.rules.noSpace);
@@ -187,7 +189,7 @@ DBCError copyEntries(const Transfer& transfer)
 
 DBCError checkPackage(const QString& package, const DBCTransferSubject& subject)
 {
-    if (DBCChecker::checkDBAttributes(package) == DBCResultCode::PackageUsable)
+    if (checkPackageAttributes(package) == DBCResultCode::PackageUsable)
         return {};
     logFailure(subject, package);
     return DBCError(DBCResultCode::AttachmentImportFailure);
@@ -281,7 +283,7 @@ std::optional<QString> DBCDataBaseController::_addAttachFileIntoDB(
 {
     if (folder.isEmpty() || cardId.isEmpty() || !errors)
         return std::nullopt;
-    if (DBCChecker::isBlank(recordDic.textOrEmpty(DBCRecordKey::attachmentFile)))
+    if (isBlank(recordDic.textOrEmpty(DBCRecordKey::attachmentFile)))
         return QStringLiteral("");
 
     if (DBCError error = importAttachments(_strDBPath, folder, recordDic, cardId)) {
@@ -298,7 +300,7 @@ std::optional<QString> DBCDataBaseController::_exportAttachFile(
     if (toPath.isEmpty() || _strDBPath.isEmpty() || recordNo.isEmpty() || !errors)
         return std::nullopt;
     const QString cardID = record.textOrEmpty(DBCRecordKey::cardID);
-    if (DBCChecker::isBlank(cardID) || !DBCNameLookup::staysInside(cardID))
+    if (isBlank(cardID) || !DBCNameLookup::staysInside(cardID))
         return QStringLiteral("");
 
     Transfer transfer {exportRules, DBCTransferSubject::ofExport(record),

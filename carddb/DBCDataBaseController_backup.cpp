@@ -3,16 +3,17 @@
 
 #include "carddb/DBCBackupName.h"
 #include "carddb/DBCImportJournal.h"
+#include "carddb/DBCPackageAttributes.h"
 #include "carddb/DBCPackageCopy.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCPackageRestore.h"
 #include "cardimage/DBCDiskUsage.h"
-#include "datafile/DBCCommonFunction.h"
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCChecker.h"
-#include "operation/DBCFileManager.h"
-#include "operation/DBCHiddenName.h"
-#include "operation/DBCLog.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/copy/DBCFileManager.h"
+#include "operation/log/DBCLog.h"
+#include "system/DBCHiddenName.h"
+#include "system/DBCPathChecks.h"
 
 #include <QFileInfo>
 
@@ -27,14 +28,13 @@ DBCResultCode checkSpaceForBackup(const QString& package, const QString& parent)
             QStringLiteral("IDS_LOG_ERR_SIZE"), {package, error.localizedDescription()}));
         return error.code();
     }
-    return DBCChecker::checkDiskSizeIsEnough(parent, size + DBCDiskSpaceMargin)
-        ? DBCResultCode::Success
-        : DBCResultCode::NoSpaceForBackup;
+    return hasFreeBytes(parent, size + DBCDiskSpaceMargin) ? DBCResultCode::Success
+                                                           : DBCResultCode::NoSpaceForBackup;
 }
 
 bool isUsablePackage(const QString& path)
 {
-    return DBCChecker::checkDBAttributes(path) == DBCResultCode::PackageUsable;
+    return checkPackageAttributes(path) == DBCResultCode::PackageUsable;
 }
 
 } // namespace
@@ -57,7 +57,7 @@ DBCResultCode DBCDataBaseController::backup()
     if (!target)
         return DBCResultCode::BackupFailure;
     const QString parent = QFileInfo(*target).path();
-    if (!DBCChecker::isWritableFolder(parent))
+    if (!isWritableFolder(parent))
         return DBCResultCode::BackupFailure;
     const DBCResultCode spaceCode = checkSpaceForBackup(package, parent);
     if (spaceCode != DBCResultCode::Success)
@@ -109,7 +109,7 @@ void DBCDataBaseController::endImport()
 
 DBCResultCode DBCDataBaseController::removeBackupDB()
 {
-    if (_strBackupDBPath.isEmpty() || !DBCChecker::isTaken(_strBackupDBPath))
+    if (_strBackupDBPath.isEmpty() || !isTaken(_strBackupDBPath))
         return DBCResultCode::Success;
     if (!DBCFileManager::defaultManager()->cleanFolder(_strBackupDBPath))
         DBCLog::warning(QStringLiteral("Remove the database failure! Database Path:[%1]")

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCDataBaseController.h"
 
-#include "carddb/DBCCard.h"
-#include "carddb/DBCCardAttributes.h"
-#include "carddb/DBCManagedObjectContext.h"
 #include "carddb/DBCPackageLayout.h"
-#include "datafile/DBCInterchangeNames.h"
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCCancelDelegate.h"
-#include "operation/DBCLog.h"
+#include "carddb/store/DBCCard.h"
+#include "carddb/store/DBCCardAttributes.h"
+#include "carddb/store/DBCManagedObjectContext.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/base/DBCCancelDelegate.h"
+#include "operation/log/DBCLog.h"
 
 #include <SQLiteCpp/Exception.h>
 

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCDataBaseController.h"
 
-#include "carddb/DBCNameLookup.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCTransferLog.h"
-#include "cardimage/DBCCardPdf.h"
 #include "cardimage/DBCImageFiles.h"
-#include "datafile/DBCCommonFunction.h"
-#include "datafile/DBCInterchangeNames.h"
-#include "operation/DBCChecker.h"
-#include "operation/DBCOpenInside.h"
+#include "cardimage/pdf/DBCCardPdf.h"
+#include "cardimage/pdf/DBCPdfDrawing.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "system/DBCNameLookup.h"
+#include "system/DBCOpenInside.h"
+#include "text/DBCCharacterSets.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -23,7 +24,7 @@ namespace {
 std::optional<QString> findImage(
     const QString& imageFolder, const QString& name, const DBCTransferSubject& subject)
 {
-    if (DBCChecker::isBlank(name))
+    if (isBlank(name))
         return std::nullopt;
     const auto result
         = DBCNameLookup::threadInstance().find(imageFolder, name, DBCNameLookup::Kind::RegularFile);
@@ -174,7 +175,7 @@ QString DBCDataBaseController::imageFileName(const DBCRecord& record)
 {
     QString faceImage = record.textOrEmpty(DBCRecordKey::face_Image_File);
     const QString cardID = record.textOrEmpty(DBCRecordKey::cardID);
-    if (!DBCChecker::isBlank(faceImage) || DBCChecker::isBlank(cardID))
+    if (!isBlank(faceImage) || isBlank(cardID))
         return faceImage;
     return DBCPackageLayout::cardPdfName(cardID);
 }
@@ -238,7 +239,7 @@ std::optional<QStringList> DBCDataBaseController::_exportImageFile(
 
     const auto subject = DBCTransferSubject::ofExport(record);
     const QString name = imageFileName(record);
-    if (DBCChecker::isBlank(name))
+    if (isBlank(name))
         return QStringList();
 
     const DBCResultCode folderCode = createDirectoryIfNotExists(toPath);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCDataBaseController.h"
 
-#include "carddb/DBCCard.h"
-#include "carddb/DBCManagedObjectContext.h"
-#include "datafile/DBCCommonFunction.h"
+#include "carddb/store/DBCCard.h"
+#include "carddb/store/DBCManagedObjectContext.h"
+#include "datafile/helpers/DBCCommonFunction.h"
 
 #include <QRegularExpression>
 #include <QUuid>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCImportJournal.h"
 
-#include "operation/DBCDiskFlush.h"
-#include "operation/DBCHiddenName.h"
+#include "system/DBCDiskFlush.h"
+#include "system/DBCHiddenName.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -7,7 +7,7 @@
 // counts as not written. Names only, no paths: the folder may have been moved since.
 #pragma once
 
-#include "operation/DBCDescriptor.h"
+#include "system/DBCDescriptor.h"
 
 #include <QString>
 

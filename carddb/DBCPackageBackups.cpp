@@ -2,12 +2,12 @@
 #include "carddb/DBCPackageBackups.h"
 
 #include "carddb/DBCBackupName.h"
-#include "carddb/DBCFolderListing.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCPackageVerifier.h"
 #include "cardimage/DBCDiskUsage.h"
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCError.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/base/DBCError.h"
+#include "system/DBCFolderListing.h"
 
 #include <QDir>
 #include <QFile>

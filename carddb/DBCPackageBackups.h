@@ -2,7 +2,7 @@
 // The backups that stand beside a package. Looking at them changes nothing in them.
 #pragma once
 
-#include "operation/DBCProblem.h"
+#include "operation/base/DBCProblem.h"
 
 #include <QDateTime>
 #include <QString>

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCPackageCopy.h"
 
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCCancelDelegate.h"
-#include "operation/DBCDiskFlush.h"
-#include "operation/DBCFileManager.h"
-#include "operation/DBCHiddenName.h"
-#include "operation/DBCLog.h"
-#include "operation/DBCTreeComparison.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/base/DBCCancelDelegate.h"
+#include "operation/copy/DBCFileManager.h"
+#include "operation/copy/DBCTreeComparison.h"
+#include "operation/log/DBCLog.h"
+#include "system/DBCDiskFlush.h"
+#include "system/DBCHiddenName.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCPackageCreator.h"
 
-#include "carddb/DBCCardAttributes.h"
-#include "carddb/DBCManagedObjectModel.h"
 #include "carddb/DBCPackageLayout.h"
-#include "datafile/DBCCommonFunction.h"
-#include "datafile/DBCInterchangeNames.h"
-#include "datafile/DBCLocalizable.h"
-#include "datafile/DBCTextEncoding.h"
-#include "operation/DBCChecker.h"
+#include "carddb/store/DBCCardAttributes.h"
+#include "carddb/store/DBCManagedObjectModel.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "datafile/helpers/DBCTextEncoding.h"
+#include "system/DBCPathChecks.h"
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Exception.h>
@@ -134,7 +134,7 @@ std::optional<DBCProblem> refusal(const QString& package)
     const QFileInfo info(package);
     if (info.suffix().toLower() != QString::fromUtf16(DBCPackageLayout::extension))
         return problemAt(package, "IDS_CREATE_WRONG_NAME");
-    if (DBCChecker::isTaken(package))
+    if (isTaken(package))
         return problemAt(package, "IDS_CREATE_EXISTS");
     if (!QFileInfo(info.path()).isDir())
         return problemAt(info.path(), "IDS_CREATE_NO_PARENT");

@@ -2,7 +2,7 @@
 // Makes empty card database packages.
 #pragma once
 
-#include "operation/DBCProblem.h"
+#include "operation/base/DBCProblem.h"
 
 class DBCPackageCreator {
 public:

@@ -3,7 +3,7 @@
 // start makes that one afresh. This holds a lock on the folder itself, which leaves no trace.
 #pragma once
 
-#include "operation/DBCDescriptor.h"
+#include "system/DBCDescriptor.h"
 
 #include <QString>
 

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCPackageRecovery.h"
 
-#include "carddb/DBCCard.h"
 #include "carddb/DBCImportJournal.h"
-#include "carddb/DBCManagedObjectContext.h"
-#include "carddb/DBCManagedObjectModel.h"
 #include "carddb/DBCPackageCopy.h"
 #include "carddb/DBCPackageGuard.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCPackageRestore.h"
-#include "operation/DBCHiddenName.h"
+#include "carddb/store/DBCCard.h"
+#include "carddb/store/DBCManagedObjectContext.h"
+#include "carddb/store/DBCManagedObjectModel.h"
+#include "system/DBCHiddenName.h"
 
 #include <SQLiteCpp/Exception.h>
 

@@ -2,7 +2,7 @@
 // What an import that did not finish left behind, and the two ways to settle it.
 #pragma once
 
-#include "operation/DBCResultCode.h"
+#include "operation/base/DBCResultCode.h"
 
 #include <QString>
 

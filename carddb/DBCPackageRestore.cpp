@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCPackageRestore.h"
 
+#include "carddb/DBCPackageAttributes.h"
 #include "carddb/DBCPackageCopy.h"
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCChecker.h"
-#include "operation/DBCFileManager.h"
-#include "operation/DBCLog.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/copy/DBCFileManager.h"
+#include "operation/log/DBCLog.h"
+#include "system/DBCPathChecks.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -27,13 +28,13 @@ bool isSameOrInside(const QString& path, const QString& folder)
 // Removing the package would take a backup inside it along.
 bool isRestorable(const QString& backup, const QString& package)
 {
-    return DBCChecker::checkDBAttributes(backup) == DBCResultCode::PackageUsable
+    return checkPackageAttributes(backup) == DBCResultCode::PackageUsable
         && !isSameOrInside(backup, package);
 }
 
 bool tryToRestore(const QString& package, const QString& backup)
 try {
-    if (!DBCChecker::isWritableFolder(QFileInfo(package).path()) || !isRestorable(backup, package))
+    if (!isWritableFolder(QFileInfo(package).path()) || !isRestorable(backup, package))
         return false;
     if (QFileInfo(package).isDir() && !DBCFileManager::defaultManager()->cleanFolder(package))
         return false;
@@ -53,7 +54,7 @@ DBCResultCode DBCPackageRestore::restore(const QString& packagePath, const QStri
         if (tryToRestore(package, backup))
             return DBCResultCode::Success;
     }
-    if (!DBCChecker::isTaken(backup))
+    if (!isTaken(backup))
         DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_WRN_FILE_NO_EXISTS"), {backup}));
     return DBCResultCode::RestoreFailure;
 }

@@ -2,7 +2,7 @@
 // Puts a backup back in place of its package.
 #pragma once
 
-#include "operation/DBCResultCode.h"
+#include "operation/base/DBCResultCode.h"
 
 #include <QString>
 

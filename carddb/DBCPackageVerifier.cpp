@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCPackageVerifier.h"
 
-#include "carddb/DBCCard.h"
 #include "carddb/DBCDataBaseController.h"
-#include "carddb/DBCFolderListing.h"
-#include "carddb/DBCManagedObjectContext.h"
-#include "carddb/DBCNameLookup.h"
 #include "carddb/DBCPackageLayout.h"
-#include "cardimage/DBCCardPdf.h"
-#include "datafile/DBCInterchangeNames.h"
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCChecker.h"
-#include "operation/DBCHost.h"
+#include "carddb/store/DBCCard.h"
+#include "carddb/store/DBCManagedObjectContext.h"
+#include "cardimage/pdf/DBCCardPdf.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "system/DBCFolderListing.h"
+#include "system/DBCHost.h"
+#include "system/DBCNameLookup.h"
+#include "system/DBCPathChecks.h"
+#include "text/DBCCharacterSets.h"
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Exception.h>
@@ -137,7 +138,7 @@ std::optional<DBCProblem> DBCPackageVerifier::reasonNotToLook() const
         return problemAt(_package, "IDS_VERIFY_NO_FOLDER");
     // On a read-only medium nobody else is at work, and the lock could not be asked.
     const QString lock = DBCPackageLayout::lockFile(_package);
-    if (DBCHost::current().isWritable(lock) && DBCChecker::checkDBFileISLocked(lock))
+    if (DBCHost::current().isWritable(lock) && isLockedByAnother(lock))
         return problemAt(_package, "IDS_VERIFY_IN_USE");
     return std::nullopt;
 }
@@ -257,14 +258,14 @@ void DBCPackageVerifier::checkPdf(const Card& card)
 {
     const QString name
         = DBCDataBaseController::imageFileName(DBCDataBaseController::newDataDicWith(card));
-    if (DBCChecker::isBlank(name))
+    if (isBlank(name))
         return;
     const QString path = DBCPackageLayout::imagesFolder(_package) + u'/' + name;
     if (!DBCNameLookup::staysInside(name)) {
         reportCard(card, path, "IDS_VERIFY_CARD_NAME_LEADS_OUT", {name});
         return;
     }
-    const bool isNamed = !DBCChecker::isBlank(card.textOrEmpty(DBCRecordKey::face_Image_File));
+    const bool isNamed = !isBlank(card.textOrEmpty(DBCRecordKey::face_Image_File));
     if (!QFileInfo(path).isFile()) {
         // A card without image names none, and the file that would bear its ID need not exist.
         if (isNamed)
@@ -279,7 +280,7 @@ void DBCPackageVerifier::checkPdf(const Card& card)
 void DBCPackageVerifier::checkAttachments(const Card& card)
 {
     const QString cardID = card.textOrEmpty(DBCRecordKey::cardID);
-    if (DBCChecker::isBlank(cardID))
+    if (isBlank(cardID))
         return;
     const QString folder = DBCPackageLayout::attachmentFolder(_package, cardID);
     if (!DBCNameLookup::staysInside(cardID))

@@ -4,8 +4,8 @@
 // at in a copy, because SQLite replays another program's log or journal where it stands.
 #pragma once
 
-#include "carddb/DBCManagedObjectModel.h"
-#include "operation/DBCProblem.h"
+#include "carddb/store/DBCManagedObjectModel.h"
+#include "operation/base/DBCProblem.h"
 
 #include <QSet>
 #include <QStringList>

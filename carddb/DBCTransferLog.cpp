@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCTransferLog.h"
 
-#include "operation/DBCLog.h"
+#include "operation/log/DBCLog.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 // What the transfers of images and attachments tell the log about the card they are busy with.
 #pragma once
 
-#include "datafile/DBCLocalizable.h"
-#include "datafile/DBCRecord.h"
-#include "operation/DBCLogEntry.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "datafile/records/DBCRecord.h"
+#include "operation/log/DBCLogEntry.h"
 
 #include <QString>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cardimage/DBCDiskUsage.h"
 
-#include "operation/DBCError.h"
-#include "operation/DBCHost.h"
-#include "operation/DBCLog.h"
+#include "operation/base/DBCError.h"
+#include "operation/log/DBCLog.h"
+#include "system/DBCHost.h"
 
 #include <QFileInfo>
 #include <QProcess>

@@ -1,29 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cardimage/DBCImageFiles.h"
 
-#include "cardimage/DBCBitmapDrawing.h"
-#include "cardimage/DBCCardPdfWriter.h"
 #include "cardimage/DBCDiskUsage.h"
-#include "cardimage/DBCJpegCodec.h"
-#include "cardimage/DBCJpegProperties.h"
-#include "cardimage/DBCPdfMemory.h"
-#include "datafile/DBCCommonFunction.h"
-#include "operation/DBCChecker.h"
-#include "operation/DBCDescriptor.h"
-#include "operation/DBCError.h"
-#include "operation/DBCOpenInside.h"
+#include "cardimage/bitmap/DBCBitmapDrawing.h"
+#include "cardimage/jpeg/DBCJpegCodec.h"
+#include "cardimage/jpeg/DBCJpegProperties.h"
+#include "cardimage/pdf/DBCCardPdfDocument.h"
+#include "cardimage/pdf/DBCCardPdfWriter.h"
+#include "cardimage/pdf/DBCPdfMemory.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "operation/base/DBCError.h"
+#include "system/DBCPathChecks.h"
+#include "system/DBCWholeFile.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
 #include <limits>
-#include <new>
-#include <utility>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -64,7 +57,7 @@ DBCResultCode checkSpaceForPdf(const QStringList& paths, const QString& outputPa
         if (isFailure(error.code()))
             return error.code();
     }
-    return DBCChecker::checkDiskSizeIsEnough(QFileInfo(outputPath).absolutePath(), size)
+    return hasFreeBytes(QFileInfo(outputPath).absolutePath(), size)
         ? DBCResultCode::Success
         : DBCResultCode::NoSpaceForImport;
 }
@@ -95,32 +88,6 @@ bool addPage(DBCCardPdfWriter* writer, const QString& path, const QString& insid
         return false;
     writer->addPage(jpeg, *properties, pagePointSize(*properties));
     return true;
-}
-
-DBCDescriptor openPicture(const QString& path, const QString& insideFolder)
-{
-    // A pipe must not keep us waiting for its other end.
-    constexpr int flags = O_RDONLY | O_NONBLOCK;
-    if (!insideFolder.isEmpty())
-        return openInside(insideFolder, path, flags);
-    return DBCDescriptor(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC));
-}
-
-// 0 or minus errno. Sets length to the number of bytes read.
-qint32 readFully(int descriptor, QByteArray* buffer, qsizetype* length)
-{
-    for (*length = 0; *length < buffer->size();) {
-        const ssize_t count = ::read(
-            descriptor, buffer->data() + *length, static_cast<size_t>(buffer->size() - *length));
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return -errno;
-        if (count == 0)
-            break;
-        *length += count;
-    }
-    return 0;
 }
 
 } // namespace
@@ -164,32 +131,11 @@ DBCResultCode convertJPG2PDF(
 
 qint32 readJpgFile(const QUrl& url, QByteArray* outBuffer, const QString& insideFolder)
 {
-    constexpr qint32 readFailure = -4960;
-    constexpr qint64 lengthLimit = 4LL * 1024 * 1024 * 1024;
     if (url.isEmpty() || !outBuffer)
         return toNumber(DBCResultCode::ParameterError);
     outBuffer->clear();
     if (!url.isLocalFile())
-        return readFailure;
-    const DBCDescriptor file = openPicture(url.toLocalFile(), insideFolder);
-    if (!file)
-        return -errno;
-    struct stat status { };
-    if (::fstat(file.get(), &status) != 0)
-        return -errno;
-    if (!S_ISREG(status.st_mode) || status.st_size >= lengthLimit)
-        return readFailure;
-    QByteArray buffer;
-    try {
-        buffer.resize(status.st_size);
-    } catch (const std::bad_alloc&) {
-        return readFailure;
-    }
-    qsizetype length = 0;
-    if (const qint32 error = readFully(file.get(), &buffer, &length); error != 0)
-        return error;
-    if (length != buffer.size())
-        return readFailure;
-    *outBuffer = std::move(buffer);
-    return 0;
+        return DBCNotReadWhole;
+    const DBCDescriptor file = openForReading(url.toLocalFile(), insideFolder);
+    return file ? readWholeFile(file, outBuffer) : -errno;
 }

@@ -2,8 +2,8 @@
 // The image writers.
 #pragma once
 
-#include "cardimage/DBCBitmap.h"
-#include "operation/DBCResultCode.h"
+#include "cardimage/bitmap/DBCBitmap.h"
+#include "operation/base/DBCResultCode.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/DBCCommands.h"
 
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "operation/DBCChosenBackup.h"
 
 #include <QFileInfo>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/DBCCommands.h"
-#include "datafile/DBCInterchangeNames.h"
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "operation/DBCConverterController.h"
-#include "operation/DBCLog.h"
 #include "operation/DBCPreconditions.h"
-#include "operation/DBCSignalWatcher.h"
+#include "operation/log/DBCLog.h"
+#include "system/DBCSignalWatcher.h"
 
 #include <QEventLoop>
 #include <QThread>

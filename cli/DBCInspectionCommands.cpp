@@ -3,7 +3,7 @@
 
 #include "carddb/DBCPackageCreator.h"
 #include "carddb/DBCPackageVerifier.h"
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "operation/DBCFolderInspector.h"
 
 namespace {

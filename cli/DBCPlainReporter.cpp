@@ -2,7 +2,7 @@
 #include "cli/DBCPlainReporter.h"
 
 #include "cli/DBCTerminal.h"
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "text/DBCControlCharacters.h"
 
 #include <algorithm>

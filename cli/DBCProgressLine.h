@@ -2,7 +2,7 @@
 // One line on standard error that is written over and over while an operation runs.
 #pragma once
 
-#include "operation/DBCRemainingTime.h"
+#include "operation/messages/DBCRemainingTime.h"
 
 #include <QElapsedTimer>
 #include <QString>

@@ -4,10 +4,10 @@
 
 #include "carddb/DBCPackageBackups.h"
 #include "cli/DBCExitCode.h"
-#include "operation/DBCEvent.h"
-#include "operation/DBCLogEntry.h"
-#include "operation/DBCMessage.h"
-#include "operation/DBCProblem.h"
+#include "operation/base/DBCEvent.h"
+#include "operation/base/DBCProblem.h"
+#include "operation/log/DBCLogEntry.h"
+#include "operation/messages/DBCMessage.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/DBCTerminal.h"
 
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "text/DBCControlCharacters.h"
 
 #include <QStringList>

@@ -2,7 +2,7 @@
 // Where velmora-convert writes and asks.
 #pragma once
 
-#include "operation/DBCDescriptor.h"
+#include "system/DBCDescriptor.h"
 
 #include <QString>
 

@@ -5,7 +5,7 @@
 
 #include "cli/DBCReporter.h"
 #include "cli/DBCTerminal.h"
-#include "operation/DBCMessage.h"
+#include "operation/messages/DBCMessage.h"
 
 class DBCTerminalPresenter : public DBCMessagePresenter {
 public:

@@ -5,8 +5,8 @@
 #include "cli/DBCPlainReporter.h"
 #include "cli/DBCTerminal.h"
 #include "cli/DBCTerminalPresenter.h"
-#include "operation/DBCLogObserver.h"
-#include "operation/DBCStandardDescriptors.h"
+#include "operation/log/DBCLogObserver.h"
+#include "system/DBCStandardDescriptors.h"
 
 #include <QCoreApplication>
 

@@ -2,12 +2,12 @@
 // From the file's lines to records.
 #include "datafile/DBCFileReader.h"
 
-#include "datafile/DBCColumns.h"
-#include "datafile/DBCCommonFunction.h"
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCChecker.h"
-#include "operation/DBCLog.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "datafile/records/DBCColumns.h"
+#include "operation/log/DBCLog.h"
 #include "text/DBCAddresses.h"
+#include "text/DBCCharacterSets.h"
 
 #include <algorithm>
 #include <array>
@@ -29,7 +29,7 @@ std::optional<QString> composedAddress(const DBCRecord& record)
 
 bool isBlank(QStringView line)
 {
-    return DBCChecker::isBlank(QString::fromRawData(line.data(), line.size()));
+    return isBlank(QString::fromRawData(line.data(), line.size()));
 }
 
 // What the items of each column are called in a warning.

@@ -4,10 +4,10 @@
 // the line separator, and only the line separator ends a line.
 #pragma once
 
-#include "datafile/DBCLocalizable.h"
-#include "datafile/DBCRecord.h"
-#include "datafile/DBCTextEncoding.h"
-#include "operation/DBCError.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "datafile/helpers/DBCTextEncoding.h"
+#include "datafile/records/DBCRecord.h"
+#include "operation/base/DBCError.h"
 
 #include <QFile>
 #include <QHash>

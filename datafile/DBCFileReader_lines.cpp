@@ -2,7 +2,7 @@
 // From the file's bytes to its lines.
 #include "datafile/DBCFileReader.h"
 
-#include "operation/DBCLog.h"
+#include "operation/log/DBCLog.h"
 
 #include <QFileInfo>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fuzz/FuzzTarget.h"
 
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCDescriptor.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "system/DBCDescriptor.h"
 
 #include <QFile>
 

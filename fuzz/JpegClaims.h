@@ -2,7 +2,8 @@
 // What holds of every JPEG that is taken for one.
 #pragma once
 
-#include "cardimage/DBCJpegProperties.h"
+#include "cardimage/jpeg/DBCJpegProperties.h"
+#include "cardimage/pdf/DBCCardPdfDocument.h"
 #include "fuzz/FuzzTarget.h"
 
 inline void judgeProperties(const std::optional<DBCJpegProperties>& properties)

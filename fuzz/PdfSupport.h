@@ -2,9 +2,9 @@
 // What the targets for parts of PDFs share.
 #pragma once
 
-#include "cardimage/DBCBitmap.h"
-#include "cardimage/DBCPdfFlateFilter.h"
-#include "cardimage/DBCPdfPageImage.h"
+#include "cardimage/bitmap/DBCBitmap.h"
+#include "cardimage/pdf/DBCPdfFlateFilter.h"
+#include "cardimage/pdf/DBCPdfPageImage.h"
 #include "fuzz/FuzzTarget.h"
 
 #include <memory>

@@ -3,15 +3,12 @@
 // reports anything; callers turn the answers into codes and messages.
 #pragma once
 
-#include "operation/DBCResultCode.h"
+#include "datafile/helpers/DBCVersionInfo.h"
+#include "operation/base/DBCResultCode.h"
 
-#include <QHash>
 #include <QString>
 
 #include <optional>
-
-// What getVersionInfo() reads: one entry, see DBCCommonFunction.
-using DBCVersionInfo = QHash<QString, QString>;
 
 class DBCChecker {
 public:
@@ -22,10 +19,6 @@ public:
     // True when the file system that holds the existing path has at least fileSize bytes free, and
     // any at all.
     static bool checkDiskSizeIsEnough(const QString& path, quint64 fileSize);
-    // Something stands at the path, be it a link that leads nowhere: nothing can be made there. So
-    // it is when a bad disk cannot tell: what may be there must not be taken for absent.
-    static bool isTaken(const QString& path);
-    static bool isWritableFolder(const QString& path);
     static bool checkVelmoraIsLaunched();
     // Empty, or nothing but characters of blankAndNewLineCharacters().
     static bool isBlank(const QString& text);

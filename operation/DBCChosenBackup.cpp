@@ -2,9 +2,9 @@
 #include "operation/DBCChosenBackup.h"
 
 #include "carddb/DBCPackageBackups.h"
-#include "operation/DBCLog.h"
-#include "operation/DBCMessage.h"
 #include "operation/DBCUnfinishedImport.h"
+#include "operation/log/DBCLog.h"
+#include "operation/messages/DBCMessage.h"
 
 namespace {
 

@@ -4,11 +4,11 @@
 #include "carddb/DBCDataBaseController.h"
 #include "carddb/DBCPackageGuard.h"
 #include "datafile/DBCFileReader.h"
-#include "datafile/DBCInterchangeNames.h"
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCLog.h"
-#include "operation/DBCRunStory.h"
-#include "operation/DBCStandardDescriptors.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/log/DBCLog.h"
+#include "report/DBCRunStory.h"
+#include "system/DBCStandardDescriptors.h"
 
 #include <QDir>
 #include <QFileInfo>

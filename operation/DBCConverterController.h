@@ -3,10 +3,11 @@
 // writes the log, shows the errors and answers the cancel protocol. One controller runs once.
 #pragma once
 
-#include "operation/DBCCancelDelegate.h"
-#include "operation/DBCError.h"
-#include "operation/DBCEvent.h"
-#include "operation/DBCMessage.h"
+#include "operation/base/DBCCancelDelegate.h"
+#include "operation/base/DBCError.h"
+#include "operation/base/DBCEvent.h"
+#include "operation/base/DBCOperation.h"
+#include "operation/messages/DBCMessage.h"
 
 #include <QString>
 
@@ -23,12 +24,6 @@ class DBCPackageGuard;
 class DBCRecord;
 class DBCRunStory;
 class QThread;
-
-enum class OperationType : qint32 {
-    None = 0x20000,
-    Import = 0x20001, // interchange folder into database package
-    Export = 0x20002, // database package into interchange folder
-};
 
 // How the driver comes by its collaborators; a test substitutes its own.
 struct DBCConversionFactories {
@@ -90,14 +85,7 @@ public:
     void _handleExportError(const DBCError& error);
 
     // What the last run came to, for callers without a window.
-    struct Outcome {
-        DBCResultCode code = DBCResultCode::Success;
-        qint64 maxCount = 0;
-        qint64 finishedCount = 0;
-        QString backupPath; // empty: no backup was made or it was removed again
-        QString reportPath; // empty: no report could be written
-        qint64 concernedCardCount = 0; // cards with warnings or errors
-    };
+    using Outcome = DBCOutcome;
     const Outcome& outcome() const { return _outcome; }
 
 private:

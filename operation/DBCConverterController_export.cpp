@@ -2,18 +2,18 @@
 #include "operation/DBCConverterController.h"
 
 #include "carddb/DBCDataBaseController.h"
-#include "carddb/DBCNameLookup.h"
 #include "carddb/DBCPackageLayout.h"
 #include "cardimage/DBCDiskUsage.h"
-#include "datafile/DBCColumns.h"
-#include "datafile/DBCCommonFunction.h"
-#include "datafile/DBCFileWriter.h"
-#include "datafile/DBCInterchangeNames.h"
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "datafile/records/DBCColumns.h"
+#include "datafile/records/DBCFileWriter.h"
 #include "operation/DBCChecker.h"
-#include "operation/DBCDiskFlush.h"
-#include "operation/DBCFileManager.h"
-#include "operation/DBCLog.h"
+#include "operation/copy/DBCFileManager.h"
+#include "operation/log/DBCLog.h"
+#include "system/DBCDiskFlush.h"
+#include "system/DBCNameLookup.h"
 
 #include <utility>
 

@@ -3,12 +3,12 @@
 
 #include "carddb/DBCDataBaseController.h"
 #include "cardimage/DBCDiskUsage.h"
-#include "datafile/DBCCommonFunction.h"
 #include "datafile/DBCFileReader.h"
-#include "datafile/DBCInterchangeNames.h"
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "operation/DBCChecker.h"
-#include "operation/DBCFileManager.h"
+#include "operation/copy/DBCFileManager.h"
 
 #include <utility>
 

@@ -3,10 +3,10 @@
 // conversion is what it was.
 #include "operation/DBCConverterController.h"
 
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCLog.h"
-#include "operation/DBCReportFiles.h"
-#include "operation/DBCRunStory.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/log/DBCLog.h"
+#include "report/DBCReportFiles.h"
+#include "report/DBCRunStory.h"
 
 #include <QFileInfo>
 

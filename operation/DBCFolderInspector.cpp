@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "operation/DBCFolderInspector.h"
 
-#include "carddb/DBCFolderListing.h"
-#include "cardimage/DBCBitmap.h"
 #include "cardimage/DBCDiskUsage.h"
 #include "cardimage/DBCImageFiles.h"
-#include "cardimage/DBCJpegProperties.h"
-#include "datafile/DBCColumns.h"
-#include "datafile/DBCCommonFunction.h"
+#include "cardimage/bitmap/DBCBitmap.h"
+#include "cardimage/jpeg/DBCJpegProperties.h"
 #include "datafile/DBCFileReader.h"
-#include "datafile/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "datafile/records/DBCColumns.h"
 #include "operation/DBCChecker.h"
-#include "operation/DBCHost.h"
+#include "system/DBCFolderListing.h"
+#include "system/DBCHost.h"
 #include "text/DBCAddresses.h"
 
 #include <QFile>

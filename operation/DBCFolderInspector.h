@@ -3,10 +3,10 @@
 // leave out or warn of, with the line it stands in. Changes nothing.
 #pragma once
 
-#include "carddb/DBCNameLookup.h"
-#include "datafile/DBCLocalizable.h"
-#include "datafile/DBCRecord.h"
-#include "operation/DBCProblem.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "datafile/records/DBCRecord.h"
+#include "operation/base/DBCProblem.h"
+#include "system/DBCNameLookup.h"
 
 #include <QString>
 

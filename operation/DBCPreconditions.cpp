@@ -2,17 +2,17 @@
 #include "operation/DBCPreconditions.h"
 
 #include "carddb/DBCPackageLayout.h"
-#include "datafile/DBCCommonFunction.h"
-#include "datafile/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
 #include "operation/DBCChecker.h"
-#include "operation/DBCFileManager.h"
-#include "operation/DBCHost.h"
-#include "operation/DBCLog.h"
-#include "operation/DBCMainApplication.h"
-#include "operation/DBCMessage.h"
-#include "operation/DBCMountTable.h"
-#include "operation/DBCPropertyList.h"
 #include "operation/DBCUnfinishedImport.h"
+#include "operation/copy/DBCFileManager.h"
+#include "operation/log/DBCLog.h"
+#include "operation/log/DBCMainApplication.h"
+#include "operation/log/DBCPropertyList.h"
+#include "operation/messages/DBCMessage.h"
+#include "system/DBCHost.h"
+#include "system/DBCMountTable.h"
 
 #include <QDir>
 #include <QFileInfo>

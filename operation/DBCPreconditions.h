@@ -3,9 +3,9 @@
 // the same things for the same reasons. Each failed check shows its one message.
 #pragma once
 
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "operation/DBCConverterController.h"
-#include "operation/DBCResultCode.h"
+#include "operation/base/DBCResultCode.h"
 
 #include <QString>
 

@@ -2,9 +2,9 @@
 #include "operation/DBCUnfinishedImport.h"
 
 #include "carddb/DBCPackageRecovery.h"
-#include "operation/DBCError.h"
-#include "operation/DBCLog.h"
-#include "operation/DBCMessage.h"
+#include "operation/base/DBCError.h"
+#include "operation/log/DBCLog.h"
+#include "operation/messages/DBCMessage.h"
 
 namespace {
 

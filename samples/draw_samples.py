@@ -23,7 +23,7 @@ from sample_cards import CARDS
 
 HERE = Path(__file__).resolve().parent
 TEXTS = HERE.parent / "resources/i18n/Localizable_ja.ts"
-COLUMNS = HERE.parent / "datafile/DBCColumns.h"
+COLUMNS = HERE.parent / "datafile/records/DBCColumns.h"
 JPEG_QUALITY = 85
 # An Exif orientation of 6: the stored picture is to be turned a quarter clockwise.
 EXIF_ORIENTATION, TURN_CLOCKWISE = 0x0112, 6

@@ -20,3 +20,8 @@ QStringView trimmedBy(QStringView text, QStringView set)
 {
     return trimmedWhere(text, [set](QChar character) { return set.contains(character); });
 }
+
+bool isBlank(QStringView text)
+{
+    return trimmedBy(text, blankAndNewLineCharacters()).isEmpty();
+}

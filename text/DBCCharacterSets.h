@@ -23,5 +23,8 @@ template <typename Predicate> QStringView trimmedWhere(QStringView text, Predica
     return text;
 }
 
+// True for an empty text, too: nothing but blankAndNewLineCharacters().
+bool isBlank(QStringView text);
+
 // text without the characters of set at both ends.
 QStringView trimmedBy(QStringView text, QStringView set);

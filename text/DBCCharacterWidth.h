@@ -3,7 +3,7 @@
 // Nothing else is widened. Library conversions (NFKC) give other kana than the tables used here.
 #pragma once
 
-#include "operation/DBCResultCode.h"
+#include "operation/base/DBCResultCode.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A bitmap of any kind, turned, brought to another depth and written as a JPEG file.
-#include "cardimage/DBCBitmapDrawing.h"
 #include "cardimage/DBCImageFiles.h"
+#include "cardimage/bitmap/DBCBitmapDrawing.h"
 #include "fuzz/JpegClaims.h"
 
 #include <algorithm>

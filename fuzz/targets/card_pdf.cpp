@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A JPEG of any bytes, put on a page of a card PDF and taken out again.
-#include "cardimage/DBCCardPdf.h"
-#include "cardimage/DBCCardPdfWriter.h"
-#include "cardimage/DBCPdfPageImage.h"
+#include "cardimage/pdf/DBCCardPdf.h"
+#include "cardimage/pdf/DBCCardPdfWriter.h"
+#include "cardimage/pdf/DBCPdfPageImage.h"
 #include "fuzz/JpegClaims.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Texts of any kind on their way into a line of the data file.
-#include "datafile/DBCColumns.h"
-#include "datafile/DBCFileWriter.h"
+#include "datafile/records/DBCColumns.h"
+#include "datafile/records/DBCFileWriter.h"
 #include "fuzz/FuzzTarget.h"
 
 namespace {

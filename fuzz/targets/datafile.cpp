@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A data file of any bytes, read whole and in chunks, written again and read once more.
-#include "datafile/DBCColumns.h"
-#include "datafile/DBCCommonFunction.h"
 #include "datafile/DBCFileReader.h"
-#include "datafile/DBCFileWriter.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "datafile/records/DBCColumns.h"
+#include "datafile/records/DBCFileWriter.h"
 #include "fuzz/FuzzTarget.h"
 
 #include <QStringView>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A message of any text on its way into the log, alone and as what fills a message's placeholders.
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "fuzz/FuzzTarget.h"
-#include "operation/DBCLog.h"
+#include "operation/log/DBCLog.h"
 
 #include <algorithm>
 

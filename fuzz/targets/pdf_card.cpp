@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A file of any bytes, asked whether it is a card PDF and for the card's two images.
-#include "cardimage/DBCCardPdf.h"
+#include "cardimage/pdf/DBCCardPdf.h"
 #include "fuzz/FuzzTarget.h"
 
 namespace {

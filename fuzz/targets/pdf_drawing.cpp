@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A file of any bytes, its first page drawn as that of a searchable card PDF.
-#include "cardimage/DBCCardPdf.h"
+#include "cardimage/pdf/DBCCardPdf.h"
+#include "cardimage/pdf/DBCPdfDrawing.h"
 #include "fuzz/FuzzTarget.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A PDF stream behind one or two filters, unpacked up to a limit. The first bytes choose the
 // filters and the limit; the rest is the stream's data.
-#include "cardimage/DBCPdfStreamData.h"
+#include "cardimage/pdf/DBCPdfStreamData.h"
 #include "fuzz/PdfSupport.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The picture of a JPEG file of any bytes, decoded and encoded again.
-#include "cardimage/DBCJpegCodec.h"
+#include "cardimage/jpeg/DBCJpegCodec.h"
 #include "fuzz/JpegClaims.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)

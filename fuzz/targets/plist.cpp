@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A property list of any bytes.
 #include "fuzz/FuzzTarget.h"
-#include "operation/DBCPropertyList.h"
+#include "operation/log/DBCPropertyList.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {

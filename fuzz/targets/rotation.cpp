@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A content stream of any bytes, asked for the rotation that it tells.
-#include "cardimage/DBCContentRotation.h"
+#include "cardimage/pdf/DBCContentRotation.h"
 #include "fuzz/FuzzTarget.h"
 
 #include <clocale>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A card store of any bytes, opened, read, and given a card.
-#include "carddb/DBCCardAttributes.h"
-#include "carddb/DBCManagedObjectContext.h"
+#include "carddb/store/DBCCardAttributes.h"
+#include "carddb/store/DBCManagedObjectContext.h"
 #include "fuzz/FuzzTarget.h"
 
 #include <SQLiteCpp/Exception.h>

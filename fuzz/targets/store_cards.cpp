@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Cards of any texts, numbers and dates, saved into an empty store and fetched again.
-#include "carddb/DBCCardAttributes.h"
-#include "carddb/DBCManagedObjectContext.h"
 #include "carddb/DBCPackageCreator.h"
 #include "carddb/DBCPackageLayout.h"
+#include "carddb/store/DBCCardAttributes.h"
+#include "carddb/store/DBCManagedObjectContext.h"
 #include "fuzz/FuzzTarget.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A "Version.txt" of any bytes.
-#include "datafile/DBCCommonFunction.h"
-#include "datafile/DBCTextEncoding.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "datafile/helpers/DBCTextEncoding.h"
 #include "fuzz/FuzzTarget.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Half-width katakana widened.
-#include "datafile/DBCCommonFunction.h"
+#include "datafile/helpers/DBCCommonFunction.h"
 #include "fuzz/FuzzTarget.h"
 #include "text/DBCCharacterWidth.h"
 

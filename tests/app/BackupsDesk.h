@@ -2,7 +2,7 @@
 // The list of backups, and the package that they are of.
 #pragma once
 
-#include "app/DBCBackupsDialog.h"
+#include "app/dialogs/DBCBackupsDialog.h"
 #include "tests/carddb/BackupFixture.h"
 #include "tests/support/RecordingPresenter.h"
 #include "tests/support/ScopedHost.h"

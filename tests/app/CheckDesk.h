@@ -2,7 +2,7 @@
 // The dialog with the problems of an interchange folder, and the folder.
 #pragma once
 
-#include "app/DBCCheckDialog.h"
+#include "app/dialogs/DBCCheckDialog.h"
 #include "tests/support/DataFileBuilder.h"
 #include "tests/support/InterchangeFolder.h"
 #include "tests/support/ScopedHost.h"

@@ -3,7 +3,7 @@
 // keyboard reaches has a name for a screen reader, and no two have the same mnemonic.
 #pragma once
 
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 
 #include <QAbstractButton>
 #include <QAccessible>

@@ -9,7 +9,7 @@
 
 #include "app/DBCConverterWindowController.h"
 #include "app/DBCMainWindowController.h"
-#include "app/DBCMessageArea.h"
+#include "app/dialogs/DBCMessageArea.h"
 #include "tests/support/RecordingPresenter.h"
 #include "tests/support/ScopedHost.h"
 #include "tests/support/TestHome.h"

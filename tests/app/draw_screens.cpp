@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Draws the window's screens and states into a folder, in both languages, light and dark:
 // draw_screens FOLDER. tools/draw-screens runs it.
-#include "app/DBCBackupsDialog.h"
-#include "app/DBCCheckDialog.h"
-#include "operation/DBCLog.h"
+#include "app/dialogs/DBCBackupsDialog.h"
+#include "app/dialogs/DBCCheckDialog.h"
+#include "operation/log/DBCLog.h"
 #include "tests/app/WindowFixture.h"
 
 #include <QApplication>

@@ -3,8 +3,8 @@
 // and what is on the disk afterwards.
 #include "carddb/DBCDataBaseController.h"
 #include "datafile/DBCFileReader.h"
-#include "datafile/DBCInterchangeNames.h"
-#include "operation/DBCLog.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "operation/log/DBCLog.h"
 #include "tests/app/WindowFixture.h"
 #include "tests/support/DataFileBuilder.h"
 #include "tests/support/InterchangeFolder.h"

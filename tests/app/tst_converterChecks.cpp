@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Each check before an operation, asked by pressing the button: its one message, nothing started,
 // and a screen that is ready for the next try.
-#include "datafile/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
 #include "tests/app/WindowFixture.h"
 
 #include <QDir>

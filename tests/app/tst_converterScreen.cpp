@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The converter screen as it comes up for each operation, and what its controls do.
-#include "app/DBCPaths.h"
-#include "operation/DBCLog.h"
+#include "app/desktop/DBCPaths.h"
+#include "operation/log/DBCLog.h"
 #include "tests/app/WindowFixture.h"
 
 #include <QDir>

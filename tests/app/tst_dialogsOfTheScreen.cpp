@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The converter screen's ways to the check of a folder and to the backups.
-#include "app/DBCBackupsDialog.h"
-#include "app/DBCCheckDialog.h"
+#include "app/dialogs/DBCBackupsDialog.h"
+#include "app/dialogs/DBCCheckDialog.h"
 #include "carddb/DBCDataBaseController.h"
 #include "carddb/DBCPackageCopy.h"
 #include "datafile/DBCFileReader.h"

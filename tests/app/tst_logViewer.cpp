@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The log as the user gets to see it: in the desktop's program, or in the viewer of our own.
-#include "app/DBCLogViewer.h"
+#include "app/dialogs/DBCLogViewer.h"
 
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "tests/support/ScopedHost.h"
 #include "tests/support/TestHome.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The choice screen, the ways out of the program, and what holds for both screens in both
 // languages.
-#include "app/DBCLocalizedWidgets.h"
-#include "datafile/DBCLocalizable.h"
+#include "app/dialogs/DBCLocalizedWidgets.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "tests/app/WindowFixture.h"
 
 #include <QAbstractButton>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What stands below a path field while it is typed, and how a typed path is understood.
 #include "app/DBCPathHint.h"
-#include "app/DBCPaths.h"
-#include "datafile/DBCInterchangeNames.h"
+#include "app/desktop/DBCPaths.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
 #include "tests/support/TestHome.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/DBCProblemModel.h"
+#include "app/dialogs/DBCProblemModel.h"
 
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 
 #include <QAbstractItemModelTester>
 #include <QSortFilterProxyModel>

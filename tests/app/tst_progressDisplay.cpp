@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the converter screen shows at each event of an operation.
-#include "operation/DBCLog.h"
+#include "operation/log/DBCLog.h"
 #include "tests/app/WindowFixture.h"
 
 #include <QTest>

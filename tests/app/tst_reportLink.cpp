@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The report as the window offers it when a run has ended.
 #include "app/DBCReportLink.h"
-#include "operation/DBCLog.h"
+#include "operation/log/DBCLog.h"
 #include "tests/app/WindowFixture.h"
 #include "tests/support/DataFileBuilder.h"
 #include "tests/support/InterchangeFolder.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the program asks of the desktop over the session bus: to stay awake, and to show a note.
-#include "app/DBCDesktopNotification.h"
-#include "app/DBCSuspendInhibitor.h"
-#include "operation/DBCSettings.h"
+#include "app/desktop/DBCDesktopNotification.h"
+#include "app/desktop/DBCSuspendInhibitor.h"
+#include "operation/log/DBCSettings.h"
 #include "tests/app/PrivateBus.h"
 #include "tests/support/TestHome.h"
 

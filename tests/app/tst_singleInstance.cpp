@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Which of several starts runs, and what the others tell it.
-#include "app/DBCSingleInstance.h"
+#include "app/desktop/DBCSingleInstance.h"
 
 #include "tests/support/TestHome.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The desktop's leave to take the focus, from a start to the window. What a window manager makes of
 // it is tested with the running copies.
-#include "app/DBCWindowActivation.h"
+#include "app/desktop/DBCWindowActivation.h"
 
 #include <QTest>
 #include <QWidget>

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "carddb/DBCDataBaseController.h"
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCLogObserver.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/log/DBCLogObserver.h"
 #include "tests/support/InterchangeFolder.h"
 #include "tests/support/PackageFixture.h"
 #include "tests/support/TestHome.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What happens to a user who may not read or write something, by the system's own word.
-#include "carddb/DBCCard.h"
-#include "carddb/DBCManagedObjectContext.h"
 #include "carddb/DBCPackageCreator.h"
 #include "carddb/DBCPackageVerifier.h"
+#include "carddb/store/DBCCard.h"
+#include "carddb/store/DBCManagedObjectContext.h"
 #include "tests/carddb/AttachmentFixture.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/JpegBuilder.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCDataBaseController.h"
-#include "operation/DBCCancelDelegate.h"
-#include "operation/DBCFileManager.h"
+#include "operation/base/DBCCancelDelegate.h"
+#include "operation/copy/DBCFileManager.h"
 #include "tests/carddb/TransferFixture.h"
 #include "tests/support/FolderSnapshot.h"
 #include "tests/support/ScopedHost.h"

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The card database where one kind of system call fails: a disk that goes bad at the worst moment.
-#include "carddb/DBCCard.h"
 #include "carddb/DBCImportJournal.h"
-#include "carddb/DBCManagedObjectContext.h"
 #include "carddb/DBCPackageCopy.h"
 #include "carddb/DBCPackageRecovery.h"
 #include "carddb/DBCPackageRestore.h"
-#include "operation/DBCCancelDelegate.h"
+#include "carddb/store/DBCCard.h"
+#include "carddb/store/DBCManagedObjectContext.h"
+#include "operation/base/DBCCancelDelegate.h"
 #include "tests/carddb/AttachmentFixture.h"
 #include "tests/support/DeadImport.h"
 #include "tests/support/FailingCall.h"

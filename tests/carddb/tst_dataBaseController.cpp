@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "carddb/DBCCard.h"
 #include "carddb/DBCDataBaseController.h"
-#include "carddb/DBCManagedObjectContext.h"
+#include "carddb/store/DBCCard.h"
+#include "carddb/store/DBCManagedObjectContext.h"
 #include "tests/support/DebugLog.h"
 #include "tests/support/PackageFixture.h"
 #include "tests/support/StandardInputKeeper.h"

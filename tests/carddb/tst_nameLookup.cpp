@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "carddb/DBCNameLookup.h"
+#include "system/DBCNameLookup.h"
 #include "tests/support/TestHome.h"
 
 #include <QFile>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCPackageCopy.h"
 
-#include "operation/DBCCancelDelegate.h"
-#include "operation/DBCFileManager.h"
+#include "operation/base/DBCCancelDelegate.h"
+#include "operation/copy/DBCFileManager.h"
 #include "tests/carddb/TransferFixture.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/FileSizeLimit.h"

@@ -2,7 +2,7 @@
 #include "carddb/DBCDataBaseController.h"
 #include "carddb/DBCPackageCreator.h"
 #include "carddb/DBCPackageVerifier.h"
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/PackageFixture.h"
 #include "tests/support/PdfBuilder.h"

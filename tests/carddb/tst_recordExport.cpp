@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "carddb/DBCCard.h"
 #include "carddb/DBCDataBaseController.h"
-#include "datafile/DBCInterchangeNames.h"
-#include "operation/DBCCancelDelegate.h"
+#include "carddb/store/DBCCard.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "operation/base/DBCCancelDelegate.h"
 #include "tests/support/DebugLog.h"
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/PackageFixture.h"

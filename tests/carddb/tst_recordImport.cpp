@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "carddb/DBCCard.h"
 #include "carddb/DBCDataBaseController.h"
+#include "carddb/store/DBCCard.h"
 #include "tests/support/InterchangeFolder.h"
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/PackageFixture.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "carddb/DBCManagedObjectContext.h"
+#include "carddb/store/DBCManagedObjectContext.h"
 #include "tests/support/PackageFixture.h"
 #include "tests/support/RecordKeys.h"
 

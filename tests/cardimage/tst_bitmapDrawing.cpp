@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cardimage/DBCBitmapDrawing.h"
+#include "cardimage/bitmap/DBCBitmapDrawing.h"
 
 #include "tests/support/JpegBuilder.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cardimage/DBCBitmapImageRep.h"
+#include "cardimage/jpeg/DBCBitmapImageRep.h"
 
 #include "tests/support/JpegBuilder.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cardimage/DBCCardPdf.h"
+#include "cardimage/pdf/DBCCardPdf.h"
 
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/PdfBuilder.h"

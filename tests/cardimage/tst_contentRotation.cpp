@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cardimage/DBCContentRotation.h"
+#include "cardimage/pdf/DBCContentRotation.h"
 
 #include <QtTest>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cardimage/DBCImageFiles.h"
 
-#include "cardimage/DBCCardPdf.h"
+#include "cardimage/pdf/DBCCardPdf.h"
 #include "tests/support/FileSizeLimit.h"
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/ScopedHost.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cardimage/DBCDiskUsage.h"
 
-#include "operation/DBCError.h"
+#include "operation/base/DBCError.h"
 #include "tests/support/CapturedStandardError.h"
 #include "tests/support/ScopedHost.h"
 #include "tests/support/TestHome.h"

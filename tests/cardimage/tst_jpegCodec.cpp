@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cardimage/DBCJpegCodec.h"
+#include "cardimage/jpeg/DBCJpegCodec.h"
 
 #include "tests/support/JpegBuilder.h"
 

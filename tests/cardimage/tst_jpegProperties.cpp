@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cardimage/DBCJpegProperties.h"
+#include "cardimage/jpeg/DBCJpegProperties.h"
 
 #include "tests/support/JpegBuilder.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cardimage/DBCPdfPageImage.h"
+#include "cardimage/pdf/DBCPdfPageImage.h"
 
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/PdfBuilder.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cardimage/DBCBitmap.h"
-#include "cardimage/DBCPdfFlateFilter.h"
-#include "cardimage/DBCPdfStreamData.h"
+#include "cardimage/bitmap/DBCBitmap.h"
+#include "cardimage/pdf/DBCPdfFlateFilter.h"
+#include "cardimage/pdf/DBCPdfStreamData.h"
 
 #include "tests/support/PdfBuilder.h"
 

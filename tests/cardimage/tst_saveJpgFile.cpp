@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cardimage/DBCImageFiles.h"
 
-#include "cardimage/DBCCardPdf.h"
+#include "cardimage/pdf/DBCCardPdf.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/FailingCall.h"
 #include "tests/support/JpegBuilder.h"

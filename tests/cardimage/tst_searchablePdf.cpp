@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cardimage/DBCCardPdf.h"
-#include "cardimage/DBCPdfDrawing.h"
+#include "cardimage/pdf/DBCCardPdf.h"
+#include "cardimage/pdf/DBCPdfDrawing.h"
 
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/PdfBuilder.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // velmora-convert import and export, as a person and as a script run them.
-#include "datafile/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
 #include "tests/cli/ConvertProgram.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/DataFileBuilder.h"

@@ -3,8 +3,8 @@
 // bytes that were written.
 #pragma once
 
-#include "datafile/DBCColumns.h"
-#include "datafile/DBCFileWriter.h"
+#include "datafile/records/DBCColumns.h"
+#include "datafile/records/DBCFileWriter.h"
 #include "tests/support/TestHome.h"
 
 #include <memory>

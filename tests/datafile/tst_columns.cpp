@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "datafile/DBCColumns.h"
+#include "datafile/records/DBCColumns.h"
 
-#include "datafile/DBCCommonFunction.h"
 #include "datafile/DBCFileReader.h"
-#include "datafile/DBCFileWriter.h"
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "datafile/records/DBCFileWriter.h"
 #include "tests/support/RecordKeys.h"
 #include "tests/support/TestHome.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "datafile/DBCCommonFunction.h"
+#include "datafile/helpers/DBCCommonFunction.h"
 
-#include "datafile/DBCRecord.h"
+#include "datafile/records/DBCRecord.h"
 #include "tests/support/RecordKeys.h"
 #include "tests/support/ScopedHost.h"
 #include "tests/support/TestHome.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Lines made of records.
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "tests/datafile/WriterFixture.h"
 #include "tests/support/RecordKeys.h"
 #include "tests/support/ScopedTimeZone.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "datafile/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
 
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "datafile/DBCRecord.h"
+#include "datafile/records/DBCRecord.h"
 #include "tests/support/RecordKeys.h"
 
 #include <QtTest>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "datafile/DBCTextEncoding.h"
+#include "datafile/helpers/DBCTextEncoding.h"
 
 #include <QtTest>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "datafile/DBCCommonFunction.h"
+#include "datafile/helpers/DBCCommonFunction.h"
 
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/TestHome.h"

@@ -2,7 +2,7 @@
 // A package and an interchange folder on the disk, and whole conversions between the two.
 #pragma once
 
-#include "datafile/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
 #include "operation/DBCConverterController.h"
 #include "tests/support/DataFileBuilder.h"
 #include "tests/support/InterchangeFolder.h"

@@ -2,7 +2,7 @@
 // What the checks before an operation look at, everything in order until a test spoils something.
 #pragma once
 
-#include "datafile/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
 #include "operation/DBCPreconditions.h"
 #include "tests/support/RecordingPresenter.h"
 #include "tests/support/ScopedHost.h"

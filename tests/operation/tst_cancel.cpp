@@ -2,7 +2,7 @@
 // The two threads of a conversion: events that cross over, and a cancel that is asked for on one
 // thread and found on the other.
 #include "cardimage/DBCDiskUsage.h"
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "tests/support/ScriptedConversion.h"
 
 #include <QtTest>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "operation/DBCChecker.h"
 
-#include "datafile/DBCCommonFunction.h"
+#include "datafile/helpers/DBCCommonFunction.h"
 #include "tests/support/ScopedHost.h"
 #include "tests/support/TestHome.h"
 

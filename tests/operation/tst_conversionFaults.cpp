@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Whole conversions that meet what goes wrong outside of them.
 #include "carddb/DBCPackageGuard.h"
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "tests/operation/ConversionWorld.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/FailingCall.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "operation/DBCConverterController.h"
 
-#include "datafile/DBCInterchangeNames.h"
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCLog.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/log/DBCLog.h"
 #include "tests/support/CapturedStandardError.h"
 #include "tests/support/ScriptedConversion.h"
 

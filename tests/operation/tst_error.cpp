@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCError.h"
+#include "operation/base/DBCError.h"
 
 #include <QTest>
 

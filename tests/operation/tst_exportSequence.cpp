@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The export's steps with a scripted database: what is sent, logged, shown, written and cleaned up
 // in each situation.
-#include "datafile/DBCInterchangeNames.h"
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCLog.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/log/DBCLog.h"
 #include "tests/support/ScriptedConversion.h"
 
 #include <QtTest>

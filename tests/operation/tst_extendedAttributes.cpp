@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCExtendedAttributes.h"
+#include "system/DBCExtendedAttributes.h"
 
-#include "operation/DBCDescriptor.h"
+#include "system/DBCDescriptor.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/ScopedMode.h"
 #include "tests/support/TestHome.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCFileManager.h"
+#include "operation/copy/DBCFileManager.h"
 
-#include "operation/DBCCancelDelegate.h"
-#include "operation/DBCError.h"
+#include "operation/base/DBCCancelDelegate.h"
+#include "operation/base/DBCError.h"
 #include "tests/support/TestHome.h"
 
 #include <QDir>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "operation/DBCFolderInspector.h"
 
-#include "cardimage/DBCBitmap.h"
-#include "datafile/DBCLocalizable.h"
+#include "cardimage/bitmap/DBCBitmap.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "tests/support/DataFileBuilder.h"
 #include "tests/support/FolderSnapshot.h"
 #include "tests/support/InterchangeFolder.h"

@@ -2,7 +2,7 @@
 // A folder with things in it that the user who checks it may not read.
 #include "operation/DBCFolderInspector.h"
 
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/DataFileBuilder.h"
 #include "tests/support/InterchangeFolder.h"

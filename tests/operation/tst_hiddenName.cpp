@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCHiddenName.h"
+#include "system/DBCHiddenName.h"
 
 #include <QFile>
 #include <QFileInfo>

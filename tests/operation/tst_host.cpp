@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The machine as it is, without substitutes.
-#include "operation/DBCHost.h"
+#include "system/DBCHost.h"
 #include "tests/support/ScopedMode.h"
 #include "tests/support/TestHome.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The import's steps with a scripted database and data file: what is sent, logged, shown and undone
 // in each situation.
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCLog.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/log/DBCLog.h"
 #include "tests/support/ScriptedConversion.h"
 
 #include <QtTest>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCLog.h"
+#include "operation/log/DBCLog.h"
 
 #include "tests/operation/LogFixture.h"
 #include "tests/support/CapturedStandardError.h"

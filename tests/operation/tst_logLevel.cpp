@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCLog.h"
-#include "operation/DBCLogObserver.h"
+#include "operation/log/DBCLog.h"
+#include "operation/log/DBCLogObserver.h"
 #include "tests/operation/LogFixture.h"
 #include "tests/support/CapturedStandardError.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCMessage.h"
+#include "operation/messages/DBCMessage.h"
 
 #include "tests/support/CapturedStandardError.h"
 #include "tests/support/RecordingPresenter.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCMessage.h"
+#include "operation/messages/DBCMessage.h"
 
-#include "operation/DBCError.h"
+#include "operation/base/DBCError.h"
 #include "tests/support/RecordingPresenter.h"
 
 #include <QTest>

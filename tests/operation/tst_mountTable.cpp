@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCMountTable.h"
+#include "system/DBCMountTable.h"
 
-#include "operation/DBCHost.h"
+#include "system/DBCHost.h"
 #include "tests/support/TestHome.h"
 
 #include <QTest>

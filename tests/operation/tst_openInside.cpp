@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCOpenInside.h"
+#include "system/DBCOpenInside.h"
 
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/ScopedMode.h"

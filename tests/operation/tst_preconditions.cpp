@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCMessage.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/messages/DBCMessage.h"
 #include "tests/operation/PreconditionSituation.h"
 
 #include <QDir>

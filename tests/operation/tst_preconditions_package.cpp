@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The package that an operation is to work on, checked before it begins.
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "tests/operation/PreconditionSituation.h"
 
 #include <QScopeGuard>

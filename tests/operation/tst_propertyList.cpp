@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCPropertyList.h"
+#include "operation/log/DBCPropertyList.h"
 
 #include "tests/support/TestHome.h"
 

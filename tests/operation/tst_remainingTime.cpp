@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCRemainingTime.h"
+#include "operation/messages/DBCRemainingTime.h"
 
 #include <QTest>
 

@@ -5,7 +5,7 @@
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/ScopedMode.h"
 
-#include "operation/DBCLog.h"
+#include "operation/log/DBCLog.h"
 
 #include <QtTest>
 

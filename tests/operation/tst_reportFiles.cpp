@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a report is gathered from, and how the files of reports come and go.
-#include "operation/DBCLog.h"
-#include "operation/DBCReportFiles.h"
-#include "operation/DBCReportPage.h"
-#include "operation/DBCReportTexts.h"
-#include "operation/DBCRunStory.h"
+#include "operation/log/DBCLog.h"
+#include "report/DBCReportFiles.h"
+#include "report/DBCReportPage.h"
+#include "report/DBCReportTexts.h"
+#include "report/DBCRunStory.h"
 #include "tests/operation/ReportReading.h"
 #include "tests/support/FileSizeLimit.h"
 #include "tests/support/TestHome.h"

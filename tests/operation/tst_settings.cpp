@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCSettings.h"
+#include "operation/log/DBCSettings.h"
 
 #include "tests/support/TestHome.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Signals are raised for the thread under test alone: others of this process may not block them.
-#include "operation/DBCSignalWatcher.h"
+#include "system/DBCSignalWatcher.h"
 
 #include <QCoreApplication>
 #include <QTest>

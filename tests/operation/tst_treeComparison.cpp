@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCTreeComparison.h"
+#include "operation/copy/DBCTreeComparison.h"
 
-#include "operation/DBCTreeCopy.h"
+#include "operation/copy/DBCTreeCopy.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/ScopedMode.h"
 #include "tests/support/TestHome.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCTreeCopy.h"
+#include "operation/copy/DBCTreeCopy.h"
 
 #include "tests/support/TestHome.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The three ways of copying contents, and how one gives way to the next.
-#include "operation/DBCContentsCopy.h"
+#include "operation/copy/DBCContentsCopy.h"
 
-#include "operation/DBCDescriptor.h"
+#include "system/DBCDescriptor.h"
 #include "tests/support/TestHome.h"
 
 #include <QFile>

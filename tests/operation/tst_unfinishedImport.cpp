@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "operation/DBCUnfinishedImport.h"
 
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/DeadImport.h"
 #include "tests/support/RecordingPresenter.h"

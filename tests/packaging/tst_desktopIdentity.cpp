@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The desktop knows the program by one name, in every file that is installed for it and in its
 // window; and there is one version.
-#include "operation/DBCPropertyList.h"
-#include "operation/DBCSettings.h"
+#include "operation/log/DBCPropertyList.h"
+#include "operation/log/DBCSettings.h"
 #include "tests/app/VirtualDisplay.h"
 #include "tests/support/TestHome.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The manual pages say what the programs do, in both languages.
-#include "operation/DBCSettings.h"
+#include "operation/log/DBCSettings.h"
 #include "tests/packaging/ProgramHelp.h"
 
 #include <QStandardPaths>

@@ -54,7 +54,7 @@ def meant_bytes(line):
 
 
 def ends_and_consequences():
-    return set(re.findall(r'(?m)^    \{"(\w+)", ', text_of("operation/DBCReportTexts.cpp")))
+    return set(re.findall(r'(?m)^    \{"(\w+)", ', text_of("report/DBCReportTexts.cpp")))
 
 
 def named_in(cell):
@@ -143,7 +143,7 @@ class DocumentedFacts(unittest.TestCase):
         data_file = self.world.path / "PARENT/名刺データ/名刺データ.txt"
         titles = data_file.read_text("utf-16").split("\n")[0].split("\t")
         self.assertEqual([row[1] for row in rows], titles)
-        lengths = re.findall(r"DBCRecordKey::\w+, (?:(\d+)|\{\})\}", text_of("datafile/DBCColumns.h"))
+        lengths = re.findall(r"DBCRecordKey::\w+, (?:(\d+)|\{\})\}", text_of("datafile/records/DBCColumns.h"))
         self.assertEqual([re.match(r"\d*", row[3])[0] for row in rows], lengths)
 
     def test_targets_and_measures(self):
@@ -162,7 +162,7 @@ class DocumentedFacts(unittest.TestCase):
         included = {name for path in (ROOT / "text").iterdir()
                     for name in re.findall(r'#include "(.+)"', path.read_text())}
         self.assertEqual({name for name in included if not name.startswith("text/")},
-                         {"operation/DBCResultCode.h"})
+                         {"operation/base/DBCResultCode.h"})
 
     def test_names_of_the_sources_are_there(self):
         known = set()

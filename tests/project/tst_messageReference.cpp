@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // docs/messages.md against the strings table and the mapping of codes to messages: whoever looks a
 // message up finds it, in the words that were shown.
-#include "datafile/DBCLocalizable.h"
-#include "operation/DBCError.h"
-#include "operation/DBCMessage.h"
+#include "datafile/helpers/DBCLocalizable.h"
+#include "operation/base/DBCError.h"
+#include "operation/messages/DBCMessage.h"
 
 #include <QFile>
 #include <QMap>
@@ -92,7 +92,7 @@ QList<qint32> failureCodes()
     static const QRegularExpression value(
         QStringLiteral("^    \\w+ = (-\\d+),"), QRegularExpression::MultilineOption);
     QList<qint32> codes;
-    const QString table = textOf("operation/DBCResultCode.h");
+    const QString table = textOf("operation/base/DBCResultCode.h");
     for (auto match = value.globalMatch(table); match.hasNext();)
         codes << match.next().captured(1).toInt();
     return codes;

@@ -29,7 +29,7 @@ QStringList resultCodes()
 {
     static const QRegularExpression value(
         QStringLiteral("^    ([A-Z]\\w+) = -?\\w+,"), QRegularExpression::MultilineOption);
-    const QString table = textOf(inSources("operation/DBCResultCode.h"));
+    const QString table = textOf(inSources("operation/base/DBCResultCode.h"));
     QStringList codes;
     for (auto match = value.globalMatch(table); match.hasNext();)
         codes << match.next().captured(1);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The sample cards and card PDFs are what samples/README.md says they are.
-#include "cardimage/DBCCardPdf.h"
-#include "cardimage/DBCJpegCodec.h"
-#include "datafile/DBCCommonFunction.h"
+#include "cardimage/jpeg/DBCJpegCodec.h"
+#include "cardimage/pdf/DBCCardPdf.h"
 #include "datafile/DBCFileReader.h"
-#include "datafile/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCCommonFunction.h"
+#include "datafile/helpers/DBCInterchangeNames.h"
 #include "operation/DBCChecker.h"
 #include "tests/support/TestHome.h"
 

@@ -2,7 +2,7 @@
 // The two catalogues of the strings table against each other, against what is compiled into the
 // program and against the keys that the sources use.
 
-#include "datafile/DBCLocalizable.h"
+#include "datafile/helpers/DBCLocalizable.h"
 
 #include <QDirIterator>
 #include <QFile>

@@ -4,7 +4,7 @@
 //     DataFileBuilder().titleLine().row({{Key::full_Name, u"星野 太郎"_s}}).row(20).blankLine();
 #pragma once
 
-#include "datafile/DBCRecord.h"
+#include "datafile/records/DBCRecord.h"
 
 #include <QByteArray>
 #include <QString>

@@ -2,7 +2,7 @@
 // The keys of records, and how they are spelled.
 #pragma once
 
-#include "datafile/DBCRecord.h"
+#include "datafile/records/DBCRecord.h"
 
 #include <QList>
 

@@ -2,7 +2,7 @@
 // Takes every message and answers every question in advance, for as long as it lives.
 #pragma once
 
-#include "operation/DBCMessage.h"
+#include "operation/messages/DBCMessage.h"
 
 #include <QList>
 

@@ -2,7 +2,7 @@
 // Keeps every event of an operation as one line of text, name and values, in the order of arrival.
 #pragma once
 
-#include "operation/DBCEvent.h"
+#include "operation/base/DBCEvent.h"
 
 #include <QStringList>
 #include <QThread>

@@ -3,7 +3,7 @@
 // end puts the machine back. `ScopedHost host; host->systemVersion = [] { ... };`
 #pragma once
 
-#include "operation/DBCHost.h"
+#include "system/DBCHost.h"
 
 class ScopedHost {
 public:

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/desktop/DBCPaths.h"
+
+#include "carddb/DBCPackageLayout.h"
+#include "operation/DBCPreconditions.h"
+#include "operation/log/DBCSettings.h"
+
+#include <QFileInfo>
+#include <QSettings>
+#include <QStandardPaths>
+
+namespace {
+
+QString settingsFile()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u'/'
+        + QString::fromLatin1(DBCSettings::bundleIdentifier) + QStringLiteral("/window.ini");
+}
+
+QString lastDataPathKey(OperationType type)
+{
+    return type == OperationType::Import ? QStringLiteral("import/lastDataPath")
+                                         : QStringLiteral("export/lastDataPath");
+}
+
+} // namespace
+
+namespace DBCPaths {
+
+QString usable(const QString& typedPath)
+{
+    const QString asTyped = DBCPreconditions::expandedPath(typedPath);
+    if (QFileInfo::exists(asTyped))
+        return asTyped;
+    const QString trimmed = DBCPreconditions::expandedPath(typedPath.trimmed());
+    return QFileInfo::exists(trimmed) ? trimmed : asTyped;
+}
+
+bool isPackage(const QString& path)
+{
+    const QFileInfo info(path);
+    return info.isDir()
+        && info.suffix().compare(QStringView(DBCPackageLayout::extension), Qt::CaseInsensitive)
+        == 0;
+}
+
+QString lastDataPath(OperationType type)
+{
+    return QSettings(settingsFile(), QSettings::IniFormat).value(lastDataPathKey(type)).toString();
+}
+
+void rememberDataPath(OperationType type, const QString& path)
+{
+    QSettings(settingsFile(), QSettings::IniFormat).setValue(lastDataPathKey(type), path);
+}
+
+} // namespace DBCPaths

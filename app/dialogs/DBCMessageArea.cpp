@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/dialogs/DBCMessageArea.h"
+
+#include <QEvent>
+#include <QPalette>
+
+namespace {
+
+constexpr QRgb redOnLight = 0xffb3001b;
+constexpr QRgb redOnDark = 0xffff9a8f;
+constexpr int middleLightness = 128;
+
+QString html(const QString& text)
+{
+    return text.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>"));
+}
+
+} // namespace
+
+DBCMessageArea::DBCMessageArea(QWidget* parent)
+    : QLabel(parent)
+{
+    setTextFormat(Qt::RichText);
+    setWordWrap(true);
+    setAlignment(Qt::AlignLeading | Qt::AlignTop);
+    // Texts that report something can be copied, and a screen reader gets there by the Tab key.
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+void DBCMessageArea::clearTexts()
+{
+    showTexts(QString());
+}
+
+void DBCMessageArea::showTexts(const QString& text)
+{
+    showAttention(QString(), text);
+}
+
+void DBCMessageArea::showAttention(const QString& attention, const QString& text)
+{
+    if (attention == _attention && text == _text)
+        return;
+    _attention = attention;
+    _text = text;
+    render();
+}
+
+QColor DBCMessageArea::attentionColor(const QPalette& palette)
+{
+    return QColor(
+        palette.color(QPalette::Window).lightness() < middleLightness ? redOnDark : redOnLight);
+}
+
+void DBCMessageArea::changeEvent(QEvent* event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        render();
+}
+
+void DBCMessageArea::render()
+{
+    QStringList lines;
+    if (!_attention.isEmpty())
+        lines << QStringLiteral("<span style=\"color:%1\">%2</span>")
+                     .arg(attentionColor(palette()).name(), html(_attention));
+    if (!_text.isEmpty())
+        lines << html(_text);
+    setText(lines.join(QStringLiteral("<br>")));
+    const bool canBeRead = textInteractionFlags().testFlag(Qt::TextSelectableByKeyboard);
+    setFocusPolicy(canBeRead && !lines.isEmpty() ? Qt::StrongFocus : Qt::NoFocus);
+    setAccessibleName(QStringList({_attention, _text}).join(u'\n').trimmed());
+}

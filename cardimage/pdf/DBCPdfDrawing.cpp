@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cardimage/pdf/DBCPdfDrawing.h"
+
+#include "cardimage/pdf/DBCPdfDrawingLimits.h"
+#include "cardimage/pdf/DBCPdfObjects.h"
+
+#include <poppler-qt6.h>
+
+#include <chrono>
+#include <ctime>
+
+namespace {
+
+constexpr int drawingResolution = 300;
+constexpr double pointsPerInch = 72;
+// A card takes a tenth of a second; a page can be made to take for ever.
+constexpr std::chrono::seconds longestTime {3};
+
+// What is wrong inside a document shows in what comes out of it; the library would print it.
+void silenceLibrary()
+{
+    static const bool isSilent = [] {
+        Poppler::setDebugErrorFunction([](const QString&, const QVariant&) {}, {});
+        return true;
+    }();
+    Q_UNUSED(isSilent)
+}
+
+QImage drawFirstPage(Poppler::Document* document, const QByteArray& bytes)
+{
+    const std::unique_ptr<Poppler::Page> page(document->page(0));
+    if (!page)
+        return {};
+    const QSizeF size = page->pageSizeF() * drawingResolution / pointsPerInch;
+    if (!DBCBitmap::canHold(size, QImage::toPixelFormat(QImage::Format_RGB32).bitsPerPixel())
+        || isTooMuchToDraw(bytes, page->pageSizeF()))
+        return {};
+    document->setPaperColor(Qt::white);
+    document->setRenderHint(Poppler::Document::Antialiasing);
+    document->setRenderHint(Poppler::Document::TextAntialiasing);
+    return page->renderToImage(drawingResolution, drawingResolution, -1, -1, -1, -1,
+        Poppler::Page::Rotate0, nullptr, nullptr, endWhenTooLong, newDeadline());
+}
+
+QImage drawnOrNull(Poppler::Document* document, const QByteArray& bytes)
+{
+    try {
+        return drawFirstPage(document, bytes);
+    } catch (const DBCTakesTooLong&) {
+        return {};
+    }
+}
+
+// Null for what is no PDF or locked by a password.
+std::unique_ptr<Poppler::Document> load(const QByteArray& bytes)
+{
+    silenceLibrary();
+    auto document = Poppler::Document::loadFromData(bytes);
+    return document && !document->isLocked() ? std::move(document) : nullptr;
+}
+
+// Not the clock on the wall: on a machine that is busy with other things a card takes longer.
+std::chrono::nanoseconds processorTimeOfThread()
+{
+    timespec time {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+} // namespace
+
+QVariant newDeadline()
+{
+    return QVariant::fromValue<qint64>((processorTimeOfThread() + longestTime).count());
+}
+
+// A plain yes would end the innermost of the library's loops only, of which there can be millions;
+// an exception ends them all, and loses what they hold.
+bool endWhenTooLong(const QVariant& deadline)
+{
+    if (processorTimeOfThread().count() > deadline.value<qint64>())
+        throw DBCTakesTooLong();
+    return false;
+}
+
+DBCResultCode AcquireCardImageFromAllPDF(
+    const QString& path, std::unique_ptr<Poppler::Document>* outPdfImage)
+{
+    if (path.isEmpty() || !outPdfImage)
+        return DBCResultCode::ParameterError;
+    try {
+        *outPdfImage = load(readPdf(path));
+    } catch (const std::runtime_error&) {
+        outPdfImage->reset();
+    }
+    return *outPdfImage ? DBCResultCode::Success : DBCResultCode::ParameterError;
+}
+
+DBCResultCode AcquireCardImageFromSearchablePDF(
+    const QString& path, DBCBitmap* outBitmap, CardImageInfo* outInfo)
+{
+    if (path.isEmpty() || !outBitmap || !outInfo)
+        return DBCResultCode::GeneralFailure;
+    QByteArray bytes;
+    try {
+        bytes = readPdf(path);
+    } catch (const DBCUnreadablePdf&) {
+        return DBCResultCode::GeneralFailure;
+    } catch (const DBCNoPdfFile&) {
+        return DBCResultCode::Success;
+    }
+    const std::unique_ptr<Poppler::Document> document = load(bytes);
+    if (!document)
+        return DBCResultCode::Success;
+    const QImage drawing = drawnOrNull(document.get(), bytes);
+    if (drawing.isNull())
+        return DBCResultCode::PdfToJpegFailure;
+    *outBitmap = DBCBitmap::of(drawing, DBCBitmap::ColorModel::CalibratedRGB);
+    *outInfo = {0, drawingResolution, drawingResolution, 1};
+    return DBCResultCode::Success;
+}

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cardimage/pdf/DBCPdfDrawingLimits.h"
+
+#include "cardimage/bitmap/DBCBitmap.h"
+#include "cardimage/jpeg/DBCJpegCodec.h"
+#include "cardimage/pdf/DBCPdfMemory.h"
+#include "cardimage/pdf/DBCPdfObjects.h"
+#include "cardimage/pdf/DBCPdfStreamData.h"
+
+#include <QtEndian>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFObjectHandle.hh>
+#include <qpdf/QPDFPageObjectHelper.hh>
+
+namespace {
+
+// What the library works with for a pixel.
+constexpr int plainBits = 8;
+constexpr int jpegBits = 48; // all coefficients of a progressive one
+constexpr int jpeg2000Bits = 96; // three integers
+
+bool isTooLarge(QSizeF size, int bitsPerPixel)
+{
+    return !size.isEmpty() && !DBCBitmap::canHold(size, bitsPerPixel);
+}
+
+double numberAt(QPDFObjectHandle dictionary, const char* key, const char* shortKey)
+{
+    return numberOf(dictionary.getKey(dictionary.hasKey(key) ? key : shortKey)).value_or(0);
+}
+
+double numberAt(QPDFObjectHandle array, int index, double missing)
+{
+    if (!array.isArray() || index >= array.getArrayNItems())
+        return missing;
+    return numberOf(array.getArrayItem(index)).value_or(missing);
+}
+
+bool hasFilter(QPDFObjectHandle dictionary, const char* name)
+{
+    QPDFObjectHandle filter = dictionary.getKey("/Filter");
+    if (!filter.isArray())
+        return filter.isNameAndEquals(name);
+    const std::vector<QPDFObjectHandle> each = filter.getArrayAsVector();
+    return std::any_of(each.begin(), each.end(),
+        [name](QPDFObjectHandle one) { return one.isNameAndEquals(name); });
+}
+
+// Pictures tell their sizes themselves, whatever the dictionary says.
+bool isTooLargeJpeg(const QPDFObjectHandle& stream)
+{
+    constexpr QByteArrayView scan("\xFF\xDA", 2);
+    const auto jpeg = jpegStreamData(stream, DBCBitmap::maximumBytes);
+    const auto header = jpeg ? readJpegHeader(*jpeg) : std::nullopt;
+    if (!header)
+        return false;
+    const double pixels = double(header->size.width()) * header->size.height();
+    return isTooLarge(header->size, jpegBits)
+        || pixels * double(jpeg->count(scan)) > DBCMostScannedPixels;
+}
+
+QSizeF jpeg2000Size(const QPDFObjectHandle& stream)
+{
+    constexpr QByteArrayView start("\xFF\x4F\xFF\x51", 4);
+    constexpr qsizetype widthBehindStart = 8; // the height stands behind it
+    const QByteArray picture
+        = jpegStreamData(stream, DBCBitmap::maximumBytes).value_or(QByteArray());
+    const qsizetype found = picture.indexOf(start);
+    const qsizetype width = found + widthBehindStart;
+    if (found < 0 || width + 8 > picture.size())
+        return {};
+    return {double(qFromBigEndian<quint32>(picture.constData() + width)),
+        double(qFromBigEndian<quint32>(picture.constData() + width + 4))};
+}
+
+bool isTooLargeImage(QPDFObjectHandle object)
+{
+    if (!object.isStream())
+        return false;
+    const QPDFObjectHandle dictionary = object.getDict();
+    const QSizeF size(numberAt(dictionary, "/Width", "/W"), numberAt(dictionary, "/Height", "/H"));
+    return isTooLarge(size, plainBits)
+        || (hasFilter(dictionary, "/DCTDecode") && isTooLargeJpeg(object))
+        || (hasFilter(dictionary, "/JPXDecode") && isTooLarge(jpeg2000Size(object), jpeg2000Bits));
+}
+
+// A pattern is drawn tile by tile.
+bool isTooFinePattern(QPDFObjectHandle object, QSizeF pagePoints)
+{
+    constexpr double mostTiles = 200'000;
+    QPDFObjectHandle dictionary = object.isStream() ? object.getDict() : object;
+    const auto across = numberOf(dictionary.getKey("/XStep"));
+    const auto down = numberOf(dictionary.getKey("/YStep"));
+    if (!across || !down)
+        return false;
+    const QPDFObjectHandle matrix = dictionary.getKey("/Matrix");
+    const double scale = numberAt(matrix, 0, 1) * numberAt(matrix, 3, 1)
+        - numberAt(matrix, 1, 0) * numberAt(matrix, 2, 0);
+    const double tile = std::abs(*across * *down * scale);
+    return !(pagePoints.width() * pagePoints.height() <= mostTiles * tile);
+}
+
+} // namespace
+
+bool isTooMuchToDraw(const QByteArray& bytes, QSizeF pagePoints)
+{
+    try {
+        QPDF document;
+        openPdf(&document, bytes);
+        const QPDFObjectHandle page = document.getAllPages().at(0);
+        return reachesObject(QPDFPageObjectHelper(page).getAttribute("/Resources", false),
+            [pagePoints](const QPDFObjectHandle& object) {
+                return isTooLargeImage(object) || isTooFinePattern(object, pagePoints);
+            });
+    } catch (const std::exception& exception) {
+        rethrowIfOutOfMemory(exception);
+        // The other library may see more in a damaged document, and more than it can draw.
+        return true;
+    }
+}

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cardimage/pdf/DBCPdfStreamData.h"
+
+#include "cardimage/pdf/DBCPdfMemory.h"
+#include "cardimage/pdf/DBCPdfRowPredictor.h"
+
+#include <qpdf/Buffer.hh>
+#include <qpdf/Pl_Function.hh>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFObjectHandle.hh>
+
+#include <algorithm>
+#include <stdexcept>
+#include <vector>
+
+namespace {
+
+// decodeLevel qpdf_dl_none gives the bytes as stored.
+QByteArray collect(QPDFObjectHandle& stream, qint64 limit, qpdf_stream_decode_level_e decodeLevel)
+{
+    QByteArray bytes;
+    // Stops whoever sends more: a few kilobytes of compressed zeros must not fill the memory.
+    Pl_Function collector("collector", nullptr, [&](unsigned char const* data, size_t length) {
+        const auto room = static_cast<size_t>(limit - bytes.size());
+        bytes.append(
+            reinterpret_cast<const char*>(data), static_cast<qsizetype>(qMin(length, room)));
+        if (length > room)
+            throw std::length_error("limit reached");
+    });
+    try {
+        // Warnings are kept: by them alone does want of memory show.
+        constexpr bool suppressWarnings = false;
+        stream.pipeStreamData(&collector, nullptr, 0, decodeLevel, suppressWarnings, false);
+    } catch (const std::exception& exception) {
+        rethrowIfOutOfMemory(exception);
+        // Damaged data or the limit: what has arrived is the result.
+    }
+    return bytes;
+}
+
+// How many filters stand before the JPEG's own; 0 when there is no such filter.
+int filtersBeforeJpeg(QPDFObjectHandle& filter)
+{
+    for (int i = 0; filter.isArray() && i < filter.getArrayNItems(); ++i) {
+        if (filter.getArrayItem(i).isNameAndEquals("/DCTDecode"))
+            return i;
+    }
+    return 0;
+}
+
+QPDFObjectHandle firstItems(QPDFObjectHandle value, int count)
+{
+    if (!value.isArray())
+        return value;
+    QPDFObjectHandle result = QPDFObjectHandle::newArray();
+    for (int i = 0; i < count; ++i) {
+        result.appendItem(
+            i < value.getArrayNItems() ? value.getArrayItem(i) : QPDFObjectHandle::newNull());
+    }
+    return result;
+}
+
+// The library makes room for a row as long as the stream says it is.
+bool hasSoundRows(QPDFObjectHandle parameters)
+{
+    if (!parameters.isArray())
+        return DBCPdfRows::of(parameters).has_value();
+    const std::vector<QPDFObjectHandle> each = parameters.getArrayAsVector();
+    return std::all_of(each.begin(), each.end(),
+        [](const QPDFObjectHandle& one) { return DBCPdfRows::of(one).has_value(); });
+}
+
+} // namespace
+
+std::optional<QByteArray> decodedStreamData(QPDFObjectHandle stream, qint64 limit)
+{
+    if (!hasSoundRows(stream.getDict().getKey("/DecodeParms")))
+        return std::nullopt;
+    bool canDecode = false;
+    stream.pipeStreamData(nullptr, &canDecode, 0, qpdf_dl_specialized, true, false);
+    if (!canDecode)
+        return std::nullopt;
+    return collect(stream, limit, qpdf_dl_specialized);
+}
+
+std::optional<QByteArray> jpegStreamData(QPDFObjectHandle stream, qint64 limit)
+{
+    const QByteArray stored = collect(stream, limit, qpdf_dl_none);
+    QPDFObjectHandle filter = stream.getDict().getKey("/Filter");
+    QPDFObjectHandle parameters = stream.getDict().getKey("/DecodeParms");
+    const int count = filtersBeforeJpeg(filter);
+    if (count == 0)
+        return stored;
+    // The library undoes all filters of a stream or none, so the first ones get a stream of their
+    // own.
+    QPDFObjectHandle front = QPDFObjectHandle::newStream(&stream.getQPDF(), stored.toStdString());
+    front.replaceDict(stream.getDict().shallowCopy());
+    front.getDict().replaceKey("/Filter", firstItems(filter, count));
+    front.getDict().replaceKey("/DecodeParms", firstItems(parameters, count));
+    return decodedStreamData(front, limit);
+}

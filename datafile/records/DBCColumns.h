@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The 21 columns of the interchange data file, in the order in which they are written. A file that
+// is read may have them in any order.
+#pragma once
+
+#include "datafile/records/DBCRecord.h"
+
+#include <array>
+#include <optional>
+
+struct DBCColumn {
+    const char* titleKey; // its localized text is the column's title
+    DBCRecordKey key;
+    // Longest value taken without a warning, in UTF-16 units; none: not checked.
+    std::optional<qsizetype> maxLength;
+};
+
+inline constexpr std::array<DBCColumn, 21> DBCColumns {{
+    {"IDS_CSV_TITLE_IMG_FACE", DBCRecordKey::face_Image_File, {}},
+    {"IDS_CSV_TITLE_IMG_BACK", DBCRecordKey::back_Image_File, {}},
+    {"IDS_CSV_TITLE_ATT_FILE", DBCRecordKey::attachmentFile, {}},
+    {"IDS_CSV_TITLE_FULL_NAME", DBCRecordKey::full_Name, 64},
+    {"IDS_CSV_TITLE_FULL_NAME_S", DBCRecordKey::full_Name_Kana, 64},
+    {"IDS_CSV_TITLE_OFFICE_NAME", DBCRecordKey::company, 128},
+    {"IDS_CSV_TITLE_OFFICE_NAME_S", DBCRecordKey::company_Kana, 128},
+    {"IDS_CSV_TITLE_DEPARTMENT", DBCRecordKey::department, 128},
+    {"IDS_CSV_TITLE_JOB_TITLE", DBCRecordKey::job_Title, 128},
+    {"IDS_CSV_TITLE_OFFICE_POST", DBCRecordKey::zip_PostalCode, 32},
+    {"IDS_CSV_TITLE_OFFICE_ADDRESS_STATE", DBCRecordKey::state, 128},
+    {"IDS_CSV_TITLE_OFFICE_ADDRESS_CITY", DBCRecordKey::city, 128},
+    {"IDS_CSV_TITLE_OFFICE_ADDRESS_STREET", DBCRecordKey::street, 128},
+    {"IDS_CSV_TITLE_OFFICE_ADDRESS", DBCRecordKey::address, 128},
+    {"IDS_CSV_TITLE_OFFICE_PHONE", DBCRecordKey::telephone_Number, 32},
+    {"IDS_CSV_TITLE_OFFICE_FAX", DBCRecordKey::fax_Number, 32},
+    {"IDS_CSV_TITLE_OFFICE_MOBILE_PHONE", DBCRecordKey::mobile_Number, 32},
+    {"IDS_CSV_TITLE_OFFICE_E_MAIL", DBCRecordKey::e_Mail, 128},
+    {"IDS_CSV_TITLE_OFFICE_WEB", DBCRecordKey::web_Page_Address, 128},
+    {"IDS_CSV_TITLE_MEMO1", DBCRecordKey::memo, 256},
+    {"IDS_CSV_TITLE_ENTRY_DATE", DBCRecordKey::register_Date, {}},
+}};
+
+// Place of a column's key in DBCColumns; not for other keys.
+constexpr int columnIndex(DBCRecordKey key)
+{
+    return static_cast<int>(key);
+}
+static_assert([] {
+    for (std::size_t i = 0; i < DBCColumns.size(); ++i) {
+        if (columnIndex(DBCColumns[i].key) != static_cast<int>(i))
+            return false;
+    }
+    return true;
+}());

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "operation/copy/DBCFileManager.h"
+
+#include "operation/base/DBCCancelDelegate.h"
+#include "operation/copy/DBCTreeCopy.h"
+#include "system/DBCHiddenName.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+namespace {
+
+// With a slash at its end, the path of a link means what the link points at.
+QString withoutTrailingSlashes(QString path)
+{
+    while (path.endsWith(u'/'))
+        path.chop(1);
+    return path;
+}
+
+QString nameForCopy(const QString& path, const QString& dstFileName)
+{
+    return dstFileName.isEmpty() ? QFileInfo(withoutTrailingSlashes(path)).fileName() : dstFileName;
+}
+
+bool isName(const QString& name)
+{
+    return !name.isEmpty() && name != u"." && name != u".." && !name.contains(u'/');
+}
+
+// Such a copy would never come to an end.
+bool isInside(const QString& folder, const QString& path)
+{
+    const auto canonical = [](const QString& name) {
+        return withoutTrailingSlashes(QFileInfo(name).canonicalFilePath()) + u'/';
+    };
+    return canonical(folder).startsWith(canonical(path));
+}
+
+// Where the copy goes; none when source and destination do not allow one.
+std::optional<QString> targetOfCopy(
+    const QString& path, const QString& toPath, const QString& dstFileName)
+{
+    const QString name = nameForCopy(path, dstFileName);
+    if (path.isEmpty() || toPath.isEmpty() || !isName(name))
+        return std::nullopt;
+    if (!QFileInfo::exists(path) || !QFileInfo(toPath).isDir() || isInside(toPath, path))
+        return std::nullopt;
+    return withoutTrailingSlashes(toPath) + u'/' + name;
+}
+
+std::filesystem::path nativePath(const QString& path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+
+bool isFolderItself(const std::filesystem::path& path)
+{
+    std::error_code error;
+    return std::filesystem::is_directory(std::filesystem::symlink_status(path, error));
+}
+
+bool removeAll(const std::filesystem::path& path)
+{
+    std::error_code error;
+    std::filesystem::remove_all(path, error);
+    return !error;
+}
+
+} // namespace
+
+DBCFileManager* DBCFileManager::defaultManager()
+{
+    static auto* const manager = new DBCFileManager;
+    return manager;
+}
+
+bool DBCFileManager::copyItemAtPath(const QString& path, const QString& toPath,
+    const QString& dstFileName, quint32 options, IsAsync isAsync, DBCError* /*error*/)
+{
+    const std::optional<QString> target = targetOfCopy(path, toPath, dstFileName);
+    if (!target || options != 0)
+        return false;
+    const QByteArray from = QFile::encodeName(path);
+    const QByteArray to = QFile::encodeName(*target);
+    return isAsync == IsAsync::Yes ? copyWhileAsking(from, to) : DBCTreeCopy().copy(from, to);
+}
+
+bool DBCFileManager::copyWhileAsking(const QByteArray& source, const QByteArray& target)
+{
+    DBCFileOperationStatus outcome;
+    DBCTreeCopy copy({
+        .beforeItem =
+            [this](const QString& from, const QString& to) {
+                return _delegate == nullptr || _delegate->fileManager(this, from, to);
+            },
+        .atInterval =
+            [this, &outcome](const DBCFileOperationStatus& status) {
+                callbackFileOperationStatus(status, &outcome);
+                return _delegate == nullptr || !_delegate->checkIsNeedToConfirmCancelOperation();
+            },
+        .interval = std::chrono::duration<double>(_statusInterval),
+    });
+    if (!copy.copy(source, target))
+        return false;
+    callbackFileOperationStatus(copy.status(), &outcome);
+    // A file that shrank while it was read makes a copy that nobody can rely on.
+    return outcome.stage == DBCFileOperationStatus::stageComplete
+        && copy.status().bytesComplete >= copy.status().totalBytes;
+}
+
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): asked of the shared instance
+bool DBCFileManager::cleanFolder(const QString& path)
+{
+    const std::filesystem::path folder = nativePath(withoutTrailingSlashes(path));
+    const std::filesystem::path discarded = nativePath(DBCHiddenName::discarded(path));
+    if (!isFolderItself(folder))
+        return false;
+    // Out of the way first: whoever kills the program in the middle finds the folder whole or not
+    // at all.
+    std::error_code error;
+    std::filesystem::remove_all(discarded, error);
+    std::filesystem::rename(folder, discarded, error);
+    if (error)
+        return removeAll(folder);
+    if (removeAll(discarded))
+        return true;
+    // What cannot be removed is not to vanish under a name that nobody looks for.
+    std::filesystem::rename(discarded, folder, error);
+    return false;
+}
+
+void callbackFileOperationStatus(
+    const DBCFileOperationStatus& reported, DBCFileOperationStatus* context)
+{
+    if (context != nullptr && reported.stage == DBCFileOperationStatus::stageComplete)
+        context->stage = reported.stage;
+}

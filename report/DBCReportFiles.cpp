@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "report/DBCReportFiles.h"
+
+#include "report/DBCReportData.h"
+#include "report/DBCReportPage.h"
+#include "report/DBCRunReport.h"
+#include "system/DBCPathChecks.h"
+
+#include <QDir>
+#include <QLockFile>
+#include <QRegularExpression>
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace {
+
+using Failure = DBCReportFiles::Failure;
+
+constexpr int millisecondsToWait = 5000;
+
+QString pageSuffix()
+{
+    return QStringLiteral(".html");
+}
+
+QString dataSuffix()
+{
+    return QStringLiteral(".json");
+}
+
+QString stemOf(const QDateTime& started)
+{
+    return QStringLiteral("VelmoraConverter report ")
+        + QLocale::c().toString(started, QStringLiteral("yyyy-MM-dd HH.mm.ss"));
+}
+
+bool isTaken(const QString& stem)
+{
+    return ::isTaken(stem + pageSuffix()) || ::isTaken(stem + dataSuffix());
+}
+
+// Conversions may begin in the same second. "(02)", so that the names sort as they came.
+QString freeStem(const QString& stem)
+{
+    QString candidate = stem;
+    for (int number = 2; isTaken(candidate); ++number)
+        candidate = stem + QStringLiteral(" (%1)").arg(number, 2, 10, QChar(u'0'));
+    return candidate;
+}
+
+std::optional<Failure> save(const QString& path, const QByteArray& bytes)
+{
+    QSaveFile file(path);
+    const bool isSaved = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()
+        && file.flush() && file.commit();
+    return isSaved ? std::nullopt : std::optional(Failure {path, file.errorString()});
+}
+
+// The names of all reports in a folder without their suffixes, the newest first.
+QStringList stemsIn(const QDir& folder)
+{
+    static const QRegularExpression report(QRegularExpression::anchoredPattern(QStringLiteral(
+        "(VelmoraConverter report \\d{4}-\\d\\d-\\d\\d \\d\\d\\.\\d\\d\\.\\d\\d(?: \\(\\d+\\))?)"
+        "\\.(?:html|json)")));
+    QStringList stems;
+    for (const QString& name : folder.entryList(QDir::Files | QDir::System)) {
+        if (const auto match = report.match(name); match.hasMatch())
+            stems << match.captured(1);
+    }
+    stems.removeDuplicates();
+    std::sort(stems.begin(), stems.end(), std::greater<>());
+    return stems;
+}
+
+// newest: stays, even where the clock was put back and its name is not the newest.
+void removeOldReports(const QDir& folder, const QString& newest)
+{
+    QStringList others = stemsIn(folder);
+    others.removeAll(newest);
+    for (const QString& stem : others.mid(DBCMostReports - 1)) {
+        for (const QString& suffix : {pageSuffix(), dataSuffix()})
+            QFile::remove(folder.filePath(stem + suffix));
+    }
+}
+
+} // namespace
+
+namespace DBCReportFiles {
+
+std::variant<QString, Failure> write(const DBCRunReport& report, const QString& folder)
+{
+    const QDir place(folder);
+    // Another conversion may end now, too, and must not take the same name. Should it take very
+    // long, the worst is that one of the two reports replaces the other.
+    QLockFile lock(place.filePath(QStringLiteral(".VelmoraConverter report.lock")));
+    (void)lock.tryLock(millisecondsToWait);
+
+    const QString stem = freeStem(place.filePath(stemOf(report.started)));
+    const QString page = stem + pageSuffix();
+    const QString data = stem + dataSuffix();
+    // The page last: where it stands, its other half does, too.
+    if (const auto failure = save(data, reportData(report)))
+        return *failure;
+    if (const auto failure
+        = save(page, reportPage(report, QFileInfo(data).fileName()))) {
+        QFile::remove(data);
+        return *failure;
+    }
+    removeOldReports(place, QFileInfo(page).completeBaseName());
+    return page;
+}
+
+} // namespace DBCReportFiles

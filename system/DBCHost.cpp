@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "system/DBCHost.h"
+
+#include "system/DBCDescriptor.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+std::optional<quint64> freeBytes(const QString& path)
+{
+    std::error_code error;
+    const auto space = std::filesystem::space(QFile::encodeName(path).toStdString(), error);
+    // What is reserved for root is not available, even when root converts cards.
+    return error ? std::nullopt : std::optional<quint64>(space.available);
+}
+
+bool isRefusal(int error)
+{
+    return error == EACCES || error == EPERM;
+}
+
+// For file systems that do not report the attribute through statx. A file that cannot be opened
+// counts as not immutable: the access rights decide about it.
+std::optional<bool> isImmutableByFlags(const QByteArray& path)
+{
+    const DBCDescriptor file(open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (!file)
+        return isRefusal(errno) || errno == ENXIO ? std::optional(false) : std::nullopt;
+    int flags = 0;
+    if (ioctl(file.get(), FS_IOC_GETFLAGS, &flags) == 0)
+        return (flags & FS_IMMUTABLE_FL) != 0;
+    const bool hasNoFlags = errno == ENOTTY || errno == EOPNOTSUPP || errno == EINVAL
+        || errno == ENOSYS || isRefusal(errno);
+    return hasNoFlags ? std::optional(false) : std::nullopt;
+}
+
+std::optional<bool> isImmutable(const QString& path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    // Asked by name first: that needs no right to read the file and cannot wait on a pipe.
+    struct statx attributes = {};
+    if (statx(AT_FDCWD, name.constData(), 0, STATX_TYPE, &attributes) != 0)
+        return errno == ENOSYS || isRefusal(errno) ? isImmutableByFlags(name) : std::nullopt;
+    if ((attributes.stx_attributes_mask & STATX_ATTR_IMMUTABLE) != 0)
+        return (attributes.stx_attributes & STATX_ATTR_IMMUTABLE) != 0;
+    return isImmutableByFlags(name);
+}
+
+bool hasAccess(const QString& path, int mode)
+{
+    return faccessat(AT_FDCWD, QFile::encodeName(path).constData(), mode, AT_EACCESS) == 0;
+}
+
+QString programFile(const std::filesystem::path& process)
+{
+    std::error_code error;
+    const auto target = std::filesystem::read_symlink(process / "exe", error);
+    QString name = QFile::decodeName(target.filename().c_str());
+    // The kernel's mark on a program that was replaced while it runs.
+    const QString replaced = QStringLiteral(" (deleted)");
+    if (name.endsWith(replaced))
+        name.chop(replaced.size());
+    return name;
+}
+
+QString processName(const std::filesystem::path& process)
+{
+    QFile file(process / "comm");
+    return file.open(QIODevice::ReadOnly) ? QFile::decodeName(file.readAll().trimmed()) : QString();
+}
+
+QStringList runningApplications()
+{
+    const auto isProcess = [](const std::string& name) {
+        return std::all_of(name.begin(), name.end(), [](char c) { return c >= '0' && c <= '9'; });
+    };
+    QStringList names;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry("/proc", error), end; !error && entry != end;
+         entry.increment(error)) {
+        if (!isProcess(entry->path().filename()))
+            continue;
+        // Both: a script runs under its interpreter's file, and a process may rename itself.
+        for (const QString& name : {programFile(entry->path()), processName(entry->path())}) {
+            if (!name.isEmpty() && !names.contains(name))
+                names << name;
+        }
+    }
+    return names;
+}
+
+QString programFolder()
+{
+    // Not QCoreApplication: this is asked before there is one.
+    return QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).path();
+}
+
+} // namespace
+
+DBCHost DBCHost::real()
+{
+    DBCHost host;
+    host.freeBytes = ::freeBytes;
+    host.isImmutable = ::isImmutable;
+    host.isReadable = [](const QString& path) { return hasAccess(path, R_OK); };
+    host.isWritable = [](const QString& path) { return hasAccess(path, W_OK); };
+    host.systemVersion = [] { return std::optional<qint32>(); };
+    host.runningApplications = ::runningApplications;
+    host.applicationsFolder = QStringLiteral("/Applications");
+    host.programFolder = ::programFolder();
+    host.mountTable = QStringLiteral("/proc/self/mountinfo");
+    host.diskUsageProgram = QStringLiteral("/usr/bin/du");
+    host.fileOpener = QStringLiteral("xdg-open");
+    return host;
+}
+
+DBCHost& DBCHost::current()
+{
+    static DBCHost host = real();
+    return host;
+}
