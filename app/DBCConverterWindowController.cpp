@@ -19,6 +19,8 @@
 #include <QShortcut>
 #include <QToolTip>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Places in the path area: the source on top, an arrow, the target.
@@ -38,8 +40,8 @@ void reserveLines(QLabel& label, int lines)
     // Laid out rather than multiplied: letters that come from another font make a line higher, and
     // cards have Japanese names in every language.
     const bool isRich = label.textFormat() == Qt::RichText;
-    const QStringList sample(lines, QStringLiteral("No. 1 \u540D\u523A"));
-    label.setText(sample.join(isRich ? QStringLiteral("<br>") : QStringLiteral("\n")));
+    const QStringList sample(lines, u"No. 1 \u540D\u523A"_s);
+    label.setText(sample.join(isRich ? u"<br>"_s : u"\n"_s));
     label.setMinimumHeight(label.sizeHint().height());
     label.clear();
 }
@@ -147,7 +149,7 @@ void DBCConverterWindowController::_showOperationTexts()
     _lastDataPath = DBCPaths::lastDataPath(_operationType);
     _ui->_dataPathTextField->setPlaceholderText(_lastDataPath.isEmpty()
             ? QString()
-            : getLocalString(QStringLiteral("IDS_LABEL_LAST_PATH"), {_lastDataPath}));
+            : getLocalString(u"IDS_LABEL_LAST_PATH"_s, {_lastDataPath}));
 }
 
 void DBCConverterWindowController::_orderPathBoxes()
@@ -204,8 +206,7 @@ void DBCConverterWindowController::_takeLastDataPath()
 void DBCConverterWindowController::selectDataFilePathAction()
 {
     const QString typed = _dataPath();
-    DBCFolderPanel panel(&_mainWndCtrl,
-        getLocalString(QStringLiteral("IDS_OPEN_DATA_FILE_PANEL_TITLE")),
+    DBCFolderPanel panel(&_mainWndCtrl, getLocalString(u"IDS_OPEN_DATA_FILE_PANEL_TITLE"_s),
         isFolder(typed) ? typed : _getDefaultDataFilePath().value_or(QString()),
         _isImport() ? DBCFolderPanel::NewFolders::Forbidden : DBCFolderPanel::NewFolders::Allowed);
     if (panel.exec() == QDialog::Accepted) {
@@ -217,8 +218,7 @@ void DBCConverterWindowController::selectDataFilePathAction()
 void DBCConverterWindowController::selectDBFilePathAction()
 {
     const QString typed = _databasePath();
-    DBCPackagePanel panel(&_mainWndCtrl,
-        getLocalString(QStringLiteral("IDS_OPEN_VMDB_FILE_PANEL_TITLE")),
+    DBCPackagePanel panel(&_mainWndCtrl, getLocalString(u"IDS_OPEN_VMDB_FILE_PANEL_TITLE"_s),
         isFolder(typed) ? typed : standardPackage());
     if (panel.exec() == QDialog::Accepted) {
         _ui->_vmdbPathTextField->setText(panel.selectedFiles().value(0));
@@ -276,6 +276,6 @@ void DBCConverterWindowController::controlTextDidChange()
 void DBCConverterWindowController::explainWhyItStaysOpen() const
 {
     const QWidget& button = *_ui->_convertBtn;
-    QToolTip::showText(button.mapToGlobal(QPoint(0, 0)),
-        getLocalString(QStringLiteral("IDS_LABEL_CLOSE_LATER")), _ui->_convertBtn);
+    QToolTip::showText(button.mapToGlobal(QPoint(0, 0)), getLocalString(u"IDS_LABEL_CLOSE_LATER"_s),
+        _ui->_convertBtn);
 }

@@ -6,6 +6,8 @@
 #include "app/dialogs/DBCCheckDialog.h"
 #include "datafile/helpers/DBCLocalizable.h"
 
+using namespace Qt::StringLiterals;
+
 void DBCConverterWindowController::checkAction()
 {
     if (!_checkDialog)
@@ -33,7 +35,7 @@ bool DBCConverterWindowController::isBusy() const
 void DBCConverterWindowController::_backupChangeWillBegin()
 {
     _presenter.showOver(*_backupsDialog);
-    _inhibitor.hold(getLocalString(QStringLiteral("IDS_LABEL_KEEP_AWAKE")));
+    _inhibitor.hold(getLocalString(u"IDS_LABEL_KEEP_AWAKE"_s));
     _disenableMenuItem();
     _enableWindowsCloseBtnWith(false);
 }

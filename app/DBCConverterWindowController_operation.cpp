@@ -7,6 +7,8 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int millisecondsBetweenAnswers = 5;
@@ -65,7 +67,7 @@ void DBCConverterWindowController::_startOperation()
         = DBCConverterController::initWith(_dataPath(), _databasePath(), _operationType);
     _ctrlDBCConverterController->setWindowController(this);
     _ctrlDBCConverterController->setFactories(_factories);
-    _inhibitor.hold(getLocalString(QStringLiteral("IDS_LABEL_KEEP_AWAKE")));
+    _inhibitor.hold(getLocalString(u"IDS_LABEL_KEEP_AWAKE"_s));
     _isOperationRunning = true;
     _operationThread.reset(
         QThread::create([controller = _ctrlDBCConverterController.get()] { controller->run(); }));

@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Loading the data file or fetching the cards counts as two cards.
@@ -95,7 +97,7 @@ void DBCConverterWindowController::_initMsgAndProgressBar()
 
 void DBCConverterWindowController::_resetProgressAreaStatus()
 {
-    _ui->_progressHint->setText(QStringLiteral("0%"));
+    _ui->_progressHint->setText(u"0%"_s);
     _ui->_messageArea->clearTexts();
     _forgetCards();
     _ui->_progressBar->setValue(0);

@@ -8,6 +8,8 @@
 #include <QAction>
 #include <QShortcut>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QKeyCombination cancelKey = Qt::CTRL | Qt::Key_A;
@@ -65,7 +67,7 @@ void DBCConverterWindowController::_setOpenLogBtnStatus()
 
 void DBCConverterWindowController::_setToCanelBtn()
 {
-    _ui->_convertBtn->setText(getLocalString(QStringLiteral("IDS_BUTTON_CANCEL")));
+    _ui->_convertBtn->setText(getLocalString(u"IDS_BUTTON_CANCEL"_s));
     _convertKey->setKey(cancelKey);
     _ui->_convertBtn->setEnabled(true);
     _ui->_convertBtn->setFocus();

@@ -18,6 +18,8 @@
 #include <QSessionManager>
 #include <QShortcut>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int exportRow = 0;
@@ -72,9 +74,9 @@ void DBCMainWindowController::awakeFromNib()
 
 void DBCMainWindowController::makeMenu()
 {
-    QMenu* const menu = menuBar()->addMenu(getLocalString(QStringLiteral("IDS_LABEL_MENU")));
-    _menuItemTerminate->setObjectName(QStringLiteral("_menuItemTerminate"));
-    _menuItemTerminate->setText(getLocalString(QStringLiteral("IDS_BUTTON_QUIT")));
+    QMenu* const menu = menuBar()->addMenu(getLocalString(u"IDS_LABEL_MENU"_s));
+    _menuItemTerminate->setObjectName(u"_menuItemTerminate"_s);
+    _menuItemTerminate->setText(getLocalString(u"IDS_BUTTON_QUIT"_s));
     _menuItemTerminate->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     _menuItemTerminate->setMenuRole(QAction::QuitRole);
     menu->addAction(_menuItemTerminate);
@@ -83,7 +85,7 @@ void DBCMainWindowController::makeMenu()
 
 void DBCMainWindowController::initMainWindow()
 {
-    setWindowTitle(getLocalString(QStringLiteral("IDS_TITLE_WINDOW")));
+    setWindowTitle(getLocalString(u"IDS_TITLE_WINDOW"_s));
     showView(_operationView);
     _convertTypeBtn->checkedButton()->setFocus();
 }

@@ -7,6 +7,8 @@
 #include "operation/base/DBCEvent.h"
 #include "operation/messages/DBCMessage.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr quint32 reportNotOpenedMessage = 111;
@@ -36,7 +38,7 @@ void DBCReportLink::offer(const DBCEvent& finished, DBCMessageArea& messageArea)
         showCount(finished.concernedCardCount, messageArea);
     _path = finished.reportPath;
     const QString description
-        = getLocalString(QStringLiteral("IDS_LABEL_OPEN_REPORT"), {finished.concernedCardCount});
+        = getLocalString(u"IDS_LABEL_OPEN_REPORT"_s, {finished.concernedCardCount});
     setAccessibleName(description);
     setToolTip(description);
     setVisible(!_path.isEmpty());

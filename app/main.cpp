@@ -16,6 +16,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 DBCConverterWindowController* screen = nullptr;
@@ -29,7 +31,7 @@ void windDownWhenTheDisplayIsLost(
 {
     formerHandler(type, context, text);
     const bool isWindowThread = QThread::currentThread() == qApp->thread();
-    if (screen && isWindowThread && text.contains(QStringLiteral("connection broke")))
+    if (screen && isWindowThread && text.contains(u"connection broke"_s))
         screen->windDown();
 }
 
@@ -43,7 +45,7 @@ QIcon programIcon()
 {
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128})
-        icon.addFile(QStringLiteral(":/velmora/icons/%1.png").arg(size), QSize(size, size));
+        icon.addFile(u":/velmora/icons/%1.png"_s.arg(size), QSize(size, size));
     return icon;
 }
 
@@ -75,7 +77,7 @@ int main(int argc, char** argv)
     std::signal(SIGPIPE, SIG_IGN);
     const QByteArray activationToken = activationTokenOfStart();
     const QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("VelmoraConverter"));
+    QApplication::setApplicationName(u"VelmoraConverter"_s);
     QGuiApplication::setDesktopFileName(QString::fromLatin1(DBCSettings::bundleIdentifier));
 
     DBCSingleInstance instance;

@@ -12,6 +12,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double nanosecondsPerSecond = 1e9;
@@ -67,11 +69,11 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     const QString command = arguments.value(0);
-    if (command == QStringLiteral("import") && arguments.size() == 3)
+    if (command == u"import"_s && arguments.size() == 3)
         return convert(arguments.at(1), arguments.at(2), OperationType::Import);
-    if (command == QStringLiteral("export") && arguments.size() == 3)
+    if (command == u"export"_s && arguments.size() == 3)
         return convert(arguments.at(2), arguments.at(1), OperationType::Export);
-    if (command == QStringLiteral("backup") && arguments.size() == 2)
+    if (command == u"backup"_s && arguments.size() == 2)
         return backUp(arguments.at(1));
     std::fputs(
         "convert_once import FOLDER PACKAGE | export PACKAGE PARENT | backup PACKAGE\n", stderr);

@@ -17,6 +17,8 @@
 #include <random>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -54,38 +56,38 @@ QString value(DBCRecordKey key, int card)
     case DBCRecordKey::attachmentFile:
         return hasAttachments(card) ? number : QString();
     case DBCRecordKey::full_Name:
-        return QStringLiteral("山田　太郎") + number;
+        return u"山田　太郎"_s + number;
     case DBCRecordKey::full_Name_Kana:
-        return QStringLiteral("ﾔﾏﾀﾞ ﾀﾛｳ") + number;
+        return u"ﾔﾏﾀﾞ ﾀﾛｳ"_s + number;
     case DBCRecordKey::company:
-        return QStringLiteral("株式会社見本商事") + number;
+        return u"株式会社見本商事"_s + number;
     case DBCRecordKey::company_Kana:
-        return QStringLiteral("ｶﾌﾞｼｷｶﾞｲｼｬ ﾐﾎﾝｼｮｳｼﾞ");
+        return u"ｶﾌﾞｼｷｶﾞｲｼｬ ﾐﾎﾝｼｮｳｼﾞ"_s;
     case DBCRecordKey::department:
-        return QStringLiteral("営業本部 第一営業部 ﾃﾞｼﾞﾀﾙ推進課");
+        return u"営業本部 第一営業部 ﾃﾞｼﾞﾀﾙ推進課"_s;
     case DBCRecordKey::job_Title:
-        return QStringLiteral("課長");
+        return u"課長"_s;
     case DBCRecordKey::zip_PostalCode:
-        return QStringLiteral("000-0000");
+        return u"000-0000"_s;
     case DBCRecordKey::state:
-        return QStringLiteral("東京都");
+        return u"東京都"_s;
     case DBCRecordKey::city:
-        return QStringLiteral("見本区");
+        return u"見本区"_s;
     case DBCRecordKey::street:
-        return QStringLiteral("中央1-2-3 見本ビル4F");
+        return u"中央1-2-3 見本ビル4F"_s;
     case DBCRecordKey::telephone_Number:
     case DBCRecordKey::fax_Number:
-        return QStringLiteral("03-0000-0000");
+        return u"03-0000-0000"_s;
     case DBCRecordKey::mobile_Number:
-        return QStringLiteral("090-0000-0000");
+        return u"090-0000-0000"_s;
     case DBCRecordKey::e_Mail:
-        return number + QStringLiteral("@mihon.example.jp");
+        return number + u"@mihon.example.jp"_s;
     case DBCRecordKey::web_Page_Address:
-        return QStringLiteral("https://mihon.example.jp/");
+        return u"https://mihon.example.jp/"_s;
     case DBCRecordKey::memo:
-        return QStringLiteral("展示会で名刺交換。資料を送付のこと。");
+        return u"展示会で名刺交換。資料を送付のこと。"_s;
     case DBCRecordKey::register_Date:
-        return QStringLiteral("2024/04/01");
+        return u"2024/04/01"_s;
     default:
         return {};
     }
@@ -94,7 +96,7 @@ QString value(DBCRecordKey key, int card)
 bool writeDataFile(const QString& folder, int count)
 {
     constexpr QChar tab = u'\t';
-    const QString lineEnd = QStringLiteral("\r\n");
+    const QString lineEnd = u"\r\n"_s;
     QString text = DBCCommonFunction::createTitleNamesForDataFile().join(tab) + lineEnd;
     const auto keys = DBCCommonFunction::createRecordKeyNamesForDataFile();
     for (int card = 1; card <= count; ++card) {
@@ -121,9 +123,8 @@ bool writeAttachments(const QString& folder, int count)
     for (int card = cardsPerAttachment; card <= count; card += cardsPerAttachment) {
         const QDir own(
             DBCInterchangeNames::attachmentFolder(folder) + u'/' + QString::number(card));
-        if (!own.mkpath(QStringLiteral("."))
-            || !write(own.filePath(QStringLiteral("a.bin")), content)
-            || !write(own.filePath(QStringLiteral("b.bin")), content))
+        if (!own.mkpath(u"."_s) || !write(own.filePath(u"a.bin"_s), content)
+            || !write(own.filePath(u"b.bin"_s), content))
             return false;
     }
     return true;
@@ -134,7 +135,7 @@ std::vector<fs::path> writeModels(const QString& folder)
 {
     std::vector<fs::path> models;
     for (unsigned number = 0; number < distinctImages; ++number) {
-        const QString path = folder + QStringLiteral(".model%1.jpg").arg(number);
+        const QString path = folder + u".model%1.jpg"_s.arg(number);
         const auto bytes = cardJpeg(number);
         if (write(path,
                 QByteArray(reinterpret_cast<const char*>(bytes.data()), // NOLINT
@@ -147,7 +148,7 @@ std::vector<fs::path> writeModels(const QString& folder)
 void placeImages(const QString& folder, int count, ImageFiles files)
 {
     const QDir images(DBCInterchangeNames::imageFolder(folder));
-    images.mkpath(QStringLiteral("."));
+    images.mkpath(u"."_s);
     const auto models = writeModels(folder);
     std::size_t next = 0;
     const auto place = [&](const QString& name) {
@@ -186,9 +187,9 @@ try {
     for (int i = 1; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);
     ImageFiles files = ImageFiles::Copied;
-    if (arguments.removeOne(QStringLiteral("--links")))
+    if (arguments.removeOne(u"--links"_s))
         files = ImageFiles::Linked;
-    if (arguments.removeOne(QStringLiteral("--lines")))
+    if (arguments.removeOne(u"--lines"_s))
         files = ImageFiles::None;
     if (arguments.size() != 2) {
         std::fputs("make_cards [--links | --lines] FOLDER COUNT\n", stderr);

@@ -18,6 +18,8 @@
 #include <limits>
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qint64 millisecondsPerSecond = 1000;
@@ -85,11 +87,11 @@ int main(int argc, char** argv)
     const auto press = [&](const char* name) {
         window.findChild<QPushButton*>(QString::fromLatin1(name))->click();
     };
-    window.findChild<QRadioButton*>(QStringLiteral("importChoice"))->setChecked(true);
+    window.findChild<QRadioButton*>(u"importChoice"_s)->setChecked(true);
     press("continueBtn");
-    window.findChild<QLineEdit*>(QStringLiteral("_dataPathTextField"))->setText(arguments.value(1));
-    window.findChild<QLineEdit*>(QStringLiteral("_vmdbPathTextField"))->setText(arguments.value(2));
-    auto* const bar = window.findChild<QProgressBar*>(QStringLiteral("_progressBar"));
+    window.findChild<QLineEdit*>(u"_dataPathTextField"_s)->setText(arguments.value(1));
+    window.findChild<QLineEdit*>(u"_vmdbPathTextField"_s)->setText(arguments.value(2));
+    auto* const bar = window.findChild<QProgressBar*>(u"_progressBar"_s);
     PaintCounter barPaints(clock);
     bar->installEventFilter(&barPaints);
     press("_convertBtn");

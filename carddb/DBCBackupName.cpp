@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int lastNumber = 9999;
@@ -15,7 +17,7 @@ struct Frame {
     {
         const QFileInfo info(QDir::cleanPath(package));
         folder = info.path();
-        start = info.completeBaseName() + QStringLiteral("_bak");
+        start = info.completeBaseName() + u"_bak"_s;
         end = u'.' + info.suffix();
     }
 

@@ -19,6 +19,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int noDescriptor = -1;
@@ -79,7 +81,7 @@ DBCResultCode DBCDataBaseController::_lock()
         && flock(_ilockFile, LOCK_EX | LOCK_NB) == 0)
         return DBCResultCode::Success;
     // The descriptor stays in the field: destruction releases it like any other.
-    DBCLog::debug(QStringLiteral("There is a lock failure of the Database!"));
+    DBCLog::debug(u"There is a lock failure of the Database!"_s);
     return DBCResultCode::DatabaseLockFailure;
 }
 
@@ -91,7 +93,7 @@ DBCResultCode DBCDataBaseController::_unlock()
         _ilockFile = noDescriptor;
         return DBCResultCode::Success;
     }
-    DBCLog::debug(QStringLiteral("There is a Unlock failure of the Database!"));
+    DBCLog::debug(u"There is a Unlock failure of the Database!"_s);
     const QString path = DBCPackageLayout::lockFile(_strDBPath);
     if (!_strDBPath.isEmpty() && QFile::exists(path))
         std::remove(QFile::encodeName(path).constData());
@@ -105,16 +107,16 @@ DBCResultCode DBCDataBaseController::save()
         return DBCResultCode::GeneralFailure;
     // What the new cards name has to outlive a power cut before anything names it.
     if (context->hasInsertedCards() && !DBCDiskFlush::fileSystemOf(_strDBPath)) {
-        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_DISK_FLUSH"), {_strDBPath}));
+        DBCLog::error(getLocalString(u"IDS_LOG_ERR_DISK_FLUSH"_s, {_strDBPath}));
         return DBCResultCode::DatabaseSaveFailure;
     }
     try {
         context->save();
     } catch (const std::exception& exception) {
         const QString reason = QString::fromLocal8Bit(exception.what());
-        DBCLog::debug(QStringLiteral("Exception happended.[%1]").arg(reason));
-        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_STORE_SAVE"),
-            {DBCPackageLayout::storeFile(_strDBPath), reason}));
+        DBCLog::debug(u"Exception happended.[%1]"_s.arg(reason));
+        DBCLog::error(getLocalString(
+            u"IDS_LOG_ERR_STORE_SAVE"_s, {DBCPackageLayout::storeFile(_strDBPath), reason}));
         return DBCResultCode::DatabaseSaveFailure;
     }
     return DBCResultCode::Success;

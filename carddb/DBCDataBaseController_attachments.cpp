@@ -23,6 +23,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // What an entry is itself, links not followed.
@@ -128,9 +130,8 @@ DBCError copyFailure(const Transfer& transfer, const QString& source, const QStr
     DBCTransferLog::errorCopy(transfer.subject, source, target);
     const bool namesFiles = transfer.rules.failureNames == Rules::FailureNames::Files;
     return DBCError(transfer.rules.copyFailure)
-        .withPathName(
-            QStringLiteral("[%1 - %2]")
-                .arg(namesFiles ? source : transfer.source, namesFiles ? target : transfer.target));
+        .withPathName(u"[%1 - %2]"_s.arg(
+            namesFiles ? source : transfer.source, namesFiles ? target : transfer.target));
 }
 
 EntryKind kindOf(int folder, const QByteArray& name)
@@ -284,11 +285,11 @@ std::optional<QString> DBCDataBaseController::_addAttachFileIntoDB(
     if (folder.isEmpty() || cardId.isEmpty() || !errors)
         return std::nullopt;
     if (isBlank(recordDic.textOrEmpty(DBCRecordKey::attachmentFile)))
-        return QStringLiteral("");
+        return u""_s;
 
     if (DBCError error = importAttachments(_strDBPath, folder, recordDic, cardId)) {
         *errors = error;
-        return QStringLiteral("");
+        return u""_s;
     }
     return cardId;
 }
@@ -301,15 +302,15 @@ std::optional<QString> DBCDataBaseController::_exportAttachFile(
         return std::nullopt;
     const QString cardID = record.textOrEmpty(DBCRecordKey::cardID);
     if (isBlank(cardID) || !DBCNameLookup::staysInside(cardID))
-        return QStringLiteral("");
+        return u""_s;
 
     Transfer transfer {exportRules, DBCTransferSubject::ofExport(record),
         DBCPackageLayout::attachmentFolder(_strDBPath, cardID), toPath + u'/' + recordNo};
     if (!hasAttachments(DBCPackageLayout::filesFolder(_strDBPath), cardID, &transfer))
-        return QStringLiteral("");
+        return u""_s;
     if (DBCError error = exportAttachments(transfer, toPath)) {
         *errors = error;
-        return QStringLiteral("");
+        return u""_s;
     }
     return recordNo;
 }

@@ -17,6 +17,8 @@
 
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 DBCResultCode checkSpaceForBackup(const QString& package, const QString& parent)
@@ -24,8 +26,8 @@ DBCResultCode checkSpaceForBackup(const QString& package, const QString& parent)
     DBCError error;
     const quint64 size = getSizeWithPath(package, &error);
     if (isFailure(error.code())) {
-        DBCLog::error(getLocalString(
-            QStringLiteral("IDS_LOG_ERR_SIZE"), {package, error.localizedDescription()}));
+        DBCLog::error(
+            getLocalString(u"IDS_LOG_ERR_SIZE"_s, {package, error.localizedDescription()}));
         return error.code();
     }
     return hasFreeBytes(parent, size + DBCDiskSpaceMargin) ? DBCResultCode::Success
@@ -69,8 +71,8 @@ DBCResultCode DBCDataBaseController::backUpTo(const QString& target)
 {
     _journal = DBCImportJournal::begin(_strDBPath, target);
     if (!_journal) {
-        DBCLog::error(getLocalString(
-            QStringLiteral("IDS_LOG_ERR_JOURNAL"), {DBCHiddenName::importJournalOf(_strDBPath)}));
+        DBCLog::error(
+            getLocalString(u"IDS_LOG_ERR_JOURNAL"_s, {DBCHiddenName::importJournalOf(_strDBPath)}));
         return DBCResultCode::BackupFailure;
     }
     const bool isCopied = DBCPackageCopy(_delegate).copy(_strDBPath, target);
@@ -101,8 +103,8 @@ void DBCDataBaseController::endImport()
 {
     // No warning: the next start finds that all is well and removes it.
     if (_journal && !_journal->end()) {
-        DBCLog::info(getLocalString(QStringLiteral("IDS_LOG_INF_JOURNAL_STAYS"),
-            {DBCHiddenName::importJournalOf(_strDBPath)}));
+        DBCLog::info(getLocalString(
+            u"IDS_LOG_INF_JOURNAL_STAYS"_s, {DBCHiddenName::importJournalOf(_strDBPath)}));
     }
     _journal.reset();
 }
@@ -112,7 +114,6 @@ DBCResultCode DBCDataBaseController::removeBackupDB()
     if (_strBackupDBPath.isEmpty() || !isTaken(_strBackupDBPath))
         return DBCResultCode::Success;
     if (!DBCFileManager::defaultManager()->cleanFolder(_strBackupDBPath))
-        DBCLog::warning(QStringLiteral("Remove the database failure! Database Path:[%1]")
-                            .arg(_strBackupDBPath));
+        DBCLog::warning(u"Remove the database failure! Database Path:[%1]"_s.arg(_strBackupDBPath));
     return DBCResultCode::Success;
 }

@@ -12,6 +12,8 @@
 
 #include <SQLiteCpp/Exception.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // An export step that gives neither a result nor an error has failed, too.
@@ -45,7 +47,7 @@ std::optional<std::vector<DBCRecord>> DBCDataBaseController::fetchCardDatas(DBCE
         if (!error && records.empty())
             error = DBCError(DBCResultCode::NoCards);
     } catch (const SQLite::Exception& exception) {
-        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_STORE_FETCH"),
+        DBCLog::error(getLocalString(u"IDS_LOG_ERR_STORE_FETCH"_s,
             {DBCPackageLayout::storeFile(_strDBPath), QString::fromLocal8Bit(exception.what())}));
         error = DBCError(DBCResultCode::FetchFailure);
         records.clear();

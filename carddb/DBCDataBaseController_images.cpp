@@ -18,6 +18,8 @@
 #include <cerrno>
 #include <fcntl.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The image of one column, or none when the record names none that can be used.
@@ -60,10 +62,7 @@ public:
 
     bool leadsOut() const { return _leadsOut; }
     // The open file's; the name's where it could not be opened, so that reading says why.
-    QString path() const
-    {
-        return _file ? QStringLiteral("/proc/self/fd/%1").arg(_file.get()) : _path;
-    }
+    QString path() const { return _file ? u"/proc/self/fd/%1"_s.arg(_file.get()) : _path; }
 
 private:
     QString _path;
@@ -188,7 +187,7 @@ std::optional<QString> DBCDataBaseController::_addImageFileIntoDB(
 
     const QStringList paths = findImages(folder, recordDic);
     if (paths.isEmpty())
-        return QStringLiteral("");
+        return u""_s;
 
     const auto subject = DBCTransferSubject::ofImport(recordDic);
     const QString imagesFolder = DBCPackageLayout::imagesFolder(_strDBPath);
@@ -196,7 +195,7 @@ std::optional<QString> DBCDataBaseController::_addImageFileIntoDB(
     if (folderCode != DBCResultCode::Success) {
         DBCTransferLog::errorPlace(subject, imagesFolder);
         *errors = DBCError(folderCode).withPathName(imagesFolder);
-        return QStringLiteral("");
+        return u""_s;
     }
 
     const QString name = DBCPackageLayout::cardPdfName(cardId);
@@ -214,7 +213,7 @@ std::optional<QString> DBCDataBaseController::_addImageFileIntoDB(
     }
     DBCTransferLog::cardWarning(
         "IDS_LOG_WRN_CONVERT_FAIL", subject, DBCConsequence::WithoutImages, toNumber(code));
-    return QStringLiteral("");
+    return u""_s;
 }
 
 std::optional<QStringList> DBCDataBaseController::convertPdf2Jpg(

@@ -10,6 +10,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Of the URI that the object framework makes for every object; the rest is the card ID.
@@ -136,7 +138,7 @@ void setAddress(Card& card, const DBCRecord& record)
 std::optional<QDateTime> parseRegisterDate(const QString& text)
 {
     static const QRegularExpression pattern(
-        QRegularExpression::anchoredPattern(QStringLiteral("(\\d{4})/(\\d{1,2})/(\\d{1,2})")));
+        QRegularExpression::anchoredPattern(u"(\\d{4})/(\\d{1,2})/(\\d{1,2})"_s));
     const QRegularExpressionMatch match = pattern.match(text);
     const QDate date(match.capturedView(1).toInt(), match.capturedView(2).toInt(),
         match.capturedView(3).toInt());
@@ -253,6 +255,6 @@ QString DBCDataBaseController::generateUUID()
 {
     constexpr qint32 firstVersionWithPlainIdentifiers = 0x1050;
     if (getSystemVersion() < firstVersionWithPlainIdentifiers)
-        return QStringLiteral("com.apple.syncservices:") + newUUID();
+        return u"com.apple.syncservices:"_s + newUUID();
     return newUUID();
 }

@@ -16,6 +16,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isFolderItself(const QString& path)
@@ -51,7 +53,7 @@ QString DBCBackup::name() const
 
 QString DBCBackup::dateText() const
 {
-    return QLocale::c().toString(madeAt, QStringLiteral("yyyy-MM-dd HH:mm"));
+    return QLocale::c().toString(madeAt, u"yyyy-MM-dd HH:mm"_s);
 }
 
 DBCBackupList DBCPackageBackups::list(const QString& givenPackage)
@@ -64,8 +66,7 @@ DBCBackupList DBCPackageBackups::list(const QString& givenPackage)
         const QString reason = QString::fromLocal8Bit(error.message().c_str());
         return {{},
             DBCProblem {
-                getLocalString(QStringLiteral("IDS_VERIFY_FOLDER_UNREADABLE"), {folder, reason}),
-                folder}};
+                getLocalString(u"IDS_VERIFY_FOLDER_UNREADABLE"_s, {folder, reason}), folder}};
     }
     DBCBackupList found;
     for (const std::string& name : *names) {

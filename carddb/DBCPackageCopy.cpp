@@ -19,6 +19,8 @@
 #include <filesystem>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // SQLite's index of a write-ahead log: every reader writes into it, and it is made anew when
@@ -105,8 +107,8 @@ bool DBCPackageCopy::isSame(const QString& source, const QString& copy) const
     if (comparison.areEqual(QFile::encodeName(source), QFile::encodeName(copy)))
         return true;
     if (!isCancelled) {
-        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_COPY_DIFFERS"),
-            {source, QFile::decodeName(comparison.difference())}));
+        DBCLog::error(getLocalString(
+            u"IDS_LOG_ERR_COPY_DIFFERS"_s, {source, QFile::decodeName(comparison.difference())}));
     }
     return false;
 }

@@ -22,6 +22,8 @@
 
 #include <filesystem>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char* cardEntityNumber = "1";
@@ -57,13 +59,13 @@ QString makeFolder(const QString& path)
 
 QString writeVersionFile(const QString& path)
 {
-    const QString line = QStringLiteral("Velmora\t%1\r\n")
-                             .arg(QString::fromUtf16(DBCInterchangeNames::productVersion));
+    const QString line
+        = u"Velmora\t%1\r\n"_s.arg(QString::fromUtf16(DBCInterchangeNames::productVersion));
     const DBCResultCode code
         = DBCCommonFunction::saveFile(encodeText(line, DBCTextEncoding::Utf16), path);
     if (code == DBCResultCode::Success)
         return {};
-    return QStringLiteral("%1 (%2)").arg(path).arg(toNumber(code));
+    return u"%1 (%2)"_s.arg(path).arg(toNumber(code));
 }
 
 const char* columnType(DBCAttributeKind kind)

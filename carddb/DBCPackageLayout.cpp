@@ -4,36 +4,38 @@
 #include <QDir>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace DBCPackageLayout {
 
 QString storeFile(const QString& package)
 {
-    return package + QStringLiteral("/Velmora.sqldb");
+    return package + u"/Velmora.sqldb"_s;
 }
 
 QString imagesFolder(const QString& package)
 {
-    return package + QStringLiteral("/Images");
+    return package + u"/Images"_s;
 }
 
 QString filesFolder(const QString& package)
 {
-    return package + QStringLiteral("/Files");
+    return package + u"/Files"_s;
 }
 
 QString versionFile(const QString& package)
 {
-    return package + QStringLiteral("/Version.txt");
+    return package + u"/Version.txt"_s;
 }
 
 QString lockFile(const QString& package)
 {
-    return package + QStringLiteral("/.VMLock.vmlk");
+    return package + u"/.VMLock.vmlk"_s;
 }
 
 QString cardPdfName(const QString& cardID)
 {
-    return cardID + QStringLiteral("_N1.pdf");
+    return cardID + u"_N1.pdf"_s;
 }
 
 QString attachmentFolder(const QString& package, const QString& cardID)

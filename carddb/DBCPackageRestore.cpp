@@ -13,6 +13,8 @@
 
 #include <exception>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A single refusal of the system is no reason to leave somebody without a package.
@@ -55,6 +57,6 @@ DBCResultCode DBCPackageRestore::restore(const QString& packagePath, const QStri
             return DBCResultCode::Success;
     }
     if (!isTaken(backup))
-        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_WRN_FILE_NO_EXISTS"), {backup}));
+        DBCLog::error(getLocalString(u"IDS_LOG_WRN_FILE_NO_EXISTS"_s, {backup}));
     return DBCResultCode::RestoreFailure;
 }

@@ -26,6 +26,8 @@
 #include <array>
 #include <filesystem>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The store's own file and what SQLite may have left beside it.
@@ -62,8 +64,7 @@ QString temporaryFolderTemplate()
 {
     std::error_code error;
     const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
-    return QFile::decodeName(error ? "/dev/null" : folder.c_str())
-        + QStringLiteral("/VelmoraConverter-XXXXXX");
+    return QFile::decodeName(error ? "/dev/null" : folder.c_str()) + u"/VelmoraConverter-XXXXXX"_s;
 }
 
 bool isLive(const Card& card)
@@ -198,7 +199,7 @@ void DBCPackageVerifier::checkSoundness(SQLite::Database& store)
     SQLite::Statement findings(store, integrityCheck);
     while (findings.executeStep()) {
         const QString finding = QString::fromStdString(findings.getColumn(0).getString());
-        if (finding != QStringLiteral("ok"))
+        if (finding != u"ok"_s)
             report(_storePath, "IDS_VERIFY_STORE_DAMAGED", {finding});
     }
 }
@@ -207,7 +208,7 @@ bool DBCPackageVerifier::checkModel(SQLite::Database& store)
 {
     const QStringList missing = _model.describe(store).missing;
     if (!missing.isEmpty())
-        report(_storePath, "IDS_VERIFY_STORE_MODEL", {missing.join(QStringLiteral(", "))});
+        report(_storePath, "IDS_VERIFY_STORE_MODEL", {missing.join(u", "_s)});
     return missing.isEmpty();
 }
 

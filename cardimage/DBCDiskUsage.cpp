@@ -14,6 +14,8 @@
 #include <new>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr quint64 bytesPerUnit = 1024; // "-k"
@@ -52,12 +54,12 @@ Measurement sizeFromOutput(const QByteArray& output, const QString& path)
     const std::optional<QString> text = decoded(output);
     if (!text) {
         return failed(DBCResultCode::SizeMeasureFailure, path,
-            QStringLiteral("Get nothing from Du command. Path:[%1]").arg(path));
+            u"Get nothing from Du command. Path:[%1]"_s.arg(path));
     }
     const std::optional<quint64> units = numberIn(text->section(u'\t', 0, 0));
     if (!units) {
         return failed(DBCResultCode::SizeMeasureFailure, path,
-            QStringLiteral("The value got from Du command is not number. Path:[%1]").arg(path));
+            u"The value got from Du command is not number. Path:[%1]"_s.arg(path));
     }
     return {*units * bytesPerUnit, {}};
 }
@@ -65,7 +67,7 @@ Measurement sizeFromOutput(const QByteArray& output, const QString& path)
 // A name that begins with a dash would be taken for an option.
 QString asArgument(const QString& path)
 {
-    return path.startsWith(u'-') ? QStringLiteral("./") + path : path;
+    return path.startsWith(u'-') ? u"./"_s + path : path;
 }
 
 // Loading the user's locale takes du as long as its work on a file, and digits need none.
@@ -73,7 +75,7 @@ const QProcessEnvironment& environmentWithoutLocale()
 {
     static const QProcessEnvironment environment = [] {
         QProcessEnvironment inherited = QProcessEnvironment::systemEnvironment();
-        inherited.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+        inherited.insert(u"LC_ALL"_s, u"C"_s);
         return inherited;
     }();
     return environment;
@@ -85,8 +87,7 @@ public:
     {
         setProcessEnvironment(environmentWithoutLocale());
         try {
-            start(program, {QStringLiteral("-k"), QStringLiteral("-s"), asArgument(path)},
-                QIODevice::ReadOnly);
+            start(program, {u"-k"_s, u"-s"_s, asArgument(path)}, QIODevice::ReadOnly);
             waitForFinished(-1);
         } catch (const std::bad_alloc&) {
             // The base class has lost sight of the child now, or never had one, and its destructor
@@ -104,15 +105,14 @@ Measurement measure(const QString& path)
     du.run(program, path);
     if (du.error() == QProcess::FailedToStart) {
         return failed(DBCResultCode::InternalException, path,
-            QStringLiteral("Exception happended when get file size by using du command. "
-                           "Exception:[%1]")
-                .arg(program + QStringLiteral(": ") + du.errorString()));
+            u"Exception happended when get file size by using du command. "
+            "Exception:[%1]"_s.arg(program + u": "_s + du.errorString()));
     }
     const QByteArray output = du.readAllStandardOutput();
     const bool succeeded = du.exitStatus() == QProcess::NormalExit && du.exitCode() == 0;
     if (!succeeded || output.isEmpty()) {
-        return failed(DBCResultCode::SizeMeasureFailure, path,
-            QStringLiteral("Du failed, result %1").arg(du.exitCode()));
+        return failed(
+            DBCResultCode::SizeMeasureFailure, path, u"Du failed, result %1"_s.arg(du.exitCode()));
     }
     return sizeFromOutput(output, path);
 }

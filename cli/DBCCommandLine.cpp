@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct CommandRow {
@@ -51,22 +53,21 @@ constexpr qsizetype descriptionColumn = 26;
 
 QString helpLine(const QString& term, const char* descriptionKey)
 {
-    return QStringLiteral("  ") + term.leftJustified(descriptionColumn - 2)
-        + getLocalString(descriptionKey) + u'\n';
+    return u"  "_s + term.leftJustified(descriptionColumn - 2) + getLocalString(descriptionKey)
+        + u'\n';
 }
 
 QString optionTerm(const OptionRow& row)
 {
-    const QString name = QStringLiteral("--") + QLatin1String(row.name);
+    const QString name = u"--"_s + QLatin1String(row.name);
     return row.valueName ? name + u' ' + QLatin1String(row.valueName) : name;
 }
 
 QString helpText()
 {
-    QString help = getLocalString("IDS_CLI_HELP_USAGE") + QStringLiteral("\n\n");
+    QString help = getLocalString("IDS_CLI_HELP_USAGE") + u"\n\n"_s;
     for (const CommandRow& row : commands)
-        help += helpLine(
-            QStringLiteral("%1 %2").arg(QLatin1String(row.name), QLatin1String(row.operands)),
+        help += helpLine(u"%1 %2"_s.arg(QLatin1String(row.name), QLatin1String(row.operands)),
             row.descriptionKey);
     help += u'\n';
     for (const OptionRow& row : options)
@@ -84,7 +85,7 @@ DBCUsage wrongUsage(const char* key, const DBCMessageArguments& arguments = {})
 QString absolutePath(const QString& operand)
 {
     const QString path = QDir::current().absoluteFilePath(operand);
-    if (path.split(u'/').contains(QStringLiteral(".."))) {
+    if (path.split(u'/').contains(u".."_s)) {
         const QString resolved = QFileInfo(path).canonicalFilePath();
         if (!resolved.isEmpty())
             return resolved;
@@ -113,8 +114,8 @@ std::variant<DBCRequest, DBCUsage> requestFor(QStringList operands)
 // None when the options suit the command.
 std::optional<DBCUsage> takeBackupNames(DBCRequest& request, const QCommandLineParser& parser)
 {
-    const QString restore = QStringLiteral("restore");
-    const QString remove = QStringLiteral("delete");
+    const QString restore = u"restore"_s;
+    const QString remove = u"delete"_s;
     const bool isEither = parser.isSet(restore) || parser.isSet(remove);
     if (!isEither)
         return std::nullopt;
@@ -140,19 +141,18 @@ std::variant<DBCRequest, DBCUsage> parseCommandLine(const QStringList& arguments
         return unknown.isEmpty() ? wrongUsage("IDS_CLI_ERR_OPTION_VALUE")
                                  : wrongUsage("IDS_CLI_ERR_UNKNOWN_OPTION", {unknown.constFirst()});
     }
-    if (parser.isSet(QStringLiteral("help")))
+    if (parser.isSet(u"help"_s))
         return DBCUsage {DBCExitCode::Done, helpText()};
-    if (parser.isSet(QStringLiteral("version")))
-        return DBCUsage {
-            DBCExitCode::Done, QStringLiteral("velmora-convert " VELMORA_VERSION "\n")};
+    if (parser.isSet(u"version"_s))
+        return DBCUsage {DBCExitCode::Done, u"velmora-convert " VELMORA_VERSION "\n"_s};
 
     auto parsed = requestFor(parser.positionalArguments());
     if (auto* request = std::get_if<DBCRequest>(&parsed)) {
         if (auto wrong = takeBackupNames(*request, parser))
             return *wrong;
-        request->isJson = parser.isSet(QStringLiteral("json"));
-        request->saysYes = parser.isSet(QStringLiteral("yes"));
-        request->isQuiet = parser.isSet(QStringLiteral("quiet"));
+        request->isJson = parser.isSet(u"json"_s);
+        request->saysYes = parser.isSet(u"yes"_s);
+        request->isQuiet = parser.isSet(u"quiet"_s);
     }
     return parsed;
 }

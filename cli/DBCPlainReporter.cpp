@@ -9,6 +9,8 @@
 #include <array>
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // In these texts: the first of kana and kanji.
@@ -17,16 +19,15 @@ constexpr qsizetype cellsBetweenColumns = 2;
 
 QString stageText(const char* labelKey)
 {
-    return getLocalString(
-        QStringLiteral("IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING"), {getLocalString(labelKey)});
+    return getLocalString(u"IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING"_s, {getLocalString(labelKey)});
 }
 
 // The columns of a row but the last, which needs no room behind it.
 std::array<QString, 3> columnsOf(const DBCBackup& backup)
 {
     return {backup.dateText(),
-        backup.cardCount ? getLocalString(QStringLiteral("IDS_BACKUP_CARDS"), {*backup.cardCount})
-                         : getLocalString(QStringLiteral("IDS_BACKUP_NOT_USABLE")),
+        backup.cardCount ? getLocalString(u"IDS_BACKUP_CARDS"_s, {*backup.cardCount})
+                         : getLocalString(u"IDS_BACKUP_NOT_USABLE"_s),
         backup.bytes
             ? DBCLocalizable::locale().formattedDataSize(static_cast<qint64>(*backup.bytes))
             : QString(u'-')};

@@ -6,6 +6,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qint64 millisecondsBetweenWrites = 100;
@@ -17,8 +19,7 @@ constexpr const char* eraseLine = "\r\033[K";
 QString clockTime(qint64 seconds)
 {
     const qint64 minutes = seconds / 60;
-    const auto twoDigits
-        = [](qint64 number) { return QStringLiteral("%1").arg(number, 2, 10, QChar(u'0')); };
+    const auto twoDigits = [](qint64 number) { return u"%1"_s.arg(number, 2, 10, QChar(u'0')); };
     if (minutes < 60)
         return QString::number(minutes) + u':' + twoDigits(seconds % 60);
     return QString::number(minutes / 60) + u':' + twoDigits(minutes % 60) + u':'
@@ -56,9 +57,8 @@ void DBCProgressLine::showCounts(const char* formatKey, qint64 finishedCount, qi
     const QString stage = getLocalString(formatKey, {percentage});
     const QString time = remainingTime(finishedCount, maxCount);
     write(time.isEmpty()
-            ? getLocalString(QStringLiteral("IDS_CLI_PROGRESS"), {stage, finishedCount, maxCount})
-            : getLocalString(
-                QStringLiteral("IDS_CLI_PROGRESS_TIME"), {stage, finishedCount, maxCount, time}));
+            ? getLocalString(u"IDS_CLI_PROGRESS"_s, {stage, finishedCount, maxCount})
+            : getLocalString(u"IDS_CLI_PROGRESS_TIME"_s, {stage, finishedCount, maxCount, time}));
 }
 
 QString DBCProgressLine::remainingTime(qint64 finishedCount, qint64 maxCount) const

@@ -10,13 +10,14 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Taken in every language of the program.
 bool isYes(const QString& answer)
 {
-    static const QStringList yes {
-        QStringLiteral("y"), QStringLiteral("yes"), QStringLiteral("\u306f\u3044")};
+    static const QStringList yes {u"y"_s, u"yes"_s, u"\u306f\u3044"_s};
     return yes.contains(answer.trimmed(), Qt::CaseInsensitive);
 }
 
@@ -39,7 +40,7 @@ bool DBCTerminal::isStandardErrorTerminal()
 
 bool DBCTerminal::confirms(const QString& question) const
 {
-    write(stderr, getLocalString(QStringLiteral("IDS_CLI_PROMPT"), {question}) + u' ');
+    write(stderr, getLocalString(u"IDS_CLI_PROMPT"_s, {question}) + u' ');
     QByteArray line;
     char byte = 0;
     while (true) {

@@ -3,6 +3,8 @@
 
 #include "datafile/helpers/DBCLocalizable.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Asked only after a signal, which is as good as a yes where nobody can be asked.
@@ -50,6 +52,6 @@ DBCAnswer DBCTerminalPresenter::answerTo(const DBCQuestion& question)
     }
     if (asksToConfirmCancel(question))
         return DBCAnswer::Default;
-    _reporter.message({}, getLocalString(QStringLiteral("IDS_CLI_NEEDS_YES"), {question.text}));
+    _reporter.message({}, getLocalString(u"IDS_CLI_NEEDS_YES"_s, {question.text}));
     return DBCAnswer::NotShown;
 }

@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The title line counts as record 1.
@@ -149,7 +151,7 @@ std::optional<DBCRecord> DBCFileReader::nextRecord(Lengths lengths, DBCError* er
     } catch (const std::exception& exception) {
         logException(exception);
         failure = DBCError(DBCResultCode::InternalException)
-                      .withDescription(QStringLiteral("Internal exception happened!"));
+                      .withDescription(u"Internal exception happened!"_s);
     }
     if (failure)
         record.reset();
@@ -248,7 +250,7 @@ bool DBCFileReader::_validateItemLength(const QString& label, const std::optiona
 {
     if (!value || value->size() <= maxLength)
         return true;
-    const QString key = QStringLiteral("IDS_LOG_WRN_ITEM_MAX_LEN");
+    const QString key = u"IDS_LOG_WRN_ITEM_MAX_LEN"_s;
     DBCLog::warning(getLocalString(key, {label, lineNo, fullName}),
         {.key = key,
             .number = lineNo.toLongLong(),
@@ -267,11 +269,10 @@ DBCError DBCFileReader::titleLineError(const QString& titleLine)
     }
     DBCMessageArguments arguments = lineErrorArguments(found.size());
     if (missing.isEmpty()) {
-        _lineErrorText = getLocalString(QStringLiteral("IDS_LOG_ERR_TITLE_LINE"), arguments);
+        _lineErrorText = getLocalString(u"IDS_LOG_ERR_TITLE_LINE"_s, arguments);
     } else {
-        arguments.emplace_back(missing.join(QStringLiteral(", ")));
-        _lineErrorText
-            = getLocalString(QStringLiteral("IDS_LOG_ERR_TITLE_LINE_MISSING"), arguments);
+        arguments.emplace_back(missing.join(u", "_s));
+        _lineErrorText = getLocalString(u"IDS_LOG_ERR_TITLE_LINE_MISSING"_s, arguments);
     }
     return DBCError(DBCResultCode::TitleLineFormatError)
         .withLineNo(qint64(_currentLineNo))
@@ -280,8 +281,7 @@ DBCError DBCFileReader::titleLineError(const QString& titleLine)
 
 DBCError DBCFileReader::dataLineError(QStringView line, qsizetype itemCount)
 {
-    _lineErrorText
-        = getLocalString(QStringLiteral("IDS_LOG_ERR_DATA_LINE"), lineErrorArguments(itemCount));
+    _lineErrorText = getLocalString(u"IDS_LOG_ERR_DATA_LINE"_s, lineErrorArguments(itemCount));
     return DBCError(DBCResultCode::DataLineFormatError)
         .withLineNo(qint64(_currentLineNo))
         .withDescription(description("The format of the data line is incorrect!", line.toString()));

@@ -8,6 +8,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // More than a million cards. A file of any size that happens to stand under the name must not take
@@ -16,8 +18,8 @@ constexpr qint64 largestDataFile = 0x20000000;
 
 void logTooLarge(const QString& path, qint64 size)
 {
-    DBCLog::error(getLocalString(
-        QStringLiteral("IDS_LOG_ERR_DATA_FILE_TOO_LARGE"), {path, size, largestDataFile}));
+    DBCLog::error(
+        getLocalString(u"IDS_LOG_ERR_DATA_FILE_TOO_LARGE"_s, {path, size, largestDataFile}));
 }
 
 } // namespace
@@ -30,8 +32,7 @@ DBCResultCode DBCFileReader::open()
         return DBCResultCode::GeneralFailure;
     const QFileInfo info(_fullFileName);
     if (!info.exists()) {
-        DBCLog::error(
-            getLocalString(QStringLiteral("IDS_LOG_WRN_FILE_NO_EXISTS"), {_fullFileName}));
+        DBCLog::error(getLocalString(u"IDS_LOG_WRN_FILE_NO_EXISTS"_s, {_fullFileName}));
         return DBCResultCode::FolderNotExist;
     }
     close();
@@ -100,7 +101,7 @@ DBCResultCode DBCFileReader::_parseAll()
             return DBCResultCode::DataFileEmpty;
         std::optional<QString> text = decodeText(bytes, _encoding);
         if (!text || text->isEmpty()) {
-            DBCLog::debug(QStringLiteral("There is a load data failure occurs!"));
+            DBCLog::debug(u"There is a load data failure occurs!"_s);
             return DBCResultCode::DataFileDecodeFailure;
         }
         splitIntoLines(std::move(*text));
@@ -204,6 +205,5 @@ QList<QStringView> DBCFileReader::_parseLineWithTab(QStringView line) const
 
 void DBCFileReader::logException(const std::exception& exception)
 {
-    DBCLog::debug(
-        QStringLiteral("Exception happended.[%1]").arg(QString::fromUtf8(exception.what())));
+    DBCLog::debug(u"Exception happended.[%1]"_s.arg(QString::fromUtf8(exception.what())));
 }

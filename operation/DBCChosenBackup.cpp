@@ -6,6 +6,8 @@
 #include "operation/log/DBCLog.h"
 #include "operation/messages/DBCMessage.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Outcome = DBCBackupChange::Outcome;
@@ -32,8 +34,8 @@ bool isConfirmed(const char* key, const QString& package, const DBCBackup& backu
 
 Result logged(const char* label, const QString& name, const std::function<Result()>& change)
 {
-    DBCLog::info(getLocalString(
-        "IDS_LOG_INF_START", {getLocalString(label), QStringLiteral(" [%1]").arg(name)}));
+    DBCLog::info(
+        getLocalString("IDS_LOG_INF_START", {getLocalString(label), u" [%1]"_s.arg(name)}));
     Result result = change();
     if (result.outcome != Outcome::Done)
         DBCLog::error(result.problem.text);

@@ -16,6 +16,8 @@
 
 #include <exception>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr quint32 unexpectedErrorMessage = 102;
@@ -26,9 +28,9 @@ QString cancelQuestionKey(OperationType type)
 {
     switch (type) {
     case OperationType::Import:
-        return QStringLiteral("IDS_MSG_ERR_0315");
+        return u"IDS_MSG_ERR_0315"_s;
     case OperationType::Export:
-        return QStringLiteral("IDS_MSG_ERR_0210");
+        return u"IDS_MSG_ERR_0210"_s;
     case OperationType::None:
         break;
     }
@@ -117,7 +119,7 @@ bool DBCConverterController::start(QThread* thread)
     if (thread->isRunning() || thread->isFinished())
         return true;
     const DBCError error = DBCError(DBCResultCode::InternalException)
-                               .withDescription(QStringLiteral("no thread for the operation"));
+                               .withDescription(u"no thread for the operation"_s);
     _showAndLog({unexpectedErrorMessage, {}}, error);
     _outcome.code = error.code();
     _end();
@@ -140,7 +142,7 @@ bool DBCConverterController::_end()
 DBCError DBCConverterController::_performOperation()
 {
     bool hasSequenceEnded = false;
-    DBCError error = _guarded(QStringLiteral("Exception happended.[%1]"), [&] {
+    DBCError error = _guarded(u"Exception happended.[%1]"_s, [&] {
         DBCError sequenceError;
         if (_operationType == OperationType::Import)
             _doImport(&sequenceError);
@@ -152,7 +154,7 @@ DBCError DBCConverterController::_performOperation()
     if (!hasSequenceEnded)
         _showAndLog({unexpectedErrorMessage, {}}, error);
     else if (DBCLog* log = _log(); log && error)
-        log->logDebug(QStringLiteral("Operation Finished! Error:[%1]").arg(error.toString()));
+        log->logDebug(u"Operation Finished! Error:[%1]"_s.arg(error.toString()));
     return error;
 }
 
@@ -183,7 +185,7 @@ void DBCConverterController::_askToConfirmCancel()
     const bool isConfirmed = answer == DBCAnswer::Default;
     _isStopRunning = isConfirmed;
     if (isConfirmed)
-        DBCLog::info(getLocalString(QStringLiteral("IDS_LOG_INF_CANCEL_OPERATION")));
+        DBCLog::info(getLocalString(u"IDS_LOG_INF_CANCEL_OPERATION"_s));
     _send({.name = DBCEventName::OperationDidCanceled, .confirmCancelResult = isConfirmed});
 }
 
@@ -213,7 +215,7 @@ bool DBCConverterController::_isFolder(const QString& path)
 DBCError DBCConverterController::_sizeError(const DBCError& error) const
 {
     if (DBCLog* log = _log())
-        log->logError(getLocalString(QStringLiteral("IDS_LOG_ERR_SIZE"),
+        log->logError(getLocalString(u"IDS_LOG_ERR_SIZE"_s,
             {error.pathName().value_or(QString()), error.localizedDescription()}));
     return error;
 }
@@ -224,7 +226,7 @@ DBCError DBCConverterController::_openDatabase(std::unique_ptr<DBCDataBaseContro
                                                              : DBCPackageGuard::Use::Reading;
     _packageGuard = DBCPackageGuard::hold(_fullPathDB, use);
     if (!_packageGuard) {
-        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_PACKAGE_IN_USE"), {_fullPathDB}));
+        DBCLog::error(getLocalString(u"IDS_LOG_ERR_PACKAGE_IN_USE"_s, {_fullPathDB}));
         return DBCError(DBCResultCode::DatabaseOpenFailure);
     }
     *database = _factories.openDatabase(_fullPathDB);
@@ -304,21 +306,20 @@ void DBCConverterController::_logInfo(const QString& text) const
 
 void DBCConverterController::_logStart(const char* labelKey, const QString& detail) const
 {
-    _logInfo(
-        getLocalString(QStringLiteral("IDS_LOG_INF_START"), {getLocalString(labelKey), detail}));
+    _logInfo(getLocalString(u"IDS_LOG_INF_START"_s, {getLocalString(labelKey), detail}));
 }
 
 void DBCConverterController::_logEnd(const char* labelKey) const
 {
-    _logInfo(getLocalString(QStringLiteral("IDS_LOG_INF_END"), {getLocalString(labelKey)}));
+    _logInfo(getLocalString(u"IDS_LOG_INF_END"_s, {getLocalString(labelKey)}));
 }
 
 QString DBCConverterController::_endLine(const char* formatKey, const char* labelKey) const
 {
     const DBCLog* log = DBCLog::logInstance();
     const QString notice = log && log->hasWarningOrError()
-        ? getLocalString(QStringLiteral("IDS_LOG_INF_EXISTS_WRN_OR_ERR"))
-        : QStringLiteral(" ");
+        ? getLocalString(u"IDS_LOG_INF_EXISTS_WRN_OR_ERR"_s)
+        : u" "_s;
     return getLocalString(
         formatKey, {getLocalString(labelKey), notice, _outcome.maxCount, _outcome.finishedCount});
 }

@@ -17,6 +17,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char* exportLabel = "IDS_LBL_EXPORT";
@@ -25,7 +27,7 @@ constexpr quint64 bytesPerRow = 2844;
 
 QString lineSeparator()
 {
-    return QStringLiteral("\r\n");
+    return u"\r\n"_s;
 }
 
 // What a card has in the package; no path for what it does not name. A name that leads out of the
@@ -62,7 +64,7 @@ DBCError writeRow(DBCFileWriter& writer, const DBCRecord& row)
 {
     if (!isFailure(writer.write(row)))
         return {};
-    DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_DATA_FILE_WRITE_FAILURE")));
+    DBCLog::error(getLocalString(u"IDS_LOG_ERR_DATA_FILE_WRITE_FAILURE"_s));
     return DBCError(DBCResultCode::DataFileWriteFailure);
 }
 
@@ -73,8 +75,8 @@ bool DBCConverterController::_doExport(DBCError* error)
     if (!error)
         return false;
 
-    *error = _guarded(QStringLiteral("Exception happended when exporting.[%1]"),
-        [this] { return _exportCards(); });
+    *error
+        = _guarded(u"Exception happended when exporting.[%1]"_s, [this] { return _exportCards(); });
     if (_isCancel(*error)) {
         DBCFileManager::defaultManager()->cleanFolder(_fullPathFolder);
         *error = DBCError();
@@ -86,7 +88,7 @@ bool DBCConverterController::_doExport(DBCError* error)
 
 DBCError DBCConverterController::_exportCards()
 {
-    _logStart(exportLabel, QStringLiteral(" From:[%1]  To:[%2]").arg(_fullPathDB, _fullPathFolder));
+    _logStart(exportLabel, u" From:[%1]  To:[%2]"_s.arg(_fullPathDB, _fullPathFolder));
     _send({.name = DBCEventName::ExportWillBegin});
 
     std::unique_ptr<DBCDataBaseController> database;
@@ -203,7 +205,7 @@ DBCError DBCConverterController::_closeDataFile(DBCFileWriter& writer) const
 {
     if (!isFailure(writer.close()) && DBCDiskFlush::fileSystemOf(_fullPathFolder))
         return {};
-    DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_DATA_FILE_WRITE_FAILURE")));
+    DBCLog::error(getLocalString(u"IDS_LOG_ERR_DATA_FILE_WRITE_FAILURE"_s));
     return DBCError(DBCResultCode::DataFileWriteFailure);
 }
 

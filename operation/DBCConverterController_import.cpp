@@ -12,6 +12,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char* importLabel = "IDS_LBL_IMPORT";
@@ -34,7 +36,7 @@ bool DBCConverterController::_doImport(DBCError* error)
     if (!error)
         return false;
 
-    _logStart(importLabel, QStringLiteral(" From:[%1]  To:[%2]").arg(_fullPathFolder, _fullPathDB));
+    _logStart(importLabel, u" From:[%1]  To:[%2]"_s.arg(_fullPathFolder, _fullPathDB));
     std::unique_ptr<DBCDataBaseController> database;
     *error = _prepareImport(&database);
     if (_isCancel(*error)) {
@@ -47,8 +49,8 @@ bool DBCConverterController::_doImport(DBCError* error)
         return false;
     }
 
-    *error = _guarded(QStringLiteral("Exception happended when importing.[%1]"),
-        [&] { return _importRecords(*database); });
+    *error = _guarded(
+        u"Exception happended when importing.[%1]"_s, [&] { return _importRecords(*database); });
     if (*error)
         *error = _undoImport(*database, *error);
     return !*error;
@@ -101,7 +103,7 @@ DBCError DBCConverterController::_backUp(DBCDataBaseController& database)
     const QString backupPath = database.backupDBPath();
     _outcome.backupPath = backupPath;
     _logEnd(backupLabel);
-    _logInfo(getLocalString(QStringLiteral("IDS_LOG_INF_VMDB_BACKUP_FILE_NAME"), {backupPath}));
+    _logInfo(getLocalString(u"IDS_LOG_INF_VMDB_BACKUP_FILE_NAME"_s, {backupPath}));
     _send({.name = DBCEventName::DatabaseBackupDidFinished, .operationIsOk = !isFailure(result)});
     return isFailure(result) ? errorWithBackup(result, backupPath) : DBCError();
 }
@@ -167,7 +169,7 @@ DBCError DBCConverterController::_undoImport(DBCDataBaseController& database, co
 {
     DBCError error = _isCancel(cause) ? DBCError() : cause;
     // Where there is no memory to say so, the database is put back all the same.
-    (void)_guarded(QStringLiteral("Exception happended when restoring.[%1]"), [&] {
+    (void)_guarded(u"Exception happended when restoring.[%1]"_s, [&] {
         if (error)
             _reportFailedImport(error);
         _send({.name = DBCEventName::DatabaseRestoreWillBegin});

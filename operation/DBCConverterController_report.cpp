@@ -12,6 +12,8 @@
 
 #include <exception>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 template <typename Step> void withoutHarm(const Step& step)
@@ -61,8 +63,7 @@ void DBCConverterController::_writeReport(const DBCRunStory& story)
     }
     const auto& failure = std::get<DBCReportFiles::Failure>(written);
     if (DBCLog* log = _log()) {
-        log->output(
-            getLocalString(QStringLiteral("IDS_LOG_WRN_REPORT"), {failure.path, failure.reason}),
+        log->output(getLocalString(u"IDS_LOG_WRN_REPORT"_s, {failure.path, failure.reason}),
             DBCLogType::Warning);
     }
 }

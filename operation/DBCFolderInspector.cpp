@@ -21,6 +21,8 @@
 #include <array>
 #include <filesystem>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using FileType = std::filesystem::file_type;
@@ -61,9 +63,9 @@ qsizetype addressLength(const DBCRecord& record)
 
 QString addressLabel()
 {
-    return QStringLiteral("%1+%2+%3/%4")
-        .arg(titleOf(columnOf(DBCRecordKey::state)), titleOf(columnOf(DBCRecordKey::city)),
-            titleOf(columnOf(DBCRecordKey::street)), titleOf(columnOf(DBCRecordKey::address)));
+    return u"%1+%2+%3/%4"_s.arg(titleOf(columnOf(DBCRecordKey::state)),
+        titleOf(columnOf(DBCRecordKey::city)), titleOf(columnOf(DBCRecordKey::street)),
+        titleOf(columnOf(DBCRecordKey::address)));
 }
 
 // None when the folder may not be read.
@@ -216,7 +218,7 @@ void DBCFolderInspector::checkLengths(const DBCRecord& record)
     const auto reportTooLong = [&](const QString& label) {
         const QString lineNo = record.textOrEmpty(DBCRecordKey::lineNo);
         _report.findings.problems.push_back(
-            {getLocalString(QStringLiteral("IDS_LOG_WRN_ITEM_MAX_LEN"),
+            {getLocalString(u"IDS_LOG_WRN_ITEM_MAX_LEN"_s,
                  {label, lineNo, record.textOrEmpty(DBCRecordKey::full_Name)}),
                 DBCInterchangeNames::dataFile(_folder), lineNo.toLongLong()});
     };

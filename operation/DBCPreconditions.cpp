@@ -18,6 +18,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isFolder(const QString& path)
@@ -44,7 +46,7 @@ std::optional<QString> mainApplicationVersion(const DBCHost& host)
     if (!isFolder(DBCMainApplication::bundle(host.applicationsFolder)) || !QFileInfo(list).isFile())
         return std::nullopt;
     const std::optional<QVariantMap> entries = DBCPropertyList::read(list);
-    const QString key = QStringLiteral("CFBundleShortVersionString");
+    const QString key = u"CFBundleShortVersionString"_s;
     return entries && entries->contains(key) ? std::optional(entries->value(key).toString())
                                              : std::nullopt;
 }
@@ -80,7 +82,7 @@ DBCPreconditions::DBCPreconditions(
 bool DBCPreconditions::_checkPrecondition()
 {
     _refusal = Refusal::None;
-    if (!checkMainApplicationVersion() || !ask(QStringLiteral("IDS_MSG_ERR_0106")))
+    if (!checkMainApplicationVersion() || !ask(u"IDS_MSG_ERR_0106"_s))
         return false;
     if (!settleLastImport())
         return false;
@@ -152,7 +154,7 @@ bool DBCPreconditions::checkExportFolder()
 
 bool DBCPreconditions::removeOldExportFolder()
 {
-    if (!ask(QStringLiteral("IDS_MSG_ERR_0205"), {_exportFolder}))
+    if (!ask(u"IDS_MSG_ERR_0205"_s, {_exportFolder}))
         return false;
     // Somebody who keeps the package there agreed to lose an old export, not the cards.
     const bool holdsThePackage = isInside(_databasePath, _exportFolder);
@@ -227,13 +229,13 @@ bool DBCPreconditions::ask(const QString& messageKey, const DBCMessageArguments&
 
 QString DBCPreconditions::expandedPath(const QString& path)
 {
-    const bool namesHome = path == u"~" || path.startsWith(QStringLiteral("~/"));
+    const bool namesHome = path == u"~" || path.startsWith(u"~/"_s);
     return namesHome ? QDir::homePath() + path.sliced(1) : path;
 }
 
 QString DBCPreconditions::_getDefaultDBPath()
 {
-    const QString own = QDir::homePath() + QStringLiteral("/Library/Application Support");
+    const QString own = QDir::homePath() + u"/Library/Application Support"_s;
     const QString support = isFolder(own)
         ? own
         : QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);

@@ -6,6 +6,8 @@
 #include "operation/log/DBCLog.h"
 #include "operation/messages/DBCMessage.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr quint32 packageUnusableMessage = 301;
@@ -45,9 +47,8 @@ DBCSettlement keep(DBCPackageRecovery& recovery)
 
 DBCSettlement decide(DBCPackageRecovery& recovery)
 {
-    const DBCAnswer answer
-        = DBCMessage::ShowInfoMessage(QStringLiteral("IDS_MSG_UNFINISHED_IMPORT"), DBCButton::Yes,
-            DBCButton::No, {}, {recovery.package(), recovery.backupPath()});
+    const DBCAnswer answer = DBCMessage::ShowInfoMessage(u"IDS_MSG_UNFINISHED_IMPORT"_s,
+        DBCButton::Yes, DBCButton::No, {}, {recovery.package(), recovery.backupPath()});
     switch (answer) {
     case DBCAnswer::Default:
         return restore(recovery);

@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Failure = DBCReportFiles::Failure;
@@ -21,18 +23,17 @@ constexpr int millisecondsToWait = 5000;
 
 QString pageSuffix()
 {
-    return QStringLiteral(".html");
+    return u".html"_s;
 }
 
 QString dataSuffix()
 {
-    return QStringLiteral(".json");
+    return u".json"_s;
 }
 
 QString stemOf(const QDateTime& started)
 {
-    return QStringLiteral("VelmoraConverter report ")
-        + QLocale::c().toString(started, QStringLiteral("yyyy-MM-dd HH.mm.ss"));
+    return u"VelmoraConverter report "_s + QLocale::c().toString(started, u"yyyy-MM-dd HH.mm.ss"_s);
 }
 
 bool isTaken(const QString& stem)
@@ -45,7 +46,7 @@ QString freeStem(const QString& stem)
 {
     QString candidate = stem;
     for (int number = 2; isTaken(candidate); ++number)
-        candidate = stem + QStringLiteral(" (%1)").arg(number, 2, 10, QChar(u'0'));
+        candidate = stem + u" (%1)"_s.arg(number, 2, 10, QChar(u'0'));
     return candidate;
 }
 
@@ -60,9 +61,9 @@ std::optional<Failure> save(const QString& path, const QByteArray& bytes)
 // The names of all reports in a folder without their suffixes, the newest first.
 QStringList stemsIn(const QDir& folder)
 {
-    static const QRegularExpression report(QRegularExpression::anchoredPattern(QStringLiteral(
-        "(VelmoraConverter report \\d{4}-\\d\\d-\\d\\d \\d\\d\\.\\d\\d\\.\\d\\d(?: \\(\\d+\\))?)"
-        "\\.(?:html|json)")));
+    static const QRegularExpression report(QRegularExpression::anchoredPattern(
+        u"(VelmoraConverter report \\d{4}-\\d\\d-\\d\\d \\d\\d\\.\\d\\d\\.\\d\\d(?: \\(\\d+\\))?)"
+        "\\.(?:html|json)"_s));
     QStringList stems;
     for (const QString& name : folder.entryList(QDir::Files | QDir::System)) {
         if (const auto match = report.match(name); match.hasMatch())
@@ -93,7 +94,7 @@ std::variant<QString, Failure> write(const DBCRunReport& report, const QString& 
     const QDir place(folder);
     // Another conversion may end now, too, and must not take the same name. Should it take very
     // long, the worst is that one of the two reports replaces the other.
-    QLockFile lock(place.filePath(QStringLiteral(".VelmoraConverter report.lock")));
+    QLockFile lock(place.filePath(u".VelmoraConverter report.lock"_s));
     (void)lock.tryLock(millisecondsToWait);
 
     const QString stem = freeStem(place.filePath(stemOf(report.started)));
@@ -102,8 +103,7 @@ std::variant<QString, Failure> write(const DBCRunReport& report, const QString& 
     // The page last: where it stands, its other half does, too.
     if (const auto failure = save(data, reportData(report)))
         return *failure;
-    if (const auto failure
-        = save(page, reportPage(report, QFileInfo(data).fileName()))) {
+    if (const auto failure = save(page, reportPage(report, QFileInfo(data).fileName()))) {
         QFile::remove(data);
         return *failure;
     }

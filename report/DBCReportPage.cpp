@@ -9,6 +9,8 @@
 #include <QUrl>
 #include <QXmlStreamWriter>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString languageCode()
@@ -18,7 +20,7 @@ QString languageCode()
 
 QString styleSheet()
 {
-    QFile file(QStringLiteral(":/velmora/report.css"));
+    QFile file(u":/velmora/report.css"_s);
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
@@ -34,9 +36,7 @@ QString showable(const QString& value)
 
 QStringList linesOf(QString value)
 {
-    return value.replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
-        .replace(u'\r', u'\n')
-        .split(u'\n');
+    return value.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').split(u'\n');
 }
 
 class Page {
@@ -50,9 +50,9 @@ public:
 
     QByteArray write()
     {
-        _xml.writeDTD(QStringLiteral("<!DOCTYPE html>"));
+        _xml.writeDTD(u"<!DOCTYPE html>"_s);
         open("html");
-        attribute("xmlns", QStringLiteral("http://www.w3.org/1999/xhtml"));
+        attribute("xmlns", u"http://www.w3.org/1999/xhtml"_s);
         attribute("lang", languageCode());
         writeHead();
         open("body");
@@ -87,7 +87,7 @@ private:
         bool isFirst = true;
         for (const QString& line : linesOf(value)) {
             if (!std::exchange(isFirst, false))
-                _xml.writeEmptyElement(QStringLiteral("br"));
+                _xml.writeEmptyElement(u"br"_s);
             _xml.writeCharacters(showable(line));
         }
     }
@@ -101,7 +101,7 @@ private:
     }
     void meta(const char* name, const char* value, const QString& content)
     {
-        _xml.writeEmptyElement(QStringLiteral("meta"));
+        _xml.writeEmptyElement(u"meta"_s);
         attribute(name, value);
         attribute("content", content);
     }
@@ -109,14 +109,13 @@ private:
     void writeHead()
     {
         open("head");
-        _xml.writeEmptyElement(QStringLiteral("meta"));
+        _xml.writeEmptyElement(u"meta"_s);
         attribute("charset", "utf-8");
         meta("http-equiv", "Content-Security-Policy",
-            QStringLiteral("default-src 'none'; style-src 'unsafe-inline'"));
-        meta("name", "viewport", QStringLiteral("width=device-width, initial-scale=1"));
+            u"default-src 'none'; style-src 'unsafe-inline'"_s);
+        meta("name", "viewport", u"width=device-width, initial-scale=1"_s);
         element("title",
-            DBCReportTexts::title(_report) + QStringLiteral(" - ")
-                + getLocalString("IDS_TITLE_WINDOW"));
+            DBCReportTexts::title(_report) + u" - "_s + getLocalString("IDS_TITLE_WINDOW"));
         open("style");
         _xml.writeCharacters(styleSheet());
         close();

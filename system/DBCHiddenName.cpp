@@ -8,6 +8,8 @@
 
 #include <climits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString besideAs(const QString& path, const char* ending)
@@ -17,7 +19,7 @@ QString besideAs(const QString& path, const char* ending)
     const QByteArray end(ending);
     if (name.size() + end.size() + 1 > NAME_MAX)
         name = QCryptographicHash::hash(name, QCryptographicHash::Sha256).toHex();
-    return QDir::cleanPath(info.path() + QStringLiteral("/.") + QFile::decodeName(name + end));
+    return QDir::cleanPath(info.path() + u"/."_s + QFile::decodeName(name + end));
 }
 
 } // namespace

@@ -17,6 +17,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 std::optional<quint64> freeBytes(const QString& path)
@@ -70,7 +72,7 @@ QString programFile(const std::filesystem::path& process)
     const auto target = std::filesystem::read_symlink(process / "exe", error);
     QString name = QFile::decodeName(target.filename().c_str());
     // The kernel's mark on a program that was replaced while it runs.
-    const QString replaced = QStringLiteral(" (deleted)");
+    const QString replaced = u" (deleted)"_s;
     if (name.endsWith(replaced))
         name.chop(replaced.size());
     return name;
@@ -105,7 +107,7 @@ QStringList runningApplications()
 QString programFolder()
 {
     // Not QCoreApplication: this is asked before there is one.
-    return QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).path();
+    return QFileInfo(QFile::symLinkTarget(u"/proc/self/exe"_s)).path();
 }
 
 } // namespace
@@ -119,11 +121,11 @@ DBCHost DBCHost::real()
     host.isWritable = [](const QString& path) { return hasAccess(path, W_OK); };
     host.systemVersion = [] { return std::optional<qint32>(); };
     host.runningApplications = ::runningApplications;
-    host.applicationsFolder = QStringLiteral("/Applications");
+    host.applicationsFolder = u"/Applications"_s;
     host.programFolder = ::programFolder();
-    host.mountTable = QStringLiteral("/proc/self/mountinfo");
-    host.diskUsageProgram = QStringLiteral("/usr/bin/du");
-    host.fileOpener = QStringLiteral("xdg-open");
+    host.mountTable = u"/proc/self/mountinfo"_s;
+    host.diskUsageProgram = u"/usr/bin/du"_s;
+    host.fileOpener = u"xdg-open"_s;
     return host;
 }
 

@@ -10,6 +10,8 @@
 #include <linux/magic.h>
 #include <sys/vfs.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Types whose volumes lie on another machine, or appear only when they are looked at.
@@ -97,7 +99,7 @@ bool DBCMountedVolume::isNetwork() const
     const qsizetype colon = device.indexOf(u':');
     const qsizetype slash = device.indexOf(u'/');
     const bool namesHost
-        = device.startsWith(QStringLiteral("//")) || (colon >= 0 && (slash < 0 || colon < slash));
+        = device.startsWith(u"//"_s) || (colon >= 0 && (slash < 0 || colon < slash));
     return isUserSpace && namesHost;
 }
 

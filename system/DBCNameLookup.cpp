@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isOfKind(const struct stat& status, DBCNameLookup::Kind kind)
@@ -94,7 +96,7 @@ DBCNameLookup::Result DBCNameLookup::find(const QString& folder, const QString& 
     Result missing {staysInside(name) ? Outcome::Missing : Outcome::LeadsOut, {}};
 
     QStringList components = name.split(u'/', Qt::SkipEmptyParts);
-    components.removeAll(QStringLiteral("."));
+    components.removeAll(u"."_s);
     // The system ends a name at U+0000 and would find another one.
     if (components.isEmpty() || name.contains(QChar::Null))
         return missing;

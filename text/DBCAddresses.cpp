@@ -3,13 +3,15 @@
 
 #include "text/DBCCharacterSets.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Line breaks inside the street belong to it, unless there is nothing else.
 QString streetFrom(QStringView rest)
 {
     const QStringView street = trimmedWhere(rest, isWhiteSpace);
-    return trimmedBy(street, u"\n\r\u2028").isEmpty() ? QStringLiteral("") : street.toString();
+    return trimmedBy(street, u"\n\r\u2028").isEmpty() ? u""_s : street.toString();
 }
 
 } // namespace
@@ -46,8 +48,7 @@ std::optional<QString> composeAddressWithStreet(
     if (!city.isEmpty())
         result.append(u'\n').append(city);
     if (!street.isEmpty())
-        result.append(city.isEmpty() ? QStringLiteral("\n\n") : QStringLiteral("\n"))
-            .append(street);
+        result.append(city.isEmpty() ? u"\n\n"_s : u"\n"_s).append(street);
     return result;
 }
 
@@ -58,7 +59,7 @@ std::optional<QString> composeAddressWithDefaultAddress(
         return composed;
     if (address.isEmpty())
         return std::nullopt;
-    return QStringLiteral("\n\n") + address;
+    return u"\n\n"_s + address;
 }
 
 } // namespace DBCAddresses

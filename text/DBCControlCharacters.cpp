@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool changesDirection(QChar character)
@@ -30,8 +32,7 @@ QString escapedControls(const QString& text)
     escaped.reserve(text.size());
     for (const QChar character : text) {
         if (isControl(character))
-            escaped += QStringLiteral("\\u%1").arg(
-                QString::number(character.unicode(), 16).toUpper(), 4, u'0');
+            escaped += u"\\u%1"_s.arg(QString::number(character.unicode(), 16).toUpper(), 4, u'0');
         else
             escaped += character;
     }

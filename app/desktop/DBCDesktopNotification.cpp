@@ -7,6 +7,8 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char* service = "org.freedesktop.Notifications";
@@ -51,7 +53,7 @@ void DBCDesktopNotification::show(const QString& title, const QString& text)
         watcher->deleteLater();
         if (reply.isError())
             return;
-        const bool takesMarkup = reply.value().contains(QStringLiteral("body-markup"));
+        const bool takesMarkup = reply.value().contains(u"body-markup"_s);
         send(title, takesMarkup ? text.toHtmlEscaped() : text);
     });
 }
@@ -61,8 +63,8 @@ void DBCDesktopNotification::send(const QString& title, const QString& text)
     const QString program = QString::fromLatin1(DBCSettings::bundleIdentifier);
     QDBusMessage message = call("Notify");
     message << QString::fromLatin1(programName) << _number << program << title << text
-            << QStringList({QStringLiteral("default"), QString()})
-            << QVariantMap({{QStringLiteral("desktop-entry"), program}}) << untilTheServerThinksFit;
+            << QStringList({u"default"_s, QString()})
+            << QVariantMap({{u"desktop-entry"_s, program}}) << untilTheServerThinksFit;
     auto* const watcher = new QDBusPendingCallWatcher(sessionBus()->asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<uint> reply = *watcher;

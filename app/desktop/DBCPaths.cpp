@@ -9,18 +9,19 @@
 #include <QSettings>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString settingsFile()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u'/'
-        + QString::fromLatin1(DBCSettings::bundleIdentifier) + QStringLiteral("/window.ini");
+        + QString::fromLatin1(DBCSettings::bundleIdentifier) + u"/window.ini"_s;
 }
 
 QString lastDataPathKey(OperationType type)
 {
-    return type == OperationType::Import ? QStringLiteral("import/lastDataPath")
-                                         : QStringLiteral("export/lastDataPath");
+    return type == OperationType::Import ? u"import/lastDataPath"_s : u"export/lastDataPath"_s;
 }
 
 } // namespace

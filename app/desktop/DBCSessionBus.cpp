@@ -3,10 +3,12 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 std::optional<QDBusConnection> sessionBus()
 {
     const bool hasBus = qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")
-        || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+        || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + u"/bus"_s);
     if (!hasBus || !QDBusConnection::sessionBus().isConnected())
         return std::nullopt;
     return QDBusConnection::sessionBus();

@@ -8,6 +8,8 @@
 #include <QStandardPaths>
 #include <QThread>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int millisecondsToAnswer = 3000;
@@ -31,7 +33,7 @@ QString sessionName()
 DBCSingleInstance::DBCSingleInstance(const QString& folder)
     : _hasFolder(!folder.isEmpty())
     , _socket(folder + u'/' + sessionName())
-    , _lock(_socket + QStringLiteral(".lock"))
+    , _lock(_socket + u".lock"_s)
 {
     // The lock of a copy that died is told by its process and not by its age.
     _lock.setStaleLockTime(0);

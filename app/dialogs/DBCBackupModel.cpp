@@ -6,6 +6,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::array<const char*, DBCBackupModel::columns> titleKeys {"IDS_LABEL_COLUMN_MADE",
@@ -67,10 +69,9 @@ QString DBCBackupModel::text(const DBCBackup& backup, int column)
         return backup.dateText();
     case Cards:
         return backup.cardCount ? locale.toString(*backup.cardCount)
-                                : getLocalString(QStringLiteral("IDS_BACKUP_NOT_USABLE"));
+                                : getLocalString(u"IDS_BACKUP_NOT_USABLE"_s);
     case Size:
-        return backup.bytes ? locale.formattedDataSize(static_cast<qint64>(*backup.bytes))
-                            : QStringLiteral("–");
+        return backup.bytes ? locale.formattedDataSize(static_cast<qint64>(*backup.bytes)) : u"–"_s;
     default:
         return backup.name();
     }

@@ -19,6 +19,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Looking = DBCFolderInspector::Looking;
@@ -265,7 +267,7 @@ void DBCCheckDialog::askWhereToSave()
         this, getLocalString("IDS_LIST_TITLE"), placeToSave(), getLocalString("IDS_LIST_TYPE"));
     panel->setAttribute(Qt::WA_DeleteOnClose);
     panel->setAcceptMode(QFileDialog::AcceptSave);
-    panel->setDefaultSuffix(QStringLiteral("tsv"));
+    panel->setDefaultSuffix(u"tsv"_s);
     panel->selectFile(getLocalString("IDS_LIST_NAME", {QDir(_folder).dirName()}));
     connect(panel, &QFileDialog::fileSelected, this, &DBCCheckDialog::save);
     panel->open();

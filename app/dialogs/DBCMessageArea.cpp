@@ -4,6 +4,8 @@
 #include <QEvent>
 #include <QPalette>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QRgb redOnLight = 0xffb3001b;
@@ -12,7 +14,7 @@ constexpr int middleLightness = 128;
 
 QString html(const QString& text)
 {
-    return text.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>"));
+    return text.toHtmlEscaped().replace(u'\n', u"<br>"_s);
 }
 
 } // namespace
@@ -64,11 +66,11 @@ void DBCMessageArea::render()
 {
     QStringList lines;
     if (!_attention.isEmpty())
-        lines << QStringLiteral("<span style=\"color:%1\">%2</span>")
-                     .arg(attentionColor(palette()).name(), html(_attention));
+        lines << u"<span style=\"color:%1\">%2</span>"_s.arg(
+            attentionColor(palette()).name(), html(_attention));
     if (!_text.isEmpty())
         lines << html(_text);
-    setText(lines.join(QStringLiteral("<br>")));
+    setText(lines.join(u"<br>"_s));
     const bool canBeRead = textInteractionFlags().testFlag(Qt::TextSelectableByKeyboard);
     setFocusPolicy(canBeRead && !lines.isEmpty() ? Qt::StrongFocus : Qt::NoFocus);
     setAccessibleName(QStringList({_attention, _text}).join(u'\n').trimmed());

@@ -10,6 +10,8 @@
 #include <array>
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::array<const char*, DBCProblemModel::columns> titleKeys {
@@ -111,7 +113,7 @@ QString DBCProblemModel::text(const Row& row, int column, int role)
     switch (column) {
     case Line:
         if (!row.lineNo)
-            return isShown ? QStringLiteral("–") : QString();
+            return isShown ? u"–"_s : QString();
         return isShown ? DBCLocalizable::locale().toString(*row.lineNo)
                        : QString::number(*row.lineNo);
     case File:

@@ -19,6 +19,8 @@
 #include <limits>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // How long an access waits for another process that holds the store before it fails.
@@ -84,12 +86,11 @@ std::unique_ptr<DBCManagedObjectContext> DBCManagedObjectContext::open(
         context->_description = model.describe(*context->_store);
         if (context->_description.missing.isEmpty())
             return context;
-        const QString missing = context->_description.missing.join(QStringLiteral(", "));
-        DBCLog::error(
-            getLocalString(QStringLiteral("IDS_LOG_ERR_STORE_MODEL"), {storePath, missing}));
+        const QString missing = context->_description.missing.join(u", "_s);
+        DBCLog::error(getLocalString(u"IDS_LOG_ERR_STORE_MODEL"_s, {storePath, missing}));
     } catch (const SQLite::Exception& exception) {
-        DBCLog::error(getLocalString(QStringLiteral("IDS_LOG_ERR_STORE_OPEN"),
-            {storePath, QString::fromLocal8Bit(exception.what())}));
+        DBCLog::error(getLocalString(
+            u"IDS_LOG_ERR_STORE_OPEN"_s, {storePath, QString::fromLocal8Bit(exception.what())}));
     }
     return nullptr;
 }
@@ -116,7 +117,7 @@ void DBCManagedObjectContext::distrustSchema()
 // connection closes. It stays where it is until something is saved here.
 void DBCManagedObjectContext::keepForeignLog(const QString& storePath)
 {
-    if (QFileInfo(storePath + QStringLiteral("-wal")).size() > 0)
+    if (QFileInfo(storePath + u"-wal"_s).size() > 0)
         sqlite3_db_config(_store->getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
 }
 

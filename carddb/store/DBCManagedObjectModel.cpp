@@ -8,6 +8,8 @@
 
 #include <set>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The framework's own columns of an entity's table.
@@ -75,7 +77,7 @@ DBCStoreDescription DBCManagedObjectModel::describe(SQLite::Database& store) con
     required.insert(required.end(), _columns.begin(), _columns.end());
     for (const std::string& column : required) {
         if (!present.contains(column))
-            description.missing << QStringLiteral("ZCARD.") + QString::fromStdString(column);
+            description.missing << u"ZCARD."_s + QString::fromStdString(column);
     }
     readEntityNumber(store, description);
     return description;

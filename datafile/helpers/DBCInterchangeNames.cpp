@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // What systems that may receive an export refuse in file names.
@@ -19,22 +21,22 @@ namespace DBCInterchangeNames {
 
 QString rootFolderName()
 {
-    return getLocalString(QStringLiteral("IDS_FOLDER_STRUCT_ROOT"));
+    return getLocalString(u"IDS_FOLDER_STRUCT_ROOT"_s);
 }
 
 QString dataFileName()
 {
-    return getLocalString(QStringLiteral("IDS_FOLDER_STRUCT_DataFileName"));
+    return getLocalString(u"IDS_FOLDER_STRUCT_DataFileName"_s);
 }
 
 QString imageFolderName()
 {
-    return getLocalString(QStringLiteral("IDS_FOLDER_STRUCT_STANDARD"));
+    return getLocalString(u"IDS_FOLDER_STRUCT_STANDARD"_s);
 }
 
 QString attachmentFolderName()
 {
-    return getLocalString(QStringLiteral("IDS_FOLDER_STRUCT_ATTACHMENT"));
+    return getLocalString(u"IDS_FOLDER_STRUCT_ATTACHMENT"_s);
 }
 
 QString dataFile(const QString& folder)
@@ -54,7 +56,7 @@ QString attachmentFolder(const QString& folder)
 
 QString versionFile(const QString& folder)
 {
-    return folder + QStringLiteral("/Version.txt");
+    return folder + u"/Version.txt"_s;
 }
 
 bool isAttachmentName(const QString& path)
@@ -67,12 +69,12 @@ bool isAttachmentName(const QString& path)
 
 QString faceImageName(const QString& recordNo)
 {
-    return recordNo + QStringLiteral("_N1.jpg");
+    return recordNo + u"_N1.jpg"_s;
 }
 
 QString backImageName(const QString& recordNo)
 {
-    return recordNo + QStringLiteral("_N2.jpg");
+    return recordNo + u"_N2.jpg"_s;
 }
 
 } // namespace DBCInterchangeNames

@@ -8,6 +8,8 @@
 #include <array>
 #include <atomic>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Language = DBCLocalizable::Language;
@@ -60,7 +62,7 @@ const QTranslator& catalogueOf(Language language)
 void installTextsOfQt()
 {
     auto* const texts = new QTranslator(QCoreApplication::instance());
-    if (texts->load(DBCLocalizable::locale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+    if (texts->load(DBCLocalizable::locale(), u"qtbase"_s, u"_"_s,
             QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(texts);
 }

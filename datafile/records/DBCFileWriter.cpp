@@ -13,6 +13,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // UTF-16 text comes from the encoder with a byte-order mark in front; open() has written the one
@@ -177,27 +179,25 @@ std::optional<QString> DBCFileWriter::createDataStrWith(const DBCRecord& record)
 // Tabs vanish although the replacement would turn them into spaces: it never meets one.
 QString DBCFileWriter::cleaned(const QString& value)
 {
-    static const QStringList deleted {QStringLiteral("\t")};
-    static const QStringList replaced {QStringLiteral("\t"), QStringLiteral("\r\n"),
-        QStringLiteral("\n"), QStringLiteral("\n"), QStringLiteral("\u2028")};
+    static const QStringList deleted {u"\t"_s};
+    static const QStringList replaced {u"\t"_s, u"\r\n"_s, u"\n"_s, u"\n"_s, u"\u2028"_s};
     const QString trimmed = trimmedBy(value, blankAndNewLineCharacters()).toString();
     if (trimmed.isEmpty())
         return trimmed;
-    return replaceSpecialChars(
-        replaced, QStringLiteral(" "), deleteSpecialCharater(deleted, trimmed));
+    return replaceSpecialChars(replaced, u" "_s, deleteSpecialCharater(deleted, trimmed));
 }
 
 QString DBCFileWriter::deleteSpecialCharater(
     const QStringList& list, const std::optional<QString>& FromString)
 {
-    return replaceSpecialChars(list, QStringLiteral(""), FromString);
+    return replaceSpecialChars(list, u""_s, FromString);
 }
 
 QString DBCFileWriter::replaceSpecialChars(const QStringList& list,
     const std::optional<QString>& withString, const std::optional<QString>& sourceStr)
 {
     if (list.isEmpty() || !withString || !sourceStr)
-        return QStringLiteral("");
+        return u""_s;
     QString result = *sourceStr;
     for (const QString& text : list)
         result.replace(text, *withString, Qt::CaseInsensitive);

@@ -4,12 +4,14 @@
 #include "datafile/records/DBCFileWriter.h"
 #include "fuzz/FuzzTarget.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const DBCFileWriter& writer()
 {
-    static const auto theWriter = DBCFileWriter::initWithFileName(
-        QStringLiteral("unused"), DBCTextEncoding::Utf16, QStringLiteral("\r\n"));
+    static const auto theWriter
+        = DBCFileWriter::initWithFileName(u"unused"_s, DBCTextEncoding::Utf16, u"\r\n"_s);
     return *theWriter;
 }
 

@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Records = std::vector<DBCRecord>;
@@ -76,7 +78,7 @@ void judgeNumbers(const Records& records)
 QString written(const Records& records)
 {
     static const auto writer = DBCFileWriter::initWithFileName(
-        QStringLiteral("unused"), DBCTextEncoding::Utf16, Separator.toString());
+        u"unused"_s, DBCTextEncoding::Utf16, Separator.toString());
     static const QString titleLine
         = DBCCommonFunction::createTitleNamesForDataFile().join(u'\t').append(Separator);
     QString text = titleLine;

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // What would end a line, steer a terminal or turn the order of what follows.
@@ -19,7 +21,7 @@ bool isUnfit(QChar unit)
 
 void judgeLine(const QString& message)
 {
-    const QString line = DBCLog::getLogString(message, QStringLiteral("[Error]"));
+    const QString line = DBCLog::getLogString(message, u"[Error]"_s);
     mustHold(line.endsWith(u'\n') && line.count(u'\n') == 1, "one message is one line");
     mustHold(std::none_of(line.begin(), line.end() - 1, isUnfit),
         "a line steers no terminal and ends only at its end");
@@ -36,8 +38,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     judgeLine(message);
     judgeLine(DBCLocalizable::fill(input.text(), {input.text(), input.text()}));
 
-    const QString filled = DBCLocalizable::fill(QStringLiteral("%1 (%2)"), {message, qint64(size)});
-    mustHold(filled == message + QStringLiteral(" (") + QString::number(size) + u')',
+    const QString filled = DBCLocalizable::fill(u"%1 (%2)"_s, {message, qint64(size)});
+    mustHold(filled == message + u" ("_s + QString::number(size) + u')',
         "a value's own placeholders stay as they are");
     return 0;
 }

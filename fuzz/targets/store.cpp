@@ -8,6 +8,8 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const DBCManagedObjectModel& model()
@@ -53,7 +55,7 @@ std::optional<qint64> fetch(DBCManagedObjectContext* context, DBCCardSelection s
 bool insert(DBCManagedObjectContext* context)
 {
     Card* const card = context->insertNewCard();
-    card->setValue(DBCRecordKey::full_Name, QStringLiteral("\u5C71\u7530\u3000\u592A\u90CE"));
+    card->setValue(DBCRecordKey::full_Name, u"\u5C71\u7530\u3000\u592A\u90CE"_s);
     card->setValue(DBCRecordKey::deletedFlag, qint64(0));
     card->setValue(DBCRecordKey::accept_Date, QDateTime::fromMSecsSinceEpoch(1'700'000'000'000));
     try {

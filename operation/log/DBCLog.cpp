@@ -14,6 +14,8 @@
 #include <cstdio>
 #include <unordered_map>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::array<const char16_t*, 4> tags {u"[Debug]", u"[Info]", u"[Warning]", u"[Error]"};
@@ -62,15 +64,14 @@ DBCLog* DBCLog::logInstance(const QString& path)
 
 QString DBCLog::_defaultLogFilePath()
 {
-    return QDir::homePath() + QStringLiteral("/Library/Logs/VelmoraConverter.log");
+    return QDir::homePath() + u"/Library/Logs/VelmoraConverter.log"_s;
 }
 
 std::unique_ptr<DBCLog> DBCLog::initWithFullPath(const QString& path)
 {
     if (path.isEmpty() || !DBCCommonFunction::makeDirectory(QFileInfo(path).path()))
         return nullptr;
-    auto writer
-        = DBCFileWriter::initWithFileName(path, DBCTextEncoding::Utf8, QStringLiteral("\n"));
+    auto writer = DBCFileWriter::initWithFileName(path, DBCTextEncoding::Utf8, u"\n"_s);
     if (!writer || writer->open() != DBCResultCode::Success)
         return nullptr;
     // Held open, a log that is rotated away before the first line would refuse that line.
@@ -142,9 +143,9 @@ DBCResultCode DBCLog::writeLine(const QString& message, const QString& tag)
 
 QString DBCLog::getLogString(const QString& message, const QString& logType)
 {
-    const QString now = QLocale::c().toString(
-        QDateTime::currentDateTime(), QStringLiteral("yyyy/MM/dd HH:mm:ss"));
-    return now + QStringLiteral(" VelmoraConverter ") + logType + u' ' + asOneLine(message) + u'\n';
+    const QString now
+        = QLocale::c().toString(QDateTime::currentDateTime(), u"yyyy/MM/dd HH:mm:ss"_s);
+    return now + u" VelmoraConverter "_s + logType + u' ' + asOneLine(message) + u'\n';
 }
 
 void DBCLog::readLogLevel()

@@ -5,6 +5,8 @@
 
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace DBCMainApplication {
 
 QString folder(const QString& applicationsFolder)
@@ -14,12 +16,12 @@ QString folder(const QString& applicationsFolder)
 
 QString bundle(const QString& applicationsFolder)
 {
-    return folder(applicationsFolder) + QStringLiteral("/Velmora.app");
+    return folder(applicationsFolder) + u"/Velmora.app"_s;
 }
 
 QString versionList(const QString& applicationsFolder)
 {
-    return bundle(applicationsFolder) + QStringLiteral("/Contents/version.plist");
+    return bundle(applicationsFolder) + u"/Contents/version.plist"_s;
 }
 
 bool isRunning()

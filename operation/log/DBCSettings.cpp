@@ -5,6 +5,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char* shippedDictionary = ":/velmora/Info.plist";
@@ -18,8 +20,8 @@ QVariantMap readOrEmpty(const QString& path)
 
 QString DBCSettings::preferencesFile(const char* identifier)
 {
-    return QDir::homePath() + QStringLiteral("/Library/Preferences/")
-        + QString::fromLatin1(identifier) + QStringLiteral(".plist");
+    return QDir::homePath() + u"/Library/Preferences/"_s + QString::fromLatin1(identifier)
+        + u".plist"_s;
 }
 
 QVariantMap DBCSettings::informationDictionary()

@@ -7,6 +7,8 @@
 #include <atomic>
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Code = DBCResultCode;
@@ -60,16 +62,16 @@ constexpr quint32 anyOtherExportMessage = 208;
 QString backupPathText(const DBCError& error)
 {
     const auto& path = error.pathName();
-    return path ? QStringLiteral("\nBackup DB:[%1]").arg(*path) : QString();
+    return path ? u"\nBackup DB:[%1]"_s.arg(*path) : QString();
 }
 
 DBCMessageArguments argumentsOf(const DBCError& error, ArgumentKind kind)
 {
     switch (kind) {
     case ArgumentKind::BackupPath:
-        return {getLocalString(QStringLiteral("IDS_LBL_BACKUP")), backupPathText(error)};
+        return {getLocalString(u"IDS_LBL_BACKUP"_s), backupPathText(error)};
     case ArgumentKind::RestorePath:
-        return {getLocalString(QStringLiteral("IDS_LBL_RESTORE")), backupPathText(error)};
+        return {getLocalString(u"IDS_LBL_RESTORE"_s), backupPathText(error)};
     case ArgumentKind::LineNumber:
         return {error.lineNo().value_or(0)};
     case ArgumentKind::None:
@@ -118,7 +120,7 @@ DBCMessagePresenter& presenter()
 
 QString windowTitle()
 {
-    return getLocalString(QStringLiteral("IDS_TITLE_WINDOW"));
+    return getLocalString(u"IDS_TITLE_WINDOW"_s);
 }
 
 // Empty for a number outside the table's range, none where the table has no entry.
@@ -133,9 +135,9 @@ QString errorText(quint32 number, const DBCMessageArguments& arguments)
 {
     const auto format = messageFormat(number);
     if (!format)
-        return QStringLiteral("No Resource");
+        return u"No Resource"_s;
     if (format->isEmpty())
-        return QStringLiteral("Undefined Err:%1").arg(number, 4);
+        return u"Undefined Err:%1"_s.arg(number, 4);
     return DBCLocalizable::fill(*format, arguments);
 }
 
@@ -177,7 +179,7 @@ void DBCMessage::setPresenter(DBCMessagePresenter* presenter)
 
 QString DBCMessage::keyOf(quint32 number)
 {
-    return QStringLiteral("IDS_MSG_ERR_%1").arg(number, 4, 10, QChar(u'0'));
+    return u"IDS_MSG_ERR_%1"_s.arg(number, 4, 10, QChar(u'0'));
 }
 
 QString DBCMessage::ShowErrorMessage(quint32 number, const DBCMessageArguments& arguments)
@@ -227,15 +229,15 @@ QString DBCMessage::btnLableString(DBCButton button)
 {
     switch (button) {
     case DBCButton::OK:
-        return getLocalString(QStringLiteral("IDS_BUTTON_MSG_OK"));
+        return getLocalString(u"IDS_BUTTON_MSG_OK"_s);
     case DBCButton::Yes:
-        return getLocalString(QStringLiteral("IDS_BUTTON_MSG_YES"));
+        return getLocalString(u"IDS_BUTTON_MSG_YES"_s);
     case DBCButton::No:
-        return getLocalString(QStringLiteral("IDS_BUTTON_MSG_NO"));
+        return getLocalString(u"IDS_BUTTON_MSG_NO"_s);
     case DBCButton::Cancel:
         break;
     }
-    return getLocalString(QStringLiteral("IDS_BUTTON_MSG_CANCEL"));
+    return getLocalString(u"IDS_BUTTON_MSG_CANCEL"_s);
 }
 
 DBCMessage::Mapped DBCMessage::messageForImportError(const DBCError& error)

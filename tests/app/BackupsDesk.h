@@ -14,6 +14,8 @@
 #include <QTableView>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 // A package of three live cards, and a backup of it from when it had two.
 struct BackupsDesk : BackupFixture {
     using Language = DBCLocalizable::Language;
@@ -67,8 +69,8 @@ struct BackupsDesk : BackupFixture {
     QString summary() const { return control<QLabel>("summary").accessibleName(); }
     QString status() const { return control<QLabel>("status").accessibleName(); }
 
-    const QString first = QStringLiteral("Velmora DB_bak.vmdb");
-    const QString second = QStringLiteral("Velmora DB_bak1.vmdb");
+    const QString first = u"Velmora DB_bak.vmdb"_s;
+    const QString second = u"Velmora DB_bak1.vmdb"_s;
     ScopedHost host;
     RecordingPresenter presenter;
     QString backup;

@@ -14,6 +14,8 @@
 #include <QTableView>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 // A dialog over a folder in a home of its own.
 struct CheckDesk {
     using Key = DBCRecordKey;
@@ -32,14 +34,13 @@ struct CheckDesk {
         DataFileBuilder file;
         file.titleLine();
         for (int number = 1; number <= count; ++number)
-            file.row({{Key::full_Name, QStringLiteral("星野 太郎")},
-                {Key::face_Image_File, QStringLiteral("%1.jpg").arg(number)}});
+            file.row({{Key::full_Name, u"星野 太郎"_s},
+                {Key::face_Image_File, u"%1.jpg"_s.arg(number)}});
         folder.dataFile(file.build());
     }
     void hasOneGoodCard()
     {
-        folder.dataFile(
-            DataFileBuilder().titleLine().row({{Key::full_Name, QStringLiteral("星野")}}).build());
+        folder.dataFile(DataFileBuilder().titleLine().row({{Key::full_Name, u"星野"_s}}).build());
     }
     // The check waits at the image of that name, which exists, until open() is called.
     void closeGateAt(const QString& image)

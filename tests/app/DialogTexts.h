@@ -10,6 +10,8 @@
 #include <QDialog>
 #include <QSet>
 
+using namespace Qt::StringLiterals;
+
 // What is wrong with the dialog's texts; empty: nothing.
 inline QStringList faultsOfTexts(const QDialog& dialog)
 {
@@ -17,27 +19,27 @@ inline QStringList faultsOfTexts(const QDialog& dialog)
     QSet<QChar> mnemonics;
     for (const QWidget* const widget : dialog.findChildren<QWidget*>()) {
         for (const char* const name : {"text", "toolTip", "accessibleName"}) {
-            if (widget->property(name).toString().contains(QStringLiteral("IDS_")))
-                faults << widget->objectName() + QStringLiteral(" has a key for a text");
+            if (widget->property(name).toString().contains(u"IDS_"_s))
+                faults << widget->objectName() + u" has a key for a text"_s;
         }
     }
     for (const QAbstractButton* const button : dialog.findChildren<QAbstractButton*>()) {
-        if (!button->isVisible() || !button->objectName().endsWith(QStringLiteral("Btn")))
+        if (!button->isVisible() || !button->objectName().endsWith(u"Btn"_s))
             continue;
         const qsizetype sign = button->text().indexOf(u'&');
         const QChar letter = sign < 0 ? QChar() : button->text()[sign + 1].toUpper();
         if (letter.isNull() || mnemonics.contains(letter))
-            faults << button->text() + QStringLiteral(" has no mnemonic of its own");
+            faults << button->text() + u" has no mnemonic of its own"_s;
         mnemonics << letter;
     }
     for (QWidget* const widget : dialog.findChildren<QWidget*>()) {
         if (!widget->isVisible() || widget->focusPolicy() == Qt::NoFocus
-            || widget->objectName().startsWith(QStringLiteral("qt_")))
+            || widget->objectName().startsWith(u"qt_"_s))
             continue;
         const QAccessibleInterface* const accessible
             = QAccessible::queryAccessibleInterface(widget);
         if (!accessible || accessible->text(QAccessible::Name).isEmpty())
-            faults << widget->objectName() + QStringLiteral(" has no name");
+            faults << widget->objectName() + u" has no name"_s;
     }
     return faults;
 }

@@ -5,6 +5,8 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char* addressVariable = "DBUS_SESSION_BUS_ADDRESS";
@@ -33,11 +35,10 @@ void write(const QString& path, const QString& text)
 PrivateBus::PrivateBus()
     : _formerAddress(qgetenv(addressVariable))
 {
-    const QString file = _folder.filePath(QStringLiteral("bus.conf"));
+    const QString file = _folder.filePath(u"bus.conf"_s);
     write(file, QString::fromLatin1(configuration).arg(_folder.path()));
-    startCompanion(_daemon, QStringLiteral("dbus-daemon"),
-        {QStringLiteral("--config-file=") + file, QStringLiteral("--nofork"),
-            QStringLiteral("--nopidfile"), QStringLiteral("--print-address")});
+    startCompanion(_daemon, u"dbus-daemon"_s,
+        {u"--config-file="_s + file, u"--nofork"_s, u"--nopidfile"_s, u"--print-address"_s});
     _address = firstLineOf(_daemon);
     qputenv(addressVariable, _address);
 }
@@ -53,6 +54,6 @@ PrivateBus::~PrivateBus()
 
 void PrivateBus::offerService(const QString& service, const QString& program)
 {
-    write(_folder.filePath(service + QStringLiteral(".service")),
-        QStringLiteral("[D-BUS Service]\nName=%1\nExec=%2\n").arg(service, program));
+    write(_folder.filePath(service + u".service"_s),
+        u"[D-BUS Service]\nName=%1\nExec=%2\n"_s.arg(service, program));
 }

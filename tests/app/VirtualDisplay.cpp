@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int patienceMs = 20'000;
@@ -27,17 +29,16 @@ VirtualDisplay::~VirtualDisplay()
 
 void VirtualDisplay::startServer()
 {
-    startCompanion(_server, QStringLiteral("Xvfb"),
-        {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-            QStringLiteral("0"), QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"),
-            QStringLiteral("tcp"), QStringLiteral("-noreset")});
+    startCompanion(_server, u"Xvfb"_s,
+        {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1280x1024x24"_s, u"-nolisten"_s, u"tcp"_s,
+            u"-noreset"_s});
     _name = u':' + QString::fromLatin1(firstLineOf(_server));
 }
 
 void VirtualDisplay::startWindowManager()
 {
     _windowManager.setProcessEnvironment(environment());
-    startCompanion(_windowManager, QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
+    startCompanion(_windowManager, u"openbox"_s, {u"--sm-disable"_s});
     if (!QTest::qWaitFor([this] { return _windows->hasManager(); }, patienceMs))
         qFatal("openbox does not manage the windows");
 }
@@ -45,10 +46,10 @@ void VirtualDisplay::startWindowManager()
 QProcessEnvironment VirtualDisplay::environment() const
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DISPLAY"), _name);
-    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), _runtimeFolder.path());
+    environment.insert(u"DISPLAY"_s, _name);
+    environment.remove(u"WAYLAND_DISPLAY"_s);
+    environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+    environment.insert(u"XDG_RUNTIME_DIR"_s, _runtimeFolder.path());
     return environment;
 }
 

@@ -21,12 +21,14 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+using namespace Qt::StringLiterals;
+
 struct WindowFixture {
     using Language = DBCLocalizable::Language;
     explicit WindowFixture(Language language = Language::English)
         : text(language)
     {
-        host->applicationsFolder = home.path(QStringLiteral("Applications"));
+        host->applicationsFolder = home.path(u"Applications"_s);
         window.show();
     }
 
@@ -55,8 +57,8 @@ struct WindowFixture {
     QString barText()
     {
         if (bar().minimum() == 0 && bar().maximum() == 0)
-            return QStringLiteral("busy");
-        return QStringLiteral("%1 of %2").arg(bar().value()).arg(bar().maximum());
+            return u"busy"_s;
+        return u"%1 of %2"_s.arg(bar().value()).arg(bar().maximum());
     }
 
     void choose(OperationType type)
@@ -66,20 +68,15 @@ struct WindowFixture {
         button("continueBtn").click();
     }
     void send(const DBCEvent& event) { window.converter().refreshProgress(event); }
-    QAction& quitMenuItem()
-    {
-        return *window.findChild<QAction*>(QStringLiteral("_menuItemTerminate"));
-    }
+    QAction& quitMenuItem() { return *window.findChild<QAction*>(u"_menuItemTerminate"_s); }
 
     // The names of the controls that can be used, sorted: what the user sees of a state.
     QStringList enabledControls()
     {
-        static const QStringList names {QStringLiteral("_closeBtn"), QStringLiteral("_convertBtn"),
-            QStringLiteral("_dataPathSelectionBtn"), QStringLiteral("_dataPathTextField"),
-            QStringLiteral("_dataPathTitleTextField"), QStringLiteral("_openLogBtn"),
-            QStringLiteral("_return2MainWindowBtn"), QStringLiteral("_vmdbPathSelectionBtn"),
-            QStringLiteral("_vmdbPathTextField"), QStringLiteral("_vmdbPathTitleTextField"),
-            QStringLiteral("backupsBtn"), QStringLiteral("checkBtn")};
+        static const QStringList names {u"_closeBtn"_s, u"_convertBtn"_s,
+            u"_dataPathSelectionBtn"_s, u"_dataPathTextField"_s, u"_dataPathTitleTextField"_s,
+            u"_openLogBtn"_s, u"_return2MainWindowBtn"_s, u"_vmdbPathSelectionBtn"_s,
+            u"_vmdbPathTextField"_s, u"_vmdbPathTitleTextField"_s, u"backupsBtn"_s, u"checkBtn"_s};
         QStringList enabled;
         for (const QString& name : names) {
             if (control<QWidget>(qPrintable(name)).isEnabled())

@@ -12,6 +12,8 @@
 #include <QStyleFactory>
 #include <QTableView>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Language = DBCLocalizable::Language;
@@ -36,9 +38,8 @@ QPalette darkPalette()
     return palette;
 }
 
-const QString folder = QStringLiteral("/home/hanako/名刺データ");
-const QString package
-    = QStringLiteral("/home/hanako/Library/Application Support/Velmora/Velmora DB.vmdb");
+const QString folder = u"/home/hanako/名刺データ"_s;
+const QString package = u"/home/hanako/Library/Application Support/Velmora/Velmora DB.vmdb"_s;
 
 void openImport(WindowFixture& fixture)
 {
@@ -51,7 +52,7 @@ void send(WindowFixture& fixture, DBCEventName name, qint64 finishedCount)
 {
     DBCEvent event {.name = name, .maxCount = cards, .finishedCount = finishedCount};
     if (finishedCount < cards)
-        event.currentCard = QStringLiteral("星野 太郎");
+        event.currentCard = u"星野 太郎"_s;
     fixture.send(event);
 }
 
@@ -70,7 +71,7 @@ void end(WindowFixture& fixture, bool isOk, qint64 concernedCardCount)
 {
     fixture.send({.name = DBCEventName::OperationDidFinished,
         .operationIsOk = isOk,
-        .reportPath = QStringLiteral("/home/hanako/Library/Logs/report.html"),
+        .reportPath = u"/home/hanako/Library/Logs/report.html"_s,
         .concernedCardCount = concernedCardCount});
 }
 
@@ -88,7 +89,7 @@ void drawFinished(WindowFixture& fixture)
 
 void drawWarnings(WindowFixture& fixture)
 {
-    DBCLog::warning(QStringLiteral("a card without an image"));
+    DBCLog::warning(u"a card without an image"_s);
     finish(fixture, 12);
 }
 
@@ -125,24 +126,23 @@ void drawClean(WindowFixture& fixture)
 
 void drawProblems(WindowFixture& fixture)
 {
-    const QString line12 = QStringLiteral("12");
-    const QString line9 = QStringLiteral("9");
-    const QString line1021 = QStringLiteral("1021");
-    const QString image = QStringLiteral("名刺画像/0010_表.jpg");
-    const QString scan = QStringLiteral("名刺画像/scan 3.png");
-    const QString papers = QStringLiteral("添付ファイル/渡辺");
+    const QString line12 = u"12"_s;
+    const QString line9 = u"9"_s;
+    const QString line1021 = u"1021"_s;
+    const QString image = u"名刺画像/0010_表.jpg"_s;
+    const QString scan = u"名刺画像/scan 3.png"_s;
+    const QString papers = u"添付ファイル/渡辺"_s;
     drawReport(fixture,
-        {{getLocalString("IDS_CHECK_VERSION_MISSING",
-              {folder + QStringLiteral("/Version.txt"), QStringLiteral("V1.0L10")}),
-             folder + QStringLiteral("/Version.txt")},
+        {{getLocalString("IDS_CHECK_VERSION_MISSING", {folder + u"/Version.txt"_s, u"V1.0L10"_s}),
+             folder + u"/Version.txt"_s},
             problem(9, "IDS_CHECK_IMAGE_MISSING", image,
-                {line9, QStringLiteral("星野 太郎"), folder + u'/' + image}),
-            problem(12, "IDS_LOG_WRN_ITEM_MAX_LEN", QStringLiteral("名刺データ.txt"),
-                {QStringLiteral("メモ"), line12, QStringLiteral("田中 花子")}),
+                {line9, u"星野 太郎"_s, folder + u'/' + image}),
+            problem(12, "IDS_LOG_WRN_ITEM_MAX_LEN", u"名刺データ.txt"_s,
+                {u"メモ"_s, line12, u"田中 花子"_s}),
             problem(12, "IDS_CHECK_IMAGE_NO_JPEG", scan,
-                {line12, QStringLiteral("田中 花子"), folder + u'/' + scan}),
+                {line12, u"田中 花子"_s, folder + u'/' + scan}),
             problem(1021, "IDS_CHECK_ATTACHMENT_FOLDER_MISSING", papers,
-                {line1021, QStringLiteral("渡辺 三郎"), folder + u'/' + papers})});
+                {line1021, u"渡辺 三郎"_s, folder + u'/' + papers})});
 }
 
 DBCBackup backup(const QString& name, const QDateTime& madeAt, std::optional<qint64> cardCount)
@@ -151,8 +151,7 @@ DBCBackup backup(const QString& name, const QDateTime& madeAt, std::optional<qin
     const QString path = QFileInfo(package).path() + u'/' + name;
     return {path, madeAt, bytes, cardCount,
         cardCount ? QString()
-                  : getLocalString(
-                      "IDS_VERIFY_STORE_MISSING", {path + QStringLiteral("/Velmora.sqldb")})};
+                  : getLocalString("IDS_VERIFY_STORE_MISSING", {path + u"/Velmora.sqldb"_s})};
 }
 
 void drawBackups(WindowFixture& fixture)
@@ -161,9 +160,9 @@ void drawBackups(WindowFixture& fixture)
     const QDateTime newest(QDate(2026, 11, 20), QTime(17, 42));
     auto* const dialog = new DBCBackupsDialog(&fixture.window);
     dialog->showList(package,
-        {{backup(QStringLiteral("Velmora DB_bak2.vmdb"), newest, 2310),
-            backup(QStringLiteral("Velmora DB_bak1.vmdb"), newest.addDays(-3), std::nullopt),
-            backup(QStringLiteral("Velmora DB_bak.vmdb"), newest.addDays(-40), 1026)}});
+        {{backup(u"Velmora DB_bak2.vmdb"_s, newest, 2310),
+            backup(u"Velmora DB_bak1.vmdb"_s, newest.addDays(-3), std::nullopt),
+            backup(u"Velmora DB_bak.vmdb"_s, newest.addDays(-40), 1026)}});
     dialog->show();
     dialog->findChild<QTableView*>()->selectRow(1);
 }
@@ -211,18 +210,15 @@ bool drawScreen(const Screen& screen, Language language, const QString& path)
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
     const QDir folder(QApplication::arguments().value(1));
     for (const bool isDark : {false, true}) {
         QApplication::setPalette(isDark ? darkPalette() : QApplication::style()->standardPalette());
         for (const Language language : {Language::English, Language::Japanese}) {
             for (const Screen& screen : screens) {
-                const QString name
-                    = QStringLiteral("%1-%2-%3.png")
-                          .arg(QString::fromLatin1(screen.name),
-                              language == Language::Japanese ? QStringLiteral("ja")
-                                                             : QStringLiteral("en"),
-                              isDark ? QStringLiteral("dark") : QStringLiteral("light"));
+                const QString name = u"%1-%2-%3.png"_s.arg(QString::fromLatin1(screen.name),
+                    language == Language::Japanese ? u"ja"_s : u"en"_s,
+                    isDark ? u"dark"_s : u"light"_s);
                 if (!drawScreen(screen, language, folder.filePath(name)))
                     return EXIT_FAILURE;
             }

@@ -7,171 +7,158 @@
 #include <QDir>
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
+
 class tst_backupsChanged : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void restoreIsAskedFor();
-    void restoreReplacesThePackageAndKeepsIt();
-    void restoreTellsItsStages();
-    void damageOfTheLastMomentIsRefused();
-    void packageInUseIsRefused();
-    void deletionIsAskedFor();
-    void deleteRemovesTheBackup();
-    void deleteKeyAsksToo();
-    void lastThingThatHoldsCardsStays();
-    void backupThatIsGoneIsTold();
-    void unfinishedImportIsSettledFirst();
-};
-
-void tst_backupsChanged::restoreIsAskedFor()
-{
-    BackupsDesk desk;
-    desk.list();
-    const QStringList before = desk.everything().filter(QStringLiteral("vmdb"));
-    desk.press("restoreBtn");
-    QCOMPARE(desk.presenter.questions.size(), 1);
-    QCOMPARE(desk.presenter.questions.constFirst().key, QStringLiteral("IDS_MSG_BACKUP_RESTORE"));
-    QVERIFY(desk.presenter.questions.constFirst().text.contains(desk.first));
-    QCOMPARE(desk.everything().filter(QStringLiteral("vmdb")), before);
-    QCOMPARE(desk.status(), QString());
-}
-
-void tst_backupsChanged::restoreReplacesThePackageAndKeepsIt()
-{
-    BackupsDesk desk;
-    desk.presenter.answer = DBCAnswer::Default;
-    desk.list();
-    const QSignalSpy ends(desk.dialog.get(), &DBCBackupsDialog::changeDidEnd);
-    desk.press("restoreBtn");
-    QCOMPARE(snapshotOf(desk.package.path()), desk.chosen);
-    QCOMPARE(snapshotOf(desk.backup), desk.chosen);
-    QCOMPARE(snapshotOf(desk.home.path(desk.second)), desk.now);
-    QVERIFY2(desk.status().contains(desk.first), qPrintable(desk.status()));
-    QVERIFY2(desk.status().contains(desk.home.path(desk.second)), qPrintable(desk.status()));
-    QCOMPARE(desk.names().size(), 2);
-    QCOMPARE(ends.size(), 1);
-    QCOMPARE(ends.constFirst().constFirst().toBool(), true);
-    QVERIFY(desk.home.logText().contains(desk.first));
-}
-
-void tst_backupsChanged::restoreTellsItsStages()
-{
-    BackupsDesk desk;
-    desk.presenter.answer = DBCAnswer::Default;
-    desk.list();
-    // A restore asks for the rights at its beginning, and again when the package has been kept.
-    QStringList stages;
-    desk.host->isWritable = [&](const QString&) {
-        QMetaObject::invokeMethod(
-            desk.dialog.get(), [&] { stages << desk.status(); }, Qt::BlockingQueuedConnection);
-        return true;
-    };
-    desk.press("restoreBtn");
-    QCOMPARE(
-        stages.constFirst(), QStringLiteral("The backup [%1] is being looked at.").arg(desk.first));
-    QVERIFY2(stages.contains(QStringLiteral("Restore of the card database is running.")),
-        qPrintable(stages.join(u'|')));
-}
-
-void tst_backupsChanged::damageOfTheLastMomentIsRefused()
-{
-    BackupsDesk desk;
-    desk.presenter.answer = DBCAnswer::Default;
-    desk.list();
-    desk.damage(desk.backup);
-    desk.press("restoreBtn");
-    QCOMPARE(desk.presenter.questions.size(), 0);
-    QCOMPARE(snapshotOf(desk.package.path()), desk.now);
-    QVERIFY(!QFileInfo::exists(desk.home.path(desk.second)));
-    QVERIFY2(desk.status().contains(QStringLiteral("cannot be restored, so nothing was changed")),
-        qPrintable(desk.status()));
-}
-
-void tst_backupsChanged::packageInUseIsRefused()
-{
-    BackupsDesk desk;
-    desk.presenter.answer = DBCAnswer::Default;
-    desk.list();
-    const auto conversion
-        = DBCPackageGuard::hold(desk.package.path(), DBCPackageGuard::Use::Changing);
-    desk.press("restoreBtn");
-    QCOMPARE(snapshotOf(desk.package.path()), desk.now);
-    QVERIFY2(desk.status().contains(QStringLiteral("in use")), qPrintable(desk.status()));
-}
-
-void tst_backupsChanged::deletionIsAskedFor()
-{
-    BackupsDesk desk;
-    desk.list();
-    desk.press("deleteBtn");
-    QCOMPARE(desk.presenter.questions.size(), 1);
-    QCOMPARE(desk.presenter.questions.constFirst().key, QStringLiteral("IDS_MSG_BACKUP_DELETE"));
-    QCOMPARE(snapshotOf(desk.backup), desk.chosen);
-}
-
-void tst_backupsChanged::deleteRemovesTheBackup()
-{
-    BackupsDesk desk;
-    desk.presenter.answer = DBCAnswer::Default;
-    desk.list();
-    const QSignalSpy ends(desk.dialog.get(), &DBCBackupsDialog::changeDidEnd);
-    desk.press("deleteBtn");
-    QVERIFY(!QFileInfo::exists(desk.backup));
-    QCOMPARE(snapshotOf(desk.package.path()), desk.now);
-    QCOMPARE(desk.status(), QStringLiteral("The backup [%1] has been deleted.").arg(desk.first));
-    QVERIFY(desk.control<QLabel>("none").isVisible());
-    QCOMPARE(ends.constFirst().constFirst().toBool(), false);
-}
-
-void tst_backupsChanged::deleteKeyAsksToo()
-{
-    BackupsDesk desk;
-    desk.list();
-    QTest::keyClick(&desk.table(), Qt::Key_Delete);
-    QTRY_VERIFY(desk.isIdle());
-    QCOMPARE(desk.presenter.questions.size(), 1);
-}
-
-void tst_backupsChanged::lastThingThatHoldsCardsStays()
-{
-    BackupsDesk desk;
-    desk.presenter.answer = DBCAnswer::Default;
-    desk.damage(desk.package.path());
-    desk.list();
-    desk.press("deleteBtn");
-    QCOMPARE(snapshotOf(desk.backup), desk.chosen);
-    QVERIFY2(desk.status().contains(QStringLiteral("was not deleted")), qPrintable(desk.status()));
-}
-
-void tst_backupsChanged::backupThatIsGoneIsTold()
-{
-    BackupsDesk desk;
-    desk.presenter.answer = DBCAnswer::Default;
-    desk.list();
-    QVERIFY(QDir(desk.backup).removeRecursively());
-    desk.press("restoreBtn");
-    QVERIFY2(
-        desk.status().startsWith(QStringLiteral("There is no backup named [%1]").arg(desk.first)),
-        qPrintable(desk.status()));
-    QCOMPARE(snapshotOf(desk.package.path()), desk.now);
-}
-
-void tst_backupsChanged::unfinishedImportIsSettledFirst()
-{
-    BackupsDesk desk;
+    void restoreIsAskedFor()
     {
-        const auto journal = DBCImportJournal::begin(desk.package.path(), desk.backup);
-        QVERIFY(journal->enterImport(QStringLiteral("NEW-")));
+        BackupsDesk desk;
+        desk.list();
+        const QStringList before = desk.everything().filter(u"vmdb"_s);
+        desk.press("restoreBtn");
+        QCOMPARE(desk.presenter.questions.size(), 1);
+        QCOMPARE(desk.presenter.questions.constFirst().key, u"IDS_MSG_BACKUP_RESTORE"_s);
+        QVERIFY(desk.presenter.questions.constFirst().text.contains(desk.first));
+        QCOMPARE(desk.everything().filter(u"vmdb"_s), before);
+        QCOMPARE(desk.status(), QString());
     }
-    desk.presenter.answer = DBCAnswer::Alternate; // keep what is there, restore nothing
-    desk.list();
-    desk.press("restoreBtn");
-    QCOMPARE(desk.presenter.questions.size(), 2);
-    QCOMPARE(
-        desk.presenter.questions.constFirst().key, QStringLiteral("IDS_MSG_UNFINISHED_IMPORT"));
-    QVERIFY(!desk.hasJournal());
-}
+
+    void restoreReplacesThePackageAndKeepsIt()
+    {
+        BackupsDesk desk;
+        desk.presenter.answer = DBCAnswer::Default;
+        desk.list();
+        const QSignalSpy ends(desk.dialog.get(), &DBCBackupsDialog::changeDidEnd);
+        desk.press("restoreBtn");
+        QCOMPARE(snapshotOf(desk.package.path()), desk.chosen);
+        QCOMPARE(snapshotOf(desk.backup), desk.chosen);
+        QCOMPARE(snapshotOf(desk.home.path(desk.second)), desk.now);
+        QVERIFY2(desk.status().contains(desk.first), qPrintable(desk.status()));
+        QVERIFY2(desk.status().contains(desk.home.path(desk.second)), qPrintable(desk.status()));
+        QCOMPARE(desk.names().size(), 2);
+        QCOMPARE(ends.size(), 1);
+        QCOMPARE(ends.constFirst().constFirst().toBool(), true);
+        QVERIFY(desk.home.logText().contains(desk.first));
+    }
+
+    void restoreTellsItsStages()
+    {
+        BackupsDesk desk;
+        desk.presenter.answer = DBCAnswer::Default;
+        desk.list();
+        // A restore asks for the rights at its beginning, and again when the package has been kept.
+        QStringList stages;
+        desk.host->isWritable = [&](const QString&) {
+            QMetaObject::invokeMethod(
+                desk.dialog.get(), [&] { stages << desk.status(); }, Qt::BlockingQueuedConnection);
+            return true;
+        };
+        desk.press("restoreBtn");
+        QCOMPARE(stages.constFirst(), u"The backup [%1] is being looked at."_s.arg(desk.first));
+        QVERIFY2(stages.contains(u"Restore of the card database is running."_s),
+            qPrintable(stages.join(u'|')));
+    }
+
+    void damageOfTheLastMomentIsRefused()
+    {
+        BackupsDesk desk;
+        desk.presenter.answer = DBCAnswer::Default;
+        desk.list();
+        desk.damage(desk.backup);
+        desk.press("restoreBtn");
+        QCOMPARE(desk.presenter.questions.size(), 0);
+        QCOMPARE(snapshotOf(desk.package.path()), desk.now);
+        QVERIFY(!QFileInfo::exists(desk.home.path(desk.second)));
+        QVERIFY2(desk.status().contains(u"cannot be restored, so nothing was changed"_s),
+            qPrintable(desk.status()));
+    }
+
+    void packageInUseIsRefused()
+    {
+        BackupsDesk desk;
+        desk.presenter.answer = DBCAnswer::Default;
+        desk.list();
+        const auto conversion
+            = DBCPackageGuard::hold(desk.package.path(), DBCPackageGuard::Use::Changing);
+        desk.press("restoreBtn");
+        QCOMPARE(snapshotOf(desk.package.path()), desk.now);
+        QVERIFY2(desk.status().contains(u"in use"_s), qPrintable(desk.status()));
+    }
+
+    void deletionIsAskedFor()
+    {
+        BackupsDesk desk;
+        desk.list();
+        desk.press("deleteBtn");
+        QCOMPARE(desk.presenter.questions.size(), 1);
+        QCOMPARE(desk.presenter.questions.constFirst().key, u"IDS_MSG_BACKUP_DELETE"_s);
+        QCOMPARE(snapshotOf(desk.backup), desk.chosen);
+    }
+
+    void deleteRemovesTheBackup()
+    {
+        BackupsDesk desk;
+        desk.presenter.answer = DBCAnswer::Default;
+        desk.list();
+        const QSignalSpy ends(desk.dialog.get(), &DBCBackupsDialog::changeDidEnd);
+        desk.press("deleteBtn");
+        QVERIFY(!QFileInfo::exists(desk.backup));
+        QCOMPARE(snapshotOf(desk.package.path()), desk.now);
+        QCOMPARE(desk.status(), u"The backup [%1] has been deleted."_s.arg(desk.first));
+        QVERIFY(desk.control<QLabel>("none").isVisible());
+        QCOMPARE(ends.constFirst().constFirst().toBool(), false);
+    }
+
+    void deleteKeyAsksToo()
+    {
+        BackupsDesk desk;
+        desk.list();
+        QTest::keyClick(&desk.table(), Qt::Key_Delete);
+        QTRY_VERIFY(desk.isIdle());
+        QCOMPARE(desk.presenter.questions.size(), 1);
+    }
+
+    void lastThingThatHoldsCardsStays()
+    {
+        BackupsDesk desk;
+        desk.presenter.answer = DBCAnswer::Default;
+        desk.damage(desk.package.path());
+        desk.list();
+        desk.press("deleteBtn");
+        QCOMPARE(snapshotOf(desk.backup), desk.chosen);
+        QVERIFY2(desk.status().contains(u"was not deleted"_s), qPrintable(desk.status()));
+    }
+
+    void backupThatIsGoneIsTold()
+    {
+        BackupsDesk desk;
+        desk.presenter.answer = DBCAnswer::Default;
+        desk.list();
+        QVERIFY(QDir(desk.backup).removeRecursively());
+        desk.press("restoreBtn");
+        QVERIFY2(desk.status().startsWith(u"There is no backup named [%1]"_s.arg(desk.first)),
+            qPrintable(desk.status()));
+        QCOMPARE(snapshotOf(desk.package.path()), desk.now);
+    }
+
+    void unfinishedImportIsSettledFirst()
+    {
+        BackupsDesk desk;
+        {
+            const auto journal = DBCImportJournal::begin(desk.package.path(), desk.backup);
+            QVERIFY(journal->enterImport(u"NEW-"_s));
+        }
+        desk.presenter.answer = DBCAnswer::Alternate; // keep what is there, restore nothing
+        desk.list();
+        desk.press("restoreBtn");
+        QCOMPARE(desk.presenter.questions.size(), 2);
+        QCOMPARE(desk.presenter.questions.constFirst().key, u"IDS_MSG_UNFINISHED_IMPORT"_s);
+        QVERIFY(!desk.hasJournal());
+    }
+};
 
 QTEST_MAIN(tst_backupsChanged)
 #include "tst_backupsChanged.moc"

@@ -64,84 +64,77 @@ class tst_conversionPicture : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase_data();
+    void initTestCase_data()
+    {
+        QTest::addColumn<double>("scale");
+        QTest::newRow("100 %") << 1.0;
+        QTest::newRow("150 %") << 1.5;
+        QTest::newRow("200 %") << 2.0;
+    }
 
-    void eachSubjectHasAPictureOfItsOwn();
-    void nothingIsCutOff();
-    void straightLinesAreSharp();
-    void pictureFollowsThePalette();
-    void pictureStandsInTheMiddle();
-};
+    void eachSubjectHasAPictureOfItsOwn()
+    {
+        QFETCH_GLOBAL(double, scale);
+        QVERIFY(drawn(Subject::Export, scale) != drawn(Subject::Import, scale));
+        QVERIFY(drawn(Subject::Downwards, scale).height() < drawn(Subject::Import, scale).height());
+    }
 
-void tst_conversionPicture::initTestCase_data()
-{
-    QTest::addColumn<double>("scale");
-    QTest::newRow("100 %") << 1.0;
-    QTest::newRow("150 %") << 1.5;
-    QTest::newRow("200 %") << 2.0;
-}
+    void nothingIsCutOff()
+    {
+        QFETCH_GLOBAL(double, scale);
+        for (const Subject subject : {Subject::Export, Subject::Import, Subject::Downwards}) {
+            const QImage image = drawn(subject, scale);
+            const QRect all = image.rect();
+            QVERIFY(isMarked(image, all));
+            QVERIFY(!isMarked(image, QRect(0, 0, all.width(), 1)));
+            QVERIFY(!isMarked(image, QRect(0, all.height() - 1, all.width(), 1)));
+            QVERIFY(!isMarked(image, QRect(0, 0, 1, all.height())));
+            QVERIFY(!isMarked(image, QRect(all.width() - 1, 0, 1, all.height())));
+        }
+    }
 
-void tst_conversionPicture::eachSubjectHasAPictureOfItsOwn()
-{
-    QFETCH_GLOBAL(double, scale);
-    QVERIFY(drawn(Subject::Export, scale) != drawn(Subject::Import, scale));
-    QVERIFY(drawn(Subject::Downwards, scale).height() < drawn(Subject::Import, scale).height());
-}
+    // The folder's left side, at half the height of its pocket: blurred, it would begin paler than
+    // ink.
+    void straightLinesAreSharp()
+    {
+        QFETCH_GLOBAL(double, scale);
+        for (const QSize margin : {QSize(0, 0), QSize(7, 3), QSize(6, 2)}) {
+            const QImage image = drawn(Subject::Import, scale, false, margin);
+            const int row = qRound(42 * scale) + qRound(margin.height() / 2 * scale);
+            const int ink = darkestIn(image, image.rect());
+            int side = 0;
+            while (image.pixelColor(side, row) == lightWindow)
+                ++side;
+            QVERIFY(ink < 80);
+            QCOMPARE(qGray(image.pixel(side, row)), ink);
+        }
+    }
 
-void tst_conversionPicture::nothingIsCutOff()
-{
-    QFETCH_GLOBAL(double, scale);
-    for (const Subject subject : {Subject::Export, Subject::Import, Subject::Downwards}) {
-        const QImage image = drawn(subject, scale);
+    void pictureFollowsThePalette()
+    {
+        QFETCH_GLOBAL(double, scale);
+        const QImage image = drawn(Subject::Export, scale, true);
+        int lightest = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                lightest = std::max(lightest, qGray(image.pixel(x, y)));
+        }
+        QVERIFY(lightest > 180);
+        QVERIFY(image != drawn(Subject::Export, scale));
+    }
+
+    void pictureStandsInTheMiddle()
+    {
+        QFETCH_GLOBAL(double, scale);
+        const QSize margin(80, 40);
+        const QImage image = drawn(Subject::Downwards, scale, false, margin);
         const QRect all = image.rect();
-        QVERIFY(isMarked(image, all));
-        QVERIFY(!isMarked(image, QRect(0, 0, all.width(), 1)));
-        QVERIFY(!isMarked(image, QRect(0, all.height() - 1, all.width(), 1)));
-        QVERIFY(!isMarked(image, QRect(0, 0, 1, all.height())));
-        QVERIFY(!isMarked(image, QRect(all.width() - 1, 0, 1, all.height())));
+        const int side = qRound(margin.width() / 2 * scale);
+        QVERIFY(!isMarked(image, QRect(0, 0, side, all.height())));
+        QVERIFY(!isMarked(image, QRect(all.width() - side, 0, side, all.height())));
+        QVERIFY(isMarked(image, all.adjusted(side, 0, -side, 0)));
     }
-}
-
-// The folder's left side, at half the height of its pocket: blurred, it would begin paler than ink.
-void tst_conversionPicture::straightLinesAreSharp()
-{
-    QFETCH_GLOBAL(double, scale);
-    for (const QSize margin : {QSize(0, 0), QSize(7, 3), QSize(6, 2)}) {
-        const QImage image = drawn(Subject::Import, scale, false, margin);
-        const int row = qRound(42 * scale) + qRound(margin.height() / 2 * scale);
-        const int ink = darkestIn(image, image.rect());
-        int side = 0;
-        while (image.pixelColor(side, row) == lightWindow)
-            ++side;
-        QVERIFY(ink < 80);
-        QCOMPARE(qGray(image.pixel(side, row)), ink);
-    }
-}
-
-void tst_conversionPicture::pictureFollowsThePalette()
-{
-    QFETCH_GLOBAL(double, scale);
-    const QImage image = drawn(Subject::Export, scale, true);
-    int lightest = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            lightest = std::max(lightest, qGray(image.pixel(x, y)));
-    }
-    QVERIFY(lightest > 180);
-    QVERIFY(image != drawn(Subject::Export, scale));
-}
-
-void tst_conversionPicture::pictureStandsInTheMiddle()
-{
-    QFETCH_GLOBAL(double, scale);
-    const QSize margin(80, 40);
-    const QImage image = drawn(Subject::Downwards, scale, false, margin);
-    const QRect all = image.rect();
-    const int side = qRound(margin.width() / 2 * scale);
-    QVERIFY(!isMarked(image, QRect(0, 0, side, all.height())));
-    QVERIFY(!isMarked(image, QRect(all.width() - side, 0, side, all.height())));
-    QVERIFY(isMarked(image, all.adjusted(side, 0, -side, 0)));
-}
+};
 
 QTEST_MAIN(tst_conversionPicture)
 #include "tst_conversionPicture.moc"

@@ -13,20 +13,22 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr quint64 margin = 0x80000; // bytes
 constexpr qsizetype longestDataPath = 520; // bytes
 
-const QString mainApplicationMustNotRun = QStringLiteral("IDS_MSG_ERR_0106");
-const QString oldExportGoes = QStringLiteral("IDS_MSG_ERR_0205");
+const QString mainApplicationMustNotRun = u"IDS_MSG_ERR_0106"_s;
+const QString oldExportGoes = u"IDS_MSG_ERR_0205"_s;
 
 // A screen with two good paths on a machine where everything is in order, and a user who says Yes.
 struct Situation : WindowFixture {
     explicit Situation(OperationType type)
     {
-        home.writeFile(QStringLiteral("cards.vmdb/Velmora.sqldb"), "store");
-        home.writeFile(QStringLiteral("in/") + DBCInterchangeNames::dataFileName(), "d");
+        home.writeFile(u"cards.vmdb/Velmora.sqldb"_s, "store");
+        home.writeFile(u"in/"_s + DBCInterchangeNames::dataFileName(), "d");
         presenter.answer = DBCAnswer::Default;
         host.setFreeBytes(margin);
         mount("/", "ext4", "/dev/sda1");
@@ -45,7 +47,7 @@ struct Situation : WindowFixture {
     void mount(const QByteArray& point, const QByteArray& type, const QByteArray& device)
     {
         _mounts += "1 1 8:1 / " + point + " rw - " + type + ' ' + device + " rw\n";
-        host->mountTable = home.writeFile(QStringLiteral("mountinfo"), _mounts);
+        host->mountTable = home.writeFile(u"mountinfo"_s, _mounts);
     }
     void mountOnNetwork(const QString& path)
     {
@@ -53,24 +55,23 @@ struct Situation : WindowFixture {
     }
     void installMainApplication(const QByteArray& version)
     {
-        home.writeFile(QStringLiteral("Applications/Velmora/Velmora.app/Contents/version.plist"),
+        home.writeFile(u"Applications/Velmora/Velmora.app/Contents/version.plist"_s,
             "<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key><string>" + version
                 + "</string></dict></plist>");
     }
     void makeOldExport()
     {
-        home.writeFile(
-            QStringLiteral("out/%1/old.txt").arg(DBCInterchangeNames::rootFolderName()), "old");
+        home.writeFile(u"out/%1/old.txt"_s.arg(DBCInterchangeNames::rootFolderName()), "old");
     }
     bool hasOldExport() const
     {
         return QFile::exists(
-            home.path(QStringLiteral("out/%1/old.txt").arg(DBCInterchangeNames::rootFolderName())));
+            home.path(u"out/%1/old.txt"_s.arg(DBCInterchangeNames::rootFolderName())));
     }
     // As another process does.
     void lockPackage()
     {
-        const QString file = home.writeFile(QStringLiteral("cards.vmdb/.VMLock.vmlk"), "");
+        const QString file = home.writeFile(u"cards.vmdb/.VMLock.vmlk"_s, "");
         _lock = open(QFile::encodeName(file).constData(), O_RDWR | O_CLOEXEC);
         if (flock(_lock, LOCK_EX | LOCK_NB) != 0)
             qFatal("cannot lock the package");
@@ -78,13 +79,13 @@ struct Situation : WindowFixture {
     // A path of so many bytes below an existing folder.
     QString pathOfLength(qsizetype length) const
     {
-        QString path = home.path(QStringLiteral("deep/"));
+        QString path = home.path(u"deep/"_s);
         return path + QString(length - path.size(), u'x');
     }
 
-    QString package = home.makeFolder(QStringLiteral("cards.vmdb"));
-    QString folder = home.makeFolder(QStringLiteral("in"));
-    QString parent = home.makeFolder(QStringLiteral("out"));
+    QString package = home.makeFolder(u"cards.vmdb"_s);
+    QString folder = home.makeFolder(u"in"_s);
+    QString parent = home.makeFolder(u"out"_s);
 
 private:
     QByteArray _mounts;
@@ -101,180 +102,168 @@ class tst_converterChecks : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void failedCheckShowsItsOneMessageAndLeavesTheScreenReady_data();
-    void failedCheckShowsItsOneMessageAndLeavesTheScreenReady();
-    void questionIsAskedEveryTimeAndNoStopsWithoutAMessage();
-    void shortVersion113PassesAndFails1110();
-    void olderExportStaysWhenTheAnswerIsNo();
-    void olderExportGoesWhenTheAnswerIsYes();
-    void pathsMayHaveBlanksAHomeSignAndASlash_data();
-    void pathsMayHaveBlanksAHomeSignAndASlash();
-};
+    void failedCheckShowsItsOneMessageAndLeavesTheScreenReady_data()
+    {
+        QTest::addColumn<bool>("isImport");
+        QTest::addColumn<Prepare>("prepare");
+        QTest::addColumn<quint32>("number");
 
-void tst_converterChecks::failedCheckShowsItsOneMessageAndLeavesTheScreenReady_data()
-{
-    QTest::addColumn<bool>("isImport");
-    QTest::addColumn<Prepare>("prepare");
-    QTest::addColumn<quint32>("number");
+        const auto both
+            = [](const char* name, quint32 import, quint32 export_, const Prepare& prepare) {
+                  QTest::addRow("import: %s", name) << true << prepare << import;
+                  QTest::addRow("export: %s", name) << false << prepare << export_;
+              };
+        both("main application too old", 104, 104,
+            [](Situation& situation) { situation.installMainApplication("1.1.10"); });
+        both("data path too long", 110, 110, [](Situation& situation) {
+            situation.dataPath().setText(situation.pathOfLength(longestDataPath + 1));
+        });
+        both("data path does not exist", 308, 202, [](Situation& situation) {
+            situation.dataPath().setText(situation.home.path(u"gone"_s));
+        });
+        both("data path is a file", 308, 202, [](Situation& situation) {
+            situation.dataPath().setText(situation.home.writeFile(u"file"_s, "f"));
+        });
+        both("data path on the network", 105, 105,
+            [](Situation& situation) { situation.mountOnNetwork(situation.dataPath().text()); });
+        both("package path too long", 109, 109, [](Situation& situation) {
+            situation.databasePath().setText(situation.pathOfLength(longestDataPath));
+        });
+        both("package does not exist", 302, 201, [](Situation& situation) {
+            situation.databasePath().setText(situation.home.path(u"gone.vmdb"_s));
+        });
+        both("file in place of the package", 302, 201, [](Situation& situation) {
+            situation.databasePath().setText(situation.home.writeFile(u"p.vmdb"_s, "f"));
+        });
+        // A locked one, so that the order shows: the network is looked at first.
+        both("locked package on the network", 105, 105, [](Situation& situation) {
+            situation.lockPackage();
+            situation.mountOnNetwork(situation.package);
+        });
+        both("package cannot be written", 301, 301,
+            [](Situation& situation) { situation.host.makeReadOnly({situation.package}); });
+        both("package is immutable", 301, 301, [](Situation& situation) {
+            situation.host->isImmutable = [](const QString&) { return true; };
+        });
+        both("package without a store", 301, 301, [](Situation& situation) {
+            QFile::remove(situation.home.path(u"cards.vmdb/Velmora.sqldb"_s));
+        });
+        both("package is locked", 304, 203, [](Situation& situation) { situation.lockPackage(); });
+        both("too little space", 301, 103,
+            [](Situation& situation) { situation.host.setFreeBytes(margin - 1); });
 
-    const auto both
-        = [](const char* name, quint32 import, quint32 export_, const Prepare& prepare) {
-              QTest::addRow("import: %s", name) << true << prepare << import;
-              QTest::addRow("export: %s", name) << false << prepare << export_;
-          };
-    both("main application too old", 104, 104,
-        [](Situation& situation) { situation.installMainApplication("1.1.10"); });
-    both("data path too long", 110, 110, [](Situation& situation) {
-        situation.dataPath().setText(situation.pathOfLength(longestDataPath + 1));
-    });
-    both("data path does not exist", 308, 202, [](Situation& situation) {
-        situation.dataPath().setText(situation.home.path(QStringLiteral("gone")));
-    });
-    both("data path is a file", 308, 202, [](Situation& situation) {
-        situation.dataPath().setText(situation.home.writeFile(QStringLiteral("file"), "f"));
-    });
-    both("data path on the network", 105, 105,
-        [](Situation& situation) { situation.mountOnNetwork(situation.dataPath().text()); });
-    both("package path too long", 109, 109, [](Situation& situation) {
-        situation.databasePath().setText(situation.pathOfLength(longestDataPath));
-    });
-    both("package does not exist", 302, 201, [](Situation& situation) {
-        situation.databasePath().setText(situation.home.path(QStringLiteral("gone.vmdb")));
-    });
-    both("file in place of the package", 302, 201, [](Situation& situation) {
-        situation.databasePath().setText(situation.home.writeFile(QStringLiteral("p.vmdb"), "f"));
-    });
-    // A locked one, so that the order shows: the network is looked at first.
-    both("locked package on the network", 105, 105, [](Situation& situation) {
-        situation.lockPackage();
-        situation.mountOnNetwork(situation.package);
-    });
-    both("package cannot be written", 301, 301,
-        [](Situation& situation) { situation.host.makeReadOnly({situation.package}); });
-    both("package is immutable", 301, 301, [](Situation& situation) {
-        situation.host->isImmutable = [](const QString&) { return true; };
-    });
-    both("package without a store", 301, 301, [](Situation& situation) {
-        QFile::remove(situation.home.path(QStringLiteral("cards.vmdb/Velmora.sqldb")));
-    });
-    both("package is locked", 304, 203, [](Situation& situation) { situation.lockPackage(); });
-    both("too little space", 301, 103,
-        [](Situation& situation) { situation.host.setFreeBytes(margin - 1); });
+        QTest::addRow("import: no data file") << true << Prepare([](Situation& situation) {
+            QFile::remove(DBCInterchangeNames::dataFile(situation.folder));
+        }) << quint32 {309};
+        QTest::addRow("import: folder under the data file's name")
+            << true << Prepare([](Situation& situation) {
+                   const QString file = DBCInterchangeNames::dataFile(situation.folder);
+                   QFile::remove(file);
+                   QDir().mkpath(file);
+               })
+            << quint32 {309};
+        QTest::addRow("export: file where the folder is made")
+            << false << Prepare([](Situation& situation) {
+                   situation.home.writeFile(u"out/"_s + DBCInterchangeNames::rootFolderName(), "f");
+               })
+            << quint32 {204};
+    }
+    void failedCheckShowsItsOneMessageAndLeavesTheScreenReady()
+    {
+        QFETCH(bool, isImport);
+        QFETCH(Prepare, prepare);
+        Situation situation(isImport ? OperationType::Import : OperationType::Export);
+        prepare(situation);
+        const QStringList enabled = situation.enabledControls();
+        QCOMPARE(enabled.size(), 12);
 
-    QTest::addRow("import: no data file") << true << Prepare([](Situation& situation) {
-        QFile::remove(DBCInterchangeNames::dataFile(situation.folder));
-    }) << quint32 {309};
-    QTest::addRow("import: folder under the data file's name")
-        << true << Prepare([](Situation& situation) {
-               const QString file = DBCInterchangeNames::dataFile(situation.folder);
-               QFile::remove(file);
-               QDir().mkpath(file);
-           })
-        << quint32 {309};
-    QTest::addRow("export: file where the folder is made")
-        << false << Prepare([](Situation& situation) {
-               situation.home.writeFile(
-                   QStringLiteral("out/") + DBCInterchangeNames::rootFolderName(), "f");
-           })
-        << quint32 {204};
-}
+        for (int attempt = 0; attempt < 2; ++attempt) {
+            situation.presenter.numbers.clear();
+            situation.convert().click();
+            QFETCH(quint32, number);
+            QCOMPARE(situation.presenter.numbers, QList<quint32>({number}));
+            QVERIFY(!situation.window.converter().isRunning());
+            QCOMPARE(situation.enabledControls(), enabled);
+            QVERIFY(situation.quitMenuItem().isEnabled());
+            QCOMPARE(situation.hint(), QString());
+            QCOMPARE(situation.message(), QString());
+        }
+        QVERIFY(situation.window.close());
+    }
 
-void tst_converterChecks::failedCheckShowsItsOneMessageAndLeavesTheScreenReady()
-{
-    QFETCH(bool, isImport);
-    QFETCH(Prepare, prepare);
-    Situation situation(isImport ? OperationType::Import : OperationType::Export);
-    prepare(situation);
-    const QStringList enabled = situation.enabledControls();
-    QCOMPARE(enabled.size(), 12);
-
-    for (int attempt = 0; attempt < 2; ++attempt) {
-        situation.presenter.numbers.clear();
-        situation.convert().click();
-        QFETCH(quint32, number);
-        QCOMPARE(situation.presenter.numbers, QList<quint32>({number}));
+    void questionIsAskedEveryTimeAndNoStopsWithoutAMessage()
+    {
+        Situation situation(OperationType::Import);
+        situation.presenter.answer = DBCAnswer::Alternate;
+        for (int attempt = 1; attempt <= 2; ++attempt) {
+            situation.convert().click();
+            QCOMPARE(situation.presenter.questions.size(), attempt);
+            QCOMPARE(situation.presenter.questions.last().key, mainApplicationMustNotRun);
+        }
+        QVERIFY(situation.presenter.numbers.isEmpty());
         QVERIFY(!situation.window.converter().isRunning());
-        QCOMPARE(situation.enabledControls(), enabled);
-        QVERIFY(situation.quitMenuItem().isEnabled());
-        QCOMPARE(situation.hint(), QString());
-        QCOMPARE(situation.message(), QString());
     }
-    QVERIFY(situation.window.close());
-}
 
-void tst_converterChecks::questionIsAskedEveryTimeAndNoStopsWithoutAMessage()
-{
-    Situation situation(OperationType::Import);
-    situation.presenter.answer = DBCAnswer::Alternate;
-    for (int attempt = 1; attempt <= 2; ++attempt) {
+    void shortVersion113PassesAndFails1110()
+    {
+        Situation situation(OperationType::Import);
+        situation.presenter.answer = DBCAnswer::Alternate;
+        situation.installMainApplication("1.1.3");
         situation.convert().click();
-        QCOMPARE(situation.presenter.questions.size(), attempt);
-        QCOMPARE(situation.presenter.questions.last().key, mainApplicationMustNotRun);
+        QCOMPARE(situation.presenter.numbers, QList<quint32>());
+        QCOMPARE(situation.presenter.questions.size(), 1);
+        situation.installMainApplication("1.1.10");
+        situation.convert().click();
+        QCOMPARE(situation.presenter.numbers, QList<quint32>({104}));
+        QCOMPARE(situation.presenter.questions.size(), 1);
     }
-    QVERIFY(situation.presenter.numbers.isEmpty());
-    QVERIFY(!situation.window.converter().isRunning());
-}
 
-void tst_converterChecks::shortVersion113PassesAndFails1110()
-{
-    Situation situation(OperationType::Import);
-    situation.presenter.answer = DBCAnswer::Alternate;
-    situation.installMainApplication("1.1.3");
-    situation.convert().click();
-    QCOMPARE(situation.presenter.numbers, QList<quint32>());
-    QCOMPARE(situation.presenter.questions.size(), 1);
-    situation.installMainApplication("1.1.10");
-    situation.convert().click();
-    QCOMPARE(situation.presenter.numbers, QList<quint32>({104}));
-    QCOMPARE(situation.presenter.questions.size(), 1);
-}
+    void olderExportStaysWhenTheAnswerIsNo()
+    {
+        Situation situation(OperationType::Export);
+        situation.makeOldExport();
+        situation.presenter.answers = {DBCAnswer::Default, DBCAnswer::Alternate};
+        situation.convert().click();
+        QCOMPARE(situation.presenter.questions.size(), 2);
+        QCOMPARE(situation.presenter.questions.last().key, oldExportGoes);
+        QVERIFY(situation.presenter.numbers.isEmpty());
+        QVERIFY(situation.hasOldExport());
+        QVERIFY(!situation.window.converter().isRunning());
+    }
 
-void tst_converterChecks::olderExportStaysWhenTheAnswerIsNo()
-{
-    Situation situation(OperationType::Export);
-    situation.makeOldExport();
-    situation.presenter.answers = {DBCAnswer::Default, DBCAnswer::Alternate};
-    situation.convert().click();
-    QCOMPARE(situation.presenter.questions.size(), 2);
-    QCOMPARE(situation.presenter.questions.last().key, oldExportGoes);
-    QVERIFY(situation.presenter.numbers.isEmpty());
-    QVERIFY(situation.hasOldExport());
-    QVERIFY(!situation.window.converter().isRunning());
-}
+    void olderExportGoesWhenTheAnswerIsYes()
+    {
+        Situation situation(OperationType::Export);
+        situation.makeOldExport();
+        situation.convert().click();
+        QVERIFY(!situation.hasOldExport());
+        QTRY_VERIFY(!situation.window.converter().isRunning());
+    }
 
-void tst_converterChecks::olderExportGoesWhenTheAnswerIsYes()
-{
-    Situation situation(OperationType::Export);
-    situation.makeOldExport();
-    situation.convert().click();
-    QVERIFY(!situation.hasOldExport());
-    QTRY_VERIFY(!situation.window.converter().isRunning());
-}
-
-void tst_converterChecks::pathsMayHaveBlanksAHomeSignAndASlash_data()
-{
-    QTest::addColumn<QString>("pattern"); // %1: the path, as the user types around it
-    QTest::newRow("blanks around") << QStringLiteral("  %1 ");
-    QTest::newRow("ideographic blank behind") << QStringLiteral("%1\u3000");
-    QTest::newRow("slash behind") << QStringLiteral("%1/");
-    QTest::newRow("home sign") << QStringLiteral("~/../%1");
-}
-
-void tst_converterChecks::pathsMayHaveBlanksAHomeSignAndASlash()
-{
-    QFETCH(QString, pattern);
-    Situation situation(OperationType::Import);
-    const bool isBelowHome = pattern.startsWith(u'~');
-    const auto typed = [&](const QString& path) {
-        return pattern.arg(isBelowHome ? QFileInfo(path).fileName() : path);
-    };
-    situation.dataPath().setText(typed(situation.folder));
-    situation.databasePath().setText(typed(situation.package));
-    situation.convert().click();
-    // The checks let both paths through; what stands there is no interchange folder.
-    QTRY_VERIFY(!situation.window.converter().isRunning());
-    QCOMPARE(situation.presenter.numbers, QList<quint32>({316}));
-}
+    void pathsMayHaveBlanksAHomeSignAndASlash_data()
+    {
+        QTest::addColumn<QString>("pattern"); // %1: the path, as the user types around it
+        QTest::newRow("blanks around") << u"  %1 "_s;
+        QTest::newRow("ideographic blank behind") << u"%1\u3000"_s;
+        QTest::newRow("slash behind") << u"%1/"_s;
+        QTest::newRow("home sign") << u"~/../%1"_s;
+    }
+    void pathsMayHaveBlanksAHomeSignAndASlash()
+    {
+        QFETCH(QString, pattern);
+        Situation situation(OperationType::Import);
+        const bool isBelowHome = pattern.startsWith(u'~');
+        const auto typed = [&](const QString& path) {
+            return pattern.arg(isBelowHome ? QFileInfo(path).fileName() : path);
+        };
+        situation.dataPath().setText(typed(situation.folder));
+        situation.databasePath().setText(typed(situation.package));
+        situation.convert().click();
+        // The checks let both paths through; what stands there is no interchange folder.
+        QTRY_VERIFY(!situation.window.converter().isRunning());
+        QCOMPARE(situation.presenter.numbers, QList<quint32>({316}));
+    }
+};
 
 QTEST_MAIN(tst_converterChecks)
 #include "tst_converterChecks.moc"

@@ -8,95 +8,9 @@
 #include <QDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using Subject = DBCPathHint::Subject;
-
-class tst_pathHint : public QObject {
-    Q_OBJECT
-
-private Q_SLOTS:
-    void init() { _home = std::make_unique<TestHome>(); }
-
-    void goodPathsHaveNoProblem();
-    void emptyFieldHasNoProblem();
-    void missingPathIsTold();
-    void fileInPlaceOfAFolderIsTold();
-    void folderWithoutDataFileIsToldByItsName();
-    void folderThatIsNoDatabaseIsTold();
-    void hintFollowsTheTyping();
-    void hintIsDescribedToAScreenReader();
-    void attentionCanBeReadOnLightAndDark_data();
-    void attentionCanBeReadOnLightAndDark();
-    void blanksStayWhenTheyBelongToTheName();
-
-private:
-    static QString problem(Subject subject, const QString& path)
-    {
-        return DBCPathHint::problem(subject, path).value_or(QString());
-    }
-
-    std::unique_ptr<TestHome> _home;
-};
-
-void tst_pathHint::goodPathsHaveNoProblem()
-{
-    _home->writeFile(QStringLiteral("in/") + DBCInterchangeNames::dataFileName(), "d");
-    _home->writeFile(QStringLiteral("cards.vmdb/Velmora.sqldb"), "s");
-    QCOMPARE(problem(Subject::InterchangeFolder, _home->path(QStringLiteral("in"))), QString());
-    QCOMPARE(problem(Subject::ExportParent, _home->path()), QString());
-    QCOMPARE(problem(Subject::CardDatabase, _home->path(QStringLiteral("cards.vmdb"))), QString());
-    QCOMPARE(problem(Subject::ExportParent, QStringLiteral("~")), QString());
-}
-
-void tst_pathHint::emptyFieldHasNoProblem()
-{
-    QCOMPARE(problem(Subject::InterchangeFolder, QString()), QString());
-}
-
-void tst_pathHint::missingPathIsTold()
-{
-    QVERIFY(problem(Subject::ExportParent, QStringLiteral("/nowhere"))
-                .startsWith(QStringLiteral("There is nothing at this path.")));
-}
-
-void tst_pathHint::fileInPlaceOfAFolderIsTold()
-{
-    QVERIFY(problem(Subject::CardDatabase, _home->writeFile(QStringLiteral("f"), "x"))
-                .startsWith(QStringLiteral("This is a file.")));
-}
-
-void tst_pathHint::folderWithoutDataFileIsToldByItsName()
-{
-    QVERIFY(problem(Subject::InterchangeFolder, _home->path())
-                .contains(QStringLiteral("[名刺データ.txt]")));
-}
-
-void tst_pathHint::folderThatIsNoDatabaseIsTold()
-{
-    QVERIFY(problem(Subject::CardDatabase, _home->path())
-                .startsWith(QStringLiteral("This folder is no card database.")));
-}
-
-void tst_pathHint::hintFollowsTheTyping()
-{
-    QLineEdit field;
-    DBCMessageArea label;
-    DBCPathHint hint(field, label);
-    hint.setSubject(Subject::ExportParent);
-    field.setText(QStringLiteral("/nowhere"));
-    QTRY_VERIFY(!label.text().isEmpty());
-    field.setText(_home->path());
-    QTRY_VERIFY(label.text().isEmpty());
-}
-
-void tst_pathHint::hintIsDescribedToAScreenReader()
-{
-    QLineEdit field;
-    DBCMessageArea label;
-    DBCPathHint hint(field, label);
-    field.setText(QStringLiteral("/nowhere"));
-    QTRY_VERIFY(field.accessibleDescription().startsWith(QStringLiteral("There is nothing")));
-    QCOMPARE(label.accessibleName(), field.accessibleDescription());
-}
 
 // Contrast as the Web Content Accessibility Guidelines 2.1 define it.
 double luminance(const QColor& color)
@@ -108,35 +22,109 @@ double luminance(const QColor& color)
         + 0.0722 * linear(color.blueF());
 }
 
-void tst_pathHint::attentionCanBeReadOnLightAndDark_data()
-{
-    QTest::addColumn<QColor>("window");
-    QTest::newRow("white") << QColor(Qt::white);
-    QTest::newRow("light gray") << QColor(0xef, 0xef, 0xef);
-    QTest::newRow("dark gray") << QColor(0x2b, 0x2b, 0x2e);
-    QTest::newRow("black") << QColor(Qt::black);
-}
+class tst_pathHint : public QObject {
+    Q_OBJECT
 
-void tst_pathHint::attentionCanBeReadOnLightAndDark()
-{
-    QFETCH(QColor, window);
-    QPalette palette;
-    palette.setColor(QPalette::Window, window);
-    const double attention = luminance(DBCMessageArea::attentionColor(palette));
-    const double background = luminance(window);
-    const double contrast
-        = (std::max(attention, background) + 0.05) / (std::min(attention, background) + 0.05);
-    QVERIFY2(contrast >= 4.5, qPrintable(QString::number(contrast)));
-}
+private Q_SLOTS:
+    void init() { _home = std::make_unique<TestHome>(); }
 
-void tst_pathHint::blanksStayWhenTheyBelongToTheName()
-{
-    const QString spaced = _home->makeFolder(QStringLiteral("a "));
-    QCOMPARE(DBCPaths::usable(spaced), spaced);
-    _home->makeFolder(QStringLiteral("a"));
-    QCOMPARE(DBCPaths::usable(spaced), spaced);
-    QCOMPARE(DBCPaths::usable(spaced + u' '), _home->path(QStringLiteral("a")));
-}
+    void goodPathsHaveNoProblem()
+    {
+        _home->writeFile(u"in/"_s + DBCInterchangeNames::dataFileName(), "d");
+        _home->writeFile(u"cards.vmdb/Velmora.sqldb"_s, "s");
+        QCOMPARE(problem(Subject::InterchangeFolder, _home->path(u"in"_s)), QString());
+        QCOMPARE(problem(Subject::ExportParent, _home->path()), QString());
+        QCOMPARE(problem(Subject::CardDatabase, _home->path(u"cards.vmdb"_s)), QString());
+        QCOMPARE(problem(Subject::ExportParent, u"~"_s), QString());
+    }
+
+    void emptyFieldHasNoProblem()
+    {
+        QCOMPARE(problem(Subject::InterchangeFolder, QString()), QString());
+    }
+
+    void missingPathIsTold()
+    {
+        QVERIFY(problem(Subject::ExportParent, u"/nowhere"_s)
+                    .startsWith(u"There is nothing at this path."_s));
+    }
+
+    void fileInPlaceOfAFolderIsTold()
+    {
+        QVERIFY(problem(Subject::CardDatabase, _home->writeFile(u"f"_s, "x"))
+                    .startsWith(u"This is a file."_s));
+    }
+
+    void folderWithoutDataFileIsToldByItsName()
+    {
+        QVERIFY(problem(Subject::InterchangeFolder, _home->path()).contains(u"[名刺データ.txt]"_s));
+    }
+
+    void folderThatIsNoDatabaseIsTold()
+    {
+        QVERIFY(problem(Subject::CardDatabase, _home->path())
+                    .startsWith(u"This folder is no card database."_s));
+    }
+
+    void hintFollowsTheTyping()
+    {
+        QLineEdit field;
+        DBCMessageArea label;
+        DBCPathHint hint(field, label);
+        hint.setSubject(Subject::ExportParent);
+        field.setText(u"/nowhere"_s);
+        QTRY_VERIFY(!label.text().isEmpty());
+        field.setText(_home->path());
+        QTRY_VERIFY(label.text().isEmpty());
+    }
+
+    void hintIsDescribedToAScreenReader()
+    {
+        QLineEdit field;
+        DBCMessageArea label;
+        DBCPathHint hint(field, label);
+        field.setText(u"/nowhere"_s);
+        QTRY_VERIFY(field.accessibleDescription().startsWith(u"There is nothing"_s));
+        QCOMPARE(label.accessibleName(), field.accessibleDescription());
+    }
+
+    void attentionCanBeReadOnLightAndDark_data()
+    {
+        QTest::addColumn<QColor>("window");
+        QTest::newRow("white") << QColor(Qt::white);
+        QTest::newRow("light gray") << QColor(0xef, 0xef, 0xef);
+        QTest::newRow("dark gray") << QColor(0x2b, 0x2b, 0x2e);
+        QTest::newRow("black") << QColor(Qt::black);
+    }
+    void attentionCanBeReadOnLightAndDark()
+    {
+        QFETCH(QColor, window);
+        QPalette palette;
+        palette.setColor(QPalette::Window, window);
+        const double attention = luminance(DBCMessageArea::attentionColor(palette));
+        const double background = luminance(window);
+        const double contrast
+            = (std::max(attention, background) + 0.05) / (std::min(attention, background) + 0.05);
+        QVERIFY2(contrast >= 4.5, qPrintable(QString::number(contrast)));
+    }
+
+    void blanksStayWhenTheyBelongToTheName()
+    {
+        const QString spaced = _home->makeFolder(u"a "_s);
+        QCOMPARE(DBCPaths::usable(spaced), spaced);
+        _home->makeFolder(u"a"_s);
+        QCOMPARE(DBCPaths::usable(spaced), spaced);
+        QCOMPARE(DBCPaths::usable(spaced + u' '), _home->path(u"a"_s));
+    }
+
+private:
+    static QString problem(Subject subject, const QString& path)
+    {
+        return DBCPathHint::problem(subject, path).value_or(QString());
+    }
+
+    std::unique_ptr<TestHome> _home;
+};
 
 QTEST_MAIN(tst_pathHint)
 #include "tst_pathHint.moc"

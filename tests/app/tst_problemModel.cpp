@@ -7,11 +7,13 @@
 #include <QSortFilterProxyModel>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Language = DBCLocalizable::Language;
 
-const QString folder = QStringLiteral("/cards/名刺データ");
+const QString folder = u"/cards/名刺データ"_s;
 
 DBCProblem problem(const QString& text, const QString& name, std::optional<qint64> lineNo = {})
 {
@@ -53,65 +55,61 @@ private Q_SLOTS:
     {
         DBCProblemModel model;
         const QAbstractItemModelTester tester(&model);
-        model.setProblems(folder, {problem(QStringLiteral("wrong"), QStringLiteral("a.jpg"), 2)});
+        model.setProblems(folder, {problem(u"wrong"_s, u"a.jpg"_s, 2)});
         model.setProblems(folder, {});
         QCOMPARE(model.rowCount(), 0);
     }
 
     void linesAreSortedAsNumbers()
     {
-        Table table({problem(QStringLiteral("a"), {}, 10), problem(QStringLiteral("b"), {}, 9),
-            problem(QStringLiteral("c"), {}), problem(QStringLiteral("d"), {}, 1021)});
+        Table table({problem(u"a"_s, {}, 10), problem(u"b"_s, {}, 9), problem(u"c"_s, {}),
+            problem(u"d"_s, {}, 1021)});
         table.sorted.sort(DBCProblemModel::Line);
         QCOMPARE(table.column(DBCProblemModel::Line),
-            QStringList({QStringLiteral("–"), QStringLiteral("9"), QStringLiteral("10"),
-                QStringLiteral("1,021")}));
+            QStringList({u"–"_s, u"9"_s, u"10"_s, u"1,021"_s}));
         table.sorted.sort(DBCProblemModel::Line, Qt::DescendingOrder);
-        QCOMPARE(table.cell(0, DBCProblemModel::Line), QStringLiteral("1,021"));
+        QCOMPARE(table.cell(0, DBCProblemModel::Line), u"1,021"_s);
     }
 
     void problemsOfALineStayInTheirOrder()
     {
-        Table table({problem(QStringLiteral("second"), {}, 3), problem(QStringLiteral("b"), {}, 2),
-            problem(QStringLiteral("a"), {}, 2)});
+        Table table({problem(u"second"_s, {}, 3), problem(u"b"_s, {}, 2), problem(u"a"_s, {}, 2)});
         table.sorted.sort(DBCProblemModel::Line);
-        QCOMPARE(table.column(DBCProblemModel::Problem),
-            QStringList({QStringLiteral("b"), QStringLiteral("a"), QStringLiteral("second")}));
+        QCOMPARE(
+            table.column(DBCProblemModel::Problem), QStringList({u"b"_s, u"a"_s, u"second"_s}));
     }
 
     void filesAreNamedWithinTheFolder()
     {
-        const Table table({problem(QStringLiteral("a"), QStringLiteral("標準/1.jpg")),
-            {QStringLiteral("b"), folder}, {QStringLiteral("c"), QStringLiteral("/other/1.jpg")}});
+        const Table table(
+            {problem(u"a"_s, u"標準/1.jpg"_s), {u"b"_s, folder}, {u"c"_s, u"/other/1.jpg"_s}});
         QCOMPARE(table.column(DBCProblemModel::File),
-            QStringList({QStringLiteral("標準/1.jpg"), QStringLiteral("名刺データ"),
-                QStringLiteral("../../other/1.jpg")}));
+            QStringList({u"標準/1.jpg"_s, u"名刺データ"_s, u"../../other/1.jpg"_s}));
     }
 
     void shownTextIsShortOfTheFolder()
     {
-        const QString whole = QStringLiteral("[/cards/名刺データ/標準/1.jpg] is missing");
-        const Table table({problem(whole, QStringLiteral("標準/1.jpg"))});
+        const QString whole = u"[/cards/名刺データ/標準/1.jpg] is missing"_s;
+        const Table table({problem(whole, u"標準/1.jpg"_s)});
         const QModelIndex index = table.sorted.index(0, DBCProblemModel::Problem);
-        QCOMPARE(index.data().toString(), QStringLiteral("[標準/1.jpg] is missing"));
+        QCOMPARE(index.data().toString(), u"[標準/1.jpg] is missing"_s);
         QCOMPARE(index.data(DBCProblemModel::wholeRole).toString(), whole);
     }
 
     void controlCharactersAreShownAsText()
     {
-        const Table table(
-            {problem(QStringLiteral("two\nlines\u202E"), QStringLiteral("a\nb\tc.jpg"))});
+        const Table table({problem(u"two\nlines\u202E"_s, u"a\nb\tc.jpg"_s)});
         QVERIFY(!table.cell(0, DBCProblemModel::Problem).contains(u'\n'));
         QVERIFY(!table.cell(0, DBCProblemModel::Problem).contains(QChar(0x202E)));
-        QCOMPARE(table.cell(0, DBCProblemModel::File), QStringLiteral("a\\u000Ab\\u0009c.jpg"));
+        QCOMPARE(table.cell(0, DBCProblemModel::File), u"a\\u000Ab\\u0009c.jpg"_s);
     }
 
     void headingsAreInTheLanguage_data()
     {
         QTest::addColumn<bool>("isJapanese");
         QTest::addColumn<QString>("headings");
-        QTest::newRow("English") << false << QStringLiteral("Line\tFile\tProblem\n");
-        QTest::newRow("Japanese") << true << QStringLiteral("行\tファイル\t問題\n");
+        QTest::newRow("English") << false << u"Line\tFile\tProblem\n"_s;
+        QTest::newRow("Japanese") << true << u"行\tファイル\t問題\n"_s;
     }
     void headingsAreInTheLanguage()
     {
@@ -122,13 +120,11 @@ private Q_SLOTS:
 
     void rowsAreTabSeparatedInTheOrderOfTheTable()
     {
-        Table table({problem(QStringLiteral("x\ty"), QStringLiteral("a.jpg"), 1021),
-            problem(QStringLiteral("z"), QStringLiteral("b.jpg"))});
+        Table table({problem(u"x\ty"_s, u"a.jpg"_s, 1021), problem(u"z"_s, u"b.jpg"_s)});
         table.sorted.sort(DBCProblemModel::Line);
-        QCOMPARE(
-            DBCProblemModel::tabSeparated(table.sorted, {1}), QStringLiteral("1021\ta.jpg\tx y\n"));
+        QCOMPARE(DBCProblemModel::tabSeparated(table.sorted, {1}), u"1021\ta.jpg\tx y\n"_s);
         QCOMPARE(DBCProblemModel::tabSeparated(table.sorted),
-            QStringLiteral("Line\tFile\tProblem\n\tb.jpg\tz\n1021\ta.jpg\tx y\n"));
+            u"Line\tFile\tProblem\n\tb.jpg\tz\n1021\ta.jpg\tx y\n"_s);
     }
 };
 

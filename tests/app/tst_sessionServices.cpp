@@ -14,10 +14,12 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QString program = QString::fromLatin1(DBCSettings::bundleIdentifier);
-const QString reason = QStringLiteral("Business cards are being converted.");
+const QString reason = u"Business cards are being converted."_s;
 
 } // namespace
 
@@ -30,7 +32,7 @@ public:
 
     void answerAtLast()
     {
-        QDBusConnection(QStringLiteral("desktop")).send(_waiting->createReply(uint(held.size())));
+        QDBusConnection(u"desktop"_s).send(_waiting->createReply(uint(held.size())));
     }
     bool isAsked() const { return _waiting.has_value(); }
 
@@ -60,7 +62,7 @@ public Q_SLOTS:
     uint Inhibit(const QString& name, uint /*window*/, const QString& text, uint flags)
     {
         lastFlags = flags;
-        return keep(name + QStringLiteral(", ") + text);
+        return keep(name + u", "_s + text);
     }
     void Uninhibit(uint number) { giveBack(number); }
 };
@@ -69,10 +71,7 @@ class FakePowerManagement : public FakeAwakeService {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.PowerManagement.Inhibit")
 public Q_SLOTS:
-    uint Inhibit(const QString& name, const QString& text)
-    {
-        return keep(name + QStringLiteral(", ") + text);
-    }
+    uint Inhibit(const QString& name, const QString& text) { return keep(name + u", "_s + text); }
     void UnInhibit(uint number) { giveBack(number); }
 };
 
@@ -96,7 +95,7 @@ public Q_SLOTS:
         actions = offered;
         hints = furtherHints;
         const uint number = replaced ? replaced : uint(shown.size()) + 41;
-        shown << QStringLiteral("%1: %2, %3").arg(QString::number(number), title, text);
+        shown << u"%1: %2, %3"_s.arg(QString::number(number), title, text);
         return number;
     }
 
@@ -109,47 +108,254 @@ class tst_sessionServices : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void cleanup();
-    void cleanupTestCase();
+    void initTestCase()
+    {
+        _home = std::make_unique<TestHome>();
+        _bus = std::make_unique<PrivateBus>();
+        QVERIFY(QDBusConnection::connectToBus(_bus->address(), u"desktop"_s).isConnected());
+    }
 
-    void computerStaysAwakeWhileHeld_data();
-    void computerStaysAwakeWhileHeld();
-    void sessionManagerIsAskedAgainstLogoutAndSuspend();
-    void everyServiceThereIsGetsAsked();
-    void endOfTheHolderReleases();
-    void holdingAgainLeavesOneWish();
-    void wishGrantedTooLateIsTakenBack();
-    void noteShowsTheTextsAsTheyAre_data();
-    void noteShowsTheTextsAsTheyAre();
-    void laterNoteTakesThePlaceOfTheFormer();
-    void clickOnTheNotePassesTheDesktopsLeaveOn_data();
-    void clickOnTheNotePassesTheDesktopsLeaveOn();
-    void clickOnAnotherProgramsNoteIsNoneOfOurs();
-    void serviceOfNotesIsStartedByTheFirstNote();
-    void withoutServicesNothingHappens();
-    void withoutABusNothingHappens();
+    void cleanup()
+    {
+        for (const QString& service : std::exchange(_offered, {}))
+            desktop().unregisterService(service);
+        // An object that is destroyed leaves the bus.
+        _sessionManager = std::make_unique<FakeSessionManager>();
+        _powerManagement = std::make_unique<FakePowerManagement>();
+        _notifications = std::make_unique<FakeNotifications>();
+    }
+
+    void cleanupTestCase()
+    {
+        QDBusConnection::disconnectFromBus(u"desktop"_s);
+        _bus.reset();
+        _home.reset();
+    }
+
+    void computerStaysAwakeWhileHeld_data()
+    {
+        QTest::addColumn<bool>("isSessionManager");
+        QTest::newRow("session manager") << true;
+        QTest::newRow("power management") << false;
+    }
+    void computerStaysAwakeWhileHeld()
+    {
+        QFETCH(bool, isSessionManager);
+        FakeAwakeService* service = _powerManagement.get();
+        if (isSessionManager) {
+            service = _sessionManager.get();
+            offerSessionManager();
+        } else {
+            offerPowerManagement();
+        }
+        DBCSuspendInhibitor inhibitor;
+        inhibitor.hold(reason);
+        QTRY_COMPARE(service->held, QStringList(program + u", "_s + reason));
+        inhibitor.release();
+        QTRY_COMPARE(service->held, QStringList(QString()));
+    }
+
+    void sessionManagerIsAskedAgainstLogoutAndSuspend()
+    {
+        offerSessionManager();
+        DBCSuspendInhibitor inhibitor;
+        inhibitor.hold(reason);
+        constexpr uint logout = 1;
+        constexpr uint suspend = 4;
+        QTRY_COMPARE(_sessionManager->lastFlags, logout | suspend);
+    }
+
+    void everyServiceThereIsGetsAsked()
+    {
+        offerSessionManager();
+        offerPowerManagement();
+        DBCSuspendInhibitor inhibitor;
+        inhibitor.hold(reason);
+        QTRY_COMPARE(_sessionManager->held.size(), 1);
+        QTRY_COMPARE(_powerManagement->held.size(), 1);
+    }
+
+    void endOfTheHolderReleases()
+    {
+        offerSessionManager();
+        auto inhibitor = std::make_unique<DBCSuspendInhibitor>();
+        inhibitor->hold(reason);
+        QTRY_COMPARE(_sessionManager->held.size(), 1);
+        settle();
+        inhibitor.reset();
+        QTRY_COMPARE(_sessionManager->held, QStringList(QString()));
+    }
+
+    void holdingAgainLeavesOneWish()
+    {
+        offerSessionManager();
+        DBCSuspendInhibitor inhibitor;
+        inhibitor.hold(u"one"_s);
+        inhibitor.hold(u"two"_s);
+        QTRY_COMPARE(_sessionManager->held, QStringList({QString(), program + u", two"_s}));
+    }
+
+    void wishGrantedTooLateIsTakenBack()
+    {
+        offerSessionManager();
+        _sessionManager->isSlow = true;
+        DBCSuspendInhibitor inhibitor;
+        inhibitor.hold(reason);
+        QTRY_VERIFY(_sessionManager->isAsked());
+        inhibitor.release();
+        _sessionManager->answerAtLast();
+        QTRY_COMPARE(_sessionManager->held, QStringList(QString()));
+    }
+
+    void noteShowsTheTextsAsTheyAre_data()
+    {
+        QTest::addColumn<bool>("readsMarkup");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("server of plain texts") << false << u"41: Smith & Co, <3 cards> & 1"_s;
+        QTest::newRow("server that reads markup")
+            << true << u"41: Smith & Co, &lt;3 cards&gt; &amp; 1"_s;
+    }
+    void noteShowsTheTextsAsTheyAre()
+    {
+        QFETCH(bool, readsMarkup);
+        QFETCH(QString, expected);
+        offerNotifications();
+        _notifications->capabilities << u"body"_s;
+        if (readsMarkup)
+            _notifications->capabilities << u"body-markup"_s;
+        DBCDesktopNotification notification([](const QByteArray&) {});
+        notification.show(u"Smith & Co"_s, u"<3 cards> & 1"_s);
+        QTRY_COMPARE(_notifications->shown, QStringList(expected));
+        QCOMPARE(_notifications->actions.value(0), u"default"_s);
+        QCOMPARE(_notifications->hints.value(u"desktop-entry"_s).toString(), program);
+    }
+
+    void laterNoteTakesThePlaceOfTheFormer()
+    {
+        offerNotifications();
+        DBCDesktopNotification notification([](const QByteArray&) {});
+        notification.show(u"Import"_s, u"one"_s);
+        QTRY_COMPARE(_notifications->shown.size(), 1);
+        settle();
+        notification.show(u"Import"_s, u"two"_s);
+        QTRY_COMPARE(_notifications->shown.size(), 2);
+        QCOMPARE(_notifications->lastReplaced, 41U);
+    }
+
+    void clickOnTheNotePassesTheDesktopsLeaveOn_data()
+    {
+        QTest::addColumn<QString>("token");
+        QTest::newRow("a token") << u"gnome-shell-7"_s;
+        QTest::newRow("no token") << QString();
+    }
+    void clickOnTheNotePassesTheDesktopsLeaveOn()
+    {
+        QFETCH(QString, token);
+        offerNotifications();
+        QByteArrayList clicks;
+        DBCDesktopNotification notification([&](const QByteArray& leave) { clicks << leave; });
+        // Twice, since what listens to clicks must not listen twice.
+        for (const char* const text : {"one", "two"}) {
+            notification.show(u"Import"_s, QString::fromLatin1(text));
+            QTRY_VERIFY(_notifications->shown.value(_notifications->shown.size() - 1)
+                            .endsWith(QString::fromLatin1(text)));
+            settle();
+        }
+        if (!token.isEmpty())
+            Q_EMIT _notifications->ActivationToken(41, token);
+        Q_EMIT _notifications->ActionInvoked(41, u"default"_s);
+        QTRY_COMPARE(clicks, QByteArrayList({token.toUtf8()}));
+        settle();
+        QCOMPARE(clicks.size(), 1);
+    }
+
+    void clickOnAnotherProgramsNoteIsNoneOfOurs()
+    {
+        offerNotifications();
+        int clicks = 0;
+        DBCDesktopNotification notification([&](const QByteArray&) { ++clicks; });
+        notification.show(u"Import"_s, u"one"_s);
+        QTRY_COMPARE(_notifications->shown.size(), 1);
+        settle();
+        Q_EMIT _notifications->ActionInvoked(40, u"default"_s);
+        Q_EMIT _notifications->ActionInvoked(41, u"default"_s);
+        QTRY_COMPARE(clicks, 1);
+    }
+
+    void serviceOfNotesIsStartedByTheFirstNote()
+    {
+        const QString sign = _home->path(u"started"_s);
+        _bus->offerService(u"org.freedesktop.Notifications"_s, u"/usr/bin/touch "_s + sign);
+        callBus(desktop(), "ReloadConfig");
+        DBCDesktopNotification notification([](const QByteArray&) {});
+        notification.show(u"Import"_s, u"one"_s);
+        QTRY_VERIFY(QFile::exists(sign));
+    }
+
+    void withoutServicesNothingHappens()
+    {
+        DBCSuspendInhibitor inhibitor;
+        inhibitor.hold(reason);
+        int clicks = 0;
+        DBCDesktopNotification notification([&](const QByteArray&) { ++clicks; });
+        notification.show(u"Import"_s, u"one"_s);
+        settle();
+        inhibitor.release();
+        QCOMPARE(clicks, 0);
+    }
+
+    void withoutABusNothingHappens()
+    {
+        const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+        const QByteArray runtimeFolder = qgetenv("XDG_RUNTIME_DIR");
+        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(_home->path()));
+        DBCSuspendInhibitor inhibitor;
+        inhibitor.hold(reason);
+        inhibitor.release();
+        DBCDesktopNotification([](const QByteArray&) {}).show(u"Import"_s, u"one"_s);
+        qputenv("XDG_RUNTIME_DIR", runtimeFolder);
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+    }
 
 private:
-    QDBusConnection desktop() const { return QDBusConnection(QStringLiteral("desktop")); }
-    static void callBus(const QDBusConnection& connection, const char* method);
+    QDBusConnection desktop() const { return QDBusConnection(u"desktop"_s); }
+    static void callBus(const QDBusConnection& connection, const char* method)
+    {
+        const QDBusMessage call = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s,
+            u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, QString::fromLatin1(method));
+        QCOMPARE(connection.call(call).type(), QDBusMessage::ReplyMessage);
+    }
+
     // Everything that has been sent so far has arrived.
-    void settle() const;
-    void offer(const QString& service, const QString& path, QObject& object);
+    void settle() const
+    {
+        callBus(desktop(), "GetId");
+        callBus(QDBusConnection::sessionBus(), "GetId");
+        QCoreApplication::processEvents();
+    }
+
+    void offer(const QString& service, const QString& path, QObject& object)
+    {
+        QVERIFY(desktop().registerObject(
+            path, &object, QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
+        QVERIFY(desktop().registerService(service));
+        _offered << service;
+    }
+
     void offerSessionManager()
     {
-        offer(QStringLiteral("org.gnome.SessionManager"),
-            QStringLiteral("/org/gnome/SessionManager"), *_sessionManager);
+        offer(u"org.gnome.SessionManager"_s, u"/org/gnome/SessionManager"_s, *_sessionManager);
     }
     void offerPowerManagement()
     {
-        offer(QStringLiteral("org.freedesktop.PowerManagement"),
-            QStringLiteral("/org/freedesktop/PowerManagement/Inhibit"), *_powerManagement);
+        offer(u"org.freedesktop.PowerManagement"_s, u"/org/freedesktop/PowerManagement/Inhibit"_s,
+            *_powerManagement);
     }
     void offerNotifications()
     {
-        offer(QStringLiteral("org.freedesktop.Notifications"),
-            QStringLiteral("/org/freedesktop/Notifications"), *_notifications);
+        offer(u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s,
+            *_notifications);
     }
 
     std::unique_ptr<TestHome> _home;
@@ -159,247 +365,6 @@ private:
     std::unique_ptr<FakePowerManagement> _powerManagement = std::make_unique<FakePowerManagement>();
     std::unique_ptr<FakeNotifications> _notifications = std::make_unique<FakeNotifications>();
 };
-
-void tst_sessionServices::initTestCase()
-{
-    _home = std::make_unique<TestHome>();
-    _bus = std::make_unique<PrivateBus>();
-    QVERIFY(
-        QDBusConnection::connectToBus(_bus->address(), QStringLiteral("desktop")).isConnected());
-}
-
-void tst_sessionServices::callBus(const QDBusConnection& connection, const char* method)
-{
-    const QDBusMessage call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-        QStringLiteral("/org/freedesktop/DBus"), QStringLiteral("org.freedesktop.DBus"),
-        QString::fromLatin1(method));
-    QCOMPARE(connection.call(call).type(), QDBusMessage::ReplyMessage);
-}
-
-void tst_sessionServices::settle() const
-{
-    callBus(desktop(), "GetId");
-    callBus(QDBusConnection::sessionBus(), "GetId");
-    QCoreApplication::processEvents();
-}
-
-void tst_sessionServices::offer(const QString& service, const QString& path, QObject& object)
-{
-    QVERIFY(desktop().registerObject(
-        path, &object, QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
-    QVERIFY(desktop().registerService(service));
-    _offered << service;
-}
-
-void tst_sessionServices::cleanup()
-{
-    for (const QString& service : std::exchange(_offered, {}))
-        desktop().unregisterService(service);
-    // An object that is destroyed leaves the bus.
-    _sessionManager = std::make_unique<FakeSessionManager>();
-    _powerManagement = std::make_unique<FakePowerManagement>();
-    _notifications = std::make_unique<FakeNotifications>();
-}
-
-void tst_sessionServices::cleanupTestCase()
-{
-    QDBusConnection::disconnectFromBus(QStringLiteral("desktop"));
-    _bus.reset();
-    _home.reset();
-}
-
-void tst_sessionServices::computerStaysAwakeWhileHeld_data()
-{
-    QTest::addColumn<bool>("isSessionManager");
-    QTest::newRow("session manager") << true;
-    QTest::newRow("power management") << false;
-}
-
-void tst_sessionServices::computerStaysAwakeWhileHeld()
-{
-    QFETCH(bool, isSessionManager);
-    FakeAwakeService* service = _powerManagement.get();
-    if (isSessionManager) {
-        service = _sessionManager.get();
-        offerSessionManager();
-    } else {
-        offerPowerManagement();
-    }
-    DBCSuspendInhibitor inhibitor;
-    inhibitor.hold(reason);
-    QTRY_COMPARE(service->held, QStringList(program + QStringLiteral(", ") + reason));
-    inhibitor.release();
-    QTRY_COMPARE(service->held, QStringList(QString()));
-}
-
-void tst_sessionServices::sessionManagerIsAskedAgainstLogoutAndSuspend()
-{
-    offerSessionManager();
-    DBCSuspendInhibitor inhibitor;
-    inhibitor.hold(reason);
-    constexpr uint logout = 1;
-    constexpr uint suspend = 4;
-    QTRY_COMPARE(_sessionManager->lastFlags, logout | suspend);
-}
-
-void tst_sessionServices::everyServiceThereIsGetsAsked()
-{
-    offerSessionManager();
-    offerPowerManagement();
-    DBCSuspendInhibitor inhibitor;
-    inhibitor.hold(reason);
-    QTRY_COMPARE(_sessionManager->held.size(), 1);
-    QTRY_COMPARE(_powerManagement->held.size(), 1);
-}
-
-void tst_sessionServices::endOfTheHolderReleases()
-{
-    offerSessionManager();
-    auto inhibitor = std::make_unique<DBCSuspendInhibitor>();
-    inhibitor->hold(reason);
-    QTRY_COMPARE(_sessionManager->held.size(), 1);
-    settle();
-    inhibitor.reset();
-    QTRY_COMPARE(_sessionManager->held, QStringList(QString()));
-}
-
-void tst_sessionServices::holdingAgainLeavesOneWish()
-{
-    offerSessionManager();
-    DBCSuspendInhibitor inhibitor;
-    inhibitor.hold(QStringLiteral("one"));
-    inhibitor.hold(QStringLiteral("two"));
-    QTRY_COMPARE(
-        _sessionManager->held, QStringList({QString(), program + QStringLiteral(", two")}));
-}
-
-void tst_sessionServices::wishGrantedTooLateIsTakenBack()
-{
-    offerSessionManager();
-    _sessionManager->isSlow = true;
-    DBCSuspendInhibitor inhibitor;
-    inhibitor.hold(reason);
-    QTRY_VERIFY(_sessionManager->isAsked());
-    inhibitor.release();
-    _sessionManager->answerAtLast();
-    QTRY_COMPARE(_sessionManager->held, QStringList(QString()));
-}
-
-void tst_sessionServices::noteShowsTheTextsAsTheyAre_data()
-{
-    QTest::addColumn<bool>("readsMarkup");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("server of plain texts")
-        << false << QStringLiteral("41: Smith & Co, <3 cards> & 1");
-    QTest::newRow("server that reads markup")
-        << true << QStringLiteral("41: Smith & Co, &lt;3 cards&gt; &amp; 1");
-}
-
-void tst_sessionServices::noteShowsTheTextsAsTheyAre()
-{
-    QFETCH(bool, readsMarkup);
-    QFETCH(QString, expected);
-    offerNotifications();
-    _notifications->capabilities << QStringLiteral("body");
-    if (readsMarkup)
-        _notifications->capabilities << QStringLiteral("body-markup");
-    DBCDesktopNotification notification([](const QByteArray&) {});
-    notification.show(QStringLiteral("Smith & Co"), QStringLiteral("<3 cards> & 1"));
-    QTRY_COMPARE(_notifications->shown, QStringList(expected));
-    QCOMPARE(_notifications->actions.value(0), QStringLiteral("default"));
-    QCOMPARE(_notifications->hints.value(QStringLiteral("desktop-entry")).toString(), program);
-}
-
-void tst_sessionServices::laterNoteTakesThePlaceOfTheFormer()
-{
-    offerNotifications();
-    DBCDesktopNotification notification([](const QByteArray&) {});
-    notification.show(QStringLiteral("Import"), QStringLiteral("one"));
-    QTRY_COMPARE(_notifications->shown.size(), 1);
-    settle();
-    notification.show(QStringLiteral("Import"), QStringLiteral("two"));
-    QTRY_COMPARE(_notifications->shown.size(), 2);
-    QCOMPARE(_notifications->lastReplaced, 41U);
-}
-
-void tst_sessionServices::clickOnTheNotePassesTheDesktopsLeaveOn_data()
-{
-    QTest::addColumn<QString>("token");
-    QTest::newRow("a token") << QStringLiteral("gnome-shell-7");
-    QTest::newRow("no token") << QString();
-}
-
-void tst_sessionServices::clickOnTheNotePassesTheDesktopsLeaveOn()
-{
-    QFETCH(QString, token);
-    offerNotifications();
-    QByteArrayList clicks;
-    DBCDesktopNotification notification([&](const QByteArray& leave) { clicks << leave; });
-    // Twice, since what listens to clicks must not listen twice.
-    for (const char* const text : {"one", "two"}) {
-        notification.show(QStringLiteral("Import"), QString::fromLatin1(text));
-        QTRY_VERIFY(_notifications->shown.value(_notifications->shown.size() - 1)
-                        .endsWith(QString::fromLatin1(text)));
-        settle();
-    }
-    if (!token.isEmpty())
-        Q_EMIT _notifications->ActivationToken(41, token);
-    Q_EMIT _notifications->ActionInvoked(41, QStringLiteral("default"));
-    QTRY_COMPARE(clicks, QByteArrayList({token.toUtf8()}));
-    settle();
-    QCOMPARE(clicks.size(), 1);
-}
-
-void tst_sessionServices::clickOnAnotherProgramsNoteIsNoneOfOurs()
-{
-    offerNotifications();
-    int clicks = 0;
-    DBCDesktopNotification notification([&](const QByteArray&) { ++clicks; });
-    notification.show(QStringLiteral("Import"), QStringLiteral("one"));
-    QTRY_COMPARE(_notifications->shown.size(), 1);
-    settle();
-    Q_EMIT _notifications->ActionInvoked(40, QStringLiteral("default"));
-    Q_EMIT _notifications->ActionInvoked(41, QStringLiteral("default"));
-    QTRY_COMPARE(clicks, 1);
-}
-
-void tst_sessionServices::serviceOfNotesIsStartedByTheFirstNote()
-{
-    const QString sign = _home->path(QStringLiteral("started"));
-    _bus->offerService(
-        QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("/usr/bin/touch ") + sign);
-    callBus(desktop(), "ReloadConfig");
-    DBCDesktopNotification notification([](const QByteArray&) {});
-    notification.show(QStringLiteral("Import"), QStringLiteral("one"));
-    QTRY_VERIFY(QFile::exists(sign));
-}
-
-void tst_sessionServices::withoutServicesNothingHappens()
-{
-    DBCSuspendInhibitor inhibitor;
-    inhibitor.hold(reason);
-    int clicks = 0;
-    DBCDesktopNotification notification([&](const QByteArray&) { ++clicks; });
-    notification.show(QStringLiteral("Import"), QStringLiteral("one"));
-    settle();
-    inhibitor.release();
-    QCOMPARE(clicks, 0);
-}
-
-void tst_sessionServices::withoutABusNothingHappens()
-{
-    const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
-    const QByteArray runtimeFolder = qgetenv("XDG_RUNTIME_DIR");
-    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
-    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(_home->path()));
-    DBCSuspendInhibitor inhibitor;
-    inhibitor.hold(reason);
-    inhibitor.release();
-    DBCDesktopNotification([](const QByteArray&) {
-    }).show(QStringLiteral("Import"), QStringLiteral("one"));
-    qputenv("XDG_RUNTIME_DIR", runtimeFolder);
-    qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-}
 
 QTEST_GUILESS_MAIN(tst_sessionServices)
 #include "tst_sessionServices.moc"

@@ -16,79 +16,70 @@ private Q_SLOTS:
         qunsetenv("DESKTOP_STARTUP_ID");
     }
 
-    void startHasTheTokenOfItsDesktop_data();
-    void startHasTheTokenOfItsDesktop();
-    void minimisedWindowComesBackAsItWas_data();
-    void minimisedWindowComesBackAsItWas();
-    void hiddenWindowAppears();
-    void toolkitGetsTheToken();
-    void withoutATokenTheToolkitKeepsItsOwn();
+    void startHasTheTokenOfItsDesktop_data()
+    {
+        QTest::addColumn<QByteArray>("activation");
+        QTest::addColumn<QByteArray>("startup");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("none") << QByteArray() << QByteArray() << QByteArray();
+        QTest::newRow("Wayland") << QByteArray("token") << QByteArray() << QByteArray("token");
+        QTest::newRow("X11") << QByteArray() << QByteArray("id_TIME1") << QByteArray("id_TIME1");
+        QTest::newRow("both") << QByteArray("token") << QByteArray("id_TIME1")
+                              << QByteArray("token");
+    }
+    void startHasTheTokenOfItsDesktop()
+    {
+        QFETCH(QByteArray, activation);
+        QFETCH(QByteArray, startup);
+        if (!activation.isEmpty())
+            qputenv("XDG_ACTIVATION_TOKEN", activation);
+        if (!startup.isEmpty())
+            qputenv("DESKTOP_STARTUP_ID", startup);
+        QTEST(activationTokenOfStart(), "expected");
+    }
+
+    void minimisedWindowComesBackAsItWas_data()
+    {
+        QTest::addColumn<bool>("isMaximised");
+        QTest::newRow("normal") << false;
+        QTest::newRow("maximised") << true;
+    }
+    void minimisedWindowComesBackAsItWas()
+    {
+        QFETCH(bool, isMaximised);
+        QWidget window;
+        window.setWindowState(isMaximised ? Qt::WindowMaximized : Qt::WindowNoState);
+        window.show();
+        window.setWindowState(window.windowState() | Qt::WindowMinimized);
+        bringToFront(window, {});
+        QVERIFY(!window.isMinimized());
+        QCOMPARE(window.isMaximized(), isMaximised);
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+    }
+
+    void hiddenWindowAppears()
+    {
+        QWidget window;
+        bringToFront(window, {});
+        QVERIFY(window.isVisible());
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+    }
+
+    void toolkitGetsTheToken()
+    {
+        QWidget window;
+        bringToFront(window, "token");
+        QCOMPARE(qgetenv("XDG_ACTIVATION_TOKEN"), QByteArray("token"));
+    }
+
+    void withoutATokenTheToolkitKeepsItsOwn()
+    {
+        qputenv("XDG_ACTIVATION_TOKEN", "own");
+        QWidget window;
+        bringToFront(window, {});
+        QCOMPARE(qgetenv("XDG_ACTIVATION_TOKEN"), QByteArray("own"));
+    }
 };
-
-void tst_windowActivation::startHasTheTokenOfItsDesktop_data()
-{
-    QTest::addColumn<QByteArray>("activation");
-    QTest::addColumn<QByteArray>("startup");
-    QTest::addColumn<QByteArray>("expected");
-    QTest::newRow("none") << QByteArray() << QByteArray() << QByteArray();
-    QTest::newRow("Wayland") << QByteArray("token") << QByteArray() << QByteArray("token");
-    QTest::newRow("X11") << QByteArray() << QByteArray("id_TIME1") << QByteArray("id_TIME1");
-    QTest::newRow("both") << QByteArray("token") << QByteArray("id_TIME1") << QByteArray("token");
-}
-
-void tst_windowActivation::startHasTheTokenOfItsDesktop()
-{
-    QFETCH(QByteArray, activation);
-    QFETCH(QByteArray, startup);
-    if (!activation.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", activation);
-    if (!startup.isEmpty())
-        qputenv("DESKTOP_STARTUP_ID", startup);
-    QTEST(activationTokenOfStart(), "expected");
-}
-
-void tst_windowActivation::minimisedWindowComesBackAsItWas_data()
-{
-    QTest::addColumn<bool>("isMaximised");
-    QTest::newRow("normal") << false;
-    QTest::newRow("maximised") << true;
-}
-
-void tst_windowActivation::minimisedWindowComesBackAsItWas()
-{
-    QFETCH(bool, isMaximised);
-    QWidget window;
-    window.setWindowState(isMaximised ? Qt::WindowMaximized : Qt::WindowNoState);
-    window.show();
-    window.setWindowState(window.windowState() | Qt::WindowMinimized);
-    bringToFront(window, {});
-    QVERIFY(!window.isMinimized());
-    QCOMPARE(window.isMaximized(), isMaximised);
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-}
-
-void tst_windowActivation::hiddenWindowAppears()
-{
-    QWidget window;
-    bringToFront(window, {});
-    QVERIFY(window.isVisible());
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-}
-
-void tst_windowActivation::toolkitGetsTheToken()
-{
-    QWidget window;
-    bringToFront(window, "token");
-    QCOMPARE(qgetenv("XDG_ACTIVATION_TOKEN"), QByteArray("token"));
-}
-
-void tst_windowActivation::withoutATokenTheToolkitKeepsItsOwn()
-{
-    qputenv("XDG_ACTIVATION_TOKEN", "own");
-    QWidget window;
-    bringToFront(window, {});
-    QCOMPARE(qgetenv("XDG_ACTIVATION_TOKEN"), QByteArray("own"));
-}
 
 QTEST_MAIN(tst_windowActivation)
 #include "tst_windowActivation.moc"

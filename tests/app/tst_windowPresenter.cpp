@@ -11,6 +11,8 @@
 
 #include <future>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QMessageBox* openBox()
@@ -53,21 +55,168 @@ class tst_windowPresenter : public QObject {
 private Q_SLOTS:
     void initTestCase() { _window.show(); }
 
-    void errorShowsItsTextAsItStands();
-    void enterIsTheDefaultAnswer();
-    void escapeIsTheAlternateAnswer();
-    void closedBoxIsTheAlternateAnswer();
-    void eachButtonGivesItsAnswer();
-    void questionOfAnotherThreadWaitsForTheAnswer();
-    void windowIsPaintedWhileAQuestionIsOpen();
-    void sheetGivesItsAnswerLater();
-    void boxesComeOverTheWindowInFront();
-    void unattendedCancelIsConfirmedWithoutABox();
-    void unattendedQuestionTakesTheAlternateAnswer();
-    void openQuestionOfAnotherThreadEndsWhenNobodyIsThere();
+    void errorShowsItsTextAsItStands()
+    {
+        DBCWindowPresenter presenter(_window);
+        QString shown;
+        whenABoxOpens([&](QMessageBox& box) {
+            shown = box.text();
+            QCOMPARE(box.textFormat(), Qt::PlainText);
+            QCOMPARE(box.windowTitle(), u"VelmoraConverter"_s);
+            pressKey(box, Qt::Key_Return);
+        });
+        const QString text = DBCMessage::ShowErrorMessage(308, {u"/<b>a & b"_s});
+        QCOMPARE(shown, text);
+        QVERIFY(shown.contains(u"/<b>a & b"_s));
+    }
+
+    void enterIsTheDefaultAnswer()
+    {
+        DBCWindowPresenter presenter(_window);
+        whenABoxOpens([](QMessageBox& box) {
+            QCOMPARE(box.defaultButton()->text(), u"Yes"_s);
+            pressKey(box, Qt::Key_Return);
+        });
+        QCOMPARE(ask(), DBCAnswer::Default);
+    }
+
+    void escapeIsTheAlternateAnswer()
+    {
+        DBCWindowPresenter presenter(_window);
+        whenABoxOpens([](QMessageBox& box) { pressKey(box, Qt::Key_Escape); });
+        QCOMPARE(ask(), DBCAnswer::Alternate);
+    }
+
+    void closedBoxIsTheAlternateAnswer()
+    {
+        DBCWindowPresenter presenter(_window);
+        whenABoxOpens([](QMessageBox& box) { box.close(); });
+        QCOMPARE(ask(), DBCAnswer::Alternate);
+    }
+
+    void eachButtonGivesItsAnswer()
+    {
+        DBCWindowPresenter presenter(_window);
+        const QList<std::pair<QString, DBCAnswer>> answers {
+            {u"Yes"_s, DBCAnswer::Default},
+            {u"No"_s, DBCAnswer::Alternate},
+            {u"Third"_s, DBCAnswer::Other},
+        };
+        for (const auto& [label, answer] : answers) {
+            whenABoxOpens(
+                [label = label](QMessageBox& box) { buttonLabelled(box, label)->click(); });
+            QCOMPARE(DBCMessage::ShowInfoMessage(
+                         u"IDS_MSG_ERR_0205"_s, DBCButton::Yes, DBCButton::No, u"Third"_s),
+                answer);
+        }
+    }
+
+    void questionOfAnotherThreadWaitsForTheAnswer()
+    {
+        DBCWindowPresenter presenter(_window);
+        QThread* thread = nullptr;
+        whenABoxOpens([&](QMessageBox& box) {
+            thread = QThread::currentThread();
+            QCOMPARE(box.windowModality(), Qt::WindowModal);
+            pressKey(box, Qt::Key_Return);
+        });
+        QCOMPARE(askOnAnotherThread(u"IDS_MSG_ERR_0315"_s), DBCAnswer::Default);
+        QCOMPARE(thread, _window.thread());
+    }
+
+    void windowIsPaintedWhileAQuestionIsOpen()
+    {
+        struct PaintWatcher : QObject {
+            bool eventFilter(QObject* /*watched*/, QEvent* event) override
+            {
+                paints += event->type() == QEvent::Paint ? 1 : 0;
+                return false;
+            }
+            int paints = 0;
+        } watcher;
+        _window.installEventFilter(&watcher);
+        DBCWindowPresenter presenter(_window);
+        int paintsWhileOpen = 0;
+        whenABoxOpens([&](QMessageBox& box) {
+            const int before = watcher.paints;
+            _window.update();
+            QTest::qWait(50);
+            paintsWhileOpen = watcher.paints - before;
+            pressKey(box, Qt::Key_Escape);
+        });
+        ask();
+        QVERIFY(paintsWhileOpen > 0);
+    }
+
+    void sheetGivesItsAnswerLater()
+    {
+        DBCWindowPresenter presenter(_window);
+        std::optional<DBCAnswer> answer;
+        bool isDismissed = false;
+        QCOMPARE(DBCMessage::ShowInfoMessageAlertSheet(
+                     nullptr, [&](DBCAnswer given) { answer = given; }, [&] { isDismissed = true; },
+                     u"IDS_MSG_ERR_0205"_s, DBCButton::Yes, DBCButton::No),
+            DBCAnswer::Alternate);
+        QVERIFY(!answer);
+        whenABoxOpens([](QMessageBox& box) { pressKey(box, Qt::Key_Return); });
+        QTRY_VERIFY(answer);
+        QCOMPARE(*answer, DBCAnswer::Default);
+        QVERIFY(isDismissed);
+    }
+
+    // Behind a box the focus goes back to the window that it came over.
+    void boxesComeOverTheWindowInFront()
+    {
+        DBCWindowPresenter presenter(_window);
+        QWidget front;
+        const auto parentOfABox = [] {
+            const QWidget* parent = nullptr;
+            whenABoxOpens([&parent](QMessageBox& box) {
+                parent = box.parentWidget();
+                pressKey(box, Qt::Key_Escape);
+            });
+            ask();
+            return parent;
+        };
+        presenter.showOver(front);
+        QCOMPARE(parentOfABox(), &front);
+        presenter.showOver(_window);
+        QCOMPARE(parentOfABox(), &_window);
+    }
+
+    void unattendedCancelIsConfirmedWithoutABox()
+    {
+        DBCWindowPresenter presenter(_window);
+        presenter.leaveUnattended();
+        QCOMPARE(ask(u"IDS_MSG_ERR_0315"_s), DBCAnswer::Default);
+        QCOMPARE(ask(u"IDS_MSG_ERR_0210"_s), DBCAnswer::Default);
+    }
+
+    void unattendedQuestionTakesTheAlternateAnswer()
+    {
+        DBCWindowPresenter presenter(_window);
+        presenter.leaveUnattended();
+        QCOMPARE(ask(u"IDS_MSG_ERR_0205"_s), DBCAnswer::Alternate);
+        QCOMPARE(ask(u"IDS_MSG_ERR_0317"_s), DBCAnswer::Alternate);
+    }
+
+    // The window's thread may be on its way out of the program and turn no event loop any more.
+    void openQuestionOfAnotherThreadEndsWhenNobodyIsThere()
+    {
+        DBCWindowPresenter presenter(_window);
+        auto answer = std::async(std::launch::async, [] { return ask(u"IDS_MSG_ERR_0315"_s); });
+        std::future_status whileOpen = std::future_status::timeout;
+        whenABoxOpens([&](QMessageBox& /*box*/) {
+            presenter.leaveUnattended();
+            whileOpen = answer.wait_for(std::chrono::seconds(10));
+        });
+        QTRY_COMPARE(whileOpen, std::future_status::ready);
+        QCOMPARE(answer.get(), DBCAnswer::Default);
+        QVERIFY(!openBox());
+    }
 
 private:
-    static DBCAnswer ask(const QString& key = QStringLiteral("IDS_MSG_ERR_0205"))
+    static DBCAnswer ask(const QString& key = u"IDS_MSG_ERR_0205"_s)
     {
         return DBCMessage::ShowInfoMessage(key, DBCButton::Yes, DBCButton::No);
     }
@@ -83,166 +232,6 @@ private:
     TestHome _home;
     QWidget _window;
 };
-
-void tst_windowPresenter::errorShowsItsTextAsItStands()
-{
-    DBCWindowPresenter presenter(_window);
-    QString shown;
-    whenABoxOpens([&](QMessageBox& box) {
-        shown = box.text();
-        QCOMPARE(box.textFormat(), Qt::PlainText);
-        QCOMPARE(box.windowTitle(), QStringLiteral("VelmoraConverter"));
-        pressKey(box, Qt::Key_Return);
-    });
-    const QString text = DBCMessage::ShowErrorMessage(308, {QStringLiteral("/<b>a & b")});
-    QCOMPARE(shown, text);
-    QVERIFY(shown.contains(QStringLiteral("/<b>a & b")));
-}
-
-void tst_windowPresenter::enterIsTheDefaultAnswer()
-{
-    DBCWindowPresenter presenter(_window);
-    whenABoxOpens([](QMessageBox& box) {
-        QCOMPARE(box.defaultButton()->text(), QStringLiteral("Yes"));
-        pressKey(box, Qt::Key_Return);
-    });
-    QCOMPARE(ask(), DBCAnswer::Default);
-}
-
-void tst_windowPresenter::escapeIsTheAlternateAnswer()
-{
-    DBCWindowPresenter presenter(_window);
-    whenABoxOpens([](QMessageBox& box) { pressKey(box, Qt::Key_Escape); });
-    QCOMPARE(ask(), DBCAnswer::Alternate);
-}
-
-void tst_windowPresenter::closedBoxIsTheAlternateAnswer()
-{
-    DBCWindowPresenter presenter(_window);
-    whenABoxOpens([](QMessageBox& box) { box.close(); });
-    QCOMPARE(ask(), DBCAnswer::Alternate);
-}
-
-void tst_windowPresenter::eachButtonGivesItsAnswer()
-{
-    DBCWindowPresenter presenter(_window);
-    const QList<std::pair<QString, DBCAnswer>> answers {
-        {QStringLiteral("Yes"), DBCAnswer::Default},
-        {QStringLiteral("No"), DBCAnswer::Alternate},
-        {QStringLiteral("Third"), DBCAnswer::Other},
-    };
-    for (const auto& [label, answer] : answers) {
-        whenABoxOpens([label = label](QMessageBox& box) { buttonLabelled(box, label)->click(); });
-        QCOMPARE(DBCMessage::ShowInfoMessage(QStringLiteral("IDS_MSG_ERR_0205"), DBCButton::Yes,
-                     DBCButton::No, QStringLiteral("Third")),
-            answer);
-    }
-}
-
-void tst_windowPresenter::questionOfAnotherThreadWaitsForTheAnswer()
-{
-    DBCWindowPresenter presenter(_window);
-    QThread* thread = nullptr;
-    whenABoxOpens([&](QMessageBox& box) {
-        thread = QThread::currentThread();
-        QCOMPARE(box.windowModality(), Qt::WindowModal);
-        pressKey(box, Qt::Key_Return);
-    });
-    QCOMPARE(askOnAnotherThread(QStringLiteral("IDS_MSG_ERR_0315")), DBCAnswer::Default);
-    QCOMPARE(thread, _window.thread());
-}
-
-void tst_windowPresenter::windowIsPaintedWhileAQuestionIsOpen()
-{
-    struct PaintWatcher : QObject {
-        bool eventFilter(QObject* /*watched*/, QEvent* event) override
-        {
-            paints += event->type() == QEvent::Paint ? 1 : 0;
-            return false;
-        }
-        int paints = 0;
-    } watcher;
-    _window.installEventFilter(&watcher);
-    DBCWindowPresenter presenter(_window);
-    int paintsWhileOpen = 0;
-    whenABoxOpens([&](QMessageBox& box) {
-        const int before = watcher.paints;
-        _window.update();
-        QTest::qWait(50);
-        paintsWhileOpen = watcher.paints - before;
-        pressKey(box, Qt::Key_Escape);
-    });
-    ask();
-    QVERIFY(paintsWhileOpen > 0);
-}
-
-void tst_windowPresenter::sheetGivesItsAnswerLater()
-{
-    DBCWindowPresenter presenter(_window);
-    std::optional<DBCAnswer> answer;
-    bool isDismissed = false;
-    QCOMPARE(DBCMessage::ShowInfoMessageAlertSheet(
-                 nullptr, [&](DBCAnswer given) { answer = given; }, [&] { isDismissed = true; },
-                 QStringLiteral("IDS_MSG_ERR_0205"), DBCButton::Yes, DBCButton::No),
-        DBCAnswer::Alternate);
-    QVERIFY(!answer);
-    whenABoxOpens([](QMessageBox& box) { pressKey(box, Qt::Key_Return); });
-    QTRY_VERIFY(answer);
-    QCOMPARE(*answer, DBCAnswer::Default);
-    QVERIFY(isDismissed);
-}
-
-// Behind a box the focus goes back to the window that it came over.
-void tst_windowPresenter::boxesComeOverTheWindowInFront()
-{
-    DBCWindowPresenter presenter(_window);
-    QWidget front;
-    const auto parentOfABox = [] {
-        const QWidget* parent = nullptr;
-        whenABoxOpens([&parent](QMessageBox& box) {
-            parent = box.parentWidget();
-            pressKey(box, Qt::Key_Escape);
-        });
-        ask();
-        return parent;
-    };
-    presenter.showOver(front);
-    QCOMPARE(parentOfABox(), &front);
-    presenter.showOver(_window);
-    QCOMPARE(parentOfABox(), &_window);
-}
-
-void tst_windowPresenter::unattendedCancelIsConfirmedWithoutABox()
-{
-    DBCWindowPresenter presenter(_window);
-    presenter.leaveUnattended();
-    QCOMPARE(ask(QStringLiteral("IDS_MSG_ERR_0315")), DBCAnswer::Default);
-    QCOMPARE(ask(QStringLiteral("IDS_MSG_ERR_0210")), DBCAnswer::Default);
-}
-
-void tst_windowPresenter::unattendedQuestionTakesTheAlternateAnswer()
-{
-    DBCWindowPresenter presenter(_window);
-    presenter.leaveUnattended();
-    QCOMPARE(ask(QStringLiteral("IDS_MSG_ERR_0205")), DBCAnswer::Alternate);
-    QCOMPARE(ask(QStringLiteral("IDS_MSG_ERR_0317")), DBCAnswer::Alternate);
-}
-
-// The window's thread may be on its way out of the program and turn no event loop any more.
-void tst_windowPresenter::openQuestionOfAnotherThreadEndsWhenNobodyIsThere()
-{
-    DBCWindowPresenter presenter(_window);
-    auto answer
-        = std::async(std::launch::async, [] { return ask(QStringLiteral("IDS_MSG_ERR_0315")); });
-    std::future_status whileOpen = std::future_status::timeout;
-    whenABoxOpens([&](QMessageBox& /*box*/) {
-        presenter.leaveUnattended();
-        whileOpen = answer.wait_for(std::chrono::seconds(10));
-    });
-    QTRY_COMPARE(whileOpen, std::future_status::ready);
-    QCOMPARE(answer.get(), DBCAnswer::Default);
-    QVERIFY(!openBox());
-}
 
 QTEST_MAIN(tst_windowPresenter)
 #include "tst_windowPresenter.moc"

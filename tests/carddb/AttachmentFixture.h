@@ -16,6 +16,8 @@
 
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 // Everything in a folder, its hidden files and links that lead nowhere included.
 inline QStringList entries(const QString& folder)
 {
@@ -32,10 +34,10 @@ inline QByteArray contentsOf(const QString& path)
 // An entry of each kind that is no attachment; specialNames in their order.
 inline void makeSpecialEntries(const QString& folder)
 {
-    QVERIFY(QFile::link(QStringLiteral("a.txt"), folder + QStringLiteral("/b-link")));
-    QVERIFY(QFile::link(QStringLiteral("none"), folder + QStringLiteral("/c-dangling")));
-    QVERIFY(QFile::link(QStringLiteral("/usr"), folder + QStringLiteral("/d-folder-link")));
-    const QString pipe = folder + QStringLiteral("/e-pipe");
+    QVERIFY(QFile::link(u"a.txt"_s, folder + u"/b-link"_s));
+    QVERIFY(QFile::link(u"none"_s, folder + u"/c-dangling"_s));
+    QVERIFY(QFile::link(u"/usr"_s, folder + u"/d-folder-link"_s));
+    const QString pipe = folder + u"/e-pipe"_s;
     QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
 
     // A socket's path must be short, however long that of the temporary folder is.
@@ -51,14 +53,14 @@ inline void makeSpecialEntries(const QString& folder)
     close(directory);
 }
 
-inline const QStringList specialNames {QStringLiteral("b-link"), QStringLiteral("c-dangling"),
-    QStringLiteral("d-folder-link"), QStringLiteral("e-pipe"), QStringLiteral("f-socket")};
+inline const QStringList specialNames {
+    u"b-link"_s, u"c-dangling"_s, u"d-folder-link"_s, u"e-pipe"_s, u"f-socket"_s};
 
 inline QStringList specialWarnings(const char* key, const QString& number)
 {
     QStringList warnings;
     for (const QString& name : specialNames)
-        warnings << TransferFixture::text(key, {number, QStringLiteral("Hanako"), name});
+        warnings << TransferFixture::text(key, {number, u"Hanako"_s, name});
     return warnings;
 }
 

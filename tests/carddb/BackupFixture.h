@@ -10,16 +10,18 @@
 #include <QDir>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 struct BackupFixture {
     BackupFixture()
     {
         package.card().withPdf("first");
-        package.card().withAttachment(QStringLiteral("note.txt"), "second");
+        package.card().withAttachment(u"note.txt"_s, "second");
         package.card().deleted();
     }
 
     // A copy of the package as it is now.
-    QString backUp(const QString& name = QStringLiteral("Velmora DB_bak.vmdb")) const
+    QString backUp(const QString& name = u"Velmora DB_bak.vmdb"_s) const
     {
         if (!DBCPackageCopy().copy(package.path(), home.path(name)))
             qFatal("no backup");
@@ -27,11 +29,11 @@ struct BackupFixture {
     }
     void damage(const QString& folder, const QByteArray& store = "these are no cards") const
     {
-        home.writeFile(QFileInfo(folder).fileName() + QStringLiteral("/Velmora.sqldb"), store);
+        home.writeFile(QFileInfo(folder).fileName() + u"/Velmora.sqldb"_s, store);
     }
     void removeStore(const QString& folder) const
     {
-        if (!QFile::remove(folder + QStringLiteral("/Velmora.sqldb")))
+        if (!QFile::remove(folder + u"/Velmora.sqldb"_s))
             qFatal("no store to remove");
     }
     void removePackage() const
@@ -41,7 +43,7 @@ struct BackupFixture {
     }
     bool hasJournal() const
     {
-        return QFileInfo::exists(home.path(QStringLiteral(".Velmora DB.vmdb.velmora-import")));
+        return QFileInfo::exists(home.path(u".Velmora DB.vmdb.velmora-import"_s));
     }
     // Everything in the folder in which package and backups lie.
     QStringList everything() const { return snapshotOf(home.path()); }

@@ -18,6 +18,8 @@
 #include <utility>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 struct RecordedLog {
     bool isEmpty() const { return warnings.isEmpty() && errors.isEmpty(); }
 
@@ -38,7 +40,7 @@ private:
 inline quint64 diskUsage(const QString& folder)
 {
     QProcess process;
-    process.start(QStringLiteral("du"), {QStringLiteral("-sk"), folder});
+    process.start(u"du"_s, {u"-sk"_s, folder});
     process.waitForFinished();
     return process.readAllStandardOutput().split('\t').value(0).toULongLong() * 1024;
 }
@@ -50,9 +52,9 @@ struct TransferFixture {
     static DBCRecord record(const Values& values)
     {
         DBCRecord record;
-        record.setValue(DBCRecordKey::lineNo, QStringLiteral("7"));
-        record.setValue(DBCRecordKey::recordNo, QStringLiteral("6"));
-        record.setValue(DBCRecordKey::full_Name, QStringLiteral("Hanako"));
+        record.setValue(DBCRecordKey::lineNo, u"7"_s);
+        record.setValue(DBCRecordKey::recordNo, u"6"_s);
+        record.setValue(DBCRecordKey::full_Name, u"Hanako"_s);
         for (const auto& [key, value] : values)
             record.setValue(key, value);
         return record;

@@ -17,13 +17,15 @@
 #include <cstring>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using Key = DBCRecordKey;
 
 namespace {
 
-const QString cardId = QStringLiteral("0A1B-1");
-const QString named = QStringLiteral("plans");
-const QString nothing = QStringLiteral("");
+const QString cardId = u"0A1B-1"_s;
+const QString named = u"plans"_s;
+const QString nothing = u""_s;
 
 // In the user's language.
 QString refused()
@@ -51,13 +53,12 @@ private:
     std::optional<QString> exportAttachments()
     {
         return _f->database->_exportAttachFile(TransferFixture::record({{Key::cardID, cardId}}),
-            _f->home.path(QStringLiteral("export")), &_f->error);
+            _f->home.path(u"export"_s), &_f->error);
     }
     std::optional<QString> importImage()
     {
         return _f->database->_addImageFileIntoDB(_f->folder.path(),
-            TransferFixture::record({{Key::face_Image_File, QStringLiteral("1.jpg")}}), cardId,
-            &_f->error);
+            TransferFixture::record({{Key::face_Image_File, u"1.jpg"_s}}), cardId, &_f->error);
     }
 
     StandardInputKeeper _standardInput;
@@ -70,9 +71,9 @@ private Q_SLOTS:
         _user = std::make_unique<AsOrdinaryUser>();
         _f = std::make_unique<TransferFixture>();
         QVERIFY(_f->database);
-        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
-        _f->folder.image(QStringLiteral("1.jpg"), JpegBuilder(30, 20).bytes());
-        _f->package.writeFile(QStringLiteral("Files/Other/a.txt"), "a");
+        _f->folder.attachment(named, u"a.txt"_s, "a");
+        _f->folder.image(u"1.jpg"_s, JpegBuilder(30, 20).bytes());
+        _f->package.writeFile(u"Files/Other/a.txt"_s, "a");
     }
     void cleanup()
     {
@@ -82,7 +83,7 @@ private Q_SLOTS:
 
     void attachmentThatCannotBeReadStopsTheImport()
     {
-        const QString path = _f->folder.attachmentPath(named, QStringLiteral("a.txt"));
+        const QString path = _f->folder.attachmentPath(named, u"a.txt"_s);
         const ScopedMode mode(path, unreadable);
         QCOMPARE(importAttachments(), nothing);
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
@@ -108,31 +109,31 @@ private Q_SLOTS:
 
     void filesFolderThatCannotBeWrittenStopsTheImport()
     {
-        const ScopedMode mode(_f->packagePath(QStringLiteral("Files")), readOnlyFolder);
+        const ScopedMode mode(_f->packagePath(u"Files"_s), readOnlyFolder);
         QCOMPARE(importAttachments(), nothing);
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
     }
 
     void imageThatCannotBeReadIsAWarning()
     {
-        const ScopedMode mode(_f->folder.imagePath(QStringLiteral("1.jpg")), unreadable);
+        const ScopedMode mode(_f->folder.imagePath(u"1.jpg"_s), unreadable);
         QCOMPARE(importImage(), nothing);
         QVERIFY(!_f->error);
         QCOMPARE(_f->log.warnings.size(), 1);
-        QVERIFY(entries(_f->packagePath(QStringLiteral("Images"))).isEmpty());
+        QVERIFY(entries(_f->packagePath(u"Images"_s)).isEmpty());
     }
 
     void imagesFolderThatCannotBeWrittenIsAnError()
     {
-        const ScopedMode mode(_f->packagePath(QStringLiteral("Images")), readOnlyFolder);
-        QCOMPARE(importImage(), cardId + QStringLiteral("_N1.pdf"));
+        const ScopedMode mode(_f->packagePath(u"Images"_s), readOnlyFolder);
+        QCOMPARE(importImage(), cardId + u"_N1.pdf"_s);
         QCOMPARE(_f->error.code(), DBCResultCode::PdfCreateFailure);
     }
 
     void storedAttachmentThatCannotBeReadStopsTheExport()
     {
-        _f->package.writeFile(QStringLiteral("Files/0A1B-1/a.txt"), "a");
-        const ScopedMode mode(_f->packagePath(QStringLiteral("Files/0A1B-1/a.txt")), unreadable);
+        _f->package.writeFile(u"Files/0A1B-1/a.txt"_s, "a");
+        const ScopedMode mode(_f->packagePath(u"Files/0A1B-1/a.txt"_s), unreadable);
         QCOMPARE(exportAttachments(), nothing);
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentExportFailure);
         QVERIFY(copyFailureWasLogged(_f->log));
@@ -140,8 +141,8 @@ private Q_SLOTS:
 
     void cardFolderThatCannotBeListedIsNotTakenForAnEmptyOne()
     {
-        _f->package.writeFile(QStringLiteral("Files/0A1B-1/a.txt"), "a");
-        const ScopedMode mode(_f->packagePath(QStringLiteral("Files/0A1B-1")), notToBeListed);
+        _f->package.writeFile(u"Files/0A1B-1/a.txt"_s, "a");
+        const ScopedMode mode(_f->packagePath(u"Files/0A1B-1"_s), notToBeListed);
         QCOMPARE(exportAttachments(), nothing);
         QCOMPARE(_f->error.code(), DBCResultCode::SizeMeasureFailure);
         QVERIFY(!_f->log.errors.isEmpty());
@@ -149,16 +150,16 @@ private Q_SLOTS:
 
     void cardFolderThatCannotBeEnteredIsNotTakenForAnEmptyOne()
     {
-        _f->package.writeFile(QStringLiteral("Files/0A1B-1/a.txt"), "a");
-        const ScopedMode mode(_f->packagePath(QStringLiteral("Files/0A1B-1")), notToBeEntered);
+        _f->package.writeFile(u"Files/0A1B-1/a.txt"_s, "a");
+        const ScopedMode mode(_f->packagePath(u"Files/0A1B-1"_s), notToBeEntered);
         QCOMPARE(exportAttachments(), nothing);
         QCOMPARE(_f->error.code(), DBCResultCode::SizeMeasureFailure);
     }
 
     void folderToExportIntoThatCannotBeWrittenIsAnError()
     {
-        _f->package.writeFile(QStringLiteral("Files/0A1B-1/a.txt"), "a");
-        const ScopedMode mode(_f->home.makeFolder(QStringLiteral("export")), readOnlyFolder);
+        _f->package.writeFile(u"Files/0A1B-1/a.txt"_s, "a");
+        const ScopedMode mode(_f->home.makeFolder(u"export"_s), readOnlyFolder);
         QCOMPARE(exportAttachments(), nothing);
         QCOMPARE(_f->error.code(), DBCResultCode::FolderCreateFailure);
     }
@@ -188,9 +189,9 @@ private Q_SLOTS:
 
     void packageIsNotMadeInAReadOnlyFolder()
     {
-        const QString folder = _f->home.makeFolder(QStringLiteral("folder"));
+        const QString folder = _f->home.makeFolder(u"folder"_s);
         const ScopedMode mode(folder, readOnlyFolder);
-        const auto result = DBCPackageCreator::create(folder + QStringLiteral("/New.vmdb"));
+        const auto result = DBCPackageCreator::create(folder + u"/New.vmdb"_s);
         QCOMPARE(result.outcome, DBCPackageCreator::Outcome::Failed);
         QVERIFY(result.problem.text.contains(refused()));
         QVERIFY(entries(folder).isEmpty());
@@ -209,9 +210,9 @@ private Q_SLOTS:
     void foldersThatCannotBeListedAreFoundByTheVerifier()
     {
         _f->database.reset();
-        _f->package.card().withAttachment(QStringLiteral("a.txt"), "a");
-        const QStringList folders {_f->packagePath(QStringLiteral("Files/CARD-1")),
-            _f->packagePath(QStringLiteral("Images")), _f->packagePath(QStringLiteral("Files"))};
+        _f->package.card().withAttachment(u"a.txt"_s, "a");
+        const QStringList folders {_f->packagePath(u"Files/CARD-1"_s), _f->packagePath(u"Images"_s),
+            _f->packagePath(u"Files"_s)};
         const ScopedMode card(folders[0], notToBeListed);
         const ScopedMode images(folders[1], notToBeListed);
         const ScopedMode files(folders[2], notToBeListed);

@@ -9,11 +9,13 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using Key = DBCRecordKey;
 
 namespace {
 
-const QString cardId = QStringLiteral("0A1B-1");
+const QString cardId = u"0A1B-1"_s;
 
 } // namespace
 
@@ -26,17 +28,17 @@ private:
         return _f->database->_exportAttachFile(
             TransferFixture::record({{Key::cardID, cardId}}), _target, &_f->error);
     }
-    QString filesFolder() const { return _f->packagePath(QStringLiteral("Files")); }
+    QString filesFolder() const { return _f->packagePath(u"Files"_s); }
     QString cardFolder() const { return filesFolder() + u'/' + cardId; }
-    QString exportFolder() const { return _target + QStringLiteral("/6"); }
+    QString exportFolder() const { return _target + u"/6"_s; }
     void stored(const QString& name, const QByteArray& bytes) const
     {
-        _f->package.writeFile(QStringLiteral("Files/0A1B-1/") + name, bytes);
+        _f->package.writeFile(u"Files/0A1B-1/"_s + name, bytes);
     }
     static QString exportNameWarning()
     {
-        return TransferFixture::text("IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT_FOR_EXPORT",
-            {QStringLiteral("6"), QStringLiteral("Hanako")});
+        return TransferFixture::text(
+            "IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT_FOR_EXPORT", {u"6"_s, u"Hanako"_s});
     }
 
     std::unique_ptr<TransferFixture> _f;
@@ -47,45 +49,45 @@ private Q_SLOTS:
     {
         _f = std::make_unique<TransferFixture>();
         QVERIFY(_f->database);
-        _target = _f->home.path(QStringLiteral("export"));
+        _target = _f->home.path(u"export"_s);
     }
     void cleanup() { _f.reset(); }
 
     void filesAreTakenOutUnderTheRecordNumber()
     {
-        stored(QStringLiteral("a.txt"), "first");
-        stored(QStringLiteral("b.txt"), "second");
-        QCOMPARE(exportCard(), QStringLiteral("6"));
+        stored(u"a.txt"_s, "first");
+        stored(u"b.txt"_s, "second");
+        QCOMPARE(exportCard(), u"6"_s);
         QVERIFY(!_f->error);
         QVERIFY(_f->log.isEmpty());
-        QCOMPARE(contentsOf(exportFolder() + QStringLiteral("/a.txt")), QByteArray("first"));
-        QCOMPARE(contentsOf(exportFolder() + QStringLiteral("/b.txt")), QByteArray("second"));
+        QCOMPARE(contentsOf(exportFolder() + u"/a.txt"_s), QByteArray("first"));
+        QCOMPARE(contentsOf(exportFolder() + u"/b.txt"_s), QByteArray("second"));
     }
 
     void emptyCardFolderExportsNothingAndMakesNoFolder()
     {
         QVERIFY(QDir(filesFolder()).mkdir(cardId));
-        QCOMPARE(exportCard(), QStringLiteral(""));
+        QCOMPARE(exportCard(), u""_s);
         QVERIFY(!_f->error);
         QVERIFY(!QFileInfo::exists(exportFolder()));
     }
 
-    void cardWithoutFolderExportsNothing() { QCOMPARE(exportCard(), QStringLiteral("")); }
+    void cardWithoutFolderExportsNothing() { QCOMPARE(exportCard(), u""_s); }
 
     void fileInPlaceOfTheCardFolderExportsNothing()
     {
-        _f->package.writeFile(QStringLiteral("Files/") + cardId, "a file");
-        QCOMPARE(exportCard(), QStringLiteral(""));
+        _f->package.writeFile(u"Files/"_s + cardId, "a file");
+        QCOMPARE(exportCard(), u""_s);
         QVERIFY(!_f->error);
     }
 
     void cardWithoutIdExportsNothing()
     {
-        stored(QStringLiteral("a.txt"), "a");
-        for (const QString& id : {QString(), QStringLiteral("  ")}) {
+        stored(u"a.txt"_s, "a");
+        for (const QString& id : {QString(), u"  "_s}) {
             QCOMPARE(_f->database->_exportAttachFile(
                          TransferFixture::record({{Key::cardID, id}}), _target, &_f->error),
-                QStringLiteral(""));
+                u""_s);
         }
         QVERIFY(!_f->error);
         QVERIFY(!QFileInfo::exists(_target));
@@ -93,17 +95,17 @@ private Q_SLOTS:
 
     void cardIdThatLeadsOutOfThePackageExportsNothing()
     {
-        _f->home.writeFile(QStringLiteral("secrets/key.txt"), "secret");
-        QCOMPARE(_f->database->_exportAttachFile(
-                     TransferFixture::record({{Key::cardID, QStringLiteral("../../secrets")}}),
-                     _target, &_f->error),
-            QStringLiteral(""));
+        _f->home.writeFile(u"secrets/key.txt"_s, "secret");
+        QCOMPARE(
+            _f->database->_exportAttachFile(
+                TransferFixture::record({{Key::cardID, u"../../secrets"_s}}), _target, &_f->error),
+            u""_s);
         QVERIFY(!QFileInfo::exists(exportFolder()));
     }
 
     void exportWithoutAnArgumentGivesNothing()
     {
-        stored(QStringLiteral("a.txt"), "a");
+        stored(u"a.txt"_s, "a");
         const DBCRecord record = TransferFixture::record({{Key::cardID, cardId}});
         DBCRecord withoutNumber = record;
         withoutNumber.removeValue(Key::recordNo);
@@ -117,9 +119,9 @@ private Q_SLOTS:
 
     void attachmentFolderThatCannotBeMadeIsAnError()
     {
-        stored(QStringLiteral("a.txt"), "a");
-        _target = _f->home.path(QStringLiteral("missing/folder"));
-        QCOMPARE(exportCard(), QStringLiteral(""));
+        stored(u"a.txt"_s, "a");
+        _target = _f->home.path(u"missing/folder"_s);
+        QCOMPARE(exportCard(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::FolderCreateFailure);
         QCOMPARE(_f->error.pathName(), _target);
         QVERIFY(!copyFailureWasLogged(_f->log));
@@ -127,9 +129,9 @@ private Q_SLOTS:
 
     void cardFolderThatCannotBeMadeOnExportIsAnError()
     {
-        stored(QStringLiteral("a.txt"), "a");
-        _f->home.writeFile(QStringLiteral("export/6"), "a file");
-        QCOMPARE(exportCard(), QStringLiteral(""));
+        stored(u"a.txt"_s, "a");
+        _f->home.writeFile(u"export/6"_s, "a file");
+        QCOMPARE(exportCard(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::FolderCreateFailure);
         QCOMPARE(_f->error.pathName(), exportFolder());
         QVERIFY(copyFailureWasLogged(_f->log));
@@ -137,79 +139,78 @@ private Q_SLOTS:
 
     void cardFolderThatCannotBeMeasuredIsAnError()
     {
-        stored(QStringLiteral("a.txt"), "a");
+        stored(u"a.txt"_s, "a");
         ScopedHost host;
-        host->diskUsageProgram = QStringLiteral("/bin/false");
-        QCOMPARE(exportCard(), QStringLiteral(""));
+        host->diskUsageProgram = u"/bin/false"_s;
+        QCOMPARE(exportCard(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::SizeMeasureFailure);
     }
 
     void exportNeedsTheFoldersSizeAndTheMargin()
     {
-        stored(QStringLiteral("a.txt"), QByteArray(100000, 'a'));
+        stored(u"a.txt"_s, QByteArray(100000, 'a'));
         const quint64 needed = diskUsage(cardFolder()) + 524288;
         ScopedHost host;
         host.setFreeBytes(needed - 1);
-        QCOMPARE(exportCard(), QStringLiteral(""));
+        QCOMPARE(exportCard(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::NoSpaceForExport);
         QVERIFY(!_f->error.pathName());
 
         _f->error = {};
         host.setFreeBytes(needed);
-        QCOMPARE(exportCard(), QStringLiteral("6"));
+        QCOMPARE(exportCard(), u"6"_s);
     }
 
     void failedExportCopyNamesTheTwoFolders()
     {
-        stored(QStringLiteral("a.txt"), "new");
-        stored(QStringLiteral("b.txt"), "b");
-        _f->home.writeFile(QStringLiteral("export/6/a.txt"), "old");
-        QCOMPARE(exportCard(), QStringLiteral(""));
+        stored(u"a.txt"_s, "new");
+        stored(u"b.txt"_s, "b");
+        _f->home.writeFile(u"export/6/a.txt"_s, "old");
+        QCOMPARE(exportCard(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentExportFailure);
-        QCOMPARE(
-            _f->error.pathName(), QStringLiteral("[%1 - %2]").arg(cardFolder(), exportFolder()));
+        QCOMPARE(_f->error.pathName(), u"[%1 - %2]"_s.arg(cardFolder(), exportFolder()));
         QVERIFY(copyFailureWasLogged(_f->log));
-        QCOMPARE(entries(exportFolder()), QStringList {QStringLiteral("a.txt")});
-        QCOMPARE(contentsOf(exportFolder() + QStringLiteral("/a.txt")), QByteArray("old"));
+        QCOMPARE(entries(exportFolder()), QStringList {u"a.txt"_s});
+        QCOMPARE(contentsOf(exportFolder() + u"/a.txt"_s), QByteArray("old"));
     }
 
     void namesThatOtherSystemsRefuseAreLeftOut()
     {
-        stored(QStringLiteral("a.txt"), "a");
-        stored(QStringLiteral(".hidden"), "h");
-        stored(QStringLiteral("what?.txt"), "q");
-        stored(QStringLiteral("b:c.txt"), "c");
-        QCOMPARE(exportCard(), QStringLiteral("6"));
+        stored(u"a.txt"_s, "a");
+        stored(u".hidden"_s, "h");
+        stored(u"what?.txt"_s, "q");
+        stored(u"b:c.txt"_s, "c");
+        QCOMPARE(exportCard(), u"6"_s);
         QVERIFY(!_f->error);
-        QCOMPARE(entries(exportFolder()), QStringList {QStringLiteral("a.txt")});
+        QCOMPARE(entries(exportFolder()), QStringList {u"a.txt"_s});
         QCOMPARE(_f->log.warnings,
             (QStringList {exportNameWarning(), exportNameWarning(), exportNameWarning()}));
     }
 
     void foldersInTheCardFolderAreLeftOutWithoutAWord()
     {
-        stored(QStringLiteral("a.txt"), "a");
-        stored(QStringLiteral("folder/inside.txt"), "i");
-        QCOMPARE(exportCard(), QStringLiteral("6"));
-        QCOMPARE(entries(exportFolder()), QStringList {QStringLiteral("a.txt")});
+        stored(u"a.txt"_s, "a");
+        stored(u"folder/inside.txt"_s, "i");
+        QCOMPARE(exportCard(), u"6"_s);
+        QCOMPARE(entries(exportFolder()), QStringList {u"a.txt"_s});
         QVERIFY(_f->log.isEmpty());
     }
 
     void hiddenFolderIsRefusedForItsName()
     {
-        stored(QStringLiteral(".folder/inside.txt"), "i");
-        QCOMPARE(exportCard(), QStringLiteral("6"));
+        stored(u".folder/inside.txt"_s, "i");
+        QCOMPARE(exportCard(), u"6"_s);
         QCOMPARE(_f->log.warnings, QStringList {exportNameWarning()});
     }
 
     void specialEntriesAreLeftOutOfTheExport()
     {
-        stored(QStringLiteral("a.txt"), "a");
+        stored(u"a.txt"_s, "a");
         makeSpecialEntries(cardFolder());
-        QCOMPARE(exportCard(), QStringLiteral("6"));
-        QCOMPARE(entries(exportFolder()), QStringList {QStringLiteral("a.txt")});
-        QCOMPARE(_f->log.warnings,
-            specialWarnings("IDS_LOG_WRN_ATTACH_NOT_REGULAR_FOR_EXPORT", QStringLiteral("6")));
+        QCOMPARE(exportCard(), u"6"_s);
+        QCOMPARE(entries(exportFolder()), QStringList {u"a.txt"_s});
+        QCOMPARE(
+            _f->log.warnings, specialWarnings("IDS_LOG_WRN_ATTACH_NOT_REGULAR_FOR_EXPORT", u"6"_s));
     }
 };
 

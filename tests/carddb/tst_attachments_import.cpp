@@ -9,12 +9,14 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using Key = DBCRecordKey;
 
 namespace {
 
-const QString cardId = QStringLiteral("0A1B-1");
-const QString named = QStringLiteral("plans");
+const QString cardId = u"0A1B-1"_s;
+const QString named = u"plans"_s;
 
 } // namespace
 
@@ -27,16 +29,15 @@ private:
         return _f->database->_addAttachFileIntoDB(_f->folder.path(),
             TransferFixture::record({{Key::attachmentFile, folder}}), cardId, &_f->error);
     }
-    QString filesFolder() const { return _f->packagePath(QStringLiteral("Files")); }
+    QString filesFolder() const { return _f->packagePath(u"Files"_s); }
     QString cardFolder() const { return filesFolder() + u'/' + cardId; }
     void stored(const QString& name, const QByteArray& bytes) const
     {
-        _f->package.writeFile(QStringLiteral("Files/0A1B-1/") + name, bytes);
+        _f->package.writeFile(u"Files/0A1B-1/"_s + name, bytes);
     }
     static QString nameWarning()
     {
-        return TransferFixture::text(
-            "IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT", {QStringLiteral("7"), QStringLiteral("Hanako")});
+        return TransferFixture::text("IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT", {u"7"_s, u"Hanako"_s});
     }
 
     std::unique_ptr<TransferFixture> _f;
@@ -51,57 +52,57 @@ private Q_SLOTS:
 
     void filesAreTakenInUnderTheCardId()
     {
-        _f->folder.attachment(named, QStringLiteral("a.txt"), "first");
-        _f->folder.attachment(named, QString(QChar(0x56F3)) + QStringLiteral(" 1.dwg"), "second");
+        _f->folder.attachment(named, u"a.txt"_s, "first");
+        _f->folder.attachment(named, QString(QChar(0x56F3)) + u" 1.dwg"_s, "second");
         QCOMPARE(add(), cardId);
         QVERIFY(!_f->error);
         QVERIFY(_f->log.isEmpty());
-        QCOMPARE(contentsOf(cardFolder() + QStringLiteral("/a.txt")), QByteArray("first"));
-        QCOMPARE(contentsOf(cardFolder() + u'/' + QChar(0x56F3) + QStringLiteral(" 1.dwg")),
-            QByteArray("second"));
+        QCOMPARE(contentsOf(cardFolder() + u"/a.txt"_s), QByteArray("first"));
+        QCOMPARE(
+            contentsOf(cardFolder() + u'/' + QChar(0x56F3) + u" 1.dwg"_s), QByteArray("second"));
     }
 
     void onlyThePlainNameIsTaken()
     {
-        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
-        _f->folder.attachment(named, QStringLiteral(".hidden"), "h");
-        _f->folder.attachment(named, QStringLiteral("a:b.txt"), "c");
-        _f->folder.attachment(named, QStringLiteral("subfolder/inside.txt"), "s");
+        _f->folder.attachment(named, u"a.txt"_s, "a");
+        _f->folder.attachment(named, u".hidden"_s, "h");
+        _f->folder.attachment(named, u"a:b.txt"_s, "c");
+        _f->folder.attachment(named, u"subfolder/inside.txt"_s, "s");
         QCOMPARE(add(), cardId);
         QVERIFY(!_f->error);
-        QCOMPARE(entries(cardFolder()), QStringList {QStringLiteral("a.txt")});
+        QCOMPARE(entries(cardFolder()), QStringList {u"a.txt"_s});
         QCOMPARE(_f->log.warnings, (QStringList {nameWarning(), nameWarning()}));
         QVERIFY(_f->log.errors.isEmpty());
     }
 
     void browserSettingsAreLeftOutWithoutAWord()
     {
-        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
-        _f->folder.attachment(named, QStringLiteral(".DS_Store"), "d");
+        _f->folder.attachment(named, u"a.txt"_s, "a");
+        _f->folder.attachment(named, u".DS_Store"_s, "d");
         QCOMPARE(add(), cardId);
-        QCOMPARE(entries(cardFolder()), QStringList {QStringLiteral("a.txt")});
+        QCOMPARE(entries(cardFolder()), QStringList {u"a.txt"_s});
         QVERIFY(_f->log.isEmpty());
     }
 
     void browserSettingsInTheCardsFolderAreRemoved()
     {
-        stored(QStringLiteral(".DS_Store"), "old");
-        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
+        stored(u".DS_Store"_s, "old");
+        _f->folder.attachment(named, u"a.txt"_s, "a");
         QCOMPARE(add(), cardId);
-        QCOMPARE(entries(cardFolder()), QStringList {QStringLiteral("a.txt")});
+        QCOMPARE(entries(cardFolder()), QStringList {u"a.txt"_s});
     }
 
     void recordWithoutAttachmentsGivesAnEmptyName_data()
     {
         QTest::addColumn<QString>("folder");
         QTest::newRow("empty") << QString();
-        QTest::newRow("blanks") << QString(QStringLiteral(" \t") + QChar(0x3000));
+        QTest::newRow("blanks") << QString(u" \t"_s + QChar(0x3000));
     }
     void recordWithoutAttachmentsGivesAnEmptyName()
     {
         QFETCH(QString, folder);
-        _f->package.remove(QStringLiteral("Files"));
-        QCOMPARE(add(folder), QStringLiteral(""));
+        _f->package.remove(u"Files"_s);
+        QCOMPARE(add(folder), u""_s);
         QVERIFY(!_f->error);
         QVERIFY(_f->log.isEmpty());
         QVERIFY(!QFileInfo::exists(filesFolder()));
@@ -126,18 +127,18 @@ private Q_SLOTS:
 
     void filesFolderIsMadeOnDemand()
     {
-        _f->package.remove(QStringLiteral("Files"));
-        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
+        _f->package.remove(u"Files"_s);
+        _f->folder.attachment(named, u"a.txt"_s, "a");
         QCOMPARE(add(), cardId);
-        QCOMPARE(entries(cardFolder()), QStringList {QStringLiteral("a.txt")});
+        QCOMPARE(entries(cardFolder()), QStringList {u"a.txt"_s});
     }
 
     void unusablePackageIsAnImportFailure()
     {
-        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
+        _f->folder.attachment(named, u"a.txt"_s, "a");
         ScopedHost host;
         host.makeReadOnly({_f->package.storePath()});
-        QCOMPARE(add(), QStringLiteral(""));
+        QCOMPARE(add(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
         QVERIFY(copyFailureWasLogged(_f->log));
         QVERIFY(!QFileInfo::exists(cardFolder()));
@@ -145,17 +146,17 @@ private Q_SLOTS:
 
     void filesFolderThatCannotBeMadeIsAnError()
     {
-        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
-        _f->package.remove(QStringLiteral("Files"));
-        _f->package.writeFile(QStringLiteral("Files"), "a file");
-        QCOMPARE(add(), QStringLiteral(""));
+        _f->folder.attachment(named, u"a.txt"_s, "a");
+        _f->package.remove(u"Files"_s);
+        _f->package.writeFile(u"Files"_s, "a file");
+        QCOMPARE(add(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::FolderCreateFailure);
         QCOMPARE(_f->error.pathName(), filesFolder());
     }
 
     void missingFolderIsAnImportFailure()
     {
-        QCOMPARE(add(), QStringLiteral(""));
+        QCOMPARE(add(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
         QCOMPARE(_f->log.errors,
             QStringList {TransferFixture::text(
@@ -166,17 +167,17 @@ private Q_SLOTS:
     {
         QFile file(_f->folder.attachmentPath(named));
         QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(add(), QStringLiteral(""));
+        QCOMPARE(add(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
         QVERIFY(!QFileInfo::exists(cardFolder()));
     }
 
     void unreadableFolderIsAnImportFailure()
     {
-        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
+        _f->folder.attachment(named, u"a.txt"_s, "a");
         ScopedHost host;
         host.makeUnreadable({_f->folder.attachmentPath(named)});
-        QCOMPARE(add(), QStringLiteral(""));
+        QCOMPARE(add(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
         QVERIFY(copyFailureWasLogged(_f->log));
         QVERIFY(!QFileInfo::exists(cardFolder()));
@@ -184,35 +185,35 @@ private Q_SLOTS:
 
     void folderThatCannotBeMeasuredIsAnError()
     {
-        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
+        _f->folder.attachment(named, u"a.txt"_s, "a");
         ScopedHost host;
-        host->diskUsageProgram = QStringLiteral("/bin/false");
-        QCOMPARE(add(), QStringLiteral(""));
+        host->diskUsageProgram = u"/bin/false"_s;
+        QCOMPARE(add(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::SizeMeasureFailure);
         QVERIFY(!QFileInfo::exists(cardFolder()));
     }
 
     void folderThatGoesAwayBeforeItIsListedIsAnImportFailure()
     {
-        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
-        const QString program = _f->home.writeFile(
-            QStringLiteral("du"), "#!/bin/sh\nrm -r \"$3\" && printf '4\\t'\n");
+        _f->folder.attachment(named, u"a.txt"_s, "a");
+        const QString program
+            = _f->home.writeFile(u"du"_s, "#!/bin/sh\nrm -r \"$3\" && printf '4\\t'\n");
         QCOMPARE(chmod(QFile::encodeName(program).constData(), 0700), 0);
         ScopedHost host;
         host->diskUsageProgram = program;
-        QCOMPARE(add(), QStringLiteral(""));
+        QCOMPARE(add(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
         QVERIFY(copyFailureWasLogged(_f->log));
     }
 
     void importNeedsTheFoldersSizeAndTheMargin()
     {
-        _f->folder.attachment(named, QStringLiteral("a.txt"), QByteArray(100000, 'a'));
+        _f->folder.attachment(named, u"a.txt"_s, QByteArray(100000, 'a'));
         const quint64 needed = diskUsage(_f->folder.attachmentPath(named)) + 524288;
         QVERIFY(needed > 524288 + 100000);
         ScopedHost host;
         host.setFreeBytes(needed - 1);
-        QCOMPARE(add(), QStringLiteral(""));
+        QCOMPARE(add(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::NoSpaceForImport);
         QVERIFY(!QFileInfo::exists(cardFolder()));
 
@@ -224,41 +225,38 @@ private Q_SLOTS:
 
     void cardFolderThatCannotBeMadeIsAnError()
     {
-        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
-        _f->package.writeFile(QStringLiteral("Files/") + cardId, "a file");
-        QCOMPARE(add(), QStringLiteral(""));
+        _f->folder.attachment(named, u"a.txt"_s, "a");
+        _f->package.writeFile(u"Files/"_s + cardId, "a file");
+        QCOMPARE(add(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::FolderCreateFailure);
         QCOMPARE(_f->error.pathName(), cardFolder());
     }
 
     void failedImportCopyNamesTheTwoFiles()
     {
-        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
-        _f->folder.attachment(named, QStringLiteral("b.txt"), "new");
-        _f->folder.attachment(named, QStringLiteral("c.txt"), "c");
-        stored(QStringLiteral("b.txt"), "old");
-        QCOMPARE(add(), QStringLiteral(""));
+        _f->folder.attachment(named, u"a.txt"_s, "a");
+        _f->folder.attachment(named, u"b.txt"_s, "new");
+        _f->folder.attachment(named, u"c.txt"_s, "c");
+        stored(u"b.txt"_s, "old");
+        QCOMPARE(add(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
         QCOMPARE(_f->error.pathName(),
-            QStringLiteral("[%1 - %2]")
-                .arg(_f->folder.attachmentPath(named, QStringLiteral("b.txt")),
-                    cardFolder() + QStringLiteral("/b.txt")));
+            u"[%1 - %2]"_s.arg(
+                _f->folder.attachmentPath(named, u"b.txt"_s), cardFolder() + u"/b.txt"_s));
         QVERIFY(copyFailureWasLogged(_f->log));
         // What was copied before stays, nothing comes after, and nothing is replaced.
-        QCOMPARE(entries(cardFolder()),
-            (QStringList {QStringLiteral("a.txt"), QStringLiteral("b.txt")}));
-        QCOMPARE(contentsOf(cardFolder() + QStringLiteral("/b.txt")), QByteArray("old"));
+        QCOMPARE(entries(cardFolder()), (QStringList {u"a.txt"_s, u"b.txt"_s}));
+        QCOMPARE(contentsOf(cardFolder() + u"/b.txt"_s), QByteArray("old"));
     }
 
     void specialEntriesAreLeftOutWithAWarningEach()
     {
-        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
+        _f->folder.attachment(named, u"a.txt"_s, "a");
         makeSpecialEntries(_f->folder.attachmentPath(named));
         QCOMPARE(add(), cardId);
         QVERIFY(!_f->error);
-        QCOMPARE(entries(cardFolder()), QStringList {QStringLiteral("a.txt")});
-        QCOMPARE(_f->log.warnings,
-            specialWarnings("IDS_LOG_WRN_ATTACH_NOT_REGULAR", QStringLiteral("7")));
+        QCOMPARE(entries(cardFolder()), QStringList {u"a.txt"_s});
+        QCOMPARE(_f->log.warnings, specialWarnings("IDS_LOG_WRN_ATTACH_NOT_REGULAR", u"7"_s));
     }
 
     void nameThatIsNoUtf8IsTakenAsItIs()
@@ -279,16 +277,15 @@ private Q_SLOTS:
 
     void copiesKeepPermissionsAndTimes()
     {
-        _f->folder.attachment(named, QStringLiteral("run.sh"), "x");
-        const QByteArray source
-            = QFile::encodeName(_f->folder.attachmentPath(named, QStringLiteral("run.sh")));
+        _f->folder.attachment(named, u"run.sh"_s, "x");
+        const QByteArray source = QFile::encodeName(_f->folder.attachmentPath(named, u"run.sh"_s));
         QCOMPARE(chmod(source.constData(), 0750), 0);
         const timespec times[2] = {{1000000000, 5}, {1000000001, 6}};
         QCOMPARE(utimensat(AT_FDCWD, source.constData(), times, 0), 0);
         QCOMPARE(add(), cardId);
 
         struct stat status { };
-        const QByteArray copy = QFile::encodeName(cardFolder() + QStringLiteral("/run.sh"));
+        const QByteArray copy = QFile::encodeName(cardFolder() + u"/run.sh"_s);
         QCOMPARE(stat(copy.constData(), &status), 0);
         QCOMPARE(status.st_mode & 07777, mode_t(0750));
         QCOMPARE(status.st_mtim.tv_sec, time_t(1000000001));
@@ -297,47 +294,44 @@ private Q_SLOTS:
 
     void folderIsFoundWithoutRegardToCase()
     {
-        _f->folder.attachment(QStringLiteral("PLANS"), QStringLiteral("a.txt"), "a");
+        _f->folder.attachment(u"PLANS"_s, u"a.txt"_s, "a");
         QCOMPARE(add(), cardId);
-        QCOMPARE(entries(cardFolder()), QStringList {QStringLiteral("a.txt")});
+        QCOMPARE(entries(cardFolder()), QStringList {u"a.txt"_s});
     }
 
     void linkedFolderIsMeasuredWhereItLies()
     {
-        _f->folder.attachment(
-            QStringLiteral("real"), QStringLiteral("a.txt"), QByteArray(100000, 'a'));
-        QVERIFY(QFile::link(QStringLiteral("real"), _f->folder.attachmentPath(named)));
+        _f->folder.attachment(u"real"_s, u"a.txt"_s, QByteArray(100000, 'a'));
+        QVERIFY(QFile::link(u"real"_s, _f->folder.attachmentPath(named)));
         ScopedHost host;
         host.setFreeBytes(524288 + 50000);
-        QCOMPARE(add(), QStringLiteral(""));
+        QCOMPARE(add(), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::NoSpaceForImport);
     }
 
     void folderThatLeadsOutIsMissingAndLoggedWithItsLine_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("parent folder") << QStringLiteral("../../secrets");
-        QTest::newRow("link") << QStringLiteral("link");
+        QTest::newRow("parent folder") << u"../../secrets"_s;
+        QTest::newRow("link") << u"link"_s;
     }
     void folderThatLeadsOutIsMissingAndLoggedWithItsLine()
     {
         QFETCH(QString, name);
-        _f->home.writeFile(QStringLiteral("secrets/key.txt"), "secret");
-        QVERIFY(QFile::link(_f->home.path(QStringLiteral("secrets")),
-            _f->folder.attachmentPath(QStringLiteral("link"))));
-        QCOMPARE(add(name), QStringLiteral(""));
+        _f->home.writeFile(u"secrets/key.txt"_s, "secret");
+        QVERIFY(QFile::link(_f->home.path(u"secrets"_s), _f->folder.attachmentPath(u"link"_s)));
+        QCOMPARE(add(name), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
         QCOMPARE(_f->log.warnings,
             QStringList {TransferFixture::text("IDS_LOG_WRN_NAME_LEADS_OUT",
-                {QStringLiteral("7"), QStringLiteral("Hanako"), name,
-                    _f->folder.attachmentFolder()})});
+                {u"7"_s, u"Hanako"_s, name, _f->folder.attachmentFolder()})});
         QVERIFY(!QFileInfo::exists(cardFolder()));
     }
 
     void wholeAttachmentFolderIsNoCardsFolder()
     {
-        _f->folder.attachment(named, QStringLiteral("a.txt"), "a");
-        QCOMPARE(add(QStringLiteral(".")), QStringLiteral(""));
+        _f->folder.attachment(named, u"a.txt"_s, "a");
+        QCOMPARE(add(u"."_s), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::AttachmentImportFailure);
     }
 };

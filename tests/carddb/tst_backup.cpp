@@ -17,6 +17,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Answers both questions of a copy and counts them.
@@ -70,19 +72,17 @@ private Q_SLOTS:
     {
         _f = std::make_unique<TransferFixture>();
         QVERIFY(_f->database);
-        _backup = beside(QStringLiteral("Velmora DB_bak.vmdb"));
+        _backup = beside(u"Velmora DB_bak.vmdb"_s);
     }
     void cleanup() { _f.reset(); }
 
     void backupIsAFullCopyBesideThePackage()
     {
-        _f->package.writeFile(QStringLiteral("Images/CARD-1_N1.pdf"), "pdf");
-        _f->package.writeFile(QStringLiteral("Files/CARD-1/a.txt"), "text");
-        _f->package.writeFile(QStringLiteral("Unknown/.hidden"), "hidden");
-        QVERIFY(QFile::link(
-            QStringLiteral("../Version.txt"), _f->packagePath(QStringLiteral("Unknown/link"))));
-        QVERIFY(QFile::link(
-            QStringLiteral("nowhere"), _f->packagePath(QStringLiteral("Unknown/dangling"))));
+        _f->package.writeFile(u"Images/CARD-1_N1.pdf"_s, "pdf");
+        _f->package.writeFile(u"Files/CARD-1/a.txt"_s, "text");
+        _f->package.writeFile(u"Unknown/.hidden"_s, "hidden");
+        QVERIFY(QFile::link(u"../Version.txt"_s, _f->packagePath(u"Unknown/link"_s)));
+        QVERIFY(QFile::link(u"nowhere"_s, _f->packagePath(u"Unknown/dangling"_s)));
 
         QCOMPARE(database().backup(), DBCResultCode::Success);
         QCOMPARE(database().backupDBPath(), _backup);
@@ -92,60 +92,53 @@ private Q_SLOTS:
 
     void thirdNameIsTakenWhenTwoBackupsStand()
     {
-        _f->home.makeFolder(QStringLiteral("Velmora DB_bak.vmdb"));
-        _f->home.makeFolder(QStringLiteral("Velmora DB_bak1.vmdb"));
+        _f->home.makeFolder(u"Velmora DB_bak.vmdb"_s);
+        _f->home.makeFolder(u"Velmora DB_bak1.vmdb"_s);
         QCOMPARE(database().backup(), DBCResultCode::Success);
-        QCOMPARE(database().backupDBPath(), beside(QStringLiteral("Velmora DB_bak2.vmdb")));
-        QVERIFY(QFileInfo::exists(beside(QStringLiteral("Velmora DB_bak2.vmdb/Velmora.sqldb"))));
+        QCOMPARE(database().backupDBPath(), beside(u"Velmora DB_bak2.vmdb"_s));
+        QVERIFY(QFileInfo::exists(beside(u"Velmora DB_bak2.vmdb/Velmora.sqldb"_s)));
         QVERIFY(QDir(_backup).isEmpty());
     }
 
     void fileTakesANameToo()
     {
-        makeFile(QStringLiteral("Velmora DB_bak.vmdb"));
-        QCOMPARE(
-            database()._generateBackupDBPath(), beside(QStringLiteral("Velmora DB_bak1.vmdb")));
+        makeFile(u"Velmora DB_bak.vmdb"_s);
+        QCOMPARE(database()._generateBackupDBPath(), beside(u"Velmora DB_bak1.vmdb"_s));
     }
 
     void linkThatLeadsNowhereTakesANameToo()
     {
-        QVERIFY(QFile::link(QStringLiteral("nowhere"), _backup));
+        QVERIFY(QFile::link(u"nowhere"_s, _backup));
         QCOMPARE(database().backup(), DBCResultCode::Success);
-        QCOMPARE(database().backupDBPath(), beside(QStringLiteral("Velmora DB_bak1.vmdb")));
+        QCOMPARE(database().backupDBPath(), beside(u"Velmora DB_bak1.vmdb"_s));
     }
 
     void tenThousandNamesAreTriedAndNoMore()
     {
-        makeFile(QStringLiteral("Velmora DB_bak.vmdb"));
+        makeFile(u"Velmora DB_bak.vmdb"_s);
         for (int number = 1; number <= 9998; ++number)
-            makeFile(QStringLiteral("Velmora DB_bak%1.vmdb").arg(number));
-        QCOMPARE(
-            database()._generateBackupDBPath(), beside(QStringLiteral("Velmora DB_bak9999.vmdb")));
+            makeFile(u"Velmora DB_bak%1.vmdb"_s.arg(number));
+        QCOMPARE(database()._generateBackupDBPath(), beside(u"Velmora DB_bak9999.vmdb"_s));
 
-        makeFile(QStringLiteral("Velmora DB_bak9999.vmdb"));
+        makeFile(u"Velmora DB_bak9999.vmdb"_s);
         QVERIFY(!database()._generateBackupDBPath());
         QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
         QCOMPARE(database().backupDBPath(), QString());
-        QVERIFY(!QFileInfo::exists(beside(QStringLiteral("Velmora DB_bak10000.vmdb"))));
+        QVERIFY(!QFileInfo::exists(beside(u"Velmora DB_bak10000.vmdb"_s)));
     }
 
     void backupNames_data()
     {
         QTest::addColumn<QString>("package");
         QTest::addColumn<QString>("backup");
-        QTest::newRow("extension in capitals")
-            << QStringLiteral("/none/A.VMDB") << QStringLiteral("/none/A_bak.VMDB");
-        QTest::newRow("dots in the name")
-            << QStringLiteral("/none/a.b.vmdb") << QStringLiteral("/none/a.b_bak.vmdb");
-        QTest::newRow("dots in the folder")
-            << QStringLiteral("/no.ne/a.vmdb") << QStringLiteral("/no.ne/a_bak.vmdb");
-        QTest::newRow("slash at the end")
-            << QStringLiteral("/none/a.vmdb/") << QStringLiteral("/none/a_bak.vmdb");
-        QTest::newRow("relative path")
-            << QStringLiteral("none/a.vmdb") << QStringLiteral("none/a_bak.vmdb");
-        QTest::newRow("at the root") << QStringLiteral("/a.vmdb") << QStringLiteral("/a_bak.vmdb");
+        QTest::newRow("extension in capitals") << u"/none/A.VMDB"_s << u"/none/A_bak.VMDB"_s;
+        QTest::newRow("dots in the name") << u"/none/a.b.vmdb"_s << u"/none/a.b_bak.vmdb"_s;
+        QTest::newRow("dots in the folder") << u"/no.ne/a.vmdb"_s << u"/no.ne/a_bak.vmdb"_s;
+        QTest::newRow("slash at the end") << u"/none/a.vmdb/"_s << u"/none/a_bak.vmdb"_s;
+        QTest::newRow("relative path") << u"none/a.vmdb"_s << u"none/a_bak.vmdb"_s;
+        QTest::newRow("at the root") << u"/a.vmdb"_s << u"/a_bak.vmdb"_s;
         QTest::newRow("placeholder in the name")
-            << QStringLiteral("/none/%1%2.vmdb") << QStringLiteral("/none/%1%2_bak.vmdb");
+            << u"/none/%1%2.vmdb"_s << u"/none/%1%2_bak.vmdb"_s;
     }
     void backupNames()
     {
@@ -167,23 +160,22 @@ private Q_SLOTS:
     {
         const QString before = QDir::currentPath();
         QVERIFY(QDir::setCurrent(_f->home.path()));
-        database().setDBPath(QStringLiteral("Velmora DB.vmdb"));
+        database().setDBPath(u"Velmora DB.vmdb"_s);
         const DBCResultCode code = database().backup();
         QVERIFY(QDir::setCurrent(before));
         QCOMPARE(code, DBCResultCode::Success);
-        QVERIFY(QFileInfo::exists(_backup + QStringLiteral("/Velmora.sqldb")));
+        QVERIFY(QFileInfo::exists(_backup + u"/Velmora.sqldb"_s));
     }
 
     void linkedPackageIsBackedUpWhereItLies()
     {
-        _f->home.makeFolder(QStringLiteral("desktop"));
-        const QString link = beside(QStringLiteral("desktop/Cards.vmdb"));
+        _f->home.makeFolder(u"desktop"_s);
+        const QString link = beside(u"desktop/Cards.vmdb"_s);
         QVERIFY(QFile::link(_f->package.path(), link));
         database().setDBPath(link);
         QCOMPARE(database().backup(), DBCResultCode::Success);
         QCOMPARE(database().backupDBPath(),
-            QFileInfo(_f->home.path()).canonicalFilePath()
-                + QStringLiteral("/Velmora DB_bak.vmdb"));
+            QFileInfo(_f->home.path()).canonicalFilePath() + u"/Velmora DB_bak.vmdb"_s);
         QCOMPARE(snapshotOf(_backup), snapshotOf(_f->package.path()));
     }
 
@@ -203,7 +195,7 @@ private Q_SLOTS:
 
     void packageWithoutStoreIsNotBackedUp()
     {
-        _f->package.remove(QStringLiteral("Velmora.sqldb"));
+        _f->package.remove(u"Velmora.sqldb"_s);
         QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
         expectNoBackup();
     }
@@ -219,16 +211,16 @@ private Q_SLOTS:
     void failedMeasurementIsPassedOnAndLogged()
     {
         ScopedHost host;
-        host->diskUsageProgram = QStringLiteral("/bin/false");
+        host->diskUsageProgram = u"/bin/false"_s;
         QCOMPARE(database().backup(), DBCResultCode::SizeMeasureFailure);
         expectNoBackup();
         QVERIFY(_f->home.logText().contains(
-            QStringLiteral("The size of [%1] could not be measured").arg(_f->package.path())));
+            u"The size of [%1] could not be measured"_s.arg(_f->package.path())));
     }
 
     void backupNeedsThePackagesSizeAndTheMargin()
     {
-        _f->package.writeFile(QStringLiteral("Images/big.pdf"), QByteArray(300000, 'x'));
+        _f->package.writeFile(u"Images/big.pdf"_s, QByteArray(300000, 'x'));
         const quint64 needed = diskUsage(_f->package.path()) + 524288;
         ScopedHost host;
         host.setFreeBytes(needed - 1);
@@ -241,7 +233,7 @@ private Q_SLOTS:
     void failedCopyLeavesNothingBehind()
     {
         // A pipe cannot be copied.
-        const QString pipe = _f->packagePath(QStringLiteral("zz-pipe"));
+        const QString pipe = _f->packagePath(u"zz-pipe"_s);
         QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
         QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
         expectNoBackup();
@@ -320,31 +312,30 @@ private Q_SLOTS:
     void removingWithoutABackupDoesNothing()
     {
         QCOMPARE(database().removeBackupDB(), DBCResultCode::Success);
-        database().setBackupDBPath(beside(QStringLiteral("none.vmdb")));
+        database().setBackupDBPath(beside(u"none.vmdb"_s));
         QCOMPARE(database().removeBackupDB(), DBCResultCode::Success);
         QVERIFY(_f->log.isEmpty());
     }
 
     void backupThatCannotBeRemovedIsAWarning()
     {
-        makeFile(QStringLiteral("a file.vmdb"));
-        const QString path = beside(QStringLiteral("a file.vmdb"));
+        makeFile(u"a file.vmdb"_s);
+        const QString path = beside(u"a file.vmdb"_s);
         database().setBackupDBPath(path);
         QCOMPARE(database().removeBackupDB(), DBCResultCode::Success);
         QCOMPARE(_f->log.warnings,
-            QStringList {
-                QStringLiteral("Remove the database failure! Database Path:[") + path + u']'});
+            QStringList {u"Remove the database failure! Database Path:["_s + path + u']'});
         QVERIFY(QFileInfo::exists(path));
     }
 
     void linkInPlaceOfTheBackupIsNotRemovedAndNotFollowed()
     {
-        _f->home.writeFile(QStringLiteral("elsewhere/precious.txt"), "x");
-        QVERIFY(QFile::link(beside(QStringLiteral("elsewhere")), _backup));
+        _f->home.writeFile(u"elsewhere/precious.txt"_s, "x");
+        QVERIFY(QFile::link(beside(u"elsewhere"_s), _backup));
         database().setBackupDBPath(_backup);
         QCOMPARE(database().removeBackupDB(), DBCResultCode::Success);
         QCOMPARE(_f->log.warnings.size(), 1);
-        QVERIFY(QFileInfo::exists(beside(QStringLiteral("elsewhere/precious.txt"))));
+        QVERIFY(QFileInfo::exists(beside(u"elsewhere/precious.txt"_s)));
     }
 };
 

@@ -14,12 +14,14 @@
 #include <fcntl.h>
 #include <sys/file.h>
 
+using namespace Qt::StringLiterals;
+
 using Outcome = DBCBackupChange::Outcome;
 
 namespace {
 
-const QString first = QStringLiteral("Velmora DB_bak.vmdb");
-const QString second = QStringLiteral("Velmora DB_bak1.vmdb");
+const QString first = u"Velmora DB_bak.vmdb"_s;
+const QString second = u"Velmora DB_bak1.vmdb"_s;
 
 // The package has one card more than its backup.
 struct World : BackupFixture {
@@ -75,15 +77,14 @@ private Q_SLOTS:
         QStringList stages;
         world.restore([&](const DBCEvent& event) {
             stages << event.publicName()
-                    + (event.operationIsOk ? *event.operationIsOk ? QStringLiteral(" ok")
-                                                                  : QStringLiteral(" failed")
+                    + (event.operationIsOk ? *event.operationIsOk ? u" ok"_s : u" failed"_s
                                            : QString());
         });
         QCOMPARE(stages,
-            (QStringList {QStringLiteral("DBC_DatabaseBackupWillBeginNotification"),
-                QStringLiteral("DBC_DatabaseBackupDidFinishedNotification ok"),
-                QStringLiteral("DBC_DatabaseRestoreWillBeginNotification"),
-                QStringLiteral("DBC_DatabaseRestoreDidFinishedNotification ok")}));
+            (QStringList {u"DBC_DatabaseBackupWillBeginNotification"_s,
+                u"DBC_DatabaseBackupDidFinishedNotification ok"_s,
+                u"DBC_DatabaseRestoreWillBeginNotification"_s,
+                u"DBC_DatabaseRestoreDidFinishedNotification ok"_s}));
     }
 
     void packageThatIsGoneComesBack()
@@ -144,11 +145,11 @@ private Q_SLOTS:
     {
         const AsOrdinaryUser user;
         const World world;
-        const ScopedMode mode(world.backup + QStringLiteral("/Files/CARD-2/note.txt"), 0);
+        const ScopedMode mode(world.backup + u"/Files/CARD-2/note.txt"_s, 0);
         const QStringList before = snapshotOf(world.package.path());
         const auto result = world.restore();
         QCOMPARE(result.outcome, Outcome::Refused);
-        QVERIFY(result.problem.text.contains(QStringLiteral("Files/CARD-2/note.txt")));
+        QVERIFY(result.problem.text.contains(u"Files/CARD-2/note.txt"_s));
         QCOMPARE(snapshotOf(world.package.path()), before);
         QVERIFY(!QFileInfo::exists(world.home.path(second)));
     }
@@ -157,8 +158,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("name");
         QTest::newRow("missing") << second;
-        QTest::newRow("the package") << QStringLiteral("Velmora DB.vmdb");
-        QTest::newRow("path") << QStringLiteral("./Velmora DB_bak.vmdb");
+        QTest::newRow("the package") << u"Velmora DB.vmdb"_s;
+        QTest::newRow("path") << u"./Velmora DB_bak.vmdb"_s;
         QTest::newRow("none") << QString();
     }
     void nameThatIsNoBackupIsRefused()
@@ -196,10 +197,9 @@ private Q_SLOTS:
     void packageThatTheMainApplicationHoldsIsLeftAlone()
     {
         const World world;
-        world.package.writeFile(QStringLiteral(".VMLock.vmlk"), "");
+        world.package.writeFile(u".VMLock.vmlk"_s, "");
         const QStringList before = world.everything();
-        const int lock = open(
-            QFile::encodeName(world.package.path(QStringLiteral(".VMLock.vmlk"))).constData(),
+        const int lock = open(QFile::encodeName(world.package.path(u".VMLock.vmlk"_s)).constData(),
             O_RDWR | O_CLOEXEC);
         QCOMPARE(flock(lock, LOCK_EX), 0);
         QCOMPARE(world.restore().outcome, Outcome::Refused);
@@ -211,8 +211,8 @@ private Q_SLOTS:
     void importThatDidNotFinishIsSettledFirst()
     {
         const World world;
-        QVERIFY(DBCImportJournal::begin(world.package.path(), world.backup)
-                    ->enterImport(QStringLiteral("NEW-")));
+        QVERIFY(
+            DBCImportJournal::begin(world.package.path(), world.backup)->enterImport(u"NEW-"_s));
         const QStringList before = world.everything();
         QCOMPARE(world.restore().outcome, Outcome::Refused);
         QCOMPARE(world.remove().outcome, Outcome::Refused);
@@ -245,7 +245,7 @@ private Q_SLOTS:
     {
         const World world;
         world.removePackage();
-        world.home.writeFile(QStringLiteral("Velmora DB.vmdb"), "a file");
+        world.home.writeFile(u"Velmora DB.vmdb"_s, "a file");
         const QStringList before = world.everything();
         QCOMPARE(world.restore().outcome, Outcome::Refused);
         QCOMPARE(world.everything(), before);
@@ -255,7 +255,7 @@ private Q_SLOTS:
     {
         const AsOrdinaryUser user;
         const World world;
-        const ScopedMode mode(world.package.path(QStringLiteral("Images/CARD-1_N1.pdf")), 0);
+        const ScopedMode mode(world.package.path(u"Images/CARD-1_N1.pdf"_s), 0);
         const QStringList before = contentsOf(world.package.path());
         const auto result = world.restore();
         QCOMPARE(result.outcome, Outcome::Failed);
@@ -273,8 +273,7 @@ private Q_SLOTS:
         std::unique_ptr<ScopedMode> mode;
         const auto result = world.restore([&](const DBCEvent& event) {
             if (event.name == DBCEventName::DatabaseRestoreWillBegin)
-                mode = std::make_unique<ScopedMode>(
-                    world.backup + QStringLiteral("/Files/CARD-2/note.txt"), 0);
+                mode = std::make_unique<ScopedMode>(world.backup + u"/Files/CARD-2/note.txt"_s, 0);
         });
         QCOMPARE(result.outcome, Outcome::Failed);
         QCOMPARE(snapshotOf(world.package.path()), world.now);
@@ -290,8 +289,7 @@ private Q_SLOTS:
         const auto result = world.restore([&](const DBCEvent& event) {
             if (event.name != DBCEventName::DatabaseRestoreWillBegin)
                 return;
-            mode = std::make_unique<ScopedMode>(
-                world.backup + QStringLiteral("/Files/CARD-2/note.txt"), 0);
+            mode = std::make_unique<ScopedMode>(world.backup + u"/Files/CARD-2/note.txt"_s, 0);
             QDir(world.home.path(second)).removeRecursively();
         });
         QCOMPARE(result.outcome, Outcome::Failed);
@@ -311,8 +309,7 @@ private Q_SLOTS:
         world.restore([&](const DBCEvent& event) {
             if (event.name != DBCEventName::DatabaseRestoreWillBegin)
                 return;
-            const QByteArray journal
-                = world.home.readFile(QStringLiteral(".Velmora DB.vmdb.velmora-import"));
+            const QByteArray journal = world.home.readFile(u".Velmora DB.vmdb.velmora-import"_s);
             isNoted = journal.contains("\"backup\":\"Velmora DB_bak.vmdb\"")
                 && journal.contains("\"stage\":\"restore\"");
         });
@@ -380,7 +377,7 @@ private Q_SLOTS:
         const ScopedMode mode(world.home.path(), S_IRUSR | S_IXUSR);
         const ScopedMode inner(world.backup, S_IRUSR | S_IXUSR);
         QCOMPARE(world.remove().outcome, Outcome::Failed);
-        QVERIFY(QFileInfo::exists(world.backup + QStringLiteral("/Velmora.sqldb")));
+        QVERIFY(QFileInfo::exists(world.backup + u"/Velmora.sqldb"_s));
     }
 };
 

@@ -17,20 +17,21 @@
 
 #include <cerrno>
 
+using namespace Qt::StringLiterals;
+
 using Key = DBCRecordKey;
 using Journal = DBCImportJournal;
 
 namespace {
 
-const QString cardId = QStringLiteral("0A1B-1");
-const QString named = QStringLiteral("plans");
+const QString cardId = u"0A1B-1"_s;
+const QString named = u"plans"_s;
 
 struct Database : TransferFixture {
     Database()
     {
         // "du" would fail with the rest.
-        const QString program
-            = home.writeFile(QStringLiteral("du"), "#!/bin/sh\nprintf '4\\t%s\\n' \"$3\"\n");
+        const QString program = home.writeFile(u"du"_s, "#!/bin/sh\nprintf '4\\t%s\\n' \"$3\"\n");
         QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
         host->diskUsageProgram = program;
     }
@@ -72,7 +73,7 @@ private Q_SLOTS:
         QVERIFY(FailingCall(SYS_fdatasync, EIO).during([&] { code = f.database->save(); }));
         QCOMPARE(code, DBCResultCode::DatabaseSaveFailure);
         f.database.reset();
-        QCOMPARE(f.package.value(QStringLiteral("SELECT count(*) FROM ZCARD")).toInt(), 0);
+        QCOMPARE(f.package.value(u"SELECT count(*) FROM ZCARD"_s).toInt(), 0);
     }
 
     void saveWithoutNewCardsAsksNothingOfTheDisk()
@@ -86,7 +87,7 @@ private Q_SLOTS:
     void attachmentsThatCannotBeListedStopTheImport()
     {
         Database f;
-        f.folder.attachment(named, QStringLiteral("a.txt"), "a");
+        f.folder.attachment(named, u"a.txt"_s, "a");
         QVERIFY(FailingCall(SYS_getdents64, EIO).during([&] {
             f.database->_addAttachFileIntoDB(f.folder.path(),
                 Database::record({{Key::attachmentFile, named}}), cardId, &f.error);
@@ -98,10 +99,10 @@ private Q_SLOTS:
     void attachmentsThatCannotBeListedStopTheExport()
     {
         Database f;
-        f.package.writeFile(QStringLiteral("Files/0A1B-1/a.txt"), "a");
+        f.package.writeFile(u"Files/0A1B-1/a.txt"_s, "a");
         QVERIFY(FailingCall(SYS_getdents64, EIO).during([&] {
-            f.database->_exportAttachFile(Database::record({{Key::cardID, cardId}}),
-                f.home.path(QStringLiteral("export")), &f.error);
+            f.database->_exportAttachFile(
+                Database::record({{Key::cardID, cardId}}), f.home.path(u"export"_s), &f.error);
         }));
         QCOMPARE(f.error.code(), DBCResultCode::AttachmentExportFailure);
         QVERIFY(copyFailureWasLogged(f.log));
@@ -110,7 +111,7 @@ private Q_SLOTS:
     void attachmentFolderThatCannotBeOpenedStopsTheImport()
     {
         Database f;
-        f.folder.attachment(named, QStringLiteral("a.txt"), "a");
+        f.folder.attachment(named, u"a.txt"_s, "a");
         QVERIFY(FailingCall(SYS_openat2, EIO).during([&] {
             f.database->_addAttachFileIntoDB(f.folder.path(),
                 Database::record({{Key::attachmentFile, named}}), cardId, &f.error);
@@ -122,13 +123,12 @@ private Q_SLOTS:
     void storedFolderThatLeadsOutIsPassedOverWithAWarning()
     {
         Database f;
-        f.home.writeFile(QStringLiteral("outside/secret.txt"), "secret");
-        QVERIFY(QFile::link(
-            f.home.path(QStringLiteral("outside")), f.packagePath(QStringLiteral("Files/0A1B-1"))));
-        const QString target = f.home.path(QStringLiteral("export"));
+        f.home.writeFile(u"outside/secret.txt"_s, "secret");
+        QVERIFY(QFile::link(f.home.path(u"outside"_s), f.packagePath(u"Files/0A1B-1"_s)));
+        const QString target = f.home.path(u"export"_s);
         QCOMPARE(f.database->_exportAttachFile(
                      Database::record({{Key::cardID, cardId}}), target, &f.error),
-            QStringLiteral(""));
+            u""_s);
         QVERIFY(!f.error);
         QCOMPARE(f.log.warnings.size(), 1);
         QVERIFY(f.log.warnings.constFirst().contains(cardId));
@@ -150,9 +150,8 @@ private Q_SLOTS:
         const TestHome home;
         const PackageFixture package(home);
         std::unique_ptr<Journal> journal;
-        QVERIFY(FailingCall(call, EIO).during([&] {
-            journal = Journal::begin(package.path(), home.path(QStringLiteral("bak.vmdb")));
-        }));
+        QVERIFY(FailingCall(call, EIO).during(
+            [&] { journal = Journal::begin(package.path(), home.path(u"bak.vmdb"_s)); }));
         QVERIFY(!journal);
         QCOMPARE(Journal::find(package.path()).search, Journal::Search::None);
     }
@@ -184,8 +183,8 @@ private Q_SLOTS:
         QVERIFY(FailingCall(SYS_fdatasync, EIO).during([&] { code = f.database->backup(); }));
         QCOMPARE(code, DBCResultCode::BackupFailure);
         QCOMPARE(f.log.errors.size(), 1);
-        QVERIFY(f.log.errors.constFirst().contains(QStringLiteral("velmora-import")));
-        QVERIFY(!QFileInfo::exists(f.home.path(QStringLiteral("Velmora DB_bak.vmdb"))));
+        QVERIFY(f.log.errors.constFirst().contains(u"velmora-import"_s));
+        QVERIFY(!QFileInfo::exists(f.home.path(u"Velmora DB_bak.vmdb"_s)));
     }
 
     // The next note does not fit on the disk any more.
@@ -209,14 +208,14 @@ private Q_SLOTS:
         Database f;
         Filler filler;
         filler.package = f.package.path();
-        filler.copy = f.home.path(QStringLiteral(".Velmora DB_bak.vmdb.velmora-copy"));
+        filler.copy = f.home.path(u".Velmora DB_bak.vmdb.velmora-copy"_s);
         f.database->setDelegate(&filler);
         QCOMPARE(f.database->backup(), DBCResultCode::BackupFailure);
         QVERIFY(filler.full);
         filler.full.reset();
         QStringList names = entries(f.home.path());
-        QVERIFY(names.filter(QStringLiteral("bak")).isEmpty());
-        QVERIFY(names.filter(QStringLiteral("velmora")).isEmpty());
+        QVERIFY(names.filter(u"bak"_s).isEmpty());
+        QVERIFY(names.filter(u"velmora"_s).isEmpty());
     }
 
     void finishedImportWhoseJournalStaysIsDone()
@@ -225,7 +224,7 @@ private Q_SLOTS:
         QCOMPARE(f.database->backup(), DBCResultCode::Success);
         QVERIFY(FailingCall(SYS_fsync, EIO).during([&] { f.database->endImport(); }));
         QVERIFY(f.log.isEmpty());
-        QVERIFY(f.home.logText().contains(QStringLiteral("velmora-import")));
+        QVERIFY(f.home.logText().contains(u"velmora-import"_s));
     }
 
     // Backups
@@ -242,14 +241,14 @@ private Q_SLOTS:
         QFETCH(qlonglong, call);
         const TestHome home;
         const PackageFixture package(home);
-        const QString copy = home.path(QStringLiteral("copy.vmdb"));
+        const QString copy = home.path(u"copy.vmdb"_s);
         bool isCopied = true;
         QVERIFY(FailingCall(call, EIO).during(
             [&] { isCopied = DBCPackageCopy().copy(package.path(), copy); }));
         QVERIFY(!isCopied);
         QStringList names = entries(home.path());
-        names.removeAll(QStringLiteral("home"));
-        QCOMPARE(names, QStringList {QStringLiteral("Velmora DB.vmdb")});
+        names.removeAll(u"home"_s);
+        QCOMPARE(names, QStringList {u"Velmora DB.vmdb"_s});
     }
 
     void restoreThatFailsKeepsTheBackup()
@@ -269,7 +268,7 @@ private Q_SLOTS:
     void packageThatCannotBeRemovedIsNotRestoredOver()
     {
         const DeadImport dead(Journal::Stage::Import);
-        dead.package.writeFile(QStringLiteral("new"), "new");
+        dead.package.writeFile(u"new"_s, "new");
         const QStringList before = snapshotOf(dead.package.path());
         auto code = DBCResultCode::Success;
         QVERIFY(FailingCall(SYS_unlinkat, EIO).during([&] {

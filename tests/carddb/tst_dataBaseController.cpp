@@ -13,33 +13,196 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 class tst_dataBaseController : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        _home = std::make_unique<TestHome>();
+        _package = std::make_unique<PackageFixture>(*_home);
+        if (fcntl(STDIN_FILENO, F_GETFD) == -1)
+            QCOMPARE(open("/dev/null", O_RDONLY), STDIN_FILENO);
+    }
 
-    void emptyPathGivesNoneWithoutTouchingTheDisk();
-    void packageThatDoesNotOpenGivesNoneAndNoLockFile_data();
-    void packageThatDoesNotOpenGivesNoneAndNoLockFile();
-    void packageThatCannotBeLockedGivesNone();
-    void ordinaryPackageOpens();
-    void controllerWithoutAPathHasNoContext();
-    void controllerWithAPathOpensOnTheFirstCall();
-    void contextIsOpenedOnce();
-    void contextIsDroppedWhenTheLockFails();
-    void modelIsLoadedOnce();
-    void openingAndClosingLeavesThePackageAsItWas();
+    void cleanup()
+    {
+        _package.reset();
+        _home.reset();
+    }
 
-    void saveWithoutAContextIsAGeneralFailure();
-    void saveWithNothingChangedSucceeds();
-    void saveStoresTheNewCards();
-    void saveThatTheStoreRefusesFails();
-    void saveInAStoreThatLostItsEntityFails();
-    void cardsOfAFailedSaveAreNotInTheStore();
+    void emptyPathGivesNoneWithoutTouchingTheDisk()
+    {
+        const QString old = QDir::currentPath();
+        const QString empty = _home->makeFolder(u"empty"_s);
+        QDir::setCurrent(empty);
+        const auto fromEmpty = DBCDataBaseController::initDBwithPath(u""_s);
+        const auto fromNull = DBCDataBaseController::initDBwithPath(QString());
+        QDir::setCurrent(old);
+        QVERIFY(!fromEmpty);
+        QVERIFY(!fromNull);
+        QVERIFY(QDir(empty).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+        // No controller was made, so none closed it.
+        QVERIFY(fcntl(STDIN_FILENO, F_GETFD) != -1);
+    }
 
-    void freshControllerHasNoBackup();
+    void packageThatDoesNotOpenGivesNoneAndNoLockFile_data()
+    {
+        QTest::addColumn<QString>("situation");
+        QTest::newRow("no package") << u"no package"_s;
+        QTest::newRow("no store") << u"no store"_s;
+        QTest::newRow("text file as store") << u"text"_s;
+        QTest::newRow("empty file as store") << u"empty"_s;
+        QTest::newRow("store of another model") << u"model"_s;
+    }
+    void packageThatDoesNotOpenGivesNoneAndNoLockFile()
+    {
+        QFETCH(QString, situation);
+        const QString store = u"Velmora.sqldb"_s;
+        if (situation == u"no package"_s)
+            QVERIFY(QDir(_package->path()).removeRecursively());
+        else if (situation == u"no store"_s)
+            _package->remove(store);
+        else if (situation == u"text"_s)
+            _package->writeFile(store, QByteArray("no store\n").repeated(200));
+        else if (situation == u"empty"_s)
+            _package->writeFile(store, {});
+        else
+            _package->execute(u"ALTER TABLE ZCARD RENAME COLUMN ZMEMO TO ZNOTE"_s);
+
+        const auto before = _package->contents();
+        QVERIFY(!openPackage());
+        QCOMPARE(_package->contents(), before);
+        QVERIFY(!QFileInfo::exists(_package->path(u".VMLock.vmlk"_s)));
+    }
+
+    void packageThatCannotBeLockedGivesNone()
+    {
+        _package->writeFile(u".VMLock.vmlk/x"_s, "x");
+        QVERIFY(!openPackage());
+    }
+
+    void ordinaryPackageOpens()
+    {
+        const auto controller = openPackage();
+        QVERIFY(controller);
+        QVERIFY(controller->managedObjectContext());
+    }
+
+    void controllerWithoutAPathHasNoContext()
+    {
+        DBCDataBaseController controller;
+        QVERIFY(!controller.managedObjectContext());
+    }
+
+    void controllerWithAPathOpensOnTheFirstCall()
+    {
+        DBCDataBaseController controller;
+        controller.setDBPath(_package->path());
+        QVERIFY(!QFileInfo::exists(_package->path(u".VMLock.vmlk"_s)));
+        QVERIFY(controller.managedObjectContext());
+        QVERIFY(QFileInfo::exists(_package->path(u".VMLock.vmlk"_s)));
+    }
+
+    void contextIsOpenedOnce()
+    {
+        const auto controller = openPackage();
+        QCOMPARE(controller->managedObjectContext(), controller->managedObjectContext());
+    }
+
+    void contextIsDroppedWhenTheLockFails()
+    {
+        _package->writeFile(u".VMLock.vmlk/x"_s, "x");
+        DBCDataBaseController controller;
+        controller.setDBPath(_package->path());
+        QVERIFY(!controller.managedObjectContext());
+        QVERIFY(!controller.managedObjectContext());
+        _package->remove(u".VMLock.vmlk"_s);
+        QVERIFY(controller.managedObjectContext());
+    }
+
+    void modelIsLoadedOnce()
+    {
+        DBCDataBaseController controller;
+        const DBCManagedObjectModel* model = controller.managedObjectModel();
+        QVERIFY(model);
+        QCOMPARE(controller.managedObjectModel(), model);
+    }
+
+    void openingAndClosingLeavesThePackageAsItWas()
+    {
+        _package->card();
+        const auto before = _package->contents();
+        QVERIFY(openPackage());
+        QCOMPARE(_package->contents(), before);
+    }
+
+    void saveWithoutAContextIsAGeneralFailure()
+    {
+        DBCDataBaseController controller;
+        QCOMPARE(controller.save(), DBCResultCode::GeneralFailure);
+    }
+
+    void saveWithNothingChangedSucceeds()
+    {
+        const auto before = _package->contents();
+        QCOMPARE(openPackage()->save(), DBCResultCode::Success);
+        QCOMPARE(_package->contents(), before);
+    }
+
+    void saveStoresTheNewCards()
+    {
+        const auto controller = openPackage();
+        controller->managedObjectContext()->insertNewCard()->setValue(
+            DBCRecordKey::cardID, u"new"_s);
+        QCOMPARE(controller->save(), DBCResultCode::Success);
+        QCOMPARE(_package->value(u"SELECT ZCARDID FROM ZCARD"_s).toString(), u"new"_s);
+    }
+
+    void saveThatTheStoreRefusesFails()
+    {
+        DebugLog log(*_home);
+        const auto controller = openPackage();
+        controller->managedObjectContext()->insertNewCard();
+        _package->execute(u"CREATE TRIGGER refuse BEFORE INSERT ON ZCARD "
+                          "BEGIN SELECT RAISE(ABORT, 'no more cards'); END"_s);
+        QCOMPARE(controller->save(), DBCResultCode::DatabaseSaveFailure);
+        QVERIFY(log.text().contains(u"Exception happended.[no more cards]"_s));
+    }
+
+    void saveInAStoreThatLostItsEntityFails()
+    {
+        const auto controller = openPackage();
+        controller->managedObjectContext()->insertNewCard();
+        _package->execute(u"DELETE FROM Z_PRIMARYKEY WHERE Z_NAME = 'Card'"_s);
+        QCOMPARE(controller->save(), DBCResultCode::DatabaseSaveFailure);
+        _package->execute(u"DROP TABLE Z_PRIMARYKEY"_s);
+        QCOMPARE(controller->save(), DBCResultCode::DatabaseSaveFailure);
+        QCOMPARE(_package->value(u"SELECT count(*) FROM ZCARD"_s).toInt(), 0);
+    }
+
+    void cardsOfAFailedSaveAreNotInTheStore()
+    {
+        const auto controller = openPackage();
+        controller->managedObjectContext()->insertNewCard();
+        controller->managedObjectContext()->insertNewCard();
+        _package->execute(u"CREATE TRIGGER refuse BEFORE INSERT ON ZCARD "
+                          "WHEN NEW.Z_PK = 2 BEGIN SELECT RAISE(ABORT, 'full'); END"_s);
+        QCOMPARE(controller->save(), DBCResultCode::DatabaseSaveFailure);
+        QCOMPARE(_package->value(u"SELECT count(*) FROM ZCARD"_s).toInt(), 0);
+        QCOMPARE(
+            _package->value(u"SELECT Z_MAX FROM Z_PRIMARYKEY WHERE Z_NAME = 'Card'"_s).toInt(), 0);
+    }
+
+    void freshControllerHasNoBackup()
+    {
+        DBCDataBaseController controller;
+        QVERIFY(controller.backupDBPath().isEmpty());
+        controller.setBackupDBPath(u"/backups/Velmora DB_bak.vmdb"_s);
+        QCOMPARE(controller.backupDBPath(), u"/backups/Velmora DB_bak.vmdb"_s);
+    }
 
 private:
     std::unique_ptr<DBCDataBaseController> openPackage() const
@@ -51,194 +214,6 @@ private:
     std::unique_ptr<TestHome> _home;
     std::unique_ptr<PackageFixture> _package;
 };
-
-void tst_dataBaseController::init()
-{
-    _home = std::make_unique<TestHome>();
-    _package = std::make_unique<PackageFixture>(*_home);
-    if (fcntl(STDIN_FILENO, F_GETFD) == -1)
-        QCOMPARE(open("/dev/null", O_RDONLY), STDIN_FILENO);
-}
-
-void tst_dataBaseController::cleanup()
-{
-    _package.reset();
-    _home.reset();
-}
-
-void tst_dataBaseController::emptyPathGivesNoneWithoutTouchingTheDisk()
-{
-    const QString old = QDir::currentPath();
-    const QString empty = _home->makeFolder(QStringLiteral("empty"));
-    QDir::setCurrent(empty);
-    const auto fromEmpty = DBCDataBaseController::initDBwithPath(QStringLiteral(""));
-    const auto fromNull = DBCDataBaseController::initDBwithPath(QString());
-    QDir::setCurrent(old);
-    QVERIFY(!fromEmpty);
-    QVERIFY(!fromNull);
-    QVERIFY(QDir(empty).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
-    // No controller was made, so none closed it.
-    QVERIFY(fcntl(STDIN_FILENO, F_GETFD) != -1);
-}
-
-void tst_dataBaseController::packageThatDoesNotOpenGivesNoneAndNoLockFile_data()
-{
-    QTest::addColumn<QString>("situation");
-    QTest::newRow("no package") << QStringLiteral("no package");
-    QTest::newRow("no store") << QStringLiteral("no store");
-    QTest::newRow("text file as store") << QStringLiteral("text");
-    QTest::newRow("empty file as store") << QStringLiteral("empty");
-    QTest::newRow("store of another model") << QStringLiteral("model");
-}
-
-void tst_dataBaseController::packageThatDoesNotOpenGivesNoneAndNoLockFile()
-{
-    QFETCH(QString, situation);
-    const QString store = QStringLiteral("Velmora.sqldb");
-    if (situation == QStringLiteral("no package"))
-        QVERIFY(QDir(_package->path()).removeRecursively());
-    else if (situation == QStringLiteral("no store"))
-        _package->remove(store);
-    else if (situation == QStringLiteral("text"))
-        _package->writeFile(store, QByteArray("no store\n").repeated(200));
-    else if (situation == QStringLiteral("empty"))
-        _package->writeFile(store, {});
-    else
-        _package->execute(QStringLiteral("ALTER TABLE ZCARD RENAME COLUMN ZMEMO TO ZNOTE"));
-
-    const auto before = _package->contents();
-    QVERIFY(!openPackage());
-    QCOMPARE(_package->contents(), before);
-    QVERIFY(!QFileInfo::exists(_package->path(QStringLiteral(".VMLock.vmlk"))));
-}
-
-void tst_dataBaseController::packageThatCannotBeLockedGivesNone()
-{
-    _package->writeFile(QStringLiteral(".VMLock.vmlk/x"), "x");
-    QVERIFY(!openPackage());
-}
-
-void tst_dataBaseController::ordinaryPackageOpens()
-{
-    const auto controller = openPackage();
-    QVERIFY(controller);
-    QVERIFY(controller->managedObjectContext());
-}
-
-void tst_dataBaseController::controllerWithoutAPathHasNoContext()
-{
-    DBCDataBaseController controller;
-    QVERIFY(!controller.managedObjectContext());
-}
-
-void tst_dataBaseController::controllerWithAPathOpensOnTheFirstCall()
-{
-    DBCDataBaseController controller;
-    controller.setDBPath(_package->path());
-    QVERIFY(!QFileInfo::exists(_package->path(QStringLiteral(".VMLock.vmlk"))));
-    QVERIFY(controller.managedObjectContext());
-    QVERIFY(QFileInfo::exists(_package->path(QStringLiteral(".VMLock.vmlk"))));
-}
-
-void tst_dataBaseController::contextIsOpenedOnce()
-{
-    const auto controller = openPackage();
-    QCOMPARE(controller->managedObjectContext(), controller->managedObjectContext());
-}
-
-void tst_dataBaseController::contextIsDroppedWhenTheLockFails()
-{
-    _package->writeFile(QStringLiteral(".VMLock.vmlk/x"), "x");
-    DBCDataBaseController controller;
-    controller.setDBPath(_package->path());
-    QVERIFY(!controller.managedObjectContext());
-    QVERIFY(!controller.managedObjectContext());
-    _package->remove(QStringLiteral(".VMLock.vmlk"));
-    QVERIFY(controller.managedObjectContext());
-}
-
-void tst_dataBaseController::modelIsLoadedOnce()
-{
-    DBCDataBaseController controller;
-    const DBCManagedObjectModel* model = controller.managedObjectModel();
-    QVERIFY(model);
-    QCOMPARE(controller.managedObjectModel(), model);
-}
-
-void tst_dataBaseController::openingAndClosingLeavesThePackageAsItWas()
-{
-    _package->card();
-    const auto before = _package->contents();
-    QVERIFY(openPackage());
-    QCOMPARE(_package->contents(), before);
-}
-
-void tst_dataBaseController::saveWithoutAContextIsAGeneralFailure()
-{
-    DBCDataBaseController controller;
-    QCOMPARE(controller.save(), DBCResultCode::GeneralFailure);
-}
-
-void tst_dataBaseController::saveWithNothingChangedSucceeds()
-{
-    const auto before = _package->contents();
-    QCOMPARE(openPackage()->save(), DBCResultCode::Success);
-    QCOMPARE(_package->contents(), before);
-}
-
-void tst_dataBaseController::saveStoresTheNewCards()
-{
-    const auto controller = openPackage();
-    controller->managedObjectContext()->insertNewCard()->setValue(
-        DBCRecordKey::cardID, QStringLiteral("new"));
-    QCOMPARE(controller->save(), DBCResultCode::Success);
-    QCOMPARE(_package->value(QStringLiteral("SELECT ZCARDID FROM ZCARD")).toString(),
-        QStringLiteral("new"));
-}
-
-void tst_dataBaseController::saveThatTheStoreRefusesFails()
-{
-    DebugLog log(*_home);
-    const auto controller = openPackage();
-    controller->managedObjectContext()->insertNewCard();
-    _package->execute(QStringLiteral("CREATE TRIGGER refuse BEFORE INSERT ON ZCARD "
-                                     "BEGIN SELECT RAISE(ABORT, 'no more cards'); END"));
-    QCOMPARE(controller->save(), DBCResultCode::DatabaseSaveFailure);
-    QVERIFY(log.text().contains(QStringLiteral("Exception happended.[no more cards]")));
-}
-
-void tst_dataBaseController::saveInAStoreThatLostItsEntityFails()
-{
-    const auto controller = openPackage();
-    controller->managedObjectContext()->insertNewCard();
-    _package->execute(QStringLiteral("DELETE FROM Z_PRIMARYKEY WHERE Z_NAME = 'Card'"));
-    QCOMPARE(controller->save(), DBCResultCode::DatabaseSaveFailure);
-    _package->execute(QStringLiteral("DROP TABLE Z_PRIMARYKEY"));
-    QCOMPARE(controller->save(), DBCResultCode::DatabaseSaveFailure);
-    QCOMPARE(_package->value(QStringLiteral("SELECT count(*) FROM ZCARD")).toInt(), 0);
-}
-
-void tst_dataBaseController::cardsOfAFailedSaveAreNotInTheStore()
-{
-    const auto controller = openPackage();
-    controller->managedObjectContext()->insertNewCard();
-    controller->managedObjectContext()->insertNewCard();
-    _package->execute(QStringLiteral("CREATE TRIGGER refuse BEFORE INSERT ON ZCARD "
-                                     "WHEN NEW.Z_PK = 2 BEGIN SELECT RAISE(ABORT, 'full'); END"));
-    QCOMPARE(controller->save(), DBCResultCode::DatabaseSaveFailure);
-    QCOMPARE(_package->value(QStringLiteral("SELECT count(*) FROM ZCARD")).toInt(), 0);
-    QCOMPARE(_package->value(QStringLiteral("SELECT Z_MAX FROM Z_PRIMARYKEY WHERE Z_NAME = 'Card'"))
-                 .toInt(),
-        0);
-}
-
-void tst_dataBaseController::freshControllerHasNoBackup()
-{
-    DBCDataBaseController controller;
-    QVERIFY(controller.backupDBPath().isEmpty());
-    controller.setBackupDBPath(QStringLiteral("/backups/Velmora DB_bak.vmdb"));
-    QCOMPARE(controller.backupDBPath(), QStringLiteral("/backups/Velmora DB_bak.vmdb"));
-}
 
 QTEST_GUILESS_MAIN(tst_dataBaseController)
 #include "tst_dataBaseController.moc"

@@ -11,12 +11,14 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using Key = DBCRecordKey;
 
 namespace {
 
-const QString cardID = QStringLiteral("CARD-1");
-const QString storedName = QStringLiteral("CARD-1_N1.pdf");
+const QString cardID = u"CARD-1"_s;
+const QString storedName = u"CARD-1_N1.pdf"_s;
 
 QByteArray jpeg(int width, int height)
 {
@@ -56,8 +58,7 @@ class tst_images_export : public QObject {
 private:
     std::optional<QStringList> convert(const QString& pdfPath)
     {
-        return DBCDataBaseController::convertPdf2Jpg(
-            pdfPath, _target, QStringLiteral("6"), &_f->error);
+        return DBCDataBaseController::convertPdf2Jpg(pdfPath, _target, u"6"_s, &_f->error);
     }
     std::optional<QStringList> exportCard(
         const TransferFixture::Values& values = {{Key::cardID, cardID}})
@@ -66,27 +67,23 @@ private:
     }
     void store(const QByteArray& pdf) const
     {
-        _f->package.writeFile(QStringLiteral("Images/") + storedName, pdf);
+        _f->package.writeFile(u"Images/"_s + storedName, pdf);
     }
-    QString written(const QByteArray& pdf) const
-    {
-        return _f->home.writeFile(QStringLiteral("card.pdf"), pdf);
-    }
+    QString written(const QByteArray& pdf) const { return _f->home.writeFile(u"card.pdf"_s, pdf); }
     QSize sizeOf(const QString& name) const
     {
-        const auto facts = JpegFacts::of(_f->home.readFile(QStringLiteral("export/") + name));
+        const auto facts = JpegFacts::of(_f->home.readFile(u"export/"_s + name));
         return facts ? QSize(facts->width, facts->height) : QSize();
     }
     QStringList filesWritten() const { return QDir(_target).entryList(QDir::Files); }
     static QString conversionWarning(qint64 code)
     {
-        return TransferFixture::text(
-            "IDS_LOG_WRN_CONVERT_FAIL", {QStringLiteral("6"), QStringLiteral("Hanako"), code});
+        return TransferFixture::text("IDS_LOG_WRN_CONVERT_FAIL", {u"6"_s, u"Hanako"_s, code});
     }
 
     const QStringList none;
-    const QStringList faceOnly {QStringLiteral("6_N1.jpg")};
-    const QStringList both {QStringLiteral("6_N1.jpg"), QStringLiteral("6_N2.jpg")};
+    const QStringList faceOnly {u"6_N1.jpg"_s};
+    const QStringList both {u"6_N1.jpg"_s, u"6_N2.jpg"_s};
     std::unique_ptr<TransferFixture> _f;
     QString _target;
 
@@ -95,7 +92,7 @@ private Q_SLOTS:
     {
         _f = std::make_unique<TransferFixture>();
         QVERIFY(_f->database);
-        _target = _f->home.makeFolder(QStringLiteral("export"));
+        _target = _f->home.makeFolder(u"export"_s);
     }
     void cleanup() { _f.reset(); }
 
@@ -104,14 +101,11 @@ private Q_SLOTS:
         QTest::addColumn<QString>("faceImage");
         QTest::addColumn<QString>("card");
         QTest::addColumn<QString>("name");
-        QTest::newRow("stored name")
-            << QStringLiteral("own.pdf") << cardID << QStringLiteral("own.pdf");
-        QTest::newRow("stored name without card ID")
-            << QStringLiteral("own.pdf") << QString() << QStringLiteral("own.pdf");
+        QTest::newRow("stored name") << u"own.pdf"_s << cardID << u"own.pdf"_s;
+        QTest::newRow("stored name without card ID") << u"own.pdf"_s << QString() << u"own.pdf"_s;
         QTest::newRow("no stored name") << QString() << cardID << storedName;
-        QTest::newRow("blank stored name") << QStringLiteral("  ") << cardID << storedName;
-        QTest::newRow("both blank")
-            << QStringLiteral("  ") << QStringLiteral(" ") << QStringLiteral("  ");
+        QTest::newRow("blank stored name") << u"  "_s << cardID << storedName;
+        QTest::newRow("both blank") << u"  "_s << u" "_s << u"  "_s;
         QTest::newRow("both empty") << QString() << QString() << QString();
     }
     void nameOfTheCardPdf()
@@ -132,7 +126,7 @@ private Q_SLOTS:
     void conversionWithoutAnArgumentGivesNothing()
     {
         const QString pdf = written(cardPdf());
-        const QString number = QStringLiteral("6");
+        const QString number = u"6"_s;
         using Database = DBCDataBaseController;
         QVERIFY(!Database::convertPdf2Jpg({}, _target, number, &_f->error));
         QVERIFY(!Database::convertPdf2Jpg(pdf, {}, number, &_f->error));
@@ -174,7 +168,7 @@ private Q_SLOTS:
 
     void missingPdfIsFolderNotExist()
     {
-        QCOMPARE(convert(_f->home.path(QStringLiteral("none.pdf"))), none);
+        QCOMPARE(convert(_f->home.path(u"none.pdf"_s)), none);
         QCOMPARE(_f->error.code(), DBCResultCode::FolderNotExist);
     }
 
@@ -244,11 +238,9 @@ private Q_SLOTS:
     void storedNameGoesBeforeTheCardId()
     {
         store(cardPdf());
-        _f->package.writeFile(
-            QStringLiteral("Images/own.pdf"), PdfBuilder::cardPdf({jpeg(300, 180)}));
+        _f->package.writeFile(u"Images/own.pdf"_s, PdfBuilder::cardPdf({jpeg(300, 180)}));
         QCOMPARE(
-            exportCard({{Key::cardID, cardID}, {Key::face_Image_File, QStringLiteral("own.pdf")}}),
-            faceOnly);
+            exportCard({{Key::cardID, cardID}, {Key::face_Image_File, u"own.pdf"_s}}), faceOnly);
     }
 
     void exportWithoutAnArgumentGivesNothing()
@@ -263,7 +255,7 @@ private Q_SLOTS:
 
     void cardWithoutAnyNameHasNoImageAndNoMessage()
     {
-        _target = _f->home.path(QStringLiteral("not made"));
+        _target = _f->home.path(u"not made"_s);
         QCOMPARE(exportCard({}), none);
         QVERIFY(!_f->error);
         QVERIFY(_f->log.isEmpty());
@@ -275,8 +267,8 @@ private Q_SLOTS:
         QCOMPARE(exportCard(), none);
         QVERIFY(!_f->error);
         QCOMPARE(_f->log.warnings,
-            QStringList {TransferFixture::text("IDS_LOG_WRN_IMAGE_FILE_NO_EXISTS",
-                {QStringLiteral("6"), QStringLiteral("Hanako"), -108})});
+            QStringList {TransferFixture::text(
+                "IDS_LOG_WRN_IMAGE_FILE_NO_EXISTS", {u"6"_s, u"Hanako"_s, -108})});
     }
 
     void foreignPdfIsAWarning()
@@ -317,7 +309,7 @@ private Q_SLOTS:
     void imageFolderIsMade()
     {
         store(cardPdf());
-        _target = _f->home.path(QStringLiteral("made"));
+        _target = _f->home.path(u"made"_s);
         QCOMPARE(exportCard(), both);
         QVERIFY(QFileInfo(_target).isDir());
     }
@@ -325,7 +317,7 @@ private Q_SLOTS:
     void imageFolderThatCannotBeMadeIsAnError()
     {
         store(cardPdf());
-        _target = _f->home.path(QStringLiteral("missing/folder"));
+        _target = _f->home.path(u"missing/folder"_s);
         QCOMPARE(exportCard(), none);
         QCOMPARE(_f->error.code(), DBCResultCode::FolderCreateFailure);
         QCOMPARE(_f->error.pathName(), _target);
@@ -359,17 +351,16 @@ private Q_SLOTS:
     void storedNameThatLeadsOutOfThePackageIsMissing_data()
     {
         QTest::addColumn<QString>("name"); // %1: the folder in which the package lies
-        QTest::newRow("climbing") << QStringLiteral("../../outside.pdf");
-        QTest::newRow("absolute") << QStringLiteral("%1/outside.pdf");
+        QTest::newRow("climbing") << u"../../outside.pdf"_s;
+        QTest::newRow("absolute") << u"%1/outside.pdf"_s;
     }
     void storedNameThatLeadsOutOfThePackageIsMissing()
     {
         QFETCH(QString, name);
-        _f->home.writeFile(QStringLiteral("outside.pdf"), cardPdf());
-        name.replace(QStringLiteral("%1"), _f->home.path());
+        _f->home.writeFile(u"outside.pdf"_s, cardPdf());
+        name.replace(u"%1"_s, _f->home.path());
         // Where an absolute name would be found if it were taken for a relative one.
-        _f->package.writeFile(
-            QStringLiteral("Images/") + _f->home.path(QStringLiteral("outside.pdf")), cardPdf());
+        _f->package.writeFile(u"Images/"_s + _f->home.path(u"outside.pdf"_s), cardPdf());
         QCOMPARE(exportCard({{Key::face_Image_File, name}}), none);
         QVERIFY(!_f->error);
         QCOMPARE(_f->log.warnings.size(), 1);

@@ -12,12 +12,14 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using Key = DBCRecordKey;
 
 namespace {
 
-const QString cardId = QStringLiteral("0A1B-1");
-const QString pdfName = QStringLiteral("0A1B-1_N1.pdf");
+const QString cardId = u"0A1B-1"_s;
+const QString pdfName = u"0A1B-1_N1.pdf"_s;
 
 QByteArray faceJpeg()
 {
@@ -40,11 +42,8 @@ private:
         return _f->database->_addImageFileIntoDB(
             _f->folder.path(), TransferFixture::record(values), cardId, &_f->error);
     }
-    QByteArray pdf() const { return _f->package.readFile(QStringLiteral("Images/") + pdfName); }
-    bool pdfExists() const
-    {
-        return QFileInfo::exists(_f->packagePath(QStringLiteral("Images/") + pdfName));
-    }
+    QByteArray pdf() const { return _f->package.readFile(u"Images/"_s + pdfName); }
+    bool pdfExists() const { return QFileInfo::exists(_f->packagePath(u"Images/"_s + pdfName)); }
     QString missing(const QString& path) const
     {
         return TransferFixture::text("IDS_LOG_WRN_FILE_NO_EXISTS", {path});
@@ -57,15 +56,15 @@ private Q_SLOTS:
     {
         _f = std::make_unique<TransferFixture>();
         QVERIFY(_f->database);
-        _f->folder.image(QStringLiteral("face.jpg"), faceJpeg());
-        _f->folder.image(QStringLiteral("back.jpg"), backJpeg());
+        _f->folder.image(u"face.jpg"_s, faceJpeg());
+        _f->folder.image(u"back.jpg"_s, backJpeg());
     }
     void cleanup() { _f.reset(); }
 
     void faceAndBackBecomeOnePdfFaceFirst()
     {
-        QCOMPARE(add({{Key::face_Image_File, QStringLiteral("face.jpg")},
-                     {Key::back_Image_File, QStringLiteral("back.jpg")}}),
+        QCOMPARE(
+            add({{Key::face_Image_File, u"face.jpg"_s}, {Key::back_Image_File, u"back.jpg"_s}}),
             pdfName);
         QVERIFY(!_f->error);
         QVERIFY(_f->log.isEmpty());
@@ -76,8 +75,8 @@ private Q_SLOTS:
         DBCBitmap back;
         CardImageInfo faceInfo;
         CardImageInfo backInfo;
-        QCOMPARE(AcquireCardImageFromPDF(_f->packagePath(QStringLiteral("Images/") + pdfName),
-                     &face, &faceInfo, &back, &backInfo),
+        QCOMPARE(AcquireCardImageFromPDF(
+                     _f->packagePath(u"Images/"_s + pdfName), &face, &faceInfo, &back, &backInfo),
             DBCResultCode::Success);
         QCOMPARE(face.pixels.size(), QSize(300, 180));
         QCOMPARE(back.pixels.size(), QSize(180, 300));
@@ -85,15 +84,14 @@ private Q_SLOTS:
 
     void missingFaceAndExistingBackGiveOnePageOfTheBack()
     {
-        QCOMPARE(add({{Key::face_Image_File, QStringLiteral("none.jpg")},
-                     {Key::back_Image_File, QStringLiteral("back.jpg")}}),
+        QCOMPARE(
+            add({{Key::face_Image_File, u"none.jpg"_s}, {Key::back_Image_File, u"back.jpg"_s}}),
             pdfName);
         QVERIFY(!_f->error);
-        QCOMPARE(_f->log.warnings,
-            QStringList {missing(_f->folder.imagePath(QStringLiteral("none.jpg")))});
+        QCOMPARE(_f->log.warnings, QStringList {missing(_f->folder.imagePath(u"none.jpg"_s))});
         QVERIFY(pdf().contains(backJpeg()));
         qint32 pages = 0;
-        QCOMPARE(CheckPdfFile(_f->packagePath(QStringLiteral("Images/") + pdfName), &pages),
+        QCOMPARE(CheckPdfFile(_f->packagePath(u"Images/"_s + pdfName), &pages),
             DBCResultCode::PdfCardImageOnly);
         QCOMPARE(pages, 1);
     }
@@ -102,35 +100,33 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("name");
         QTest::newRow("empty") << QString();
-        QTest::newRow("blanks") << QString(QStringLiteral(" \t") + QChar(0x3000));
+        QTest::newRow("blanks") << QString(u" \t"_s + QChar(0x3000));
     }
     void recordWithoutImageNamesHasNoImage()
     {
         QFETCH(QString, name);
-        _f->package.remove(QStringLiteral("Images"));
-        QCOMPARE(
-            add({{Key::face_Image_File, name}, {Key::back_Image_File, name}}), QStringLiteral(""));
+        _f->package.remove(u"Images"_s);
+        QCOMPARE(add({{Key::face_Image_File, name}, {Key::back_Image_File, name}}), u""_s);
         QVERIFY(!_f->error);
         QVERIFY(_f->log.isEmpty());
-        QVERIFY(!QFileInfo::exists(_f->packagePath(QStringLiteral("Images"))));
+        QVERIFY(!QFileInfo::exists(_f->packagePath(u"Images"_s)));
     }
 
     void recordWithoutImageKeysHasNoImage()
     {
-        QCOMPARE(add({}), QStringLiteral(""));
+        QCOMPARE(add({}), u""_s);
         QVERIFY(!_f->error);
         QVERIFY(_f->log.isEmpty());
     }
 
     void bothImagesMissingIsTwoWarnings()
     {
-        QCOMPARE(add({{Key::face_Image_File, QStringLiteral("1.jpg")},
-                     {Key::back_Image_File, QStringLiteral("2.jpg")}}),
-            QStringLiteral(""));
+        QCOMPARE(
+            add({{Key::face_Image_File, u"1.jpg"_s}, {Key::back_Image_File, u"2.jpg"_s}}), u""_s);
         QVERIFY(!_f->error);
         QCOMPARE(_f->log.warnings,
-            (QStringList {missing(_f->folder.imagePath(QStringLiteral("1.jpg"))),
-                missing(_f->folder.imagePath(QStringLiteral("2.jpg")))}));
+            (QStringList {missing(_f->folder.imagePath(u"1.jpg"_s)),
+                missing(_f->folder.imagePath(u"2.jpg"_s))}));
     }
 
     void missingArgumentsGiveNothing()
@@ -145,18 +141,18 @@ private Q_SLOTS:
 
     void imagesFolderIsMadeOnDemand()
     {
-        _f->package.remove(QStringLiteral("Images"));
-        QCOMPARE(add({{Key::face_Image_File, QStringLiteral("face.jpg")}}), pdfName);
+        _f->package.remove(u"Images"_s);
+        QCOMPARE(add({{Key::face_Image_File, u"face.jpg"_s}}), pdfName);
         QVERIFY(pdfExists());
     }
 
     void imagesFolderThatCannotBeMadeIsAnError()
     {
-        _f->package.remove(QStringLiteral("Images"));
-        _f->package.writeFile(QStringLiteral("Images"), "a file");
-        QCOMPARE(add({{Key::face_Image_File, QStringLiteral("face.jpg")}}), QStringLiteral(""));
+        _f->package.remove(u"Images"_s);
+        _f->package.writeFile(u"Images"_s, "a file");
+        QCOMPARE(add({{Key::face_Image_File, u"face.jpg"_s}}), u""_s);
         QCOMPARE(_f->error.code(), DBCResultCode::FolderCreateFailure);
-        QCOMPARE(_f->error.pathName(), _f->packagePath(QStringLiteral("Images")));
+        QCOMPARE(_f->error.pathName(), _f->packagePath(u"Images"_s));
     }
 
     void fileThatIsNoJpegIsAWarningAndTheCardHasNoImage_data()
@@ -169,24 +165,23 @@ private Q_SLOTS:
     void fileThatIsNoJpegIsAWarningAndTheCardHasNoImage()
     {
         QFETCH(QByteArray, bytes);
-        _f->folder.image(QStringLiteral("bad.jpg"), bytes);
-        QCOMPARE(add({{Key::face_Image_File, QStringLiteral("face.jpg")},
-                     {Key::back_Image_File, QStringLiteral("bad.jpg")}}),
-            QStringLiteral(""));
+        _f->folder.image(u"bad.jpg"_s, bytes);
+        QCOMPARE(add({{Key::face_Image_File, u"face.jpg"_s}, {Key::back_Image_File, u"bad.jpg"_s}}),
+            u""_s);
         QVERIFY(!_f->error);
         QCOMPARE(_f->log.warnings,
-            QStringList {TransferFixture::text("IDS_LOG_WRN_CONVERT_FAIL",
-                {QStringLiteral("7"), QStringLiteral("Hanako"), -109})});
+            QStringList {
+                TransferFixture::text("IDS_LOG_WRN_CONVERT_FAIL", {u"7"_s, u"Hanako"_s, -109})});
         QVERIFY(!pdfExists());
     }
 
     void warningOfARecordWithoutLineAndNameHasEmptyTextsThere()
     {
-        _f->folder.image(QStringLiteral("bad.jpg"), "no picture");
+        _f->folder.image(u"bad.jpg"_s, "no picture");
         DBCRecord record;
-        record.setValue(Key::face_Image_File, QStringLiteral("bad.jpg"));
+        record.setValue(Key::face_Image_File, u"bad.jpg"_s);
         QCOMPARE(_f->database->_addImageFileIntoDB(_f->folder.path(), record, cardId, &_f->error),
-            QStringLiteral(""));
+            u""_s);
         QCOMPARE(_f->log.warnings,
             QStringList {
                 TransferFixture::text("IDS_LOG_WRN_CONVERT_FAIL", {QString(), QString(), -109})});
@@ -196,7 +191,7 @@ private Q_SLOTS:
     {
         ScopedHost host;
         host.setFreeBytes(1000);
-        QCOMPARE(add({{Key::face_Image_File, QStringLiteral("face.jpg")}}), pdfName);
+        QCOMPARE(add({{Key::face_Image_File, u"face.jpg"_s}}), pdfName);
         QCOMPARE(_f->error.code(), DBCResultCode::NoSpaceForImport);
         QVERIFY(!pdfExists());
         QVERIFY(_f->log.warnings.isEmpty());
@@ -204,10 +199,10 @@ private Q_SLOTS:
 
     void fullDiskIsAnErrorAlsoWhenAFileCouldBeCleanedAway()
     {
-        _f->package.writeFile(QStringLiteral("Images/") + pdfName, "old");
+        _f->package.writeFile(u"Images/"_s + pdfName, "old");
         ScopedHost host;
         host.setFreeBytes(1000);
-        QCOMPARE(add({{Key::face_Image_File, QStringLiteral("face.jpg")}}), pdfName);
+        QCOMPARE(add({{Key::face_Image_File, u"face.jpg"_s}}), pdfName);
         QCOMPARE(_f->error.code(), DBCResultCode::NoSpaceForImport);
         QVERIFY(!pdfExists());
     }
@@ -215,25 +210,24 @@ private Q_SLOTS:
     void imageThatCannotBeMeasuredIsAnError()
     {
         ScopedHost host;
-        host->diskUsageProgram = QStringLiteral("/bin/false");
-        QCOMPARE(add({{Key::face_Image_File, QStringLiteral("face.jpg")}}), pdfName);
+        host->diskUsageProgram = u"/bin/false"_s;
+        QCOMPARE(add({{Key::face_Image_File, u"face.jpg"_s}}), pdfName);
         QCOMPARE(_f->error.code(), DBCResultCode::SizeMeasureFailure);
     }
 
     void failedPdfThatCannotBeRemovedIsAnError()
     {
-        QVERIFY(QDir(_f->package.path()).mkpath(QStringLiteral("Images/") + pdfName));
-        QCOMPARE(add({{Key::face_Image_File, QStringLiteral("face.jpg")}}), pdfName);
+        QVERIFY(QDir(_f->package.path()).mkpath(u"Images/"_s + pdfName));
+        QCOMPARE(add({{Key::face_Image_File, u"face.jpg"_s}}), pdfName);
         QCOMPARE(_f->error.code(), DBCResultCode::PdfCreateFailure);
     }
 
     void imageIsFoundWithoutRegardToCaseAndNormalForm()
     {
-        const QString composed = QString(QChar(0x304C)) + QStringLiteral(".jpg");
-        const QString decomposed = QString(QChar(0x304B)) + QChar(0x3099) + QStringLiteral(".JPG");
+        const QString composed = QString(QChar(0x304C)) + u".jpg"_s;
+        const QString decomposed = QString(QChar(0x304B)) + QChar(0x3099) + u".JPG"_s;
         _f->folder.image(decomposed, faceJpeg());
-        QCOMPARE(add({{Key::face_Image_File, composed},
-                     {Key::back_Image_File, QStringLiteral("BACK.JPG")}}),
+        QCOMPARE(add({{Key::face_Image_File, composed}, {Key::back_Image_File, u"BACK.JPG"_s}}),
             pdfName);
         QVERIFY(_f->log.isEmpty());
         QVERIFY(pdf().contains(faceJpeg()));
@@ -242,59 +236,57 @@ private Q_SLOTS:
 
     void imageInASubfolderIsTaken()
     {
-        _f->folder.image(QStringLiteral("sub/face.jpg"), faceJpeg());
-        QCOMPARE(add({{Key::face_Image_File, QStringLiteral("sub/face.jpg")}}), pdfName);
+        _f->folder.image(u"sub/face.jpg"_s, faceJpeg());
+        QCOMPARE(add({{Key::face_Image_File, u"sub/face.jpg"_s}}), pdfName);
         QVERIFY(pdf().contains(faceJpeg()));
     }
 
     void nameThatLeadsOutIsMissingAndLoggedWithItsLine_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("parent folder") << QStringLiteral("../secret.jpg");
-        QTest::newRow("link") << QStringLiteral("link.jpg");
+        QTest::newRow("parent folder") << u"../secret.jpg"_s;
+        QTest::newRow("link") << u"link.jpg"_s;
     }
     void nameThatLeadsOutIsMissingAndLoggedWithItsLine()
     {
         QFETCH(QString, name);
-        _f->home.writeFile(QStringLiteral("Interchange/secret.jpg"), faceJpeg());
-        QVERIFY(QFile::link(
-            QStringLiteral("../secret.jpg"), _f->folder.imagePath(QStringLiteral("link.jpg"))));
-        QCOMPARE(add({{Key::face_Image_File, name}}), QStringLiteral(""));
+        _f->home.writeFile(u"Interchange/secret.jpg"_s, faceJpeg());
+        QVERIFY(QFile::link(u"../secret.jpg"_s, _f->folder.imagePath(u"link.jpg"_s)));
+        QCOMPARE(add({{Key::face_Image_File, name}}), u""_s);
         QVERIFY(!_f->error);
         QCOMPARE(_f->log.warnings,
             (QStringList {
                 TransferFixture::text("IDS_LOG_WRN_NAME_LEADS_OUT",
-                    {QStringLiteral("7"), QStringLiteral("Hanako"), name,
-                        _f->folder.imageFolder()}),
+                    {u"7"_s, u"Hanako"_s, name, _f->folder.imageFolder()}),
                 missing(_f->folder.imagePath(name)),
             }));
     }
 
     void absoluteNameIsMissing()
     {
-        const QString outside = _f->home.writeFile(QStringLiteral("secret.jpg"), faceJpeg());
-        QCOMPARE(add({{Key::face_Image_File, outside}}), QStringLiteral(""));
+        const QString outside = _f->home.writeFile(u"secret.jpg"_s, faceJpeg());
+        QCOMPARE(add({{Key::face_Image_File, outside}}), u""_s);
         QCOMPARE(_f->log.warnings.size(), 2);
         QVERIFY(!pdfExists());
     }
 
     void pipeAndFolderAreMissing()
     {
-        const QString pipe = _f->folder.imagePath(QStringLiteral("pipe.jpg"));
+        const QString pipe = _f->folder.imagePath(u"pipe.jpg"_s);
         QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-        const QString folder = _f->folder.imagePath(QStringLiteral("folder.jpg"));
+        const QString folder = _f->folder.imagePath(u"folder.jpg"_s);
         QVERIFY(QDir().mkdir(folder));
-        QCOMPARE(add({{Key::face_Image_File, QStringLiteral("pipe.jpg")},
-                     {Key::back_Image_File, QStringLiteral("folder.jpg")}}),
-            QStringLiteral(""));
+        QCOMPARE(
+            add({{Key::face_Image_File, u"pipe.jpg"_s}, {Key::back_Image_File, u"folder.jpg"_s}}),
+            u""_s);
         QCOMPARE(_f->log.warnings, (QStringList {missing(pipe), missing(folder)}));
     }
 
     void folderIsMadeOnlyOnceItsParentExists()
     {
         using Database = DBCDataBaseController;
-        const QString parent = _f->home.path(QStringLiteral("new"));
-        const QString child = parent + QStringLiteral("/child");
+        const QString parent = _f->home.path(u"new"_s);
+        const QString child = parent + u"/child"_s;
         QCOMPARE(Database::createDirectoryIfNotExists({}), DBCResultCode::GeneralFailure);
         QCOMPARE(Database::createDirectoryIfNotExists(child), DBCResultCode::FolderCreateFailure);
         QCOMPARE(Database::createDirectoryIfNotExists(parent), DBCResultCode::Success);
@@ -305,7 +297,7 @@ private Q_SLOTS:
 
     void folderIsNotMadeWhereAFileStands()
     {
-        const QString file = _f->home.writeFile(QStringLiteral("file"), "x");
+        const QString file = _f->home.writeFile(u"file"_s, "x");
         QCOMPARE(DBCDataBaseController::createDirectoryIfNotExists(file),
             DBCResultCode::FolderCreateFailure);
     }

@@ -17,6 +17,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 using Journal = DBCImportJournal;
 using Stage = DBCImportJournal::Stage;
 using Search = DBCImportJournal::Search;
@@ -34,10 +36,10 @@ private:
             qFatal("no journal");
     }
     Search search() const { return Journal::find(_package).search; }
-    QByteArray bytes() const { return _home->readFile(QStringLiteral(".A.vmdb.velmora-import")); }
+    QByteArray bytes() const { return _home->readFile(u".A.vmdb.velmora-import"_s); }
     void write(const QByteArray& bytes) const
     {
-        _home->writeFile(QStringLiteral(".A.vmdb.velmora-import"), bytes);
+        _home->writeFile(u".A.vmdb.velmora-import"_s, bytes);
     }
 
     std::unique_ptr<TestHome> _home;
@@ -49,9 +51,9 @@ private Q_SLOTS:
     void init()
     {
         _home = std::make_unique<TestHome>();
-        _package = _home->makeFolder(QStringLiteral("A.vmdb"));
-        _backup = _home->path(QStringLiteral("A_bak.vmdb"));
-        _path = _home->path(QStringLiteral(".A.vmdb.velmora-import"));
+        _package = _home->makeFolder(u"A.vmdb"_s);
+        _backup = _home->path(u"A_bak.vmdb"_s);
+        _path = _home->path(u".A.vmdb.velmora-import"_s);
     }
     void cleanup() { _home.reset(); }
 
@@ -78,12 +80,12 @@ private Q_SLOTS:
 
     void journalOfADeadImportIsFoundWithWhatItNoted()
     {
-        begin()->enterImport(QStringLiteral("0A1B-"));
+        begin()->enterImport(u"0A1B-"_s);
         const auto found = Journal::find(_package);
         QCOMPARE(found.search, Search::Found);
         QCOMPARE(found.journal->stage(), Stage::Import);
         QCOMPARE(found.journal->backupPath(), _backup);
-        QCOMPARE(found.journal->cardIDStart(), QStringLiteral("0A1B-"));
+        QCOMPARE(found.journal->cardIDStart(), u"0A1B-"_s);
         QCOMPARE(search(), Search::HeldByAnother); // by whoever found it
     }
 
@@ -127,7 +129,7 @@ private Q_SLOTS:
 
     void stagesAreLinesThatAnybodyCanRead()
     {
-        begin()->enterImport(QStringLiteral("0A1B-"));
+        begin()->enterImport(u"0A1B-"_s);
         QByteArrayList lines = bytes().split('\n');
         lines.removeAll({});
         QCOMPARE(lines,
@@ -137,14 +139,13 @@ private Q_SLOTS:
 
     void movedFolderTakesItsJournalAlong()
     {
-        _home->makeFolder(QStringLiteral("old"));
-        _package = _home->makeFolder(QStringLiteral("old/A.vmdb"));
-        _backup = _home->path(QStringLiteral("old/A_bak.vmdb"));
+        _home->makeFolder(u"old"_s);
+        _package = _home->makeFolder(u"old/A.vmdb"_s);
+        _backup = _home->path(u"old/A_bak.vmdb"_s);
         leaveBehind(Stage::Import);
-        QVERIFY(
-            QDir().rename(_home->path(QStringLiteral("old")), _home->path(QStringLiteral("new"))));
-        const auto found = Journal::find(_home->path(QStringLiteral("new/A.vmdb")));
-        QCOMPARE(found.journal->backupPath(), _home->path(QStringLiteral("new/A_bak.vmdb")));
+        QVERIFY(QDir().rename(_home->path(u"old"_s), _home->path(u"new"_s)));
+        const auto found = Journal::find(_home->path(u"new/A.vmdb"_s));
+        QCOMPARE(found.journal->backupPath(), _home->path(u"new/A_bak.vmdb"_s));
     }
 
     void linesThatAreNoneOfOursCountForNothing_data()
@@ -166,12 +167,12 @@ private Q_SLOTS:
     void linesThatAreNoneOfOursCountForNothing()
     {
         QFETCH(QByteArray, further);
-        begin()->enterImport(QStringLiteral("0A1B-"));
+        begin()->enterImport(u"0A1B-"_s);
         write(bytes() + further);
         const auto found = Journal::find(_package);
         QTEST(int(found.journal->stage()), "stage");
         QCOMPARE(found.journal->backupPath(), _backup);
-        QCOMPARE(found.journal->cardIDStart(), QStringLiteral("0A1B-"));
+        QCOMPARE(found.journal->cardIDStart(), u"0A1B-"_s);
     }
 
     void forgedBackupNameLeadsNowhere()
@@ -211,11 +212,11 @@ private Q_SLOTS:
     {
         QFETCH(QString, kind);
         if (kind == u"folder")
-            _home->makeFolder(QStringLiteral(".A.vmdb.velmora-import"));
+            _home->makeFolder(u".A.vmdb.velmora-import"_s);
         else if (kind == u"pipe")
             QCOMPARE(mkfifo(QFile::encodeName(_path).constData(), 0600), 0);
         else
-            QVERIFY(QFile::link(_home->writeFile(QStringLiteral("file"), "x"), _path));
+            QVERIFY(QFile::link(_home->writeFile(u"file"_s, "x"), _path));
         QCOMPARE(search(), Search::Unreadable);
         QVERIFY(!begin());
     }
@@ -254,7 +255,7 @@ private Q_SLOTS:
         const auto journal = begin();
         {
             const FileSizeLimit full(rlim_t(bytes().size()) + 3);
-            QVERIFY(!journal->enterImport(QStringLiteral("0A1B-")));
+            QVERIFY(!journal->enterImport(u"0A1B-"_s));
             QCOMPARE(journal->stage(), Stage::Backup);
         }
         QVERIFY(journal->enter(Stage::Restore));

@@ -14,46 +14,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-class tst_lock : public QObject {
-    Q_OBJECT
-
-private Q_SLOTS:
-    void init();
-    void cleanup();
-
-    void withoutAPackagePathLockingIsAGeneralFailure();
-    void openingMakesTheLockFileWithAllPermissions();
-    void staleLockFileIsDeletedAndMadeAfresh();
-    void lockFileThatAnotherHoldsIsDeletedAndMadeAfresh();
-    void openPackageIsLockedUntilTheControllerIsGone();
-    void lockFileStaysInThePackageAfterTheRelease();
-    void secondControllerTakesTheLockOver();
-    void lockIsNotInheritedByOtherPrograms();
-    void lockFileThatCannotBeMadeFailsTheLock();
-    void missingPackageFailsTheLock();
-    void failedLockLeavesNothingToRelease();
-    void releasedLockIsNotReleasedTwice();
-
-    void neverLockedControllerReleasesAndClosesDescriptor0();
-    void neverLockedControllerWithoutDescriptor0DeletesTheLockFile();
-    void failedReleaseWithoutAPackagePathTouchesNothing();
-
-private:
-    QString lockPath() const { return _package->path(QStringLiteral(".VMLock.vmlk")); }
-    struct stat lockStatus() const
-    {
-        struct stat status { };
-        if (stat(QFile::encodeName(lockPath()).constData(), &status) != 0)
-            qFatal("no lock file");
-        return status;
-    }
-    // A folder with something in it cannot be replaced by a lock file.
-    void blockLockFile() const { _package->writeFile(QStringLiteral(".VMLock.vmlk/x"), "x"); }
-
-    StandardInputKeeper _standardInput;
-    std::unique_ptr<TestHome> _home;
-    std::unique_ptr<PackageFixture> _package;
-};
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -73,175 +34,197 @@ bool canLock(const QString& path)
 
 } // namespace
 
-void tst_lock::init()
-{
-    _home = std::make_unique<TestHome>();
-    _package = std::make_unique<PackageFixture>(*_home);
-    // Some tests close it.
-    if (!isOpen(STDIN_FILENO))
-        QCOMPARE(open("/dev/null", O_RDONLY), STDIN_FILENO);
-}
+class tst_lock : public QObject {
+    Q_OBJECT
 
-void tst_lock::cleanup()
-{
-    _package.reset();
-    _home.reset();
-}
-
-void tst_lock::withoutAPackagePathLockingIsAGeneralFailure()
-{
-    DBCDataBaseController controller;
-    QCOMPARE(controller._lock(), DBCResultCode::GeneralFailure);
-}
-
-void tst_lock::openingMakesTheLockFileWithAllPermissions()
-{
-    const mode_t oldMask = umask(077);
-    const auto controller = DBCDataBaseController::initDBwithPath(_package->path());
-    umask(oldMask);
-    QVERIFY(controller);
-    QCOMPARE(lockStatus().st_mode & 07777, mode_t {0777});
-    QVERIFY(S_ISREG(lockStatus().st_mode));
-}
-
-void tst_lock::staleLockFileIsDeletedAndMadeAfresh()
-{
-    _package->writeFile(QStringLiteral(".VMLock.vmlk"), "process 4711");
-    QCOMPARE(chmod(QFile::encodeName(lockPath()).constData(), 0400), 0);
-    const auto controller = DBCDataBaseController::initDBwithPath(_package->path());
-    QVERIFY(controller);
-    QCOMPARE(lockStatus().st_size, off_t {0});
-    QCOMPARE(lockStatus().st_mode & 07777, mode_t {0777});
-}
-
-void tst_lock::lockFileThatAnotherHoldsIsDeletedAndMadeAfresh()
-{
-    _package->writeFile(QStringLiteral(".VMLock.vmlk"), {});
-    const int other = open(QFile::encodeName(lockPath()).constData(), O_RDWR | O_CLOEXEC);
-    QCOMPARE(flock(other, LOCK_EX | LOCK_NB), 0);
-    const auto controller = DBCDataBaseController::initDBwithPath(_package->path());
-    QVERIFY(controller);
-    QVERIFY(!canLock(lockPath()));
-    close(other);
-}
-
-void tst_lock::openPackageIsLockedUntilTheControllerIsGone()
-{
-    auto controller = DBCDataBaseController::initDBwithPath(_package->path());
-    QVERIFY(DBCChecker::checkDBFileISLocked(lockPath()));
-    controller.reset();
-    QVERIFY(!DBCChecker::checkDBFileISLocked(lockPath()));
-}
-
-void tst_lock::lockFileStaysInThePackageAfterTheRelease()
-{
-    DBCDataBaseController::initDBwithPath(_package->path()).reset();
-    QVERIFY(QFileInfo::exists(lockPath()));
-}
-
-void tst_lock::secondControllerTakesTheLockOver()
-{
-    auto first = DBCDataBaseController::initDBwithPath(_package->path());
-    const ino_t firstFile = lockStatus().st_ino;
-    auto second = DBCDataBaseController::initDBwithPath(_package->path());
-    QVERIFY(second);
-    QVERIFY(lockStatus().st_ino != firstFile);
-    first.reset();
-    QVERIFY(!canLock(lockPath()));
-    second.reset();
-    QVERIFY(canLock(lockPath()));
-}
-
-void tst_lock::lockIsNotInheritedByOtherPrograms()
-{
-    const auto controller = DBCDataBaseController::initDBwithPath(_package->path());
-    QProcess child;
-    child.start(QStringLiteral("/bin/ls"), {QStringLiteral("-l"), QStringLiteral("/proc/self/fd")});
-    QVERIFY(child.waitForFinished());
-    const QByteArray descriptors = child.readAllStandardOutput();
-    QVERIFY(descriptors.contains(" -> "));
-    QVERIFY2(!descriptors.contains("VMLock"), descriptors.constData());
-}
-
-void tst_lock::lockFileThatCannotBeMadeFailsTheLock()
-{
-    blockLockFile();
-    DebugLog log(*_home);
-    DBCDataBaseController controller;
-    controller.setDBPath(_package->path());
-    QCOMPARE(controller._lock(), DBCResultCode::DatabaseLockFailure);
-    QVERIFY(log.text().contains(QStringLiteral("There is a lock failure of the Database!")));
-}
-
-void tst_lock::missingPackageFailsTheLock()
-{
-    DBCDataBaseController controller;
-    controller.setDBPath(_home->path(QStringLiteral("Nowhere.vmdb")));
-    QCOMPARE(controller._lock(), DBCResultCode::DatabaseLockFailure);
-}
-
-void tst_lock::failedLockLeavesNothingToRelease()
-{
-    blockLockFile();
-    DebugLog log(*_home);
+private Q_SLOTS:
+    void init()
     {
+        _home = std::make_unique<TestHome>();
+        _package = std::make_unique<PackageFixture>(*_home);
+        // Some tests close it.
+        if (!isOpen(STDIN_FILENO))
+            QCOMPARE(open("/dev/null", O_RDONLY), STDIN_FILENO);
+    }
+
+    void cleanup()
+    {
+        _package.reset();
+        _home.reset();
+    }
+
+    void withoutAPackagePathLockingIsAGeneralFailure()
+    {
+        DBCDataBaseController controller;
+        QCOMPARE(controller._lock(), DBCResultCode::GeneralFailure);
+    }
+
+    void openingMakesTheLockFileWithAllPermissions()
+    {
+        const mode_t oldMask = umask(077);
+        const auto controller = DBCDataBaseController::initDBwithPath(_package->path());
+        umask(oldMask);
+        QVERIFY(controller);
+        QCOMPARE(lockStatus().st_mode & 07777, mode_t {0777});
+        QVERIFY(S_ISREG(lockStatus().st_mode));
+    }
+
+    void staleLockFileIsDeletedAndMadeAfresh()
+    {
+        _package->writeFile(u".VMLock.vmlk"_s, "process 4711");
+        QCOMPARE(chmod(QFile::encodeName(lockPath()).constData(), 0400), 0);
+        const auto controller = DBCDataBaseController::initDBwithPath(_package->path());
+        QVERIFY(controller);
+        QCOMPARE(lockStatus().st_size, off_t {0});
+        QCOMPARE(lockStatus().st_mode & 07777, mode_t {0777});
+    }
+
+    void lockFileThatAnotherHoldsIsDeletedAndMadeAfresh()
+    {
+        _package->writeFile(u".VMLock.vmlk"_s, {});
+        const int other = open(QFile::encodeName(lockPath()).constData(), O_RDWR | O_CLOEXEC);
+        QCOMPARE(flock(other, LOCK_EX | LOCK_NB), 0);
+        const auto controller = DBCDataBaseController::initDBwithPath(_package->path());
+        QVERIFY(controller);
+        QVERIFY(!canLock(lockPath()));
+        close(other);
+    }
+
+    void openPackageIsLockedUntilTheControllerIsGone()
+    {
+        auto controller = DBCDataBaseController::initDBwithPath(_package->path());
+        QVERIFY(DBCChecker::checkDBFileISLocked(lockPath()));
+        controller.reset();
+        QVERIFY(!DBCChecker::checkDBFileISLocked(lockPath()));
+    }
+
+    void lockFileStaysInThePackageAfterTheRelease()
+    {
+        DBCDataBaseController::initDBwithPath(_package->path()).reset();
+        QVERIFY(QFileInfo::exists(lockPath()));
+    }
+
+    void secondControllerTakesTheLockOver()
+    {
+        auto first = DBCDataBaseController::initDBwithPath(_package->path());
+        const ino_t firstFile = lockStatus().st_ino;
+        auto second = DBCDataBaseController::initDBwithPath(_package->path());
+        QVERIFY(second);
+        QVERIFY(lockStatus().st_ino != firstFile);
+        first.reset();
+        QVERIFY(!canLock(lockPath()));
+        second.reset();
+        QVERIFY(canLock(lockPath()));
+    }
+
+    void lockIsNotInheritedByOtherPrograms()
+    {
+        const auto controller = DBCDataBaseController::initDBwithPath(_package->path());
+        QProcess child;
+        child.start(u"/bin/ls"_s, {u"-l"_s, u"/proc/self/fd"_s});
+        QVERIFY(child.waitForFinished());
+        const QByteArray descriptors = child.readAllStandardOutput();
+        QVERIFY(descriptors.contains(" -> "));
+        QVERIFY2(!descriptors.contains("VMLock"), descriptors.constData());
+    }
+
+    void lockFileThatCannotBeMadeFailsTheLock()
+    {
+        blockLockFile();
+        DebugLog log(*_home);
         DBCDataBaseController controller;
         controller.setDBPath(_package->path());
         QCOMPARE(controller._lock(), DBCResultCode::DatabaseLockFailure);
-        QCOMPARE(controller._unlock(), DBCResultCode::Success);
+        QVERIFY(log.text().contains(u"There is a lock failure of the Database!"_s));
     }
-    QVERIFY(isOpen(STDIN_FILENO));
-    QVERIFY(!log.text().contains(QStringLiteral("Unlock failure")));
-}
 
-void tst_lock::releasedLockIsNotReleasedTwice()
-{
-    const auto controller = DBCDataBaseController::initDBwithPath(_package->path());
-    QCOMPARE(controller->_unlock(), DBCResultCode::Success);
-    QVERIFY(canLock(lockPath()));
-    QCOMPARE(controller->_unlock(), DBCResultCode::Success);
-    QVERIFY(isOpen(STDIN_FILENO));
-}
-
-void tst_lock::neverLockedControllerReleasesAndClosesDescriptor0()
-{
-    const StandardInputKeeper keeper;
-    const QString path = _home->writeFile(QStringLiteral("input"), "typed");
-    const int file = open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC);
-    QCOMPARE(dup2(file, STDIN_FILENO), STDIN_FILENO);
-    QCOMPARE(flock(STDIN_FILENO, LOCK_EX | LOCK_NB), 0);
+    void missingPackageFailsTheLock()
     {
-        const DBCDataBaseController controller;
-        QVERIFY(!canLock(path));
+        DBCDataBaseController controller;
+        controller.setDBPath(_home->path(u"Nowhere.vmdb"_s));
+        QCOMPARE(controller._lock(), DBCResultCode::DatabaseLockFailure);
     }
-    QVERIFY(!isOpen(STDIN_FILENO));
-    // The other descriptor of the same open file would hold the lock still, had it not been freed.
-    QVERIFY(isOpen(file));
-    QVERIFY(canLock(path));
-    close(file);
-}
 
-void tst_lock::neverLockedControllerWithoutDescriptor0DeletesTheLockFile()
-{
-    const StandardInputKeeper keeper;
-    _package->writeFile(QStringLiteral(".VMLock.vmlk"), {});
-    DebugLog log(*_home);
-    DBCDataBaseController controller;
-    controller.setDBPath(_package->path());
-    close(STDIN_FILENO);
-    QCOMPARE(controller._unlock(), DBCResultCode::DatabaseUnlockFailure);
-    QVERIFY(!QFileInfo::exists(lockPath()));
-    QVERIFY(log.text().contains(QStringLiteral("There is a Unlock failure of the Database!")));
-    controller.setDBPath({});
-}
+    void failedLockLeavesNothingToRelease()
+    {
+        blockLockFile();
+        DebugLog log(*_home);
+        {
+            DBCDataBaseController controller;
+            controller.setDBPath(_package->path());
+            QCOMPARE(controller._lock(), DBCResultCode::DatabaseLockFailure);
+            QCOMPARE(controller._unlock(), DBCResultCode::Success);
+        }
+        QVERIFY(isOpen(STDIN_FILENO));
+        QVERIFY(!log.text().contains(u"Unlock failure"_s));
+    }
 
-void tst_lock::failedReleaseWithoutAPackagePathTouchesNothing()
-{
-    const StandardInputKeeper keeper;
-    DBCDataBaseController controller;
-    close(STDIN_FILENO);
-    QCOMPARE(controller._unlock(), DBCResultCode::DatabaseUnlockFailure);
-}
+    void releasedLockIsNotReleasedTwice()
+    {
+        const auto controller = DBCDataBaseController::initDBwithPath(_package->path());
+        QCOMPARE(controller->_unlock(), DBCResultCode::Success);
+        QVERIFY(canLock(lockPath()));
+        QCOMPARE(controller->_unlock(), DBCResultCode::Success);
+        QVERIFY(isOpen(STDIN_FILENO));
+    }
+
+    void neverLockedControllerReleasesAndClosesDescriptor0()
+    {
+        const StandardInputKeeper keeper;
+        const QString path = _home->writeFile(u"input"_s, "typed");
+        const int file = open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC);
+        QCOMPARE(dup2(file, STDIN_FILENO), STDIN_FILENO);
+        QCOMPARE(flock(STDIN_FILENO, LOCK_EX | LOCK_NB), 0);
+        {
+            const DBCDataBaseController controller;
+            QVERIFY(!canLock(path));
+        }
+        QVERIFY(!isOpen(STDIN_FILENO));
+        // The other descriptor of the same open file would hold the lock still, had it not been
+        // freed.
+        QVERIFY(isOpen(file));
+        QVERIFY(canLock(path));
+        close(file);
+    }
+
+    void neverLockedControllerWithoutDescriptor0DeletesTheLockFile()
+    {
+        const StandardInputKeeper keeper;
+        _package->writeFile(u".VMLock.vmlk"_s, {});
+        DebugLog log(*_home);
+        DBCDataBaseController controller;
+        controller.setDBPath(_package->path());
+        close(STDIN_FILENO);
+        QCOMPARE(controller._unlock(), DBCResultCode::DatabaseUnlockFailure);
+        QVERIFY(!QFileInfo::exists(lockPath()));
+        QVERIFY(log.text().contains(u"There is a Unlock failure of the Database!"_s));
+        controller.setDBPath({});
+    }
+
+    void failedReleaseWithoutAPackagePathTouchesNothing()
+    {
+        const StandardInputKeeper keeper;
+        DBCDataBaseController controller;
+        close(STDIN_FILENO);
+        QCOMPARE(controller._unlock(), DBCResultCode::DatabaseUnlockFailure);
+    }
+
+private:
+    QString lockPath() const { return _package->path(u".VMLock.vmlk"_s); }
+    struct stat lockStatus() const
+    {
+        struct stat status { };
+        if (stat(QFile::encodeName(lockPath()).constData(), &status) != 0)
+            qFatal("no lock file");
+        return status;
+    }
+    // A folder with something in it cannot be replaced by a lock file.
+    void blockLockFile() const { _package->writeFile(u".VMLock.vmlk/x"_s, "x"); }
+
+    StandardInputKeeper _standardInput;
+    std::unique_ptr<TestHome> _home;
+    std::unique_ptr<PackageFixture> _package;
+};
 
 QTEST_GUILESS_MAIN(tst_lock)
 #include "tst_lock.moc"

@@ -14,6 +14,8 @@
 #include <array>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using Kind = DBCNameLookup::Kind;
 using Outcome = DBCNameLookup::Outcome;
 
@@ -56,7 +58,7 @@ private:
     {
         const DBCNameLookup::Result result = _lookup->find(_folder, name, kind);
         if (result.outcome != Outcome::Found)
-            return QStringLiteral("-");
+            return u"-"_s;
         return result.path.startsWith(_folder + u'/') ? result.path.mid(_folder.size() + 1)
                                                       : result.path;
     }
@@ -64,7 +66,7 @@ private:
     {
         return _lookup->find(_folder, name, kind).outcome;
     }
-    void file(const QString& name) { _home->writeFile(QStringLiteral("in/") + name, "x"); }
+    void file(const QString& name) { _home->writeFile(u"in/"_s + name, "x"); }
     void link(const QString& target, const QString& name)
     {
         QVERIFY(QFile::link(target, _folder + u'/' + name));
@@ -79,236 +81,232 @@ private Q_SLOTS:
     {
         _home = std::make_unique<TestHome>();
         _lookup = std::make_unique<DBCNameLookup>();
-        _home->makeFolder(QStringLiteral("in"));
-        _home->makeFolder(QStringLiteral("outside"));
-        _home->writeFile(QStringLiteral("outside/secret.jpg"), "x");
-        _folder = QFileInfo(_home->path(QStringLiteral("in"))).canonicalFilePath();
+        _home->makeFolder(u"in"_s);
+        _home->makeFolder(u"outside"_s);
+        _home->writeFile(u"outside/secret.jpg"_s, "x");
+        _folder = QFileInfo(_home->path(u"in"_s)).canonicalFilePath();
     }
 
     void exactNameIsFound()
     {
-        file(QStringLiteral("a.jpg"));
-        QCOMPARE(found(QStringLiteral("a.jpg")), QStringLiteral("a.jpg"));
+        file(u"a.jpg"_s);
+        QCOMPARE(found(u"a.jpg"_s), u"a.jpg"_s);
     }
 
     void exactNameGoesBeforeOtherForms()
     {
-        file(QStringLiteral("a.jpg"));
-        file(QStringLiteral("A.JPG"));
-        file(QStringLiteral("A.jpg"));
-        QCOMPARE(found(QStringLiteral("A.jpg")), QStringLiteral("A.jpg"));
-        QCOMPARE(found(QStringLiteral("a.jpg")), QStringLiteral("a.jpg"));
+        file(u"a.jpg"_s);
+        file(u"A.JPG"_s);
+        file(u"A.jpg"_s);
+        QCOMPARE(found(u"A.jpg"_s), u"A.jpg"_s);
+        QCOMPARE(found(u"a.jpg"_s), u"a.jpg"_s);
     }
 
     void decomposedFileIsFoundByComposedName()
     {
-        file(decomposedGa + QStringLiteral(".jpg"));
-        QCOMPARE(found(composedGa + QStringLiteral(".jpg")), decomposedGa + QStringLiteral(".jpg"));
+        file(decomposedGa + u".jpg"_s);
+        QCOMPARE(found(composedGa + u".jpg"_s), decomposedGa + u".jpg"_s);
     }
 
     void composedFileIsFoundByDecomposedName()
     {
-        file(composedGa + QStringLiteral(".jpg"));
-        QCOMPARE(found(decomposedGa + QStringLiteral(".jpg")), composedGa + QStringLiteral(".jpg"));
+        file(composedGa + u".jpg"_s);
+        QCOMPARE(found(decomposedGa + u".jpg"_s), composedGa + u".jpg"_s);
     }
 
     void normalFormGoesBeforeLetterCase()
     {
         // Sorted, the name that differs in case stands first.
-        file(composedGa + QStringLiteral("A.jpg"));
-        file(decomposedGa + QStringLiteral("a.jpg"));
-        file(decomposedGa + QStringLiteral("A.JPG"));
-        QCOMPARE(
-            found(composedGa + QStringLiteral("a.jpg")), decomposedGa + QStringLiteral("a.jpg"));
+        file(composedGa + u"A.jpg"_s);
+        file(decomposedGa + u"a.jpg"_s);
+        file(decomposedGa + u"A.JPG"_s);
+        QCOMPARE(found(composedGa + u"a.jpg"_s), decomposedGa + u"a.jpg"_s);
     }
 
     void letterCaseIsIgnoredLast()
     {
-        file(QStringLiteral("Card001.JPG"));
-        QCOMPARE(found(QStringLiteral("card001.jpg")), QStringLiteral("Card001.JPG"));
+        file(u"Card001.JPG"_s);
+        QCOMPARE(found(u"card001.jpg"_s), u"Card001.JPG"_s);
     }
 
     void letterCaseAndNormalFormMayDifferTogether()
     {
-        file(decomposedGa + QStringLiteral(".JPG"));
-        QCOMPARE(found(composedGa + QStringLiteral(".jpg")), decomposedGa + QStringLiteral(".JPG"));
+        file(decomposedGa + u".JPG"_s);
+        QCOMPARE(found(composedGa + u".jpg"_s), decomposedGa + u".JPG"_s);
     }
 
     void firstInSortedOrderOfTwoEqualCandidates()
     {
-        file(QStringLiteral("b.JPG"));
-        file(QStringLiteral("B.jpg"));
-        file(QStringLiteral("B.JPG"));
-        QCOMPARE(found(QStringLiteral("b.jpg")), QStringLiteral("B.JPG"));
+        file(u"b.JPG"_s);
+        file(u"B.jpg"_s);
+        file(u"B.JPG"_s);
+        QCOMPARE(found(u"b.jpg"_s), u"B.JPG"_s);
     }
 
     void missingNameIsMissing()
     {
-        file(QStringLiteral("a.jpg"));
-        QCOMPARE(outcome(QStringLiteral("b.jpg")), Outcome::Missing);
+        file(u"a.jpg"_s);
+        QCOMPARE(outcome(u"b.jpg"_s), Outcome::Missing);
     }
 
     void folderIsFoundByEveryForm()
     {
-        _home->makeFolder(QStringLiteral("in/Plans"));
-        QCOMPARE(found(QStringLiteral("Plans"), Kind::Folder), QStringLiteral("Plans"));
-        QCOMPARE(found(QStringLiteral("PLANS"), Kind::Folder), QStringLiteral("Plans"));
+        _home->makeFolder(u"in/Plans"_s);
+        QCOMPARE(found(u"Plans"_s, Kind::Folder), u"Plans"_s);
+        QCOMPARE(found(u"PLANS"_s, Kind::Folder), u"Plans"_s);
     }
 
     void entryOfTheWrongKindIsMissing()
     {
-        file(QStringLiteral("a.jpg"));
-        _home->makeFolder(QStringLiteral("in/folder"));
-        QCOMPARE(outcome(QStringLiteral("folder")), Outcome::Missing);
-        QCOMPARE(outcome(QStringLiteral("a.jpg"), Kind::Folder), Outcome::Missing);
+        file(u"a.jpg"_s);
+        _home->makeFolder(u"in/folder"_s);
+        QCOMPARE(outcome(u"folder"_s), Outcome::Missing);
+        QCOMPARE(outcome(u"a.jpg"_s, Kind::Folder), Outcome::Missing);
     }
 
     void entryOfTheWrongKindDoesNotHideAnotherSpelling()
     {
-        _home->makeFolder(QStringLiteral("in/a.jpg"));
-        file(QStringLiteral("A.JPG"));
-        QCOMPARE(found(QStringLiteral("a.jpg")), QStringLiteral("A.JPG"));
+        _home->makeFolder(u"in/a.jpg"_s);
+        file(u"A.JPG"_s);
+        QCOMPARE(found(u"a.jpg"_s), u"A.JPG"_s);
     }
 
     void pipeIsMissing()
     {
-        QCOMPARE(
-            mkfifo(QFile::encodeName(_folder + QStringLiteral("/pipe.jpg")).constData(), 0600), 0);
-        QCOMPARE(outcome(QStringLiteral("pipe.jpg")), Outcome::Missing);
+        QCOMPARE(mkfifo(QFile::encodeName(_folder + u"/pipe.jpg"_s).constData(), 0600), 0);
+        QCOMPARE(outcome(u"pipe.jpg"_s), Outcome::Missing);
     }
 
     void linkToADeviceLeadsOut()
     {
-        link(QStringLiteral("/dev/zero"), QStringLiteral("zero.jpg"));
-        QCOMPARE(outcome(QStringLiteral("zero.jpg")), Outcome::LeadsOut);
+        link(u"/dev/zero"_s, u"zero.jpg"_s);
+        QCOMPARE(outcome(u"zero.jpg"_s), Outcome::LeadsOut);
     }
 
     void nameWithSubfoldersIsFound()
     {
-        file(QStringLiteral("a/b/c.jpg"));
-        QCOMPARE(found(QStringLiteral("a/b/c.jpg")), QStringLiteral("a/b/c.jpg"));
+        file(u"a/b/c.jpg"_s);
+        QCOMPARE(found(u"a/b/c.jpg"_s), u"a/b/c.jpg"_s);
     }
 
     void nameBelowAMissingSubfolderIsMissing()
     {
-        file(QStringLiteral("a/c.jpg"));
-        file(QStringLiteral("B"));
-        QCOMPARE(outcome(QStringLiteral("none/c.jpg")), Outcome::Missing);
-        QCOMPARE(outcome(QStringLiteral("a/none/c.jpg")), Outcome::Missing);
-        QCOMPARE(outcome(QStringLiteral("b/c.jpg")), Outcome::Missing); // "B" is a file
+        file(u"a/c.jpg"_s);
+        file(u"B"_s);
+        QCOMPARE(outcome(u"none/c.jpg"_s), Outcome::Missing);
+        QCOMPARE(outcome(u"a/none/c.jpg"_s), Outcome::Missing);
+        QCOMPARE(outcome(u"b/c.jpg"_s), Outcome::Missing); // "B" is a file
     }
 
     void subfoldersAreFoundByOtherForms()
     {
-        file(QStringLiteral("Sub/") + decomposedGa + QStringLiteral("/C.jpg"));
-        QCOMPARE(found(QStringLiteral("sub/") + composedGa + QStringLiteral("/c.jpg")),
-            QStringLiteral("Sub/") + decomposedGa + QStringLiteral("/C.jpg"));
+        file(u"Sub/"_s + decomposedGa + u"/C.jpg"_s);
+        QCOMPARE(
+            found(u"sub/"_s + composedGa + u"/c.jpg"_s), u"Sub/"_s + decomposedGa + u"/C.jpg"_s);
     }
 
     void backslashIsAPlainCharacter()
     {
-        file(QStringLiteral("a\\b.jpg"));
-        file(QStringLiteral("c/d.jpg"));
-        QCOMPARE(found(QStringLiteral("a\\b.jpg")), QStringLiteral("a\\b.jpg"));
-        QCOMPARE(outcome(QStringLiteral("c\\d.jpg")), Outcome::Missing);
+        file(u"a\\b.jpg"_s);
+        file(u"c/d.jpg"_s);
+        QCOMPARE(found(u"a\\b.jpg"_s), u"a\\b.jpg"_s);
+        QCOMPARE(outcome(u"c\\d.jpg"_s), Outcome::Missing);
     }
 
     void absoluteNameLeadsOut()
     {
-        file(QStringLiteral("a.jpg"));
-        QCOMPARE(outcome(_folder + QStringLiteral("/a.jpg")), Outcome::LeadsOut);
+        file(u"a.jpg"_s);
+        QCOMPARE(outcome(_folder + u"/a.jpg"_s), Outcome::LeadsOut);
     }
 
     void parentFolderLeadsOut_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("existing file") << QStringLiteral("../outside/secret.jpg");
-        QTest::newRow("missing file") << QStringLiteral("../outside/none.jpg");
-        QTest::newRow("through a subfolder") << QStringLiteral("sub/../../outside/secret.jpg");
-        QTest::newRow("dots alone") << QStringLiteral("..");
+        QTest::newRow("existing file") << u"../outside/secret.jpg"_s;
+        QTest::newRow("missing file") << u"../outside/none.jpg"_s;
+        QTest::newRow("through a subfolder") << u"sub/../../outside/secret.jpg"_s;
+        QTest::newRow("dots alone") << u".."_s;
     }
     void parentFolderLeadsOut()
     {
         QFETCH(QString, name);
-        _home->makeFolder(QStringLiteral("in/sub"));
+        _home->makeFolder(u"in/sub"_s);
         QCOMPARE(outcome(name), Outcome::LeadsOut);
         QCOMPARE(outcome(name, Kind::Folder), Outcome::LeadsOut);
     }
 
     void nameThatReturnsIntoTheFolderIsFound()
     {
-        file(QStringLiteral("a.jpg"));
-        _home->makeFolder(QStringLiteral("in/sub"));
-        QCOMPARE(found(QStringLiteral("sub/../a.jpg")), QStringLiteral("a.jpg"));
-        QCOMPARE(found(QStringLiteral("../in/a.jpg")), QStringLiteral("a.jpg"));
-        QCOMPARE(found(QStringLiteral("./a.jpg")), QStringLiteral("a.jpg"));
+        file(u"a.jpg"_s);
+        _home->makeFolder(u"in/sub"_s);
+        QCOMPARE(found(u"sub/../a.jpg"_s), u"a.jpg"_s);
+        QCOMPARE(found(u"../in/a.jpg"_s), u"a.jpg"_s);
+        QCOMPARE(found(u"./a.jpg"_s), u"a.jpg"_s);
     }
 
     void folderThatBeginsWithTheSameNameIsOutside()
     {
-        _home->writeFile(QStringLiteral("in-side/a.jpg"), "x");
-        QCOMPARE(outcome(QStringLiteral("../in-side/a.jpg")), Outcome::LeadsOut);
+        _home->writeFile(u"in-side/a.jpg"_s, "x");
+        QCOMPARE(outcome(u"../in-side/a.jpg"_s), Outcome::LeadsOut);
     }
 
     void folderItselfIsNotFound_data()
     {
         QTest::addColumn<QString>("name");
         QTest::newRow("empty") << QString();
-        QTest::newRow("dot") << QStringLiteral(".");
-        QTest::newRow("down and up") << QStringLiteral("sub/..");
-        QTest::newRow("up and down") << QStringLiteral("../in");
+        QTest::newRow("dot") << u"."_s;
+        QTest::newRow("down and up") << u"sub/.."_s;
+        QTest::newRow("up and down") << u"../in"_s;
     }
     void folderItselfIsNotFound()
     {
         QFETCH(QString, name);
-        _home->makeFolder(QStringLiteral("in/sub"));
+        _home->makeFolder(u"in/sub"_s);
         QVERIFY(outcome(name, Kind::Folder) != Outcome::Found);
     }
 
     void linkInsideTheFolderIsFollowed()
     {
-        file(QStringLiteral("sub/a.jpg"));
-        link(QStringLiteral("sub/a.jpg"), QStringLiteral("link.jpg"));
-        link(QStringLiteral("sub"), QStringLiteral("folderLink"));
-        QCOMPARE(found(QStringLiteral("link.jpg")), QStringLiteral("sub/a.jpg"));
-        QCOMPARE(found(QStringLiteral("folderLink"), Kind::Folder), QStringLiteral("sub"));
-        QCOMPARE(found(QStringLiteral("folderLink/a.jpg")), QStringLiteral("sub/a.jpg"));
+        file(u"sub/a.jpg"_s);
+        link(u"sub/a.jpg"_s, u"link.jpg"_s);
+        link(u"sub"_s, u"folderLink"_s);
+        QCOMPARE(found(u"link.jpg"_s), u"sub/a.jpg"_s);
+        QCOMPARE(found(u"folderLink"_s, Kind::Folder), u"sub"_s);
+        QCOMPARE(found(u"folderLink/a.jpg"_s), u"sub/a.jpg"_s);
     }
 
     void linkOutOfTheFolderLeadsOut()
     {
-        link(QStringLiteral("../outside/secret.jpg"), QStringLiteral("link.jpg"));
-        link(QStringLiteral("../outside"), QStringLiteral("folderLink"));
-        QCOMPARE(outcome(QStringLiteral("link.jpg")), Outcome::LeadsOut);
-        QCOMPARE(outcome(QStringLiteral("LINK.jpg")), Outcome::LeadsOut);
-        QCOMPARE(outcome(QStringLiteral("folderLink"), Kind::Folder), Outcome::LeadsOut);
-        QCOMPARE(outcome(QStringLiteral("folderLink/secret.jpg")), Outcome::LeadsOut);
+        link(u"../outside/secret.jpg"_s, u"link.jpg"_s);
+        link(u"../outside"_s, u"folderLink"_s);
+        QCOMPARE(outcome(u"link.jpg"_s), Outcome::LeadsOut);
+        QCOMPARE(outcome(u"LINK.jpg"_s), Outcome::LeadsOut);
+        QCOMPARE(outcome(u"folderLink"_s, Kind::Folder), Outcome::LeadsOut);
+        QCOMPARE(outcome(u"folderLink/secret.jpg"_s), Outcome::LeadsOut);
     }
 
     void danglingAndCircularLinksAreMissing()
     {
-        link(QStringLiteral("none.jpg"), QStringLiteral("dangling.jpg"));
-        link(QStringLiteral("circle.jpg"), QStringLiteral("circle.jpg"));
-        QCOMPARE(outcome(QStringLiteral("dangling.jpg")), Outcome::Missing);
-        QCOMPARE(outcome(QStringLiteral("circle.jpg")), Outcome::Missing);
+        link(u"none.jpg"_s, u"dangling.jpg"_s);
+        link(u"circle.jpg"_s, u"circle.jpg"_s);
+        QCOMPARE(outcome(u"dangling.jpg"_s), Outcome::Missing);
+        QCOMPARE(outcome(u"circle.jpg"_s), Outcome::Missing);
     }
 
     void folderReachedThroughALinkIsAFolderLikeAnother()
     {
-        file(QStringLiteral("a.jpg"));
-        const QString link = _home->path(QStringLiteral("linked"));
+        file(u"a.jpg"_s);
+        const QString link = _home->path(u"linked"_s);
         QVERIFY(QFile::link(_folder, link));
-        const auto result
-            = _lookup->find(link, QStringLiteral("../linked/a.jpg"), Kind::RegularFile);
+        const auto result = _lookup->find(link, u"../linked/a.jpg"_s, Kind::RegularFile);
         QCOMPARE(result.outcome, Outcome::Found);
-        QCOMPARE(result.path, _folder + QStringLiteral("/a.jpg"));
+        QCOMPARE(result.path, _folder + u"/a.jpg"_s);
     }
 
     void nameWithAZeroCharacterIsMissing()
     {
-        file(QStringLiteral("a.jpg"));
-        QCOMPARE(
-            outcome(QStringLiteral("a.jpg") + QChar::Null + QStringLiteral("b")), Outcome::Missing);
+        file(u"a.jpg"_s);
+        QCOMPARE(outcome(u"a.jpg"_s + QChar::Null + u"b"_s), Outcome::Missing);
     }
 
     void nameTooLongForTheSystemIsMissing()
@@ -322,49 +320,46 @@ private Q_SLOTS:
         const int descriptor = open(path.constData(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600);
         QVERIFY(descriptor >= 0);
         close(descriptor);
-        file(QStringLiteral("Good.jpg"));
-        QCOMPARE(found(QStringLiteral("good.jpg")), QStringLiteral("Good.jpg"));
+        file(u"Good.jpg"_s);
+        QCOMPARE(found(u"good.jpg"_s), u"Good.jpg"_s);
         // The temporary folder cannot remove what Qt cannot name.
         QCOMPARE(unlink(path.constData()), 0);
     }
 
     void missingFolderHoldsNothing()
     {
-        QCOMPARE(_lookup
-                     ->find(_folder + QStringLiteral("/none"), QStringLiteral("a.jpg"),
-                         Kind::RegularFile)
-                     .outcome,
+        QCOMPARE(_lookup->find(_folder + u"/none"_s, u"a.jpg"_s, Kind::RegularFile).outcome,
             Outcome::Missing);
     }
 
     void exactNameNeedsNoListing()
     {
-        file(QStringLiteral("a.jpg"));
+        file(u"a.jpg"_s);
         const ListingCounter counter(_folder);
-        QCOMPARE(found(QStringLiteral("a.jpg")), QStringLiteral("a.jpg"));
+        QCOMPARE(found(u"a.jpg"_s), u"a.jpg"_s);
         QVERIFY(!counter.wasListed());
     }
 
     void folderIsListedOnceForManyMisses()
     {
-        file(QStringLiteral("Other.jpg"));
+        file(u"Other.jpg"_s);
         const ListingCounter counter(_folder);
-        QCOMPARE(outcome(QStringLiteral("missing.jpg")), Outcome::Missing);
+        QCOMPARE(outcome(u"missing.jpg"_s), Outcome::Missing);
         QVERIFY(counter.wasListed());
         for (int i = 0; i < 100; ++i)
-            QCOMPARE(outcome(QStringLiteral("missing%1.jpg").arg(i)), Outcome::Missing);
-        QCOMPARE(found(QStringLiteral("other.jpg")), QStringLiteral("Other.jpg"));
+            QCOMPARE(outcome(u"missing%1.jpg"_s.arg(i)), Outcome::Missing);
+        QCOMPARE(found(u"other.jpg"_s), u"Other.jpg"_s);
         QVERIFY(!counter.wasListed());
     }
 
     void changedFolderIsListedAgain()
     {
-        QCOMPARE(outcome(QStringLiteral("late.jpg")), Outcome::Missing);
-        file(QStringLiteral("Late.jpg"));
+        QCOMPARE(outcome(u"late.jpg"_s), Outcome::Missing);
+        file(u"Late.jpg"_s);
         // The clock behind a folder's time stamp is coarse.
         const timespec later[2] = {{0, UTIME_OMIT}, {4000000000, 0}};
         QCOMPARE(utimensat(AT_FDCWD, QFile::encodeName(_folder).constData(), later, 0), 0);
-        QCOMPARE(found(QStringLiteral("late.jpg")), QStringLiteral("Late.jpg"));
+        QCOMPARE(found(u"late.jpg"_s), u"Late.jpg"_s);
     }
 };
 

@@ -9,6 +9,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QStringList namesOf(const DBCBackupList& list)
@@ -42,7 +44,7 @@ private Q_SLOTS:
         QCOMPARE(list.backups.size(), std::size_t {1});
         const DBCBackup& backup = list.backups.front();
         QCOMPARE(backup.path, path);
-        QCOMPARE(backup.name(), QStringLiteral("Velmora DB_bak.vmdb"));
+        QCOMPARE(backup.name(), u"Velmora DB_bak.vmdb"_s);
         QCOMPARE(backup.cardCount, std::optional<qint64>(2));
         QCOMPARE(backup.bytes, std::optional<quint64>(diskUsage(path)));
         QVERIFY(backup.damage.isEmpty());
@@ -63,7 +65,7 @@ private Q_SLOTS:
         const DBCBackup backup = DBCPackageBackups::describe(path);
         QVERIFY(backup.madeAt >= before);
         QVERIFY(backup.madeAt <= QDateTime::currentDateTime());
-        QCOMPARE(backup.dateText(), backup.madeAt.toString(QStringLiteral("yyyy-MM-dd HH:mm")));
+        QCOMPARE(backup.dateText(), backup.madeAt.toString(u"yyyy-MM-dd HH:mm"_s));
     }
 
     void newestBackupComesFirst()
@@ -75,31 +77,31 @@ private Q_SLOTS:
             QTest::qSleep(20); // past the kernel's tick
         }
         QCOMPARE(namesOf(DBCPackageBackups::list(fixture.package.path())),
-            (QStringList {QStringLiteral("Velmora DB_bak2.vmdb"),
-                QStringLiteral("Velmora DB_bak.vmdb"), QStringLiteral("Velmora DB_bak1.vmdb")}));
+            (QStringList {
+                u"Velmora DB_bak2.vmdb"_s, u"Velmora DB_bak.vmdb"_s, u"Velmora DB_bak1.vmdb"_s}));
     }
 
     void onlyTheNamesThatBackupsGetCount_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<bool>("isBackup");
-        QTest::newRow("first") << QStringLiteral("Velmora DB_bak.vmdb") << true;
-        QTest::newRow("second") << QStringLiteral("Velmora DB_bak1.vmdb") << true;
-        QTest::newRow("last") << QStringLiteral("Velmora DB_bak9999.vmdb") << true;
-        QTest::newRow("beyond the last") << QStringLiteral("Velmora DB_bak10000.vmdb") << false;
-        QTest::newRow("zero") << QStringLiteral("Velmora DB_bak0.vmdb") << false;
-        QTest::newRow("leading zero") << QStringLiteral("Velmora DB_bak01.vmdb") << false;
-        QTest::newRow("negative") << QStringLiteral("Velmora DB_bak-1.vmdb") << false;
-        QTest::newRow("plus") << QStringLiteral("Velmora DB_bak+1.vmdb") << false;
-        QTest::newRow("blank") << QStringLiteral("Velmora DB_bak 1.vmdb") << false;
-        QTest::newRow("full-width digit") << QStringLiteral("Velmora DB_bak１.vmdb") << false;
-        QTest::newRow("word") << QStringLiteral("Velmora DB_bak old.vmdb") << false;
-        QTest::newRow("backup of a backup") << QStringLiteral("Velmora DB_bak_bak.vmdb") << false;
-        QTest::newRow("other package") << QStringLiteral("Cards_bak.vmdb") << false;
-        QTest::newRow("other extension") << QStringLiteral("Velmora DB_bak.sqldb") << false;
-        QTest::newRow("other case") << QStringLiteral("Velmora DB_BAK.vmdb") << false;
-        QTest::newRow("no extension") << QStringLiteral("Velmora DB_bak") << false;
-        QTest::newRow("start and end overlap") << QStringLiteral("Velmora DB_ba.vmdb") << false;
+        QTest::newRow("first") << u"Velmora DB_bak.vmdb"_s << true;
+        QTest::newRow("second") << u"Velmora DB_bak1.vmdb"_s << true;
+        QTest::newRow("last") << u"Velmora DB_bak9999.vmdb"_s << true;
+        QTest::newRow("beyond the last") << u"Velmora DB_bak10000.vmdb"_s << false;
+        QTest::newRow("zero") << u"Velmora DB_bak0.vmdb"_s << false;
+        QTest::newRow("leading zero") << u"Velmora DB_bak01.vmdb"_s << false;
+        QTest::newRow("negative") << u"Velmora DB_bak-1.vmdb"_s << false;
+        QTest::newRow("plus") << u"Velmora DB_bak+1.vmdb"_s << false;
+        QTest::newRow("blank") << u"Velmora DB_bak 1.vmdb"_s << false;
+        QTest::newRow("full-width digit") << u"Velmora DB_bak１.vmdb"_s << false;
+        QTest::newRow("word") << u"Velmora DB_bak old.vmdb"_s << false;
+        QTest::newRow("backup of a backup") << u"Velmora DB_bak_bak.vmdb"_s << false;
+        QTest::newRow("other package") << u"Cards_bak.vmdb"_s << false;
+        QTest::newRow("other extension") << u"Velmora DB_bak.sqldb"_s << false;
+        QTest::newRow("other case") << u"Velmora DB_BAK.vmdb"_s << false;
+        QTest::newRow("no extension") << u"Velmora DB_bak"_s << false;
+        QTest::newRow("start and end overlap") << u"Velmora DB_ba.vmdb"_s << false;
     }
     void onlyTheNamesThatBackupsGetCount()
     {
@@ -115,9 +117,9 @@ private Q_SLOTS:
     void linksFilesAndPathsAreNoBackups()
     {
         const BackupFixture fixture;
-        const QString elsewhere = fixture.backUp(QStringLiteral("elsewhere.vmdb"));
-        QVERIFY(QFile::link(elsewhere, fixture.home.path(QStringLiteral("Velmora DB_bak.vmdb"))));
-        fixture.home.writeFile(QStringLiteral("Velmora DB_bak1.vmdb"), "a file");
+        const QString elsewhere = fixture.backUp(u"elsewhere.vmdb"_s);
+        QVERIFY(QFile::link(elsewhere, fixture.home.path(u"Velmora DB_bak.vmdb"_s)));
+        fixture.home.writeFile(u"Velmora DB_bak1.vmdb"_s, "a file");
         const QString package = fixture.package.path();
         QVERIFY(DBCPackageBackups::list(package).backups.empty());
         for (const char* const name : {"", "Velmora DB_bak.vmdb", "../Velmora DB_bak1.vmdb",
@@ -147,10 +149,10 @@ private Q_SLOTS:
     void backupWithADamagedPageIsDamaged()
     {
         BackupFixture fixture;
-        fixture.package.execute(QStringLiteral("CREATE TABLE other (x)"));
-        fixture.package.execute(QStringLiteral("INSERT INTO other SELECT hex(randomblob(20000))"));
+        fixture.package.execute(u"CREATE TABLE other (x)"_s);
+        fixture.package.execute(u"INSERT INTO other SELECT hex(randomblob(20000))"_s);
         const QString path = fixture.backUp();
-        QFile store(path + QStringLiteral("/Velmora.sqldb"));
+        QFile store(path + u"/Velmora.sqldb"_s);
         QVERIFY(store.open(QIODevice::ReadWrite));
         constexpr qint64 pages = 3 * 4096;
         QVERIFY(store.seek(store.size() - pages));
@@ -165,19 +167,19 @@ private Q_SLOTS:
         const QString path = fixture.backUp();
         fixture.removeStore(path);
         QVERIFY(DBCPackageBackups::describe(path).isDamaged());
-        const PackageFixture other(fixture.home, {.withoutColumns = {QStringLiteral("ZMEMO")}},
-            QStringLiteral("Velmora DB_bak1.vmdb"));
+        const PackageFixture other(
+            fixture.home, {.withoutColumns = {u"ZMEMO"_s}}, u"Velmora DB_bak1.vmdb"_s);
         const DBCBackup backup = DBCPackageBackups::describe(other.path());
         QVERIFY(backup.isDamaged());
-        QVERIFY(backup.damage.contains(QStringLiteral("ZMEMO")));
+        QVERIFY(backup.damage.contains(u"ZMEMO"_s));
     }
 
     void cardsInAWriteAheadLogCount()
     {
         const BackupFixture fixture;
         const PackageFixture backup(
-            fixture.home, {.writeAheadLog = true}, QStringLiteral("Velmora DB_bak.vmdb"));
-        backup.executeIntoLog(QStringLiteral("INSERT INTO ZCARD (ZDELETEDFLAG) VALUES (0)"));
+            fixture.home, {.writeAheadLog = true}, u"Velmora DB_bak.vmdb"_s);
+        backup.executeIntoLog(u"INSERT INTO ZCARD (ZDELETEDFLAG) VALUES (0)"_s);
         QCOMPARE(DBCPackageBackups::describe(backup.path()).cardCount, std::optional<qint64>(1));
     }
 
@@ -186,8 +188,8 @@ private Q_SLOTS:
         const BackupFixture fixture;
         fixture.backUp();
         const PackageFixture other(
-            fixture.home, {.writeAheadLog = true}, QStringLiteral("Velmora DB_bak1.vmdb"));
-        other.executeIntoLog(QStringLiteral("INSERT INTO ZCARD (ZDELETEDFLAG) VALUES (0)"));
+            fixture.home, {.writeAheadLog = true}, u"Velmora DB_bak1.vmdb"_s);
+        other.executeIntoLog(u"INSERT INTO ZCARD (ZDELETEDFLAG) VALUES (0)"_s);
         const QStringList before = fixture.everything();
         QCOMPARE(DBCPackageBackups::list(fixture.package.path()).backups.size(), std::size_t {2});
         QCOMPARE(fixture.everything(), before);
@@ -205,11 +207,9 @@ private Q_SLOTS:
     {
         const BackupFixture fixture;
         fixture.backUp();
-        const QString link
-            = fixture.home.makeFolder(QStringLiteral("links")) + QStringLiteral("/link.vmdb");
+        const QString link = fixture.home.makeFolder(u"links"_s) + u"/link.vmdb"_s;
         QVERIFY(QFile::link(fixture.package.path(), link));
-        QCOMPARE(namesOf(DBCPackageBackups::list(link)),
-            QStringList(QStringLiteral("Velmora DB_bak.vmdb")));
+        QCOMPARE(namesOf(DBCPackageBackups::list(link)), QStringList(u"Velmora DB_bak.vmdb"_s));
     }
 
     void folderThatMayNotBeReadIsReported()

@@ -17,6 +17,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Does something before an item is copied, or when it is asked for a cancel.
@@ -36,7 +38,7 @@ struct Meddler : DBCCancelDelegate {
 struct Copying {
     Copying()
     {
-        package.card().withPdf("%PDF").withAttachment(QStringLiteral("a.txt"), "text");
+        package.card().withPdf("%PDF").withAttachment(u"a.txt"_s, "text");
         before = everythingBeside();
     }
 
@@ -51,7 +53,7 @@ struct Copying {
             = QDir(home.path())
                   .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
                       QDir::Name);
-        names.removeAll(QStringLiteral("home"));
+        names.removeAll(u"home"_s);
         return names;
     }
 
@@ -59,12 +61,12 @@ struct Copying {
     TestHome home;
     PackageFixture package {home};
     RecordedLog log;
-    QString target = home.path(QStringLiteral("copy.vmdb"));
+    QString target = home.path(u"copy.vmdb"_s);
     QStringList before;
 };
 
-const QString unfinished = QStringLiteral(".copy.vmdb.velmora-copy");
-const QString discarded = QStringLiteral(".copy.vmdb.velmora-discarded");
+const QString unfinished = u".copy.vmdb.velmora-copy"_s;
+const QString discarded = u".copy.vmdb.velmora-discarded"_s;
 
 } // namespace
 
@@ -77,8 +79,7 @@ private Q_SLOTS:
         Copying copying;
         QVERIFY(copying.copy());
         QCOMPARE(snapshotOf(copying.target), snapshotOf(copying.package.path()));
-        QCOMPARE(
-            copying.everythingBeside(), copying.before + QStringList(QStringLiteral("copy.vmdb")));
+        QCOMPARE(copying.everythingBeside(), copying.before + QStringList(u"copy.vmdb"_s));
         QVERIFY(copying.log.isEmpty());
     }
 
@@ -99,22 +100,20 @@ private Q_SLOTS:
     void leftoversOfAKilledProgramAreReplaced()
     {
         Copying copying;
-        copying.home.writeFile(unfinished + QStringLiteral("/Velmora.sqldb"), "half");
-        copying.home.writeFile(discarded + QStringLiteral("/Velmora.sqldb"), "old");
+        copying.home.writeFile(unfinished + u"/Velmora.sqldb"_s, "half");
+        copying.home.writeFile(discarded + u"/Velmora.sqldb"_s, "old");
         QVERIFY(copying.copy());
         QCOMPARE(snapshotOf(copying.target), snapshotOf(copying.package.path()));
-        QCOMPARE(
-            copying.everythingBeside(), copying.before + QStringList(QStringLiteral("copy.vmdb")));
+        QCOMPARE(copying.everythingBeside(), copying.before + QStringList(u"copy.vmdb"_s));
     }
 
     void whatStandsAtTheNameIsLeftAlone()
     {
         Copying copying;
-        copying.home.writeFile(QStringLiteral("copy.vmdb/mine"), "mine");
+        copying.home.writeFile(u"copy.vmdb/mine"_s, "mine");
         QVERIFY(!copying.copy());
-        QCOMPARE(QDir(copying.target).entryList(QDir::Files), QStringList {QStringLiteral("mine")});
-        QCOMPARE(
-            copying.everythingBeside(), copying.before + QStringList(QStringLiteral("copy.vmdb")));
+        QCOMPARE(QDir(copying.target).entryList(QDir::Files), QStringList {u"mine"_s});
+        QCOMPARE(copying.everythingBeside(), copying.before + QStringList(u"copy.vmdb"_s));
     }
 
     void cancelledCopyLeavesNothing()
@@ -147,20 +146,20 @@ private Q_SLOTS:
         Copying copying;
         Meddler meddler;
         meddler.beforeItem = [&](const QString& path, const QString&) {
-            if (path.endsWith(QStringLiteral("a.txt")))
-                copying.package.writeFile(QStringLiteral("Images/new.pdf"), "x");
+            if (path.endsWith(u"a.txt"_s))
+                copying.package.writeFile(u"Images/new.pdf"_s, "x");
         };
         // Whether the new file is copied depends on the order on the disk, so the copy is changed,
         // too.
         meddler.cancels = [&] {
-            QFile::remove(copying.home.path(unfinished) + QStringLiteral("/Images/new.pdf"));
+            QFile::remove(copying.home.path(unfinished) + u"/Images/new.pdf"_s);
             return false;
         };
         QVERIFY(!copying.copy(&meddler));
         QCOMPARE(copying.everythingBeside(), copying.before);
         QCOMPARE(copying.log.errors,
             QStringList {TransferFixture::text(
-                "IDS_LOG_ERR_COPY_DIFFERS", {copying.package.path(), QStringLiteral("Images")})});
+                "IDS_LOG_ERR_COPY_DIFFERS", {copying.package.path(), u"Images"_s})});
     }
 
     void fullDiskLeavesNothing()
@@ -177,9 +176,8 @@ private Q_SLOTS:
     {
         const AsOrdinaryUser user;
         Copying copying;
-        copying.target
-            = copying.home.makeFolder(QStringLiteral("closed")) + QStringLiteral("/copy");
-        const ScopedMode mode(copying.home.path(QStringLiteral("closed")), S_IRUSR | S_IXUSR);
+        copying.target = copying.home.makeFolder(u"closed"_s) + u"/copy"_s;
+        const ScopedMode mode(copying.home.path(u"closed"_s), S_IRUSR | S_IXUSR);
         QVERIFY(!copying.copy());
         QVERIFY(!QFileInfo::exists(copying.target));
     }
@@ -188,7 +186,7 @@ private Q_SLOTS:
     {
         const AsOrdinaryUser user;
         Copying copying;
-        const ScopedMode mode(copying.package.path(QStringLiteral("Files/CARD-1/a.txt")), 0);
+        const ScopedMode mode(copying.package.path(u"Files/CARD-1/a.txt"_s), 0);
         QVERIFY(!copying.copy());
         QCOMPARE(copying.everythingBeside(), copying.before);
     }

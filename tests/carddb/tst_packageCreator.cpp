@@ -16,6 +16,8 @@
 #include <QFileInfo>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 using Outcome = DBCPackageCreator::Outcome;
 
 class tst_packageCreator : public QObject {
@@ -25,166 +27,152 @@ private Q_SLOTS:
     void init() { _home = std::make_unique<TestHome>(); }
     void cleanup() { _home.reset(); }
 
-    void newPackageHasEverythingAPackageHas();
-    void newPackageIsUsable();
-    void versionFileNamesTheVersion();
-    void storeHasTheFrameworksTables();
-    void newPackageTakesCardsInAndHandsThemOut();
-    void capitalsAndTrailingSlashAreTaken();
-    void wrongNameIsRefused_data();
-    void wrongNameIsRefused();
-    void whatStandsThereIsRefusedAndLeftAlone_data();
-    void whatStandsThereIsRefusedAndLeftAlone();
-    void missingParentFolderIsRefused();
-    void halfMadePackageIsRemoved();
-    void packageWhoseStoreFillsTheDiskIsRemoved();
+    void newPackageHasEverythingAPackageHas()
+    {
+        const auto result = DBCPackageCreator::create(packagePath());
+        QCOMPARE(result.outcome, Outcome::Created);
+        QVERIFY(result.problem.text.isEmpty());
+        QCOMPARE(
+            QDir(packagePath()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+            QStringList({u"Files"_s, u"Images"_s, u"Velmora.sqldb"_s, u"Version.txt"_s}));
+        QVERIFY(QFileInfo(packagePath() + u"/Images"_s).isDir());
+        QVERIFY(QFileInfo(packagePath() + u"/Files"_s).isDir());
+    }
+
+    void newPackageIsUsable()
+    {
+        QCOMPARE(DBCPackageCreator::create(packagePath()).outcome, Outcome::Created);
+        QCOMPARE(DBCChecker::checkDBAttributes(packagePath()), DBCResultCode::PackageUsable);
+    }
+
+    void versionFileNamesTheVersion()
+    {
+        QCOMPARE(DBCPackageCreator::create(packagePath()).outcome, Outcome::Created);
+        // Little-endian UTF-16 with its mark.
+        QCOMPARE(_home->readFile(u"New.vmdb/Version.txt"_s).toHex(' '),
+            QByteArray("ff fe 56 00 65 00 6c 00 6d 00 6f 00 72 00 61 00 09 00 "
+                       "56 00 31 00 2e 00 30 00 4c 00 31 00 30 00 0d 00 0a 00"));
+    }
+
+    void storeHasTheFrameworksTables()
+    {
+        QCOMPARE(DBCPackageCreator::create(packagePath()).outcome, Outcome::Created);
+        SQLite::Database store(
+            QFile::encodeName(packagePath() + u"/Velmora.sqldb"_s).toStdString());
+        const auto value = [&store](const char* sql) { return store.execAndGet(sql).getString(); };
+        QCOMPARE(value("PRAGMA integrity_check"), "ok");
+        QCOMPARE(value("SELECT count(*) FROM ZCARD"), "0");
+        QCOMPARE(value("SELECT count(*) FROM pragma_table_info('ZCARD')"), "71");
+        QCOMPARE(
+            value("SELECT type FROM pragma_table_info('ZCARD') WHERE name = 'ZMEMO'"), "VARCHAR");
+        QCOMPARE(
+            value("SELECT type FROM pragma_table_info('ZCARD') WHERE name = 'ZFLAG2'"), "INTEGER");
+        QCOMPARE(value("SELECT type FROM pragma_table_info('ZCARD') WHERE name = 'ZUPDATE_DATE'"),
+            "TIMESTAMP");
+        QCOMPARE(
+            value("SELECT Z_ENT || ' ' || Z_NAME || ' ' || Z_MAX FROM Z_PRIMARYKEY"), "1 Card 0");
+        QCOMPARE(value("SELECT Z_VERSION || ' ' || length(Z_UUID) || ' ' || typeof(Z_PLIST) "
+                       "FROM Z_METADATA"),
+            "1 36 blob");
+    }
+
+    void newPackageTakesCardsInAndHandsThemOut()
+    {
+        QCOMPARE(DBCPackageCreator::create(packagePath()).outcome, Outcome::Created);
+        const auto database = DBCDataBaseController::initDBwithPath(packagePath());
+        QVERIFY(database);
+        database->managedObjectContext()->insertNewCard()->setValue(DBCRecordKey::memo, u"first"_s);
+        QCOMPARE(database->save(), DBCResultCode::Success);
+        DBCError error;
+        const auto cards = database->fetchCardDatas(&error);
+        QCOMPARE(cards->size(), std::size_t {1});
+        QCOMPARE(cards->front().textOrEmpty(DBCRecordKey::memo), u"first"_s);
+    }
+
+    void capitalsAndTrailingSlashAreTaken()
+    {
+        const QString path = _home->path(u"名刺.VMDB"_s);
+        QCOMPARE(DBCPackageCreator::create(path + u'/').outcome, Outcome::Created);
+        QVERIFY(QFileInfo(path + u"/Velmora.sqldb"_s).isFile());
+    }
+
+    void wrongNameIsRefused_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("no extension") << u"/New"_s;
+        QTest::newRow("another extension") << u"/New.sqldb"_s;
+        QTest::newRow("extension in the middle") << u"/New.vmdb.bak"_s;
+        QTest::newRow("empty") << u""_s;
+    }
+    void wrongNameIsRefused()
+    {
+        QFETCH(QString, name);
+        const QString path = name.isEmpty() ? name : _home->path() + name;
+        const auto result = DBCPackageCreator::create(path);
+        QCOMPARE(result.outcome, Outcome::Refused);
+        QVERIFY(result.problem.text.contains(u"\".vmdb\""_s));
+        QVERIFY(result.problem.text.contains(path));
+        QVERIFY(path.isEmpty() || !QFileInfo::exists(path));
+    }
+
+    void whatStandsThereIsRefusedAndLeftAlone_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::newRow("file") << u"file"_s;
+        QTest::newRow("folder") << u"folder"_s;
+        QTest::newRow("link to nothing") << u"link"_s;
+    }
+    void whatStandsThereIsRefusedAndLeftAlone()
+    {
+        QFETCH(QString, kind);
+        if (kind == u"file"_s)
+            _home->writeFile(u"New.vmdb"_s, "mine");
+        else if (kind == u"folder"_s)
+            _home->makeFolder(u"New.vmdb"_s);
+        else
+            QVERIFY(QFile::link(_home->path(u"nothing"_s), packagePath()));
+        const auto result = DBCPackageCreator::create(packagePath());
+        QCOMPARE(result.outcome, Outcome::Refused);
+        QCOMPARE(result.problem.path, packagePath());
+        QVERIFY(result.problem.text.contains(packagePath()));
+        QCOMPARE(
+            _home->readFile(u"New.vmdb"_s), kind == u"file"_s ? QByteArray("mine") : QByteArray());
+        QVERIFY(QDir(packagePath()).isEmpty());
+        QVERIFY(!QFileInfo::exists(_home->path(u"nothing"_s)));
+    }
+
+    void missingParentFolderIsRefused()
+    {
+        const auto result = DBCPackageCreator::create(_home->path(u"missing/New.vmdb"_s));
+        QCOMPARE(result.outcome, Outcome::Refused);
+        QCOMPARE(result.problem.path, _home->path(u"missing"_s));
+        QVERIFY(!QFileInfo::exists(_home->path(u"missing"_s)));
+    }
+
+    void halfMadePackageIsRemoved()
+    {
+        ScopedHost host;
+        host.setFreeBytes(100); // too little for the version file, which comes behind the folders
+        const auto result = DBCPackageCreator::create(packagePath());
+        QCOMPARE(result.outcome, Outcome::Failed);
+        QVERIFY(result.problem.text.contains(packagePath()));
+        QVERIFY(!QFileInfo::exists(packagePath()));
+    }
+
+    void packageWhoseStoreFillsTheDiskIsRemoved()
+    {
+        const FileSizeLimit full(1000); // room for the version file, and for no page of the store
+        const auto result = DBCPackageCreator::create(packagePath());
+        QCOMPARE(result.outcome, Outcome::Failed);
+        QVERIFY(result.problem.text.contains(packagePath()));
+        QVERIFY(!QFileInfo::exists(packagePath()));
+    }
 
 private:
-    QString packagePath() const { return _home->path(QStringLiteral("New.vmdb")); }
+    QString packagePath() const { return _home->path(u"New.vmdb"_s); }
 
     std::unique_ptr<TestHome> _home;
 };
-
-void tst_packageCreator::newPackageHasEverythingAPackageHas()
-{
-    const auto result = DBCPackageCreator::create(packagePath());
-    QCOMPARE(result.outcome, Outcome::Created);
-    QVERIFY(result.problem.text.isEmpty());
-    QCOMPARE(QDir(packagePath()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-        QStringList({QStringLiteral("Files"), QStringLiteral("Images"),
-            QStringLiteral("Velmora.sqldb"), QStringLiteral("Version.txt")}));
-    QVERIFY(QFileInfo(packagePath() + QStringLiteral("/Images")).isDir());
-    QVERIFY(QFileInfo(packagePath() + QStringLiteral("/Files")).isDir());
-}
-
-void tst_packageCreator::newPackageIsUsable()
-{
-    QCOMPARE(DBCPackageCreator::create(packagePath()).outcome, Outcome::Created);
-    QCOMPARE(DBCChecker::checkDBAttributes(packagePath()), DBCResultCode::PackageUsable);
-}
-
-void tst_packageCreator::versionFileNamesTheVersion()
-{
-    QCOMPARE(DBCPackageCreator::create(packagePath()).outcome, Outcome::Created);
-    // Little-endian UTF-16 with its mark.
-    QCOMPARE(_home->readFile(QStringLiteral("New.vmdb/Version.txt")).toHex(' '),
-        QByteArray("ff fe 56 00 65 00 6c 00 6d 00 6f 00 72 00 61 00 09 00 "
-                   "56 00 31 00 2e 00 30 00 4c 00 31 00 30 00 0d 00 0a 00"));
-}
-
-void tst_packageCreator::storeHasTheFrameworksTables()
-{
-    QCOMPARE(DBCPackageCreator::create(packagePath()).outcome, Outcome::Created);
-    SQLite::Database store(
-        QFile::encodeName(packagePath() + QStringLiteral("/Velmora.sqldb")).toStdString());
-    const auto value = [&store](const char* sql) { return store.execAndGet(sql).getString(); };
-    QCOMPARE(value("PRAGMA integrity_check"), "ok");
-    QCOMPARE(value("SELECT count(*) FROM ZCARD"), "0");
-    QCOMPARE(value("SELECT count(*) FROM pragma_table_info('ZCARD')"), "71");
-    QCOMPARE(value("SELECT type FROM pragma_table_info('ZCARD') WHERE name = 'ZMEMO'"), "VARCHAR");
-    QCOMPARE(value("SELECT type FROM pragma_table_info('ZCARD') WHERE name = 'ZFLAG2'"), "INTEGER");
-    QCOMPARE(value("SELECT type FROM pragma_table_info('ZCARD') WHERE name = 'ZUPDATE_DATE'"),
-        "TIMESTAMP");
-    QCOMPARE(value("SELECT Z_ENT || ' ' || Z_NAME || ' ' || Z_MAX FROM Z_PRIMARYKEY"), "1 Card 0");
-    QCOMPARE(value("SELECT Z_VERSION || ' ' || length(Z_UUID) || ' ' || typeof(Z_PLIST) "
-                   "FROM Z_METADATA"),
-        "1 36 blob");
-}
-
-void tst_packageCreator::newPackageTakesCardsInAndHandsThemOut()
-{
-    QCOMPARE(DBCPackageCreator::create(packagePath()).outcome, Outcome::Created);
-    const auto database = DBCDataBaseController::initDBwithPath(packagePath());
-    QVERIFY(database);
-    database->managedObjectContext()->insertNewCard()->setValue(
-        DBCRecordKey::memo, QStringLiteral("first"));
-    QCOMPARE(database->save(), DBCResultCode::Success);
-    DBCError error;
-    const auto cards = database->fetchCardDatas(&error);
-    QCOMPARE(cards->size(), std::size_t {1});
-    QCOMPARE(cards->front().textOrEmpty(DBCRecordKey::memo), QStringLiteral("first"));
-}
-
-void tst_packageCreator::capitalsAndTrailingSlashAreTaken()
-{
-    const QString path = _home->path(QStringLiteral("名刺.VMDB"));
-    QCOMPARE(DBCPackageCreator::create(path + u'/').outcome, Outcome::Created);
-    QVERIFY(QFileInfo(path + QStringLiteral("/Velmora.sqldb")).isFile());
-}
-
-void tst_packageCreator::wrongNameIsRefused_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("no extension") << QStringLiteral("/New");
-    QTest::newRow("another extension") << QStringLiteral("/New.sqldb");
-    QTest::newRow("extension in the middle") << QStringLiteral("/New.vmdb.bak");
-    QTest::newRow("empty") << QStringLiteral("");
-}
-
-void tst_packageCreator::wrongNameIsRefused()
-{
-    QFETCH(QString, name);
-    const QString path = name.isEmpty() ? name : _home->path() + name;
-    const auto result = DBCPackageCreator::create(path);
-    QCOMPARE(result.outcome, Outcome::Refused);
-    QVERIFY(result.problem.text.contains(QStringLiteral("\".vmdb\"")));
-    QVERIFY(result.problem.text.contains(path));
-    QVERIFY(path.isEmpty() || !QFileInfo::exists(path));
-}
-
-void tst_packageCreator::whatStandsThereIsRefusedAndLeftAlone_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::newRow("file") << QStringLiteral("file");
-    QTest::newRow("folder") << QStringLiteral("folder");
-    QTest::newRow("link to nothing") << QStringLiteral("link");
-}
-
-void tst_packageCreator::whatStandsThereIsRefusedAndLeftAlone()
-{
-    QFETCH(QString, kind);
-    if (kind == QStringLiteral("file"))
-        _home->writeFile(QStringLiteral("New.vmdb"), "mine");
-    else if (kind == QStringLiteral("folder"))
-        _home->makeFolder(QStringLiteral("New.vmdb"));
-    else
-        QVERIFY(QFile::link(_home->path(QStringLiteral("nothing")), packagePath()));
-    const auto result = DBCPackageCreator::create(packagePath());
-    QCOMPARE(result.outcome, Outcome::Refused);
-    QCOMPARE(result.problem.path, packagePath());
-    QVERIFY(result.problem.text.contains(packagePath()));
-    QCOMPARE(_home->readFile(QStringLiteral("New.vmdb")),
-        kind == QStringLiteral("file") ? QByteArray("mine") : QByteArray());
-    QVERIFY(QDir(packagePath()).isEmpty());
-    QVERIFY(!QFileInfo::exists(_home->path(QStringLiteral("nothing"))));
-}
-
-void tst_packageCreator::missingParentFolderIsRefused()
-{
-    const auto result = DBCPackageCreator::create(_home->path(QStringLiteral("missing/New.vmdb")));
-    QCOMPARE(result.outcome, Outcome::Refused);
-    QCOMPARE(result.problem.path, _home->path(QStringLiteral("missing")));
-    QVERIFY(!QFileInfo::exists(_home->path(QStringLiteral("missing"))));
-}
-
-void tst_packageCreator::halfMadePackageIsRemoved()
-{
-    ScopedHost host;
-    host.setFreeBytes(100); // too little for the version file, which comes behind the folders
-    const auto result = DBCPackageCreator::create(packagePath());
-    QCOMPARE(result.outcome, Outcome::Failed);
-    QVERIFY(result.problem.text.contains(packagePath()));
-    QVERIFY(!QFileInfo::exists(packagePath()));
-}
-
-void tst_packageCreator::packageWhoseStoreFillsTheDiskIsRemoved()
-{
-    const FileSizeLimit full(1000); // room for the version file, and for no page of the store
-    const auto result = DBCPackageCreator::create(packagePath());
-    QCOMPARE(result.outcome, Outcome::Failed);
-    QVERIFY(result.problem.text.contains(packagePath()));
-    QVERIFY(!QFileInfo::exists(packagePath()));
-}
 
 QTEST_GUILESS_MAIN(tst_packageCreator)
 #include "tst_packageCreator.moc"

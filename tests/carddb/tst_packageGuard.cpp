@@ -10,6 +10,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using Use = DBCPackageGuard::Use;
 
 class tst_packageGuard : public QObject {
@@ -56,9 +58,9 @@ private Q_SLOTS:
     void nobodyIsKeptOutWhereThereIsNoFolder()
     {
         const TestHome home;
-        const QString none = home.path(QStringLiteral("none.vmdb"));
+        const QString none = home.path(u"none.vmdb"_s);
         QVERIFY(DBCPackageGuard::hold(none, Use::Changing));
-        const QString file = home.writeFile(QStringLiteral("file.vmdb"), "x");
+        const QString file = home.writeFile(u"file.vmdb"_s, "x");
         const auto first = DBCPackageGuard::hold(file, Use::Changing);
         QVERIFY(DBCPackageGuard::hold(file, Use::Changing));
     }

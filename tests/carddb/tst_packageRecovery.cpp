@@ -12,6 +12,8 @@
 #include <QFileInfo>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 using Stage = DBCImportJournal::Stage;
 using State = DBCPackageRecovery::State;
 
@@ -43,11 +45,10 @@ private Q_SLOTS:
     void importThatDiedInItsBackupIsCleanedUp()
     {
         DeadImport dead(Stage::Backup);
-        dead.home.writeFile(QStringLiteral(".Velmora DB_bak.vmdb.velmora-copy/half"), "half");
+        dead.home.writeFile(u".Velmora DB_bak.vmdb.velmora-copy/half"_s, "half");
         QCOMPARE(stateFound(dead), State::Nothing);
         QVERIFY(!dead.hasJournal());
-        QVERIFY(!QFileInfo::exists(
-            dead.home.path(QStringLiteral(".Velmora DB_bak.vmdb.velmora-copy"))));
+        QVERIFY(!QFileInfo::exists(dead.home.path(u".Velmora DB_bak.vmdb.velmora-copy"_s)));
         QVERIFY(QFileInfo::exists(dead.backup));
     }
 
@@ -102,9 +103,8 @@ private Q_SLOTS:
         dead.hasNewCards(100);
         // The last cards; what opening looks at stays sound.
         constexpr qsizetype page = 4096;
-        const QByteArray store = dead.package.readFile(QStringLiteral("Velmora.sqldb"));
-        dead.package.writeFile(
-            QStringLiteral("Velmora.sqldb"), store.chopped(page) + QByteArray(page, '\xFF'));
+        const QByteArray store = dead.package.readFile(u"Velmora.sqldb"_s);
+        dead.package.writeFile(u"Velmora.sqldb"_s, store.chopped(page) + QByteArray(page, '\xFF'));
         QCOMPARE(stateFound(dead), State::Unfinished);
     }
 
@@ -119,15 +119,15 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, store);
         DeadImport dead(Stage::Import);
-        dead.package.writeFile(QStringLiteral("Velmora.sqldb"), store);
+        dead.package.writeFile(u"Velmora.sqldb"_s, store);
         QCOMPARE(stateFound(dead), State::Unfinished);
     }
 
     void restoreBringsThePackageBackAndKeepsTheBackup()
     {
         DeadImport dead(Stage::Import);
-        dead.package.writeFile(QStringLiteral("Images/NEW-1_N1.pdf"), "new");
-        dead.package.remove(QStringLiteral("Files"));
+        dead.package.writeFile(u"Images/NEW-1_N1.pdf"_s, "new");
+        dead.package.remove(u"Files"_s);
         DBCPackageRecovery recovery(dead.package.path());
         QCOMPARE(recovery.restore(), DBCResultCode::Success);
         QCOMPARE(recovery.state(), State::Nothing);
@@ -156,8 +156,7 @@ private Q_SLOTS:
     void journalThatNamesNoBackupCannotBeRestoredFrom()
     {
         DeadImport dead(Stage::Import);
-        dead.home.writeFile(
-            QStringLiteral(".Velmora DB.vmdb.velmora-import"), "{\"stage\":\"restore\"}\n");
+        dead.home.writeFile(u".Velmora DB.vmdb.velmora-import"_s, "{\"stage\":\"restore\"}\n");
         DBCPackageRecovery recovery(dead.package.path());
         QCOMPARE(recovery.state(), State::Unfinished);
         QCOMPARE(recovery.restore(), DBCResultCode::RestoreFailure);
@@ -167,7 +166,7 @@ private Q_SLOTS:
     void keepLeavesPackageAndBackupAsTheyAre()
     {
         DeadImport dead(Stage::Import);
-        dead.package.writeFile(QStringLiteral("Images/NEW-1_N1.pdf"), "new");
+        dead.package.writeFile(u"Images/NEW-1_N1.pdf"_s, "new");
         const QStringList before = snapshotOf(dead.package.path());
         DBCPackageRecovery recovery(dead.package.path());
         QVERIFY(recovery.keep());
@@ -220,8 +219,7 @@ private Q_SLOTS:
         const StandardInputKeeper keeper;
         const TestHome home;
         const PackageFixture package(home);
-        const auto journal
-            = DBCImportJournal::begin(package.path(), home.path(QStringLiteral("bak.vmdb")));
+        const auto journal = DBCImportJournal::begin(package.path(), home.path(u"bak.vmdb"_s));
         QCOMPARE(DBCPackageRecovery(package.path()).state(), State::InUse);
     }
 
@@ -249,7 +247,7 @@ private Q_SLOTS:
     void linkToThePackageFindsItsJournal()
     {
         DeadImport dead(Stage::Import);
-        const QString link = dead.home.path(QStringLiteral("link.vmdb"));
+        const QString link = dead.home.path(u"link.vmdb"_s);
         QVERIFY(QFile::link(dead.package.path(), link));
         const DBCPackageRecovery recovery(link);
         QCOMPARE(recovery.state(), State::Unfinished);

@@ -17,6 +17,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void setMode(const QString& path, mode_t mode)
@@ -43,8 +45,7 @@ private:
     // The log lies in the home folder too, and the note that an import has begun.
     QStringList packagesAndBackups() const
     {
-        return snapshotOf(_f->home.path())
-            .filter(QRegularExpression(QStringLiteral("^[^.][^/]*\\.vmdb")));
+        return snapshotOf(_f->home.path()).filter(QRegularExpression(u"^[^.][^/]*\\.vmdb"_s));
     }
     void expectFailureThatTouchesNothing()
     {
@@ -61,7 +62,7 @@ private Q_SLOTS:
     {
         _f = std::make_unique<TransferFixture>();
         QVERIFY(_f->database);
-        _backup = _f->home.path(QStringLiteral("Velmora DB_bak.vmdb"));
+        _backup = _f->home.path(u"Velmora DB_bak.vmdb"_s);
     }
     void cleanup() { _f.reset(); }
 
@@ -72,24 +73,22 @@ private Q_SLOTS:
 
     void packageComesBackByteForByte()
     {
-        _f->package.card().withPdf("pdf").withAttachment(QStringLiteral("a.txt"), "text");
-        _f->package.writeFile(QStringLiteral("Extra/.hidden"), "hidden");
-        _f->package.writeFile(QStringLiteral("Extra/run.sh"), "program");
-        setMode(_f->packagePath(QStringLiteral("Extra/run.sh")), 0755);
-        setMode(_f->packagePath(QStringLiteral("Files")), 0750);
-        QVERIFY(QFile::link(
-            QStringLiteral("../Version.txt"), _f->packagePath(QStringLiteral("Extra/link"))));
-        QVERIFY(QFile::link(
-            QStringLiteral("nowhere"), _f->packagePath(QStringLiteral("Extra/dangling"))));
+        _f->package.card().withPdf("pdf").withAttachment(u"a.txt"_s, "text");
+        _f->package.writeFile(u"Extra/.hidden"_s, "hidden");
+        _f->package.writeFile(u"Extra/run.sh"_s, "program");
+        setMode(_f->packagePath(u"Extra/run.sh"_s), 0755);
+        setMode(_f->packagePath(u"Files"_s), 0750);
+        QVERIFY(QFile::link(u"../Version.txt"_s, _f->packagePath(u"Extra/link"_s)));
+        QVERIFY(QFile::link(u"nowhere"_s, _f->packagePath(u"Extra/dangling"_s)));
         for (const char* name : {"Extra/link", "Extra/run.sh", "Extra", "Images", ""})
             setTime(_f->packagePath(QString::fromLatin1(name)), 1234567890);
         const QStringList before = snapshotOf(package());
         backUp();
 
         _f->package.card().withPdf("another pdf");
-        _f->package.writeFile(QStringLiteral("Extra/run.sh"), "changed");
-        _f->package.remove(QStringLiteral("Extra/.hidden"));
-        _f->package.writeFile(QStringLiteral("Files/NEW/b.txt"), "new");
+        _f->package.writeFile(u"Extra/run.sh"_s, "changed");
+        _f->package.remove(u"Extra/.hidden"_s);
+        _f->package.writeFile(u"Files/NEW/b.txt"_s, "new");
         QVERIFY(snapshotOf(package()) != before);
 
         QCOMPARE(database().restore(), DBCResultCode::Success);
@@ -99,12 +98,12 @@ private Q_SLOTS:
 
     void cardsAreThoseOfBefore()
     {
-        _f->package.card({{"ZFULL_NAME", QStringLiteral("Taro")}});
+        _f->package.card({{"ZFULL_NAME", u"Taro"_s}});
         backUp();
-        _f->package.card({{"ZFULL_NAME", QStringLiteral("Jiro")}});
+        _f->package.card({{"ZFULL_NAME", u"Jiro"_s}});
         QCOMPARE(database().restore(), DBCResultCode::Success);
-        QCOMPARE(_f->package.value(QStringLiteral("SELECT group_concat(ZFULL_NAME) FROM ZCARD")),
-            QVariant(QStringLiteral("Taro")));
+        QCOMPARE(_f->package.value(u"SELECT group_concat(ZFULL_NAME) FROM ZCARD"_s),
+            QVariant(u"Taro"_s));
     }
 
     void closingTheStoreAfterwardsChangesNothing()
@@ -119,7 +118,7 @@ private Q_SLOTS:
         QVERIFY(controller->fetchCardDatas(&error));
         const QStringList before = snapshotOf(package.path());
         QCOMPARE(controller->backup(), DBCResultCode::Success);
-        package.writeFile(QStringLiteral("Images/new.pdf"), "new");
+        package.writeFile(u"Images/new.pdf"_s, "new");
 
         QCOMPARE(controller->restore(), DBCResultCode::Success);
         controller.reset();
@@ -155,7 +154,7 @@ private Q_SLOTS:
     void missingParentFolderIsAFailure()
     {
         backUp();
-        database().setDBPath(_f->home.path(QStringLiteral("none/Velmora DB.vmdb")));
+        database().setDBPath(_f->home.path(u"none/Velmora DB.vmdb"_s));
         expectFailureThatTouchesNothing();
     }
 
@@ -186,7 +185,7 @@ private Q_SLOTS:
     void backupWithoutStoreIsNotRestored()
     {
         backUp();
-        QVERIFY(QFile::remove(_backup + QStringLiteral("/Velmora.sqldb")));
+        QVERIFY(QFile::remove(_backup + u"/Velmora.sqldb"_s));
         expectFailureThatTouchesNothing();
     }
 
@@ -194,7 +193,7 @@ private Q_SLOTS:
     {
         backUp();
         ScopedHost host;
-        host.makeReadOnly({_backup + QStringLiteral("/Velmora.sqldb")});
+        host.makeReadOnly({_backup + u"/Velmora.sqldb"_s});
         expectFailureThatTouchesNothing();
     }
 
@@ -202,14 +201,14 @@ private Q_SLOTS:
     {
         backUp();
         QVERIFY(QDir(package()).removeRecursively());
-        _f->home.writeFile(QStringLiteral("Velmora DB.vmdb"), "precious");
+        _f->home.writeFile(u"Velmora DB.vmdb"_s, "precious");
         expectFailureThatTouchesNothing();
     }
 
     void linkInPlaceOfThePackageIsNotFollowed()
     {
         backUp();
-        const QString elsewhere = _f->home.path(QStringLiteral("elsewhere.vmdb"));
+        const QString elsewhere = _f->home.path(u"elsewhere.vmdb"_s);
         QVERIFY(QDir().rename(package(), elsewhere));
         QVERIFY(QFile::link(elsewhere, package()));
         expectFailureThatTouchesNothing();
@@ -217,12 +216,12 @@ private Q_SLOTS:
 
     void packageOpenedThroughALinkComesBackWhereItLies()
     {
-        const QString link = _f->home.path(QStringLiteral("Cards.vmdb"));
+        const QString link = _f->home.path(u"Cards.vmdb"_s);
         QVERIFY(QFile::link(package(), link));
         database().setDBPath(link);
         const QStringList before = snapshotOf(package());
         backUp();
-        _f->package.writeFile(QStringLiteral("Images/new.pdf"), "new");
+        _f->package.writeFile(u"Images/new.pdf"_s, "new");
         QCOMPARE(database().restore(), DBCResultCode::Success);
         QCOMPARE(snapshotOf(package()), before);
         QVERIFY(QFileInfo(link).isSymLink());
@@ -231,7 +230,7 @@ private Q_SLOTS:
     void backupInsideThePackageIsNotRemovedWithIt()
     {
         backUp();
-        const QString inside = _f->packagePath(QStringLiteral("inside.vmdb"));
+        const QString inside = _f->packagePath(u"inside.vmdb"_s);
         QVERIFY(QDir().rename(_backup, inside));
         database().setBackupDBPath(inside);
         expectFailureThatTouchesNothing();
@@ -248,18 +247,18 @@ private Q_SLOTS:
     {
         backUp();
         // A pipe cannot be copied.
-        const QString pipe = _backup + QStringLiteral("/zz-pipe");
+        const QString pipe = _backup + u"/zz-pipe"_s;
         QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
         QCOMPARE(database().restore(), DBCResultCode::RestoreFailure);
         QVERIFY(!QFileInfo::exists(package()));
-        QVERIFY(QFileInfo::exists(_backup + QStringLiteral("/Velmora.sqldb")));
+        QVERIFY(QFileInfo::exists(_backup + u"/Velmora.sqldb"_s));
     }
 
     void packageThatCannotBeRemovedIsAFailure()
     {
-        _f->package.writeFile(QStringLiteral("Locked/a.txt"), "a");
+        _f->package.writeFile(u"Locked/a.txt"_s, "a");
         backUp();
-        const QString locked = _f->packagePath(QStringLiteral("Locked"));
+        const QString locked = _f->packagePath(u"Locked"_s);
         setMode(_f->home.path(), 0777);
         for (const char* part : {"", "/Velmora.sqldb", "/Images", "/Files"})
             setMode(_backup + QString::fromLatin1(part), 0777);
@@ -269,15 +268,15 @@ private Q_SLOTS:
             QCOMPARE(database().restore(), DBCResultCode::RestoreFailure);
         }
         setMode(locked, 0755);
-        QVERIFY(QFileInfo::exists(locked + QStringLiteral("/a.txt")));
-        QVERIFY(QFileInfo::exists(_backup + QStringLiteral("/Velmora.sqldb")));
+        QVERIFY(QFileInfo::exists(locked + u"/a.txt"_s));
+        QVERIFY(QFileInfo::exists(_backup + u"/Velmora.sqldb"_s));
     }
 
     void backupThatCannotBeRemovedIsOnlyAWarning()
     {
-        _f->package.writeFile(QStringLiteral("Locked/a.txt"), "a");
+        _f->package.writeFile(u"Locked/a.txt"_s, "a");
         backUp();
-        const QString locked = _backup + QStringLiteral("/Locked");
+        const QString locked = _backup + u"/Locked"_s;
         setMode(_f->home.path(), 0777);
         setMode(locked, 0555);
         QVERIFY(DBCLog::logInstance()); // made while its folder can be written
@@ -286,10 +285,9 @@ private Q_SLOTS:
             QCOMPARE(database().removeBackupDB(), DBCResultCode::Success);
         }
         setMode(locked, 0755);
-        QVERIFY(QFileInfo::exists(locked + QStringLiteral("/a.txt")));
+        QVERIFY(QFileInfo::exists(locked + u"/a.txt"_s));
         QCOMPARE(_f->log.warnings,
-            QStringList {
-                QStringLiteral("Remove the database failure! Database Path:[") + _backup + u']'});
+            QStringList {u"Remove the database failure! Database Path:["_s + _backup + u']'});
     }
 };
 

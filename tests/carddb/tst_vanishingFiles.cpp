@@ -12,12 +12,14 @@
 #include <functional>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using Key = DBCRecordKey;
 
 namespace {
 
-const QString cardId = QStringLiteral("0A1B-1");
-const QString named = QStringLiteral("plans");
+const QString cardId = u"0A1B-1"_s;
+const QString named = u"plans"_s;
 
 struct Transfer : TransferFixture {
     Transfer()
@@ -25,7 +27,7 @@ struct Transfer : TransferFixture {
         for (const char* name : {".hidden", "b.txt", "c.txt"}) {
             const QString file = QString::fromLatin1(name);
             folder.attachment(named, file, name);
-            package.writeFile(QStringLiteral("Files/0A1B-1/") + file, name);
+            package.writeFile(u"Files/0A1B-1/"_s + file, name);
         }
     }
 
@@ -44,9 +46,9 @@ struct Transfer : TransferFixture {
     std::optional<QString> exportAttachments()
     {
         return database->_exportAttachFile(
-            record({{Key::cardID, cardId}}), home.path(QStringLiteral("export")), &error);
+            record({{Key::cardID, cardId}}), home.path(u"export"_s), &error);
     }
-    QString cardFolder() const { return packagePath(QStringLiteral("Files/0A1B-1")); }
+    QString cardFolder() const { return packagePath(u"Files/0A1B-1"_s); }
     QString source(const QString& name) const { return folder.attachmentPath(named, name); }
 
 private:
@@ -62,27 +64,25 @@ private Q_SLOTS:
     void attachmentThatVanishesIsAWarningAndTheOthersAreTakenIn()
     {
         Transfer transfer;
-        QFile::remove(transfer.cardFolder() + QStringLiteral("/c.txt"));
-        const QString gone = transfer.source(QStringLiteral("b.txt"));
+        QFile::remove(transfer.cardFolder() + u"/c.txt"_s);
+        const QString gone = transfer.source(u"b.txt"_s);
         transfer.atTheFirstWarning([&gone] { QFile::remove(gone); });
         QCOMPARE(transfer.importAttachments(), cardId);
         QVERIFY(!transfer.error);
         QCOMPARE(transfer.log.warnings.size(), 2);
         QCOMPARE(transfer.log.warnings.constLast(),
             Transfer::text("IDS_LOG_WRN_FILE_NO_EXISTS", {gone}));
-        QCOMPARE(contentsOf(transfer.cardFolder() + QStringLiteral("/c.txt")), QByteArray("c.txt"));
+        QCOMPARE(contentsOf(transfer.cardFolder() + u"/c.txt"_s), QByteArray("c.txt"));
     }
 
     void storedAttachmentThatVanishesIsPassedOverByTheExport()
     {
         Transfer transfer;
-        transfer.atTheFirstWarning(
-            [&] { QFile::remove(transfer.cardFolder() + QStringLiteral("/b.txt")); });
-        QCOMPARE(transfer.exportAttachments(), QStringLiteral("6"));
+        transfer.atTheFirstWarning([&] { QFile::remove(transfer.cardFolder() + u"/b.txt"_s); });
+        QCOMPARE(transfer.exportAttachments(), u"6"_s);
         QVERIFY(!transfer.error);
         QCOMPARE(transfer.log.warnings.size(), 1);
-        QCOMPARE(entries(transfer.home.path(QStringLiteral("export/6"))),
-            QStringList {QStringLiteral("c.txt")});
+        QCOMPARE(entries(transfer.home.path(u"export/6"_s)), QStringList {u"c.txt"_s});
     }
 
     void folderThatIsClosedUnderWayStopsTheImport()
@@ -94,9 +94,9 @@ private Q_SLOTS:
             mode = std::make_unique<ScopedMode>(
                 transfer.folder.attachmentPath(named), S_IRUSR | S_IWUSR);
         });
-        QCOMPARE(transfer.importAttachments(), QStringLiteral(""));
+        QCOMPARE(transfer.importAttachments(), u""_s);
         QCOMPARE(transfer.error.code(), DBCResultCode::AttachmentImportFailure);
-        QVERIFY(transfer.error.pathName()->contains(transfer.source(QStringLiteral("b.txt"))));
+        QVERIFY(transfer.error.pathName()->contains(transfer.source(u"b.txt"_s)));
         QVERIFY(copyFailureWasLogged(transfer.log));
     }
 
@@ -104,7 +104,7 @@ private Q_SLOTS:
     {
         Transfer transfer;
         transfer.atTheFirstWarning([&] { QDir(transfer.package.path()).removeRecursively(); });
-        QCOMPARE(transfer.importAttachments(), QStringLiteral(""));
+        QCOMPARE(transfer.importAttachments(), u""_s);
         QCOMPARE(transfer.error.code(), DBCResultCode::AttachmentImportFailure);
     }
 
@@ -112,8 +112,8 @@ private Q_SLOTS:
     {
         Transfer transfer;
         transfer.atTheFirstWarning(
-            [&] { QDir(transfer.home.path(QStringLiteral("export"))).removeRecursively(); });
-        QCOMPARE(transfer.exportAttachments(), QStringLiteral(""));
+            [&] { QDir(transfer.home.path(u"export"_s)).removeRecursively(); });
+        QCOMPARE(transfer.exportAttachments(), u""_s);
         QCOMPARE(transfer.error.code(), DBCResultCode::AttachmentExportFailure);
     }
 };

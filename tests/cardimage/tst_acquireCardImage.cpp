@@ -7,37 +7,7 @@
 
 #include <QtTest>
 
-class tst_acquireCardImage : public QObject {
-    Q_OBJECT
-private Q_SLOTS:
-    void argumentsAreChecked_data();
-    void argumentsAreChecked();
-    void fileHoldsNoImage_data();
-    void fileHoldsNoImage();
-
-    void faceOfAOnePageCard();
-    void faceAndBackOfATwoPageCard();
-    void onePageCardLeavesTheBackAlone();
-    void backAloneIsTakenFromTheSecondPage();
-    void faceAloneLeavesTheBackPageUnread();
-    void pagesBeyondTheSecondAreIgnored();
-    void oneInfoIsEnough();
-    void failureOfTheBackTakesTheFaceAway();
-    void failureEmptiesBothImages();
-
-    void letterPageAt300Dpi();
-    void resolutionsOfWidthAndHeightAreNotMixedUp();
-    void rotationsOfContentsAndPageAddUp_data();
-    void rotationsOfContentsAndPageAddUp();
-    void rotationOfTheParentIsNotLookedUp();
-    void jpegCountsAsColorEvenWhenGray();
-    void bitmapIsNoColor();
-    void jpegBehindAnotherFilterIsTaken();
-    void flateImageInAnArrayIsNoImage();
-    void pictureIsDecodedAsStored();
-    void pictureThatIsNoJpegIsNoImage();
-    void pictureTooLargeForAnyCardIsNoImage();
-};
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -50,7 +20,7 @@ struct Call {
     {
         const TestHome home;
         return AcquireCardImageFromPDF(
-            home.writeFile(QStringLiteral("card.pdf"), bytes), &face, &faceInfo, &back, &backInfo);
+            home.writeFile(u"card.pdf"_s, bytes), &face, &faceInfo, &back, &backInfo);
     }
 
     DBCBitmap face;
@@ -82,281 +52,283 @@ CardImageInfo faceInfoOf(const QByteArray& bytes)
 
 } // namespace
 
-void tst_acquireCardImage::argumentsAreChecked_data()
-{
-    QTest::addColumn<bool>("hasPath");
-    QTest::addColumn<bool>("hasFace");
-    QTest::addColumn<bool>("hasBack");
-    QTest::addColumn<bool>("hasFaceInfo");
-    QTest::addColumn<bool>("hasBackInfo");
-    QTest::newRow("no path") << false << true << true << true << true;
-    QTest::newRow("no image") << true << false << false << true << true;
-    QTest::newRow("no info") << true << true << true << false << false;
-    QTest::newRow("nothing") << false << false << false << false << false;
-}
+class tst_acquireCardImage : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void argumentsAreChecked_data()
+    {
+        QTest::addColumn<bool>("hasPath");
+        QTest::addColumn<bool>("hasFace");
+        QTest::addColumn<bool>("hasBack");
+        QTest::addColumn<bool>("hasFaceInfo");
+        QTest::addColumn<bool>("hasBackInfo");
+        QTest::newRow("no path") << false << true << true << true << true;
+        QTest::newRow("no image") << true << false << false << true << true;
+        QTest::newRow("no info") << true << true << true << false << false;
+        QTest::newRow("nothing") << false << false << false << false << false;
+    }
+    void argumentsAreChecked()
+    {
+        QFETCH(bool, hasPath);
+        QFETCH(bool, hasFace);
+        QFETCH(bool, hasBack);
+        QFETCH(bool, hasFaceInfo);
+        QFETCH(bool, hasBackInfo);
+        const TestHome home;
+        const QString path = home.writeFile(u"card.pdf"_s, PdfBuilder::cardPdf({FacePicture}));
+        Call call;
+        QCOMPARE(AcquireCardImageFromPDF(hasPath ? path : QString(), hasFace ? &call.face : nullptr,
+                     hasFaceInfo ? &call.faceInfo : nullptr, hasBack ? &call.back : nullptr,
+                     hasBackInfo ? &call.backInfo : nullptr),
+            DBCResultCode::ParameterError);
+    }
 
-void tst_acquireCardImage::argumentsAreChecked()
-{
-    QFETCH(bool, hasPath);
-    QFETCH(bool, hasFace);
-    QFETCH(bool, hasBack);
-    QFETCH(bool, hasFaceInfo);
-    QFETCH(bool, hasBackInfo);
-    const TestHome home;
-    const QString path
-        = home.writeFile(QStringLiteral("card.pdf"), PdfBuilder::cardPdf({FacePicture}));
-    Call call;
-    QCOMPARE(AcquireCardImageFromPDF(hasPath ? path : QString(), hasFace ? &call.face : nullptr,
-                 hasFaceInfo ? &call.faceInfo : nullptr, hasBack ? &call.back : nullptr,
-                 hasBackInfo ? &call.backInfo : nullptr),
-        DBCResultCode::ParameterError);
-}
+    void fileHoldsNoImage_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        const QByteArray card = PdfBuilder::cardPdf({FacePicture});
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("no PDF") << FacePicture;
+        QTest::newRow("cut off") << card.left(40);
+        QTest::newRow("locked") << PdfBuilder::encrypted(card, "secret");
+        QTest::newRow("without pages") << PdfBuilder().bytes();
+        QTest::newRow("page tree that leads back to itself")
+            << PdfBuilder().kid(PdfBuilder::pagesNumber).bytes();
+        QTest::newRow("text only") << PdfBuilder::searchableCardPdf("Sato");
+    }
+    void fileHoldsNoImage()
+    {
+        QFETCH(QByteArray, bytes);
+        Call call;
+        QCOMPARE(call.run(bytes), DBCResultCode::NoImageInPdf);
+        QVERIFY(call.face.isNull());
+    }
 
-void tst_acquireCardImage::fileHoldsNoImage_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    const QByteArray card = PdfBuilder::cardPdf({FacePicture});
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("no PDF") << FacePicture;
-    QTest::newRow("cut off") << card.left(40);
-    QTest::newRow("locked") << PdfBuilder::encrypted(card, "secret");
-    QTest::newRow("without pages") << PdfBuilder().bytes();
-    QTest::newRow("page tree that leads back to itself")
-        << PdfBuilder().kid(PdfBuilder::pagesNumber).bytes();
-    QTest::newRow("text only") << PdfBuilder::searchableCardPdf("Sato");
-}
+    void faceOfAOnePageCard()
+    {
+        Call call;
+        QCOMPARE(call.run(PdfBuilder::cardPdf({FacePicture})), DBCResultCode::Success);
+        QCOMPARE(call.face.pixels.size(), QSize(40, 20));
+        QCOMPARE(call.face.pointSize, QSizeF(40, 20));
+        QCOMPARE(call.faceInfo.rotation, 0);
+        QCOMPARE(call.faceInfo.isColor, 1);
+    }
 
-void tst_acquireCardImage::fileHoldsNoImage()
-{
-    QFETCH(QByteArray, bytes);
-    Call call;
-    QCOMPARE(call.run(bytes), DBCResultCode::NoImageInPdf);
-    QVERIFY(call.face.isNull());
-}
+    void faceAndBackOfATwoPageCard()
+    {
+        Call call;
+        QCOMPARE(call.run(PdfBuilder::cardPdf({FacePicture, BackPicture})), DBCResultCode::Success);
+        QCOMPARE(call.face.pixels.size(), QSize(40, 20));
+        QCOMPARE(call.back.pixels.size(), QSize(30, 50));
+        QCOMPARE(call.back.pointSize, QSizeF(30, 50));
+        QCOMPARE(call.backInfo.rotation, 0);
+    }
 
-void tst_acquireCardImage::faceOfAOnePageCard()
-{
-    Call call;
-    QCOMPARE(call.run(PdfBuilder::cardPdf({FacePicture})), DBCResultCode::Success);
-    QCOMPARE(call.face.pixels.size(), QSize(40, 20));
-    QCOMPARE(call.face.pointSize, QSizeF(40, 20));
-    QCOMPARE(call.faceInfo.rotation, 0);
-    QCOMPARE(call.faceInfo.isColor, 1);
-}
+    void onePageCardLeavesTheBackAlone()
+    {
+        Call call;
+        call.back = anyBitmap();
+        QCOMPARE(call.run(PdfBuilder::cardPdf({FacePicture})), DBCResultCode::Success);
+        QCOMPARE(call.back.pixels.size(), QSize(4, 4));
+        QCOMPARE(call.backInfo.xResolution, -1);
+    }
 
-void tst_acquireCardImage::faceAndBackOfATwoPageCard()
-{
-    Call call;
-    QCOMPARE(call.run(PdfBuilder::cardPdf({FacePicture, BackPicture})), DBCResultCode::Success);
-    QCOMPARE(call.face.pixels.size(), QSize(40, 20));
-    QCOMPARE(call.back.pixels.size(), QSize(30, 50));
-    QCOMPARE(call.back.pointSize, QSizeF(30, 50));
-    QCOMPARE(call.backInfo.rotation, 0);
-}
+    void backAloneIsTakenFromTheSecondPage()
+    {
+        const TestHome home;
+        const QString path
+            = home.writeFile(u"card.pdf"_s, PdfBuilder::cardPdf({FacePicture, BackPicture}));
+        Call call;
+        QCOMPARE(AcquireCardImageFromPDF(path, nullptr, nullptr, &call.back, &call.backInfo),
+            DBCResultCode::Success);
+        QCOMPARE(call.back.pixels.size(), QSize(30, 50));
+    }
 
-void tst_acquireCardImage::onePageCardLeavesTheBackAlone()
-{
-    Call call;
-    call.back = anyBitmap();
-    QCOMPARE(call.run(PdfBuilder::cardPdf({FacePicture})), DBCResultCode::Success);
-    QCOMPARE(call.back.pixels.size(), QSize(4, 4));
-    QCOMPARE(call.backInfo.xResolution, -1);
-}
+    void faceAloneLeavesTheBackPageUnread()
+    {
+        const TestHome home;
+        PdfBuilder pdf;
+        pdf.page(PdfPage::ofImage(pdf.jpegImage(FacePicture))).page(PdfPage::ofText("no image"));
+        const QString path = home.writeFile(u"card.pdf"_s, pdf.bytes());
+        Call call;
+        QCOMPARE(AcquireCardImageFromPDF(path, &call.face, &call.faceInfo, nullptr, nullptr),
+            DBCResultCode::Success);
+        QCOMPARE(call.face.pixels.size(), QSize(40, 20));
+    }
 
-void tst_acquireCardImage::backAloneIsTakenFromTheSecondPage()
-{
-    const TestHome home;
-    const QString path = home.writeFile(
-        QStringLiteral("card.pdf"), PdfBuilder::cardPdf({FacePicture, BackPicture}));
-    Call call;
-    QCOMPARE(AcquireCardImageFromPDF(path, nullptr, nullptr, &call.back, &call.backInfo),
-        DBCResultCode::Success);
-    QCOMPARE(call.back.pixels.size(), QSize(30, 50));
-}
+    void pagesBeyondTheSecondAreIgnored()
+    {
+        PdfBuilder pdf;
+        for (int i = 0; i < 2; ++i)
+            pdf.page(PdfPage::ofImage(pdf.jpegImage(FacePicture)));
+        pdf.page(PdfPage::ofText("no image"));
+        QCOMPARE(Call().run(pdf.bytes()), DBCResultCode::Success);
+    }
 
-void tst_acquireCardImage::faceAloneLeavesTheBackPageUnread()
-{
-    const TestHome home;
-    PdfBuilder pdf;
-    pdf.page(PdfPage::ofImage(pdf.jpegImage(FacePicture))).page(PdfPage::ofText("no image"));
-    const QString path = home.writeFile(QStringLiteral("card.pdf"), pdf.bytes());
-    Call call;
-    QCOMPARE(AcquireCardImageFromPDF(path, &call.face, &call.faceInfo, nullptr, nullptr),
-        DBCResultCode::Success);
-    QCOMPARE(call.face.pixels.size(), QSize(40, 20));
-}
+    void oneInfoIsEnough()
+    {
+        const TestHome home;
+        const QString path
+            = home.writeFile(u"card.pdf"_s, PdfBuilder::cardPdf({FacePicture, BackPicture}));
+        Call call;
+        QCOMPARE(AcquireCardImageFromPDF(path, &call.face, nullptr, &call.back, &call.backInfo),
+            DBCResultCode::Success);
+        QCOMPARE(call.backInfo.isColor, 1);
+        QVERIFY(!call.face.isNull());
+    }
 
-void tst_acquireCardImage::pagesBeyondTheSecondAreIgnored()
-{
-    PdfBuilder pdf;
-    for (int i = 0; i < 2; ++i)
-        pdf.page(PdfPage::ofImage(pdf.jpegImage(FacePicture)));
-    pdf.page(PdfPage::ofText("no image"));
-    QCOMPARE(Call().run(pdf.bytes()), DBCResultCode::Success);
-}
+    void failureOfTheBackTakesTheFaceAway()
+    {
+        PdfBuilder pdf;
+        pdf.page(PdfPage::ofImage(pdf.jpegImage(FacePicture))).page(PdfPage::ofText("no image"));
+        Call call;
+        QCOMPARE(call.run(pdf.bytes()), DBCResultCode::NoImageInPdf);
+        QVERIFY(call.face.isNull());
+        QVERIFY(call.back.isNull());
+    }
 
-void tst_acquireCardImage::oneInfoIsEnough()
-{
-    const TestHome home;
-    const QString path = home.writeFile(
-        QStringLiteral("card.pdf"), PdfBuilder::cardPdf({FacePicture, BackPicture}));
-    Call call;
-    QCOMPARE(AcquireCardImageFromPDF(path, &call.face, nullptr, &call.back, &call.backInfo),
-        DBCResultCode::Success);
-    QCOMPARE(call.backInfo.isColor, 1);
-    QVERIFY(!call.face.isNull());
-}
+    void failureEmptiesBothImages()
+    {
+        Call call;
+        call.face = anyBitmap();
+        call.back = anyBitmap();
+        QCOMPARE(call.run("no PDF"), DBCResultCode::NoImageInPdf);
+        QVERIFY(call.face.isNull());
+        QVERIFY(call.back.isNull());
+    }
 
-void tst_acquireCardImage::failureOfTheBackTakesTheFaceAway()
-{
-    PdfBuilder pdf;
-    pdf.page(PdfPage::ofImage(pdf.jpegImage(FacePicture))).page(PdfPage::ofText("no image"));
-    Call call;
-    QCOMPARE(call.run(pdf.bytes()), DBCResultCode::NoImageInPdf);
-    QVERIFY(call.face.isNull());
-    QVERIFY(call.back.isNull());
-}
+    void letterPageAt300Dpi()
+    {
+        PdfBuilder pdf;
+        PdfPage page = PdfPage::ofImage(pdf.jpegImage(JpegBuilder(2550, 3300).gray().bytes()));
+        page.mediaBox = "[0 0 612 792]";
+        const CardImageInfo info = faceInfoOf(pdf.page(page).bytes());
+        QCOMPARE(info.xResolution, 300);
+        QCOMPARE(info.yResolution, 300);
+    }
 
-void tst_acquireCardImage::failureEmptiesBothImages()
-{
-    Call call;
-    call.face = anyBitmap();
-    call.back = anyBitmap();
-    QCOMPARE(call.run("no PDF"), DBCResultCode::NoImageInPdf);
-    QVERIFY(call.face.isNull());
-    QVERIFY(call.back.isNull());
-}
+    void resolutionsOfWidthAndHeightAreNotMixedUp()
+    {
+        PdfBuilder pdf;
+        PdfPage page = PdfPage::ofImage(pdf.jpegImage(FacePicture)); // 40 x 20
+        page.mediaBox = "[0 0 14.4 14.4]";
+        const CardImageInfo info = faceInfoOf(pdf.page(page).bytes());
+        QCOMPARE(info.xResolution, 200);
+        QCOMPARE(info.yResolution, 100);
+    }
 
-void tst_acquireCardImage::letterPageAt300Dpi()
-{
-    PdfBuilder pdf;
-    PdfPage page = PdfPage::ofImage(pdf.jpegImage(JpegBuilder(2550, 3300).gray().bytes()));
-    page.mediaBox = "[0 0 612 792]";
-    const CardImageInfo info = faceInfoOf(pdf.page(page).bytes());
-    QCOMPARE(info.xResolution, 300);
-    QCOMPARE(info.yResolution, 300);
-}
+    void rotationsOfContentsAndPageAddUp_data()
+    {
+        QTest::addColumn<QByteArray>("matrix");
+        QTest::addColumn<QByteArray>("rotate");
+        QTest::addColumn<qint32>("rotation");
+        const QByteArray upright = "252 0 0 144 0 0";
+        const QByteArray turned90 = "0 252 -144 0 0 144";
+        const QByteArray turned270 = "0 252 -144 0 252 0";
+        QTest::newRow("none") << upright << QByteArray() << 0;
+        QTest::newRow("page") << upright << QByteArray("/Rotate 90") << 90;
+        QTest::newRow("contents") << turned90 << QByteArray("/Rotate 0") << 90;
+        QTest::newRow("together a full turn") << turned90 << QByteArray("/Rotate 270") << 0;
+        QTest::newRow("more than a full turn") << turned270 << QByteArray("/Rotate 180") << 90;
+        QTest::newRow("page turned back") << upright << QByteArray("/Rotate -90") << 270;
+        QTest::newRow("turned back to upright") << turned90 << QByteArray("/Rotate -90") << 0;
+        QTest::newRow("brought back only once") << turned90 << QByteArray("/Rotate 720") << 450;
+        QTest::newRow("brought forth only once") << upright << QByteArray("/Rotate -720") << -360;
+        QTest::newRow("no number") << turned90 << QByteArray("/Rotate /Left") << 90;
+    }
+    void rotationsOfContentsAndPageAddUp()
+    {
+        QFETCH(QByteArray, matrix);
+        QFETCH(QByteArray, rotate);
+        QFETCH(qint32, rotation);
+        QCOMPARE(faceInfoOf(onePage(rotate, matrix)).rotation, rotation);
+    }
 
-void tst_acquireCardImage::resolutionsOfWidthAndHeightAreNotMixedUp()
-{
-    PdfBuilder pdf;
-    PdfPage page = PdfPage::ofImage(pdf.jpegImage(FacePicture)); // 40 x 20
-    page.mediaBox = "[0 0 14.4 14.4]";
-    const CardImageInfo info = faceInfoOf(pdf.page(page).bytes());
-    QCOMPARE(info.xResolution, 200);
-    QCOMPARE(info.yResolution, 100);
-}
+    void rotationOfTheParentIsNotLookedUp()
+    {
+        PdfBuilder pdf;
+        pdf.inheritedEntries("/Rotate 90").page(PdfPage::ofImage(pdf.jpegImage(FacePicture)));
+        QCOMPARE(faceInfoOf(pdf.bytes()).rotation, 0);
+    }
 
-void tst_acquireCardImage::rotationsOfContentsAndPageAddUp_data()
-{
-    QTest::addColumn<QByteArray>("matrix");
-    QTest::addColumn<QByteArray>("rotate");
-    QTest::addColumn<qint32>("rotation");
-    const QByteArray upright = "252 0 0 144 0 0";
-    const QByteArray turned90 = "0 252 -144 0 0 144";
-    const QByteArray turned270 = "0 252 -144 0 252 0";
-    QTest::newRow("none") << upright << QByteArray() << 0;
-    QTest::newRow("page") << upright << QByteArray("/Rotate 90") << 90;
-    QTest::newRow("contents") << turned90 << QByteArray("/Rotate 0") << 90;
-    QTest::newRow("together a full turn") << turned90 << QByteArray("/Rotate 270") << 0;
-    QTest::newRow("more than a full turn") << turned270 << QByteArray("/Rotate 180") << 90;
-    QTest::newRow("page turned back") << upright << QByteArray("/Rotate -90") << 270;
-    QTest::newRow("turned back to upright") << turned90 << QByteArray("/Rotate -90") << 0;
-    QTest::newRow("brought back only once") << turned90 << QByteArray("/Rotate 720") << 450;
-    QTest::newRow("brought forth only once") << upright << QByteArray("/Rotate -720") << -360;
-    QTest::newRow("no number") << turned90 << QByteArray("/Rotate /Left") << 90;
-}
+    void jpegCountsAsColorEvenWhenGray()
+    {
+        Call call;
+        QCOMPARE(call.run(PdfBuilder::cardPdf({BackPicture})), DBCResultCode::Success);
+        QCOMPARE(call.faceInfo.isColor, 1);
+        QCOMPARE(call.face.bitsPerPixel(), 8);
+    }
 
-void tst_acquireCardImage::rotationsOfContentsAndPageAddUp()
-{
-    QFETCH(QByteArray, matrix);
-    QFETCH(QByteArray, rotate);
-    QFETCH(qint32, rotation);
-    QCOMPARE(faceInfoOf(onePage(rotate, matrix)).rotation, rotation);
-}
+    void bitmapIsNoColor()
+    {
+        PdfBuilder pdf;
+        pdf.page(PdfPage::ofImage(pdf.bitImage(9, 2, QByteArray("\xF0\x80\x0F\x00", 4))));
+        Call call;
+        QCOMPARE(call.run(pdf.bytes()), DBCResultCode::Success);
+        QCOMPARE(call.faceInfo.isColor, 0);
+        QCOMPARE(call.face.bitsPerPixel(), 1);
+        QCOMPARE(call.face.pixels.size(), QSize(9, 2));
+        QCOMPARE(call.face.pixels.pixelColor(0, 0), QColor(Qt::black));
+        QCOMPARE(call.face.pixels.pixelColor(8, 0), QColor(Qt::black));
+        QCOMPARE(call.face.pixels.pixelColor(0, 1), QColor(Qt::white));
+        QCOMPARE(call.face.pixels.pixelColor(7, 1), QColor(Qt::black));
+    }
 
-void tst_acquireCardImage::rotationOfTheParentIsNotLookedUp()
-{
-    PdfBuilder pdf;
-    pdf.inheritedEntries("/Rotate 90").page(PdfPage::ofImage(pdf.jpegImage(FacePicture)));
-    QCOMPARE(faceInfoOf(pdf.bytes()).rotation, 0);
-}
+    void jpegBehindAnotherFilterIsTaken()
+    {
+        PdfBuilder pdf;
+        const int image = pdf.stream("/Type /XObject /Subtype /Image /BitsPerComponent 8 /Width 40 "
+                                     "/Height 20 /Filter [/FlateDecode /DCTDecode]",
+            PdfBuilder::deflated(FacePicture));
+        Call call;
+        QCOMPARE(call.run(pdf.page(PdfPage::ofImage(image)).bytes()), DBCResultCode::Success);
+        QCOMPARE(call.face.pixels.size(), QSize(40, 20));
+        QCOMPARE(call.faceInfo.isColor, 1);
+    }
 
-void tst_acquireCardImage::jpegCountsAsColorEvenWhenGray()
-{
-    Call call;
-    QCOMPARE(call.run(PdfBuilder::cardPdf({BackPicture})), DBCResultCode::Success);
-    QCOMPARE(call.faceInfo.isColor, 1);
-    QCOMPARE(call.face.bitsPerPixel(), 8);
-}
+    void flateImageInAnArrayIsNoImage()
+    {
+        PdfBuilder pdf;
+        const int image = pdf.stream("/Type /XObject /Subtype /Image /BitsPerComponent 1 /Width 8 "
+                                     "/Height 1 /Filter [/FlateDecode]",
+            PdfBuilder::deflated("x"));
+        QCOMPARE(
+            Call().run(pdf.page(PdfPage::ofImage(image)).bytes()), DBCResultCode::NoImageInPdf);
+    }
 
-void tst_acquireCardImage::bitmapIsNoColor()
-{
-    PdfBuilder pdf;
-    pdf.page(PdfPage::ofImage(pdf.bitImage(9, 2, QByteArray("\xF0\x80\x0F\x00", 4))));
-    Call call;
-    QCOMPARE(call.run(pdf.bytes()), DBCResultCode::Success);
-    QCOMPARE(call.faceInfo.isColor, 0);
-    QCOMPARE(call.face.bitsPerPixel(), 1);
-    QCOMPARE(call.face.pixels.size(), QSize(9, 2));
-    QCOMPARE(call.face.pixels.pixelColor(0, 0), QColor(Qt::black));
-    QCOMPARE(call.face.pixels.pixelColor(8, 0), QColor(Qt::black));
-    QCOMPARE(call.face.pixels.pixelColor(0, 1), QColor(Qt::white));
-    QCOMPARE(call.face.pixels.pixelColor(7, 1), QColor(Qt::black));
-}
+    void pictureIsDecodedAsStored()
+    {
+        // The Exif orientation says "turn me", and nobody does.
+        Call call;
+        const QByteArray picture = JpegBuilder(64, 32).exifOrientation(6).bytes();
+        QCOMPARE(call.run(PdfBuilder::cardPdf({picture})), DBCResultCode::Success);
+        const QImage& pixels = call.face.pixels;
+        QCOMPARE(pixels.size(), QSize(64, 32));
+        QVERIFY(isNearColor(pixels.pixelColor(8, 8), Qt::red));
+        QVERIFY(isNearColor(pixels.pixelColor(56, 8), Qt::green));
+        QVERIFY(isNearColor(pixels.pixelColor(8, 24), Qt::blue));
+        QVERIFY(isNearColor(pixels.pixelColor(56, 24), Qt::yellow));
+    }
 
-void tst_acquireCardImage::jpegBehindAnotherFilterIsTaken()
-{
-    PdfBuilder pdf;
-    const int image = pdf.stream("/Type /XObject /Subtype /Image /BitsPerComponent 8 /Width 40 "
-                                 "/Height 20 /Filter [/FlateDecode /DCTDecode]",
-        PdfBuilder::deflated(FacePicture));
-    Call call;
-    QCOMPARE(call.run(pdf.page(PdfPage::ofImage(image)).bytes()), DBCResultCode::Success);
-    QCOMPARE(call.face.pixels.size(), QSize(40, 20));
-    QCOMPARE(call.faceInfo.isColor, 1);
-}
+    void pictureThatIsNoJpegIsNoImage()
+    {
+        PdfBuilder pdf;
+        const int image = pdf.stream("/Type /XObject /Subtype /Image /BitsPerComponent 8 /Width 40 "
+                                     "/Height 20 /Filter /DCTDecode",
+            "no JPEG at all");
+        QCOMPARE(
+            Call().run(pdf.page(PdfPage::ofImage(image)).bytes()), DBCResultCode::NoImageInPdf);
+    }
 
-void tst_acquireCardImage::flateImageInAnArrayIsNoImage()
-{
-    PdfBuilder pdf;
-    const int image = pdf.stream("/Type /XObject /Subtype /Image /BitsPerComponent 1 /Width 8 "
-                                 "/Height 1 /Filter [/FlateDecode]",
-        PdfBuilder::deflated("x"));
-    QCOMPARE(Call().run(pdf.page(PdfPage::ofImage(image)).bytes()), DBCResultCode::NoImageInPdf);
-}
-
-void tst_acquireCardImage::pictureIsDecodedAsStored()
-{
-    // The Exif orientation says "turn me", and nobody does.
-    Call call;
-    const QByteArray picture = JpegBuilder(64, 32).exifOrientation(6).bytes();
-    QCOMPARE(call.run(PdfBuilder::cardPdf({picture})), DBCResultCode::Success);
-    const QImage& pixels = call.face.pixels;
-    QCOMPARE(pixels.size(), QSize(64, 32));
-    QVERIFY(isNearColor(pixels.pixelColor(8, 8), Qt::red));
-    QVERIFY(isNearColor(pixels.pixelColor(56, 8), Qt::green));
-    QVERIFY(isNearColor(pixels.pixelColor(8, 24), Qt::blue));
-    QVERIFY(isNearColor(pixels.pixelColor(56, 24), Qt::yellow));
-}
-
-void tst_acquireCardImage::pictureThatIsNoJpegIsNoImage()
-{
-    PdfBuilder pdf;
-    const int image = pdf.stream("/Type /XObject /Subtype /Image /BitsPerComponent 8 /Width 40 "
-                                 "/Height 20 /Filter /DCTDecode",
-        "no JPEG at all");
-    QCOMPARE(Call().run(pdf.page(PdfPage::ofImage(image)).bytes()), DBCResultCode::NoImageInPdf);
-}
-
-void tst_acquireCardImage::pictureTooLargeForAnyCardIsNoImage()
-{
-    const QByteArray picture = JpegBuilder(8, 8).claimedSize(30000, 30000).bytes();
-    QCOMPARE(Call().run(PdfBuilder::cardPdf({picture})), DBCResultCode::NoImageInPdf);
-    PdfBuilder pdf;
-    pdf.page(PdfPage::ofImage(pdf.bitImage(65535, 65535, "x")));
-    QCOMPARE(Call().run(pdf.bytes()), DBCResultCode::NoImageInPdf);
-}
+    void pictureTooLargeForAnyCardIsNoImage()
+    {
+        const QByteArray picture = JpegBuilder(8, 8).claimedSize(30000, 30000).bytes();
+        QCOMPARE(Call().run(PdfBuilder::cardPdf({picture})), DBCResultCode::NoImageInPdf);
+        PdfBuilder pdf;
+        pdf.page(PdfPage::ofImage(pdf.bitImage(65535, 65535, "x")));
+        QCOMPARE(Call().run(pdf.bytes()), DBCResultCode::NoImageInPdf);
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_acquireCardImage)
 #include "tst_acquireCardImage.moc"

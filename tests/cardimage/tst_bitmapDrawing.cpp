@@ -9,34 +9,6 @@ using ColorModel = DBCBitmap::ColorModel;
 
 Q_DECLARE_METATYPE(QImage::Format)
 
-class tst_bitmapDrawing : public QObject {
-    Q_OBJECT
-private Q_SLOTS:
-    void missingImageIsAParameterError();
-    void failureLeavesTheOutputAlone();
-    void resultTooLargeIsAFailure();
-
-    void depthDecidesTheConversion_data();
-    void depthDecidesTheConversion();
-    void conversionKeepsEveryPixel();
-    void conversionOfABitmapIsBlackOnWhite();
-    void conversionToGrayWeighsTheColors();
-    void conversionStandsAtAPointAPixel();
-
-    void quarterTurnPutsTheTopRowRight();
-    void threeQuarterTurnPutsTheTopRowLeft();
-    void halfTurnPutsTheTopRowAtTheBottomBackwards();
-    void everyPixelIsTurnedExactly_data();
-    void everyPixelIsTurnedExactly();
-    void noTurnOnlyChangesTheFormat();
-    void fullTurnIsNoTurn();
-    void otherAngleTurnsCounterClockwiseAboutTheCentre();
-    void cornersOfASlantedImageAreEmpty();
-    void colorModelDecidesTheCanvas_data();
-    void colorModelDecidesTheCanvas();
-    void turnedBitmapIsBlackOnWhiteGray();
-};
-
 namespace {
 
 // Every pixel differs from every other one; not square, and odd in both directions.
@@ -81,235 +53,238 @@ DBCBitmap oneBitBitmap()
 
 } // namespace
 
-void tst_bitmapDrawing::missingImageIsAParameterError()
-{
-    DBCBitmap result;
-    QCOMPARE(ConvertImageToDepth({}, 24, &result), DBCResultCode::ParameterError);
-    QCOMPARE(RotateBitmapImageRep({}, 90, &result), DBCResultCode::ParameterError);
-}
-
-void tst_bitmapDrawing::failureLeavesTheOutputAlone()
-{
-    DBCBitmap result = colorBitmap();
-    QCOMPARE(RotateBitmapImageRep({}, 90, &result), DBCResultCode::ParameterError);
-    QCOMPARE(result.pixels, distinctPixels());
-}
-
-void tst_bitmapDrawing::resultTooLargeIsAFailure()
-{
-    // Small enough as one bit a pixel, but not as thirty-two.
-    const DBCBitmap large
-        = DBCBitmap::blank(QSize(20000, 10000), QImage::Format_Mono, ColorModel::DeviceRGB);
-    QVERIFY(!large.isNull());
-    DBCBitmap result;
-    QCOMPARE(ConvertImageToDepth(large, 24, &result), DBCResultCode::GeneralFailure);
-    QCOMPARE(RotateBitmapImageRep(large, 90, &result), DBCResultCode::GeneralFailure);
-    QVERIFY(result.isNull());
-}
-
-void tst_bitmapDrawing::depthDecidesTheConversion_data()
-{
-    QTest::addColumn<int>("depth");
-    QTest::addColumn<int>("bitsPerPixel");
-    QTest::addColumn<bool>("hasAlpha");
-    QTest::addColumn<ColorModel>("model");
-    QTest::newRow("8") << 8 << 8 << false << ColorModel::CalibratedGray;
-    QTest::newRow("24") << 24 << 32 << true << ColorModel::CalibratedRGB;
-    QTest::newRow("1") << 1 << 32 << true << ColorModel::CalibratedRGB;
-}
-
-void tst_bitmapDrawing::depthDecidesTheConversion()
-{
-    QFETCH(int, depth);
-    QFETCH(int, bitsPerPixel);
-    QFETCH(bool, hasAlpha);
-    QFETCH(ColorModel, model);
-    const DBCBitmap result = converted(colorBitmap(), depth);
-    QCOMPARE(result.bitsPerPixel(), bitsPerPixel);
-    QCOMPARE(result.pixels.hasAlphaChannel(), hasAlpha);
-    QCOMPARE(result.colorModel, model);
-}
-
-void tst_bitmapDrawing::conversionKeepsEveryPixel()
-{
-    const DBCBitmap result = converted(colorBitmap(), 24);
-    QCOMPARE(result.pixels.convertToFormat(QImage::Format_RGB888), distinctPixels());
-}
-
-void tst_bitmapDrawing::conversionOfABitmapIsBlackOnWhite()
-{
-    for (const int depth : {8, 24}) {
-        const DBCBitmap result = converted(oneBitBitmap(), depth);
-        QCOMPARE(result.pixels.pixelColor(0, 0), QColor(Qt::white));
-        QCOMPARE(result.pixels.pixelColor(1, 0), QColor(Qt::black));
-        QCOMPARE(result.pixels.pixelColor(3, 1), QColor(Qt::white));
+class tst_bitmapDrawing : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void missingImageIsAParameterError()
+    {
+        DBCBitmap result;
+        QCOMPARE(ConvertImageToDepth({}, 24, &result), DBCResultCode::ParameterError);
+        QCOMPARE(RotateBitmapImageRep({}, 90, &result), DBCResultCode::ParameterError);
     }
-}
 
-void tst_bitmapDrawing::conversionToGrayWeighsTheColors()
-{
-    const QImage gray = converted(colorBitmap(JpegBuilder::quarters(4, 4)), 8).pixels;
-    const int red = gray.pixelColor(0, 0).value();
-    const int green = gray.pixelColor(3, 0).value();
-    const int blue = gray.pixelColor(0, 3).value();
-    QVERIFY(blue < red && red < green && green < 255);
-}
-
-void tst_bitmapDrawing::conversionStandsAtAPointAPixel()
-{
-    DBCBitmap source = colorBitmap();
-    source.pointSize = QSizeF(1, 1);
-    QCOMPARE(converted(source, 24).pointSize, QSizeF(7, 5));
-}
-
-void tst_bitmapDrawing::quarterTurnPutsTheTopRowRight()
-{
-    QImage pixels(200, 100, QImage::Format_RGB888);
-    pixels.fill(Qt::blue);
-    for (int x = 0; x < 200; ++x)
-        pixels.setPixelColor(x, 0, QColor(x, 100, 0));
-    const QImage result = turned(colorBitmap(pixels), 90).pixels;
-    QCOMPARE(result.size(), QSize(100, 200));
-    for (int y = 0; y < 200; ++y) {
-        QCOMPARE(result.pixelColor(99, y), QColor(y, 100, 0));
-        QCOMPARE(result.pixelColor(98, y), QColor(Qt::blue));
+    void failureLeavesTheOutputAlone()
+    {
+        DBCBitmap result = colorBitmap();
+        QCOMPARE(RotateBitmapImageRep({}, 90, &result), DBCResultCode::ParameterError);
+        QCOMPARE(result.pixels, distinctPixels());
     }
-}
 
-void tst_bitmapDrawing::threeQuarterTurnPutsTheTopRowLeft()
-{
-    QImage pixels(200, 100, QImage::Format_RGB888);
-    pixels.fill(Qt::blue);
-    for (int x = 0; x < 200; ++x)
-        pixels.setPixelColor(x, 0, QColor(x, 100, 0));
-    const QImage result = turned(colorBitmap(pixels), 270).pixels;
-    QCOMPARE(result.size(), QSize(100, 200));
-    for (int y = 0; y < 200; ++y) {
-        QCOMPARE(result.pixelColor(0, y), QColor(199 - y, 100, 0));
-        QCOMPARE(result.pixelColor(1, y), QColor(Qt::blue));
+    void resultTooLargeIsAFailure()
+    {
+        // Small enough as one bit a pixel, but not as thirty-two.
+        const DBCBitmap large
+            = DBCBitmap::blank(QSize(20000, 10000), QImage::Format_Mono, ColorModel::DeviceRGB);
+        QVERIFY(!large.isNull());
+        DBCBitmap result;
+        QCOMPARE(ConvertImageToDepth(large, 24, &result), DBCResultCode::GeneralFailure);
+        QCOMPARE(RotateBitmapImageRep(large, 90, &result), DBCResultCode::GeneralFailure);
+        QVERIFY(result.isNull());
     }
-}
 
-void tst_bitmapDrawing::halfTurnPutsTheTopRowAtTheBottomBackwards()
-{
-    QImage pixels(200, 100, QImage::Format_RGB888);
-    pixels.fill(Qt::blue);
-    for (int x = 0; x < 200; ++x)
-        pixels.setPixelColor(x, 0, QColor(x, 100, 0));
-    const QImage result = turned(colorBitmap(pixels), 180).pixels;
-    QCOMPARE(result.size(), QSize(200, 100));
-    for (int x = 0; x < 200; ++x)
-        QCOMPARE(result.pixelColor(x, 99), QColor(199 - x, 100, 0));
-    QCOMPARE(result.pixelColor(0, 0), QColor(Qt::blue));
-}
+    void depthDecidesTheConversion_data()
+    {
+        QTest::addColumn<int>("depth");
+        QTest::addColumn<int>("bitsPerPixel");
+        QTest::addColumn<bool>("hasAlpha");
+        QTest::addColumn<ColorModel>("model");
+        QTest::newRow("8") << 8 << 8 << false << ColorModel::CalibratedGray;
+        QTest::newRow("24") << 24 << 32 << true << ColorModel::CalibratedRGB;
+        QTest::newRow("1") << 1 << 32 << true << ColorModel::CalibratedRGB;
+    }
+    void depthDecidesTheConversion()
+    {
+        QFETCH(int, depth);
+        QFETCH(int, bitsPerPixel);
+        QFETCH(bool, hasAlpha);
+        QFETCH(ColorModel, model);
+        const DBCBitmap result = converted(colorBitmap(), depth);
+        QCOMPARE(result.bitsPerPixel(), bitsPerPixel);
+        QCOMPARE(result.pixels.hasAlphaChannel(), hasAlpha);
+        QCOMPARE(result.colorModel, model);
+    }
 
-void tst_bitmapDrawing::everyPixelIsTurnedExactly_data()
-{
-    QTest::addColumn<int>("angle");
-    QTest::addColumn<int>("quarters"); // clockwise
-    QTest::newRow("90") << 90 << 1;
-    QTest::newRow("-270") << -270 << 1;
-    QTest::newRow("180") << 180 << 2;
-    QTest::newRow("-180") << -180 << 2;
-    QTest::newRow("270") << 270 << 3;
-    QTest::newRow("-90") << -90 << 3;
-    QTest::newRow("0") << 0 << 0;
-    QTest::newRow("360") << 360 << 0;
-}
+    void conversionKeepsEveryPixel()
+    {
+        const DBCBitmap result = converted(colorBitmap(), 24);
+        QCOMPARE(result.pixels.convertToFormat(QImage::Format_RGB888), distinctPixels());
+    }
 
-void tst_bitmapDrawing::everyPixelIsTurnedExactly()
-{
-    QFETCH(int, angle);
-    QFETCH(int, quarters);
-    for (const QSize size : {QSize(7, 5), QSize(8, 6), QSize(1, 9), QSize(5, 5)}) {
-        const QImage source = distinctPixels(size.width(), size.height());
-        const QImage gray = source.convertToFormat(QImage::Format_Grayscale8);
-        const QImage result = turned(colorBitmap(source), angle).pixels;
-        const QImage grayResult = turned(DBCBitmap::of(gray, ColorModel::DeviceGray), angle).pixels;
-        QCOMPARE(result.size(), quarters % 2 == 0 ? size : size.transposed());
-        QCOMPARE(grayResult.size(), result.size());
-        for (int y = 0; y < size.height(); ++y) {
-            for (int x = 0; x < size.width(); ++x) {
-                const int right = size.width() - 1 - x;
-                const int below = size.height() - 1 - y;
-                const QPoint target = quarters == 1 ? QPoint(below, x)
-                    : quarters == 2                 ? QPoint(right, below)
-                    : quarters == 3                 ? QPoint(y, right)
-                                                    : QPoint(x, y);
-                QCOMPARE(result.pixelColor(target), source.pixelColor(x, y));
-                QCOMPARE(grayResult.pixelColor(target), gray.pixelColor(x, y));
+    void conversionOfABitmapIsBlackOnWhite()
+    {
+        for (const int depth : {8, 24}) {
+            const DBCBitmap result = converted(oneBitBitmap(), depth);
+            QCOMPARE(result.pixels.pixelColor(0, 0), QColor(Qt::white));
+            QCOMPARE(result.pixels.pixelColor(1, 0), QColor(Qt::black));
+            QCOMPARE(result.pixels.pixelColor(3, 1), QColor(Qt::white));
+        }
+    }
+
+    void conversionToGrayWeighsTheColors()
+    {
+        const QImage gray = converted(colorBitmap(JpegBuilder::quarters(4, 4)), 8).pixels;
+        const int red = gray.pixelColor(0, 0).value();
+        const int green = gray.pixelColor(3, 0).value();
+        const int blue = gray.pixelColor(0, 3).value();
+        QVERIFY(blue < red && red < green && green < 255);
+    }
+
+    void conversionStandsAtAPointAPixel()
+    {
+        DBCBitmap source = colorBitmap();
+        source.pointSize = QSizeF(1, 1);
+        QCOMPARE(converted(source, 24).pointSize, QSizeF(7, 5));
+    }
+
+    void quarterTurnPutsTheTopRowRight()
+    {
+        QImage pixels(200, 100, QImage::Format_RGB888);
+        pixels.fill(Qt::blue);
+        for (int x = 0; x < 200; ++x)
+            pixels.setPixelColor(x, 0, QColor(x, 100, 0));
+        const QImage result = turned(colorBitmap(pixels), 90).pixels;
+        QCOMPARE(result.size(), QSize(100, 200));
+        for (int y = 0; y < 200; ++y) {
+            QCOMPARE(result.pixelColor(99, y), QColor(y, 100, 0));
+            QCOMPARE(result.pixelColor(98, y), QColor(Qt::blue));
+        }
+    }
+
+    void threeQuarterTurnPutsTheTopRowLeft()
+    {
+        QImage pixels(200, 100, QImage::Format_RGB888);
+        pixels.fill(Qt::blue);
+        for (int x = 0; x < 200; ++x)
+            pixels.setPixelColor(x, 0, QColor(x, 100, 0));
+        const QImage result = turned(colorBitmap(pixels), 270).pixels;
+        QCOMPARE(result.size(), QSize(100, 200));
+        for (int y = 0; y < 200; ++y) {
+            QCOMPARE(result.pixelColor(0, y), QColor(199 - y, 100, 0));
+            QCOMPARE(result.pixelColor(1, y), QColor(Qt::blue));
+        }
+    }
+
+    void halfTurnPutsTheTopRowAtTheBottomBackwards()
+    {
+        QImage pixels(200, 100, QImage::Format_RGB888);
+        pixels.fill(Qt::blue);
+        for (int x = 0; x < 200; ++x)
+            pixels.setPixelColor(x, 0, QColor(x, 100, 0));
+        const QImage result = turned(colorBitmap(pixels), 180).pixels;
+        QCOMPARE(result.size(), QSize(200, 100));
+        for (int x = 0; x < 200; ++x)
+            QCOMPARE(result.pixelColor(x, 99), QColor(199 - x, 100, 0));
+        QCOMPARE(result.pixelColor(0, 0), QColor(Qt::blue));
+    }
+
+    void everyPixelIsTurnedExactly_data()
+    {
+        QTest::addColumn<int>("angle");
+        QTest::addColumn<int>("quarters"); // clockwise
+        QTest::newRow("90") << 90 << 1;
+        QTest::newRow("-270") << -270 << 1;
+        QTest::newRow("180") << 180 << 2;
+        QTest::newRow("-180") << -180 << 2;
+        QTest::newRow("270") << 270 << 3;
+        QTest::newRow("-90") << -90 << 3;
+        QTest::newRow("0") << 0 << 0;
+        QTest::newRow("360") << 360 << 0;
+    }
+    void everyPixelIsTurnedExactly()
+    {
+        QFETCH(int, angle);
+        QFETCH(int, quarters);
+        for (const QSize size : {QSize(7, 5), QSize(8, 6), QSize(1, 9), QSize(5, 5)}) {
+            const QImage source = distinctPixels(size.width(), size.height());
+            const QImage gray = source.convertToFormat(QImage::Format_Grayscale8);
+            const QImage result = turned(colorBitmap(source), angle).pixels;
+            const QImage grayResult
+                = turned(DBCBitmap::of(gray, ColorModel::DeviceGray), angle).pixels;
+            QCOMPARE(result.size(), quarters % 2 == 0 ? size : size.transposed());
+            QCOMPARE(grayResult.size(), result.size());
+            for (int y = 0; y < size.height(); ++y) {
+                for (int x = 0; x < size.width(); ++x) {
+                    const int right = size.width() - 1 - x;
+                    const int below = size.height() - 1 - y;
+                    const QPoint target = quarters == 1 ? QPoint(below, x)
+                        : quarters == 2                 ? QPoint(right, below)
+                        : quarters == 3                 ? QPoint(y, right)
+                                                        : QPoint(x, y);
+                    QCOMPARE(result.pixelColor(target), source.pixelColor(x, y));
+                    QCOMPARE(grayResult.pixelColor(target), gray.pixelColor(x, y));
+                }
             }
         }
     }
-}
 
-void tst_bitmapDrawing::noTurnOnlyChangesTheFormat()
-{
-    const DBCBitmap result = turned(colorBitmap(), 0);
-    QCOMPARE(result.bitsPerPixel(), 32);
-    QCOMPARE(result.pixels.convertToFormat(QImage::Format_RGB888), distinctPixels());
-}
-
-void tst_bitmapDrawing::fullTurnIsNoTurn()
-{
-    QCOMPARE(
-        turned(colorBitmap(), 360).pixels.convertToFormat(QImage::Format_RGB888), distinctPixels());
-}
-
-void tst_bitmapDrawing::otherAngleTurnsCounterClockwiseAboutTheCentre()
-{
-    QImage pixels(101, 101, QImage::Format_RGB888);
-    pixels.fill(Qt::blue);
-    for (int x = 80; x < 90; ++x) {
-        for (int y = 45; y < 56; ++y)
-            pixels.setPixelColor(x, y, Qt::red);
+    void noTurnOnlyChangesTheFormat()
+    {
+        const DBCBitmap result = turned(colorBitmap(), 0);
+        QCOMPARE(result.bitsPerPixel(), 32);
+        QCOMPARE(result.pixels.convertToFormat(QImage::Format_RGB888), distinctPixels());
     }
-    const QImage result = turned(colorBitmap(pixels), 45).pixels;
-    QCOMPARE(result.size(), QSize(101, 101));
-    // 35 pixels right of the centre has become 25 right of it and 25 above.
-    QCOMPARE(result.pixelColor(75, 25), QColor(Qt::red));
-    QCOMPARE(result.pixelColor(85, 50), QColor(Qt::blue));
-    QCOMPARE(result.pixelColor(50, 50), QColor(Qt::blue));
-}
 
-void tst_bitmapDrawing::cornersOfASlantedImageAreEmpty()
-{
-    QCOMPARE(turned(colorBitmap(), 45).pixels.pixelColor(0, 0).alpha(), 0);
-}
+    void fullTurnIsNoTurn()
+    {
+        QCOMPARE(turned(colorBitmap(), 360).pixels.convertToFormat(QImage::Format_RGB888),
+            distinctPixels());
+    }
 
-void tst_bitmapDrawing::colorModelDecidesTheCanvas_data()
-{
-    QTest::addColumn<ColorModel>("model");
-    QTest::addColumn<ColorModel>("canvasModel");
-    QTest::addColumn<int>("bitsPerPixel");
-    QTest::newRow("calibrated RGB") << ColorModel::CalibratedRGB << ColorModel::CalibratedRGB << 32;
-    QTest::newRow("device RGB") << ColorModel::DeviceRGB << ColorModel::CalibratedRGB << 32;
-    QTest::newRow("calibrated gray")
-        << ColorModel::CalibratedGray << ColorModel::CalibratedGray << 8;
-    QTest::newRow("device gray") << ColorModel::DeviceGray << ColorModel::CalibratedGray << 8;
-    QTest::newRow("one bit") << ColorModel::DeviceBlack << ColorModel::CalibratedGray << 8;
-}
+    void otherAngleTurnsCounterClockwiseAboutTheCentre()
+    {
+        QImage pixels(101, 101, QImage::Format_RGB888);
+        pixels.fill(Qt::blue);
+        for (int x = 80; x < 90; ++x) {
+            for (int y = 45; y < 56; ++y)
+                pixels.setPixelColor(x, y, Qt::red);
+        }
+        const QImage result = turned(colorBitmap(pixels), 45).pixels;
+        QCOMPARE(result.size(), QSize(101, 101));
+        // 35 pixels right of the centre has become 25 right of it and 25 above.
+        QCOMPARE(result.pixelColor(75, 25), QColor(Qt::red));
+        QCOMPARE(result.pixelColor(85, 50), QColor(Qt::blue));
+        QCOMPARE(result.pixelColor(50, 50), QColor(Qt::blue));
+    }
 
-void tst_bitmapDrawing::colorModelDecidesTheCanvas()
-{
-    QFETCH(ColorModel, model);
-    QFETCH(ColorModel, canvasModel);
-    QFETCH(int, bitsPerPixel);
-    const DBCBitmap result = turned(DBCBitmap::of(distinctPixels(), model), 90);
-    QCOMPARE(result.colorModel, canvasModel);
-    QCOMPARE(result.bitsPerPixel(), bitsPerPixel);
-    QCOMPARE(result.pixels.hasAlphaChannel(), bitsPerPixel == 32);
-}
+    void cornersOfASlantedImageAreEmpty()
+    {
+        QCOMPARE(turned(colorBitmap(), 45).pixels.pixelColor(0, 0).alpha(), 0);
+    }
 
-void tst_bitmapDrawing::turnedBitmapIsBlackOnWhiteGray()
-{
-    const DBCBitmap result = turned(oneBitBitmap(), 90);
-    QCOMPARE(result.bitsPerPixel(), 8);
-    QCOMPARE(result.pixels.size(), QSize(2, 4));
-    QCOMPARE(result.pixels.pixelColor(1, 1), QColor(Qt::black));
-    QCOMPARE(result.pixels.pixelColor(1, 0), QColor(Qt::white));
-    QCOMPARE(result.pixels.pixelColor(0, 1), QColor(Qt::white));
-}
+    void colorModelDecidesTheCanvas_data()
+    {
+        QTest::addColumn<ColorModel>("model");
+        QTest::addColumn<ColorModel>("canvasModel");
+        QTest::addColumn<int>("bitsPerPixel");
+        QTest::newRow("calibrated RGB")
+            << ColorModel::CalibratedRGB << ColorModel::CalibratedRGB << 32;
+        QTest::newRow("device RGB") << ColorModel::DeviceRGB << ColorModel::CalibratedRGB << 32;
+        QTest::newRow("calibrated gray")
+            << ColorModel::CalibratedGray << ColorModel::CalibratedGray << 8;
+        QTest::newRow("device gray") << ColorModel::DeviceGray << ColorModel::CalibratedGray << 8;
+        QTest::newRow("one bit") << ColorModel::DeviceBlack << ColorModel::CalibratedGray << 8;
+    }
+    void colorModelDecidesTheCanvas()
+    {
+        QFETCH(ColorModel, model);
+        QFETCH(ColorModel, canvasModel);
+        QFETCH(int, bitsPerPixel);
+        const DBCBitmap result = turned(DBCBitmap::of(distinctPixels(), model), 90);
+        QCOMPARE(result.colorModel, canvasModel);
+        QCOMPARE(result.bitsPerPixel(), bitsPerPixel);
+        QCOMPARE(result.pixels.hasAlphaChannel(), bitsPerPixel == 32);
+    }
+
+    void turnedBitmapIsBlackOnWhiteGray()
+    {
+        const DBCBitmap result = turned(oneBitBitmap(), 90);
+        QCOMPARE(result.bitsPerPixel(), 8);
+        QCOMPARE(result.pixels.size(), QSize(2, 4));
+        QCOMPARE(result.pixels.pixelColor(1, 1), QColor(Qt::black));
+        QCOMPARE(result.pixels.pixelColor(1, 0), QColor(Qt::white));
+        QCOMPARE(result.pixels.pixelColor(0, 1), QColor(Qt::white));
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_bitmapDrawing)
 #include "tst_bitmapDrawing.moc"

@@ -5,25 +5,6 @@
 
 #include <QtTest>
 
-class tst_bitmapImageRep : public QObject {
-    Q_OBJECT
-private Q_SLOTS:
-    void missingArgumentGivesNoBitmap();
-    void jpegIsDecoded();
-    void everyDepthButOneMeansJpeg();
-    void wrongJpegGivesNoBitmap();
-    void setBitIsBlack();
-    void rowsArePackedToBytes();
-    void missingRowsAreWhite();
-    void lastRowMayBreakOff();
-    void furtherDataIsLeftOut();
-    void emptyDataGivesAWhiteBitmap();
-    void bitmapWithoutExtentIsNone_data();
-    void bitmapWithoutExtentIsNone();
-    void bitmapTooLargeForAnyCardIsNone();
-    void largestUsualBitmapIsMade();
-};
-
 namespace {
 
 ImageDescriptor descriptorOf(int width, int height, qint16 depth = DBCBitmapDepth)
@@ -62,101 +43,104 @@ QStringList rows(const char* text)
 
 } // namespace
 
-void tst_bitmapImageRep::missingArgumentGivesNoBitmap()
-{
-    const QByteArray data = JpegBuilder(8, 8).bytes();
-    const ImageDescriptor descriptor = descriptorOf(8, 8, DBCJpegDepth);
-    QVERIFY(createBitmapImageRep(nullptr, &descriptor).isNull());
-    QVERIFY(createBitmapImageRep(&data, nullptr).isNull());
-    QVERIFY(!createBitmapImageRep(&data, &descriptor).isNull());
-}
+class tst_bitmapImageRep : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void missingArgumentGivesNoBitmap()
+    {
+        const QByteArray data = JpegBuilder(8, 8).bytes();
+        const ImageDescriptor descriptor = descriptorOf(8, 8, DBCJpegDepth);
+        QVERIFY(createBitmapImageRep(nullptr, &descriptor).isNull());
+        QVERIFY(createBitmapImageRep(&data, nullptr).isNull());
+        QVERIFY(!createBitmapImageRep(&data, &descriptor).isNull());
+    }
 
-void tst_bitmapImageRep::jpegIsDecoded()
-{
-    // The descriptor's size has no say: the JPEG knows its own.
-    const DBCBitmap bitmap
-        = bitmapOf(JpegBuilder(64, 32).bytes(), descriptorOf(5, 5, DBCJpegDepth));
-    QCOMPARE(bitmap.pixels.size(), QSize(64, 32));
-    QCOMPARE(bitmap.bitsPerPixel(), 24);
-    QCOMPARE(bitmap.pointSize, QSizeF(64, 32));
-    QVERIFY(isNearColor(bitmap.pixels.pixelColor(8, 24), Qt::blue));
-}
+    void jpegIsDecoded()
+    {
+        // The descriptor's size has no say: the JPEG knows its own.
+        const DBCBitmap bitmap
+            = bitmapOf(JpegBuilder(64, 32).bytes(), descriptorOf(5, 5, DBCJpegDepth));
+        QCOMPARE(bitmap.pixels.size(), QSize(64, 32));
+        QCOMPARE(bitmap.bitsPerPixel(), 24);
+        QCOMPARE(bitmap.pointSize, QSizeF(64, 32));
+        QVERIFY(isNearColor(bitmap.pixels.pixelColor(8, 24), Qt::blue));
+    }
 
-void tst_bitmapImageRep::everyDepthButOneMeansJpeg()
-{
-    for (const qint16 depth : {qint16(0), qint16(8), qint16(32)})
-        QVERIFY(!bitmapOf(JpegBuilder(8, 8).bytes(), descriptorOf(8, 8, depth)).isNull());
-}
+    void everyDepthButOneMeansJpeg()
+    {
+        for (const qint16 depth : {qint16(0), qint16(8), qint16(32)})
+            QVERIFY(!bitmapOf(JpegBuilder(8, 8).bytes(), descriptorOf(8, 8, depth)).isNull());
+    }
 
-void tst_bitmapImageRep::wrongJpegGivesNoBitmap()
-{
-    QVERIFY(bitmapOf("no JPEG", descriptorOf(8, 8, DBCJpegDepth)).isNull());
-    QVERIFY(bitmapOf({}, descriptorOf(8, 8, DBCJpegDepth)).isNull());
-}
+    void wrongJpegGivesNoBitmap()
+    {
+        QVERIFY(bitmapOf("no JPEG", descriptorOf(8, 8, DBCJpegDepth)).isNull());
+        QVERIFY(bitmapOf({}, descriptorOf(8, 8, DBCJpegDepth)).isNull());
+    }
 
-void tst_bitmapImageRep::setBitIsBlack()
-{
-    const DBCBitmap bitmap = bitmapOf(QByteArray("\xA0", 1), descriptorOf(8, 1));
-    QCOMPARE(drawingOf(bitmap), rows("#.#....."));
-    QCOMPARE(bitmap.bitsPerPixel(), 1);
-    QCOMPARE(bitmap.colorModel, DBCBitmap::ColorModel::DeviceBlack);
-    QCOMPARE(bitmap.pointSize, QSizeF(8, 1));
-}
+    void setBitIsBlack()
+    {
+        const DBCBitmap bitmap = bitmapOf(QByteArray("\xA0", 1), descriptorOf(8, 1));
+        QCOMPARE(drawingOf(bitmap), rows("#.#....."));
+        QCOMPARE(bitmap.bitsPerPixel(), 1);
+        QCOMPARE(bitmap.colorModel, DBCBitmap::ColorModel::DeviceBlack);
+        QCOMPARE(bitmap.pointSize, QSizeF(8, 1));
+    }
 
-void tst_bitmapImageRep::rowsArePackedToBytes()
-{
-    const QByteArray data("\x80\x40\x00\x80\xFF\xC0", 6);
-    QCOMPARE(
-        drawingOf(bitmapOf(data, descriptorOf(10, 3))), rows("#........# ........#. ##########"));
-}
+    void rowsArePackedToBytes()
+    {
+        const QByteArray data("\x80\x40\x00\x80\xFF\xC0", 6);
+        QCOMPARE(drawingOf(bitmapOf(data, descriptorOf(10, 3))),
+            rows("#........# ........#. ##########"));
+    }
 
-void tst_bitmapImageRep::missingRowsAreWhite()
-{
-    QCOMPARE(drawingOf(bitmapOf("\xFF", descriptorOf(4, 3))), rows("#### .... ...."));
-}
+    void missingRowsAreWhite()
+    {
+        QCOMPARE(drawingOf(bitmapOf("\xFF", descriptorOf(4, 3))), rows("#### .... ...."));
+    }
 
-void tst_bitmapImageRep::lastRowMayBreakOff()
-{
-    QCOMPARE(
-        drawingOf(bitmapOf("\xFF\xFF\xFF", descriptorOf(10, 2))), rows("########## ########.."));
-}
+    void lastRowMayBreakOff()
+    {
+        QCOMPARE(drawingOf(bitmapOf("\xFF\xFF\xFF", descriptorOf(10, 2))),
+            rows("########## ########.."));
+    }
 
-void tst_bitmapImageRep::furtherDataIsLeftOut()
-{
-    QCOMPARE(drawingOf(bitmapOf(QByteArray("\xF0\x00\xF0\xFF\xFF\xFF", 6), descriptorOf(4, 3))),
-        rows("#### .... ####"));
-}
+    void furtherDataIsLeftOut()
+    {
+        QCOMPARE(drawingOf(bitmapOf(QByteArray("\xF0\x00\xF0\xFF\xFF\xFF", 6), descriptorOf(4, 3))),
+            rows("#### .... ####"));
+    }
 
-void tst_bitmapImageRep::emptyDataGivesAWhiteBitmap()
-{
-    QCOMPARE(drawingOf(bitmapOf({}, descriptorOf(3, 2))), rows("... ..."));
-}
+    void emptyDataGivesAWhiteBitmap()
+    {
+        QCOMPARE(drawingOf(bitmapOf({}, descriptorOf(3, 2))), rows("... ..."));
+    }
 
-void tst_bitmapImageRep::bitmapWithoutExtentIsNone_data()
-{
-    QTest::addColumn<int>("width");
-    QTest::addColumn<int>("height");
-    QTest::newRow("no width") << 0 << 8;
-    QTest::newRow("no height") << 8 << 0;
-}
+    void bitmapWithoutExtentIsNone_data()
+    {
+        QTest::addColumn<int>("width");
+        QTest::addColumn<int>("height");
+        QTest::newRow("no width") << 0 << 8;
+        QTest::newRow("no height") << 8 << 0;
+    }
+    void bitmapWithoutExtentIsNone()
+    {
+        QFETCH(int, width);
+        QFETCH(int, height);
+        QVERIFY(bitmapOf("\xFF", descriptorOf(width, height)).isNull());
+    }
 
-void tst_bitmapImageRep::bitmapWithoutExtentIsNone()
-{
-    QFETCH(int, width);
-    QFETCH(int, height);
-    QVERIFY(bitmapOf("\xFF", descriptorOf(width, height)).isNull());
-}
+    void bitmapTooLargeForAnyCardIsNone()
+    {
+        QVERIFY(bitmapOf("\xFF", descriptorOf(65535, 65535)).isNull());
+    }
 
-void tst_bitmapImageRep::bitmapTooLargeForAnyCardIsNone()
-{
-    QVERIFY(bitmapOf("\xFF", descriptorOf(65535, 65535)).isNull());
-}
-
-void tst_bitmapImageRep::largestUsualBitmapIsMade()
-{
-    // A4 at 1200 dots per inch.
-    QCOMPARE(bitmapOf("\xFF", descriptorOf(9920, 14030)).pixels.size(), QSize(9920, 14030));
-}
+    void largestUsualBitmapIsMade()
+    {
+        // A4 at 1200 dots per inch.
+        QCOMPARE(bitmapOf("\xFF", descriptorOf(9920, 14030)).pixels.size(), QSize(9920, 14030));
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_bitmapImageRep)
 #include "tst_bitmapImageRep.moc"

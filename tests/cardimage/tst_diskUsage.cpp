@@ -13,13 +13,15 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr quint64 KiB = 1024;
 
 void sendDebugTextsToTheConsole(const TestHome& home)
 {
-    home.writeFile(QStringLiteral("home/Library/Preferences/com.velmora.VelmoraConverter.plist"),
+    home.writeFile(u"home/Library/Preferences/com.velmora.VelmoraConverter.plist"_s,
         "<plist version=\"1.0\"><dict><key>Log Level</key><integer>0</integer></dict></plist>");
 }
 
@@ -31,7 +33,7 @@ struct ScriptedHome {
     explicit ScriptedHome(const QByteArray& script)
     {
         sendDebugTextsToTheConsole(home);
-        const QString program = home.writeFile(QStringLiteral("du"), "#!/bin/sh\n" + script + "\n");
+        const QString program = home.writeFile(u"du"_s, "#!/bin/sh\n" + script + "\n");
         QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
         host->diskUsageProgram = program;
     }
@@ -49,35 +51,34 @@ private Q_SLOTS:
     {
         const TestHome home;
         ScopedHost host;
-        host->diskUsageProgram = QStringLiteral("/nowhere/du"); // must not even be asked
+        host->diskUsageProgram = u"/nowhere/du"_s; // must not even be asked
         DBCError error;
         QCOMPARE(getSizeWithPath(QString(), &error), quint64(0));
-        QCOMPARE(getSizeWithPath(home.path(QStringLiteral("missing")), &error), quint64(0));
+        QCOMPARE(getSizeWithPath(home.path(u"missing"_s), &error), quint64(0));
         QVERIFY(!error);
     }
 
     void realFileAndFolderAreMeasured()
     {
         const TestHome home;
-        const QString file
-            = home.writeFile(QStringLiteral("folder/file"), QByteArray(300 * 1024, 'x'));
+        const QString file = home.writeFile(u"folder/file"_s, QByteArray(300 * 1024, 'x'));
         struct stat status = {};
         QCOMPARE(stat(QFile::encodeName(file).constData(), &status), 0);
         const quint64 allocated = quint64(status.st_blocks) * 512;
         DBCError error;
         QCOMPARE(getSizeWithPath(file, &error), (allocated + KiB - 1) / KiB * KiB);
-        QVERIFY(getSizeWithPath(home.path(QStringLiteral("folder")), &error) >= allocated);
+        QVERIFY(getSizeWithPath(home.path(u"folder"_s), &error) >= allocated);
         QVERIFY(!error);
     }
 
     void realFileWithABlankOrJapaneseNameIsMeasured_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("blank") << QStringLiteral("a b");
-        QTest::newRow("Japanese") << QStringLiteral(u"\u540D\u523A");
-        QTest::newRow("tab") << QStringLiteral("a\tb");
-        QTest::newRow("line end") << QStringLiteral("a\nb");
-        QTest::newRow("quote") << QStringLiteral("a'b\"$c");
+        QTest::newRow("blank") << u"a b"_s;
+        QTest::newRow("Japanese") << u"\u540D\u523A"_s;
+        QTest::newRow("tab") << u"a\tb"_s;
+        QTest::newRow("line end") << u"a\nb"_s;
+        QTest::newRow("quote") << u"a'b\"$c"_s;
     }
     void realFileWithABlankOrJapaneseNameIsMeasured()
     {
@@ -92,11 +93,11 @@ private Q_SLOTS:
     void relativePathWithADashInFrontIsNoOption()
     {
         const TestHome home;
-        home.writeFile(QStringLiteral("-version"), QByteArray(64 * 1024, 'x'));
+        home.writeFile(u"-version"_s, QByteArray(64 * 1024, 'x'));
         const QString before = QDir::currentPath();
         QVERIFY(QDir::setCurrent(home.path()));
         DBCError error;
-        const quint64 size = getSizeWithPath(QStringLiteral("-version"), &error);
+        const quint64 size = getSizeWithPath(u"-version"_s, &error);
         QDir::setCurrent(before);
         QVERIFY(!error);
         QVERIFY(size >= 64 * KiB);
@@ -108,7 +109,7 @@ private Q_SLOTS:
             "printf '%s,' \"$#\" \"$@\" > \"${0%/*}/arguments\"; printf '1\\tx'");
         DBCError error;
         QCOMPARE(getSizeWithPath(scripted.home.path(), &error), KiB);
-        QCOMPARE(scripted.home.readFile(QStringLiteral("arguments")),
+        QCOMPARE(scripted.home.readFile(u"arguments"_s),
             "3,-k,-s," + scripted.home.path().toUtf8() + ',');
     }
 
@@ -184,16 +185,15 @@ private Q_SLOTS:
         const TestHome home;
         sendDebugTextsToTheConsole(home);
         ScopedHost host;
-        host->diskUsageProgram = home.path(QStringLiteral("no-du"));
+        host->diskUsageProgram = home.path(u"no-du"_s);
         DBCError error;
         CapturedStandardError console;
         const quint64 size = getSizeWithPath(home.path(), &error);
         const QString text = console.text();
         QCOMPARE(size, quint64(0));
         QCOMPARE(error.code(), DBCResultCode::InternalException);
-        QVERIFY2(text.contains(
-                     QStringLiteral("Exception happended when get file size by using du command. "
-                                    "Exception:[")
+        QVERIFY2(text.contains(u"Exception happended when get file size by using du command. "
+                               "Exception:["_s
                      + host->diskUsageProgram),
             qPrintable(text));
         QVERIFY(error.localizedDescription().contains(host->diskUsageProgram));

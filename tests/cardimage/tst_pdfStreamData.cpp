@@ -10,21 +10,6 @@
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
 
-class tst_pdfStreamData : public QObject {
-    Q_OBJECT
-private Q_SLOTS:
-    void initTestCase() { boundFlateStreams(); }
-
-    void pngRowsAreRestored();
-    void rowThatBreaksOffIsGivenAsFarAsItGoes();
-    void tiffRowsAreRestored_data();
-    void tiffRowsAreRestored();
-    void rowsNoImageHasAreRefused_data();
-    void rowsNoImageHasAreRefused();
-    void unpackingEndsAtTheLimit();
-    void unpackingEndsWhereEveryImageDoes();
-};
-
 namespace {
 
 // What a Flate stream of these unpacked bytes gives, which its parameters say are differences.
@@ -42,89 +27,93 @@ std::optional<QByteArray> decoded(
 
 } // namespace
 
-void tst_pdfStreamData::pngRowsAreRestored()
-{
-    const QByteArray rows("\x01\x0A\x01\x01\x01" // each from its left neighbour
-                          "\x02\x01\x01\x01\x01" // from above
-                          "\x03\x0A\x00\x00\x00" // from the mean of both
-                          "\x04\x01\x00\x00\x00" // from the nearest of three
-                          "\x00\x07\x08\x09\x0A", // as it is
-        25);
-    const QByteArray restored("\x0A\x0B\x0C\x0D"
-                              "\x0B\x0C\x0D\x0E"
-                              "\x0F\x0D\x0D\x0D"
-                              "\x10\x0D\x0D\x0D"
-                              "\x07\x08\x09\x0A",
-        20);
-    QCOMPARE(decoded(rows, "/Predictor 12 /Columns 4"), restored);
-}
+class tst_pdfStreamData : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase() { boundFlateStreams(); }
 
-void tst_pdfStreamData::rowThatBreaksOffIsGivenAsFarAsItGoes()
-{
-    QCOMPARE(
-        decoded(QByteArray("\x01\x0A\x01", 3), "/Predictor 15 /Columns 4"), QByteArray("\x0A\x0B"));
-}
+    void pngRowsAreRestored()
+    {
+        const QByteArray rows("\x01\x0A\x01\x01\x01" // each from its left neighbour
+                              "\x02\x01\x01\x01\x01" // from above
+                              "\x03\x0A\x00\x00\x00" // from the mean of both
+                              "\x04\x01\x00\x00\x00" // from the nearest of three
+                              "\x00\x07\x08\x09\x0A", // as it is
+            25);
+        const QByteArray restored("\x0A\x0B\x0C\x0D"
+                                  "\x0B\x0C\x0D\x0E"
+                                  "\x0F\x0D\x0D\x0D"
+                                  "\x10\x0D\x0D\x0D"
+                                  "\x07\x08\x09\x0A",
+            20);
+        QCOMPARE(decoded(rows, "/Predictor 12 /Columns 4"), restored);
+    }
 
-void tst_pdfStreamData::tiffRowsAreRestored_data()
-{
-    QTest::addColumn<QByteArray>("rows");
-    QTest::addColumn<QByteArray>("parameters");
-    QTest::addColumn<QByteArray>("restored");
-    QTest::newRow("three colours")
-        << QByteArray("\x01\x02\x03\x01\x01\x01") << QByteArray("/Columns 2 /Colors 3")
-        << QByteArray("\x01\x02\x03\x02\x03\x04");
-    QTest::newRow("one bit") << QByteArray("\x80\xC0")
-                             << QByteArray("/Columns 8 /BitsPerComponent 1")
-                             << QByteArray("\xFF\x80");
-    QTest::newRow("four bits") << QByteArray("\x1F\x10")
-                               << QByteArray("/Columns 3 /BitsPerComponent 4")
-                               << QByteArray("\x10\x10");
-    QTest::newRow("sixteen bits") << QByteArray("\x00\xFF\x00\x01", 4)
-                                  << QByteArray("/Columns 2 /BitsPerComponent 16")
-                                  << QByteArray("\x00\xFF\x01\x00", 4);
-}
+    void rowThatBreaksOffIsGivenAsFarAsItGoes()
+    {
+        QCOMPARE(decoded(QByteArray("\x01\x0A\x01", 3), "/Predictor 15 /Columns 4"),
+            QByteArray("\x0A\x0B"));
+    }
 
-void tst_pdfStreamData::tiffRowsAreRestored()
-{
-    QFETCH(QByteArray, rows);
-    QFETCH(QByteArray, parameters);
-    QTEST(decoded(rows, "/Predictor 2 " + parameters).value_or(QByteArray()), "restored");
-}
+    void tiffRowsAreRestored_data()
+    {
+        QTest::addColumn<QByteArray>("rows");
+        QTest::addColumn<QByteArray>("parameters");
+        QTest::addColumn<QByteArray>("restored");
+        QTest::newRow("three colours")
+            << QByteArray("\x01\x02\x03\x01\x01\x01") << QByteArray("/Columns 2 /Colors 3")
+            << QByteArray("\x01\x02\x03\x02\x03\x04");
+        QTest::newRow("one bit") << QByteArray("\x80\xC0")
+                                 << QByteArray("/Columns 8 /BitsPerComponent 1")
+                                 << QByteArray("\xFF\x80");
+        QTest::newRow("four bits")
+            << QByteArray("\x1F\x10") << QByteArray("/Columns 3 /BitsPerComponent 4")
+            << QByteArray("\x10\x10");
+        QTest::newRow("sixteen bits")
+            << QByteArray("\x00\xFF\x00\x01", 4) << QByteArray("/Columns 2 /BitsPerComponent 16")
+            << QByteArray("\x00\xFF\x01\x00", 4);
+    }
+    void tiffRowsAreRestored()
+    {
+        QFETCH(QByteArray, rows);
+        QFETCH(QByteArray, parameters);
+        QTEST(decoded(rows, "/Predictor 2 " + parameters).value_or(QByteArray()), "restored");
+    }
 
-void tst_pdfStreamData::rowsNoImageHasAreRefused_data()
-{
-    QTest::addColumn<QByteArray>("parameters");
-    QTest::newRow("endless") << QByteArray("/Predictor 12 /Columns 2147483647 /Colors 32");
-    QTest::newRow("a pixel too long") << QByteArray("/Predictor 12 /Columns 65536");
-    QTest::newRow("too many colours") << QByteArray("/Predictor 12 /Colors 33");
-    QTest::newRow("three bits") << QByteArray("/Predictor 2 /BitsPerComponent 3");
-    QTest::newRow("no length") << QByteArray("/Predictor 12 /Columns 0");
-    QTest::newRow("negative") << QByteArray("/Predictor 12 /Columns -1");
-    QTest::newRow("no number") << QByteArray("/Predictor 12 /Columns (4)");
-    QTest::newRow("unknown predictor") << QByteArray("/Predictor 3");
-}
+    void rowsNoImageHasAreRefused_data()
+    {
+        QTest::addColumn<QByteArray>("parameters");
+        QTest::newRow("endless") << QByteArray("/Predictor 12 /Columns 2147483647 /Colors 32");
+        QTest::newRow("a pixel too long") << QByteArray("/Predictor 12 /Columns 65536");
+        QTest::newRow("too many colours") << QByteArray("/Predictor 12 /Colors 33");
+        QTest::newRow("three bits") << QByteArray("/Predictor 2 /BitsPerComponent 3");
+        QTest::newRow("no length") << QByteArray("/Predictor 12 /Columns 0");
+        QTest::newRow("negative") << QByteArray("/Predictor 12 /Columns -1");
+        QTest::newRow("no number") << QByteArray("/Predictor 12 /Columns (4)");
+        QTest::newRow("unknown predictor") << QByteArray("/Predictor 3");
+    }
+    void rowsNoImageHasAreRefused()
+    {
+        QFETCH(QByteArray, parameters);
+        QVERIFY(!decoded("row", parameters));
+    }
 
-void tst_pdfStreamData::rowsNoImageHasAreRefused()
-{
-    QFETCH(QByteArray, parameters);
-    QVERIFY(!decoded("row", parameters));
-}
+    void unpackingEndsAtTheLimit()
+    {
+        const QByteArray zeros(2'000'000, '\0');
+        QCOMPARE(decoded(zeros, "", 1'000), QByteArray(1'000, '\0'));
+        QCOMPARE(decoded(zeros, "/Predictor 2 /Columns 500", 1'000), QByteArray(1'000, '\0'));
+    }
 
-void tst_pdfStreamData::unpackingEndsAtTheLimit()
-{
-    const QByteArray zeros(2'000'000, '\0');
-    QCOMPARE(decoded(zeros, "", 1'000), QByteArray(1'000, '\0'));
-    QCOMPARE(decoded(zeros, "/Predictor 2 /Columns 500", 1'000), QByteArray(1'000, '\0'));
-}
-
-// What a document keeps in streams of its own, its tables and objects, nobody sets a limit to.
-void tst_pdfStreamData::unpackingEndsWhereEveryImageDoes()
-{
-    constexpr qsizetype tooMuch = DBCBitmap::maximumBytes + 1'000'000;
-    const auto unpacked = decoded(QByteArray(tooMuch, '\0'), "", tooMuch);
-    QVERIFY(unpacked);
-    QVERIFY(unpacked->size() <= DBCBitmap::maximumBytes);
-}
+    // What a document keeps in streams of its own, its tables and objects, nobody sets a limit to.
+    void unpackingEndsWhereEveryImageDoes()
+    {
+        constexpr qsizetype tooMuch = DBCBitmap::maximumBytes + 1'000'000;
+        const auto unpacked = decoded(QByteArray(tooMuch, '\0'), "", tooMuch);
+        QVERIFY(unpacked);
+        QVERIFY(unpacked->size() <= DBCBitmap::maximumBytes);
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_pdfStreamData)
 #include "tst_pdfStreamData.moc"

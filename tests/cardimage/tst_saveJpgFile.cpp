@@ -15,42 +15,9 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using ColorModel = DBCBitmap::ColorModel;
-
-class tst_saveJpgFile : public QObject {
-    Q_OBJECT
-private Q_SLOTS:
-    void missingArgumentIsAGeneralFailure();
-    void uprightColorPictureKeepsItsPixels();
-    void resolutionIsThatOfTheFirstNumber();
-    void resolutionFollowsThePointSize();
-    void noResolutionIsRecordedAsNone_data();
-    void noResolutionIsRecordedAsNone();
-    void componentsWritten_data();
-    void componentsWritten();
-    void oneBitPictureIsBlackOnWhite_data();
-    void oneBitPictureIsBlackOnWhite();
-    void pictureIsTurnedClockwise_data();
-    void pictureIsTurnedClockwise();
-    void resolutionSurvivesATurn();
-    void pictureTooLargeToConvertIsAFailure();
-    void pictureThatNoJpegHoldsIsAQuietSuccess();
-    void existingFileIsReplaced();
-    void missingFolderIsASaveFailure();
-    void fullDiskIsReported();
-    void cardPdfBecomesAFileOfItsPixels();
-
-    void wholeFileIsRead();
-    void fileOfAnyKindIsRead();
-    void fileCannotBeRead_data();
-    void fileCannotBeRead();
-    void readingNeedsItsArguments();
-    void unreadableFileIsRefused();
-    void fileThatEndsEarlyIsRefused();
-    void failingReadIsReported();
-    void fileThatCannotBeLookedAtIsReported();
-    void hugeFileIsRefusedUnread();
-};
 
 namespace {
 
@@ -87,9 +54,9 @@ struct Saved {
         qint32 yResolution = 300)
     {
         const TestHome home;
-        const QString path = home.path(QStringLiteral("card.jpg"));
+        const QString path = home.path(u"card.jpg"_s);
         code = saveJpgFile(bitmap, rotation, xResolution, yResolution, isColor, path);
-        bytes = home.readFile(QStringLiteral("card.jpg"));
+        bytes = home.readFile(u"card.jpg"_s);
         facts = JpegFacts::of(bytes).value_or(JpegFacts());
         pixels.loadFromData(bytes, "JPG");
     }
@@ -102,330 +69,327 @@ struct Saved {
 
 } // namespace
 
-void tst_saveJpgFile::missingArgumentIsAGeneralFailure()
-{
-    const TestHome home;
-    const QString path = home.path(QStringLiteral("card.jpg"));
-    QCOMPARE(saveJpgFile({}, 0, 300, 300, 1, path), DBCResultCode::GeneralFailure);
-    QCOMPARE(saveJpgFile(colorBitmap(), 0, 300, 300, 1, {}), DBCResultCode::GeneralFailure);
-    QVERIFY(!QFile::exists(path));
-}
+class tst_saveJpgFile : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void missingArgumentIsAGeneralFailure()
+    {
+        const TestHome home;
+        const QString path = home.path(u"card.jpg"_s);
+        QCOMPARE(saveJpgFile({}, 0, 300, 300, 1, path), DBCResultCode::GeneralFailure);
+        QCOMPARE(saveJpgFile(colorBitmap(), 0, 300, 300, 1, {}), DBCResultCode::GeneralFailure);
+        QVERIFY(!QFile::exists(path));
+    }
 
-void tst_saveJpgFile::uprightColorPictureKeepsItsPixels()
-{
-    const Saved saved(colorBitmap(1050, 600), 0, ColorPicture);
-    QCOMPARE(saved.code, DBCResultCode::Success);
-    QCOMPARE(saved.facts.width, 1050);
-    QCOMPARE(saved.facts.height, 600);
-    QCOMPARE(saved.facts.components, 3);
-    QCOMPARE(saved.facts.densityUnit, 1);
-    QCOMPARE(saved.facts.xDensity, 300);
-    QCOMPARE(saved.facts.yDensity, 300);
-    QVERIFY(isNearColor(saved.pixels.pixelColor(20, 20), Qt::red));
-    QVERIFY(isNearColor(saved.pixels.pixelColor(1030, 580), Qt::yellow));
-}
-
-void tst_saveJpgFile::resolutionIsThatOfTheFirstNumber()
-{
-    const Saved saved(colorBitmap(), 0, ColorPicture, 400, 200);
-    QCOMPARE(saved.facts.xDensity, 400);
-    QCOMPARE(saved.facts.yDensity, 400);
-}
-
-void tst_saveJpgFile::resolutionFollowsThePointSize()
-{
-    DBCBitmap bitmap = colorBitmap(64, 32);
-    bitmap.pointSize = QSizeF(32, 32);
-    const Saved saved(bitmap, 0, ColorPicture, 300, 300);
-    QCOMPARE(saved.facts.xDensity, 600);
-    QCOMPARE(saved.facts.yDensity, 300);
-}
-
-void tst_saveJpgFile::noResolutionIsRecordedAsNone_data()
-{
-    QTest::addColumn<qint32>("resolution");
-    QTest::newRow("none") << 0;
-    QTest::newRow("negative") << -300;
-    QTest::newRow("more than a file holds") << 70000;
-    QTest::newRow("largest number") << std::numeric_limits<qint32>::max();
-    QTest::newRow("smallest number") << std::numeric_limits<qint32>::min();
-}
-
-void tst_saveJpgFile::noResolutionIsRecordedAsNone()
-{
-    QFETCH(qint32, resolution);
-    const Saved saved(colorBitmap(), 0, ColorPicture, resolution, resolution);
-    QCOMPARE(saved.code, DBCResultCode::Success);
-    QCOMPARE(saved.facts.densityUnit, 0);
-    QCOMPARE(saved.facts.width, 64);
-}
-
-void tst_saveJpgFile::componentsWritten_data()
-{
-    QTest::addColumn<DBCBitmap>("bitmap");
-    QTest::addColumn<qint32>("rotation");
-    QTest::addColumn<qint32>("isColor");
-    QTest::addColumn<qint32>("systemVersion");
-    QTest::addColumn<int>("components");
-    constexpr qint32 former = 0x1059;
-    constexpr qint32 later = 0x1060;
-    const auto row = [](const char* name, const DBCBitmap& bitmap, qint32 rotation, qint32 isColor,
-                         qint32 systemVersion, int components) {
-        QTest::newRow(name) << bitmap << rotation << isColor << systemVersion << components;
-    };
-    row("1 bit, upright", oneBitBitmap(1000, 600), 0, OneBitPicture, former, 3);
-    row("1 bit, half turn", oneBitBitmap(1000, 600), 180, OneBitPicture, former, 1);
-    row("1 bit, quarter turn", oneBitBitmap(), 90, OneBitPicture, later, 1);
-    row("1 bit that counts as colour, upright", oneBitBitmap(), 0, ColorPicture, former, 3);
-    row("1 bit that counts as colour, turned", oneBitBitmap(), 90, ColorPicture, later, 1);
-    row("gray, upright", grayBitmap(), 0, ColorPicture, later, 1);
-    row("gray that is no colour, upright", grayBitmap(), 0, OneBitPicture, former, 3);
-    row("gray, turned, former system", grayBitmap(), 90, ColorPicture, former, 1);
-    row("gray, turned, later system", grayBitmap(), 90, ColorPicture, later, 3);
-    row("gray that is no colour, turned, later system", grayBitmap(), 90, OneBitPicture, later, 1);
-    row("colour, upright", colorBitmap(), 0, ColorPicture, former, 3);
-    row("colour, turned", colorBitmap(), 270, ColorPicture, former, 3);
-    row("colour that is no colour, upright", colorBitmap(), 0, OneBitPicture, former, 3);
-}
-
-void tst_saveJpgFile::componentsWritten()
-{
-    QFETCH(DBCBitmap, bitmap);
-    QFETCH(qint32, rotation);
-    QFETCH(qint32, isColor);
-    QFETCH(qint32, systemVersion);
-    QFETCH(int, components);
-    ScopedHost host;
-    host->systemVersion = [systemVersion] { return systemVersion; };
-    const Saved saved(bitmap, rotation, isColor);
-    QCOMPARE(saved.code, DBCResultCode::Success);
-    QCOMPARE(saved.facts.components, components);
-    const QSize size = bitmap.pixels.size();
-    QCOMPARE(saved.pixels.size(), rotation % 180 == 0 ? size : size.transposed());
-}
-
-void tst_saveJpgFile::oneBitPictureIsBlackOnWhite_data()
-{
-    QTest::addColumn<qint32>("rotation");
-    QTest::addColumn<QPoint>("black");
-    QTest::addColumn<QPoint>("white");
-    QTest::newRow("upright") << 0 << QPoint(8, 16) << QPoint(56, 16);
-    QTest::newRow("half turn") << 180 << QPoint(56, 16) << QPoint(8, 16);
-}
-
-void tst_saveJpgFile::oneBitPictureIsBlackOnWhite()
-{
-    QFETCH(qint32, rotation);
-    QFETCH(QPoint, black);
-    QFETCH(QPoint, white);
-    const QImage pixels = Saved(oneBitBitmap(), rotation, OneBitPicture).pixels;
-    QVERIFY(isNearColor(pixels.pixelColor(black), Qt::black));
-    QVERIFY(isNearColor(pixels.pixelColor(white), Qt::white));
-}
-
-void tst_saveJpgFile::pictureIsTurnedClockwise_data()
-{
-    QTest::addColumn<qint32>("rotation");
-    QTest::addColumn<QList<QColor>>("corners"); // top left, top right, bottom left, bottom right
-    const QColor red(Qt::red);
-    const QColor green(Qt::green);
-    const QColor blue(Qt::blue);
-    const QColor yellow(Qt::yellow);
-    QTest::newRow("none") << 0 << QList<QColor> {red, green, blue, yellow};
-    QTest::newRow("quarter") << 90 << QList<QColor> {blue, red, yellow, green};
-    QTest::newRow("half") << 180 << QList<QColor> {yellow, blue, green, red};
-    QTest::newRow("three quarters") << 270 << QList<QColor> {green, yellow, red, blue};
-}
-
-void tst_saveJpgFile::pictureIsTurnedClockwise()
-{
-    QFETCH(qint32, rotation);
-    QFETCH(QList<QColor>, corners);
-    const QImage pixels = Saved(colorBitmap(64, 32), rotation, ColorPicture).pixels;
-    const int right = pixels.width() - 1;
-    const int bottom = pixels.height() - 1;
-    QVERIFY(isNearColor(pixels.pixelColor(0, 0), corners[0]));
-    QVERIFY(isNearColor(pixels.pixelColor(right, 0), corners[1]));
-    QVERIFY(isNearColor(pixels.pixelColor(0, bottom), corners[2]));
-    QVERIFY(isNearColor(pixels.pixelColor(right, bottom), corners[3]));
-}
-
-void tst_saveJpgFile::resolutionSurvivesATurn()
-{
-    for (const qint32 rotation : {90, 180, 270}) {
-        const Saved saved(colorBitmap(), rotation, ColorPicture, 300, 200);
+    void uprightColorPictureKeepsItsPixels()
+    {
+        const Saved saved(colorBitmap(1050, 600), 0, ColorPicture);
+        QCOMPARE(saved.code, DBCResultCode::Success);
+        QCOMPARE(saved.facts.width, 1050);
+        QCOMPARE(saved.facts.height, 600);
+        QCOMPARE(saved.facts.components, 3);
         QCOMPARE(saved.facts.densityUnit, 1);
         QCOMPARE(saved.facts.xDensity, 300);
         QCOMPARE(saved.facts.yDensity, 300);
+        QVERIFY(isNearColor(saved.pixels.pixelColor(20, 20), Qt::red));
+        QVERIFY(isNearColor(saved.pixels.pixelColor(1030, 580), Qt::yellow));
     }
-}
 
-void tst_saveJpgFile::pictureTooLargeToConvertIsAFailure()
-{
-    // Fits in memory with one bit a pixel, but not with thirty-two, nor, turned, with eight.
-    const DBCBitmap large
-        = DBCBitmap::blank(QSize(30000, 30000), QImage::Format_Mono, ColorModel::DeviceBlack);
-    QVERIFY(!large.isNull());
-    QCOMPARE(Saved(large, 0, OneBitPicture).code, DBCResultCode::PdfToJpegFailure);
-    QCOMPARE(Saved(large, 90, OneBitPicture).code, DBCResultCode::PdfToJpegFailure);
-}
+    void resolutionIsThatOfTheFirstNumber()
+    {
+        const Saved saved(colorBitmap(), 0, ColorPicture, 400, 200);
+        QCOMPARE(saved.facts.xDensity, 400);
+        QCOMPARE(saved.facts.yDensity, 400);
+    }
 
-void tst_saveJpgFile::pictureThatNoJpegHoldsIsAQuietSuccess()
-{
-    const DBCBitmap wide
-        = DBCBitmap::blank(QSize(70000, 1), QImage::Format_Grayscale8, ColorModel::DeviceGray);
-    const Saved saved(wide, 0, ColorPicture);
-    QCOMPARE(saved.code, DBCResultCode::Success);
-    QVERIFY(saved.bytes.isEmpty());
-}
+    void resolutionFollowsThePointSize()
+    {
+        DBCBitmap bitmap = colorBitmap(64, 32);
+        bitmap.pointSize = QSizeF(32, 32);
+        const Saved saved(bitmap, 0, ColorPicture, 300, 300);
+        QCOMPARE(saved.facts.xDensity, 600);
+        QCOMPARE(saved.facts.yDensity, 300);
+    }
 
-void tst_saveJpgFile::existingFileIsReplaced()
-{
-    const TestHome home;
-    const QString path = home.writeFile(QStringLiteral("card.jpg"), QByteArray(100000, 'x'));
-    QCOMPARE(saveJpgFile(colorBitmap(), 0, 300, 300, 1, path), DBCResultCode::Success);
-    QVERIFY(home.readFile(QStringLiteral("card.jpg")).size() < 100000);
-    QVERIFY(JpegFacts::of(home.readFile(QStringLiteral("card.jpg"))));
-}
+    void noResolutionIsRecordedAsNone_data()
+    {
+        QTest::addColumn<qint32>("resolution");
+        QTest::newRow("none") << 0;
+        QTest::newRow("negative") << -300;
+        QTest::newRow("more than a file holds") << 70000;
+        QTest::newRow("largest number") << std::numeric_limits<qint32>::max();
+        QTest::newRow("smallest number") << std::numeric_limits<qint32>::min();
+    }
+    void noResolutionIsRecordedAsNone()
+    {
+        QFETCH(qint32, resolution);
+        const Saved saved(colorBitmap(), 0, ColorPicture, resolution, resolution);
+        QCOMPARE(saved.code, DBCResultCode::Success);
+        QCOMPARE(saved.facts.densityUnit, 0);
+        QCOMPARE(saved.facts.width, 64);
+    }
 
-void tst_saveJpgFile::missingFolderIsASaveFailure()
-{
-    const TestHome home;
-    QCOMPARE(saveJpgFile(colorBitmap(), 0, 300, 300, 1, home.path(QStringLiteral("none/card.jpg"))),
-        DBCResultCode::FileSaveFailure);
-}
+    void componentsWritten_data()
+    {
+        QTest::addColumn<DBCBitmap>("bitmap");
+        QTest::addColumn<qint32>("rotation");
+        QTest::addColumn<qint32>("isColor");
+        QTest::addColumn<qint32>("systemVersion");
+        QTest::addColumn<int>("components");
+        constexpr qint32 former = 0x1059;
+        constexpr qint32 later = 0x1060;
+        const auto row = [](const char* name, const DBCBitmap& bitmap, qint32 rotation,
+                             qint32 isColor, qint32 systemVersion, int components) {
+            QTest::newRow(name) << bitmap << rotation << isColor << systemVersion << components;
+        };
+        row("1 bit, upright", oneBitBitmap(1000, 600), 0, OneBitPicture, former, 3);
+        row("1 bit, half turn", oneBitBitmap(1000, 600), 180, OneBitPicture, former, 1);
+        row("1 bit, quarter turn", oneBitBitmap(), 90, OneBitPicture, later, 1);
+        row("1 bit that counts as colour, upright", oneBitBitmap(), 0, ColorPicture, former, 3);
+        row("1 bit that counts as colour, turned", oneBitBitmap(), 90, ColorPicture, later, 1);
+        row("gray, upright", grayBitmap(), 0, ColorPicture, later, 1);
+        row("gray that is no colour, upright", grayBitmap(), 0, OneBitPicture, former, 3);
+        row("gray, turned, former system", grayBitmap(), 90, ColorPicture, former, 1);
+        row("gray, turned, later system", grayBitmap(), 90, ColorPicture, later, 3);
+        row("gray that is no colour, turned, later system", grayBitmap(), 90, OneBitPicture, later,
+            1);
+        row("colour, upright", colorBitmap(), 0, ColorPicture, former, 3);
+        row("colour, turned", colorBitmap(), 270, ColorPicture, former, 3);
+        row("colour that is no colour, upright", colorBitmap(), 0, OneBitPicture, former, 3);
+    }
+    void componentsWritten()
+    {
+        QFETCH(DBCBitmap, bitmap);
+        QFETCH(qint32, rotation);
+        QFETCH(qint32, isColor);
+        QFETCH(qint32, systemVersion);
+        QFETCH(int, components);
+        ScopedHost host;
+        host->systemVersion = [systemVersion] { return systemVersion; };
+        const Saved saved(bitmap, rotation, isColor);
+        QCOMPARE(saved.code, DBCResultCode::Success);
+        QCOMPARE(saved.facts.components, components);
+        const QSize size = bitmap.pixels.size();
+        QCOMPARE(saved.pixels.size(), rotation % 180 == 0 ? size : size.transposed());
+    }
 
-void tst_saveJpgFile::fullDiskIsReported()
-{
-    ScopedHost host;
-    host.setFreeBytes(1000);
-    QCOMPARE(Saved(colorBitmap(), 0, ColorPicture).code, DBCResultCode::NoSpaceForExport);
-}
+    void oneBitPictureIsBlackOnWhite_data()
+    {
+        QTest::addColumn<qint32>("rotation");
+        QTest::addColumn<QPoint>("black");
+        QTest::addColumn<QPoint>("white");
+        QTest::newRow("upright") << 0 << QPoint(8, 16) << QPoint(56, 16);
+        QTest::newRow("half turn") << 180 << QPoint(56, 16) << QPoint(8, 16);
+    }
+    void oneBitPictureIsBlackOnWhite()
+    {
+        QFETCH(qint32, rotation);
+        QFETCH(QPoint, black);
+        QFETCH(QPoint, white);
+        const QImage pixels = Saved(oneBitBitmap(), rotation, OneBitPicture).pixels;
+        QVERIFY(isNearColor(pixels.pixelColor(black), Qt::black));
+        QVERIFY(isNearColor(pixels.pixelColor(white), Qt::white));
+    }
 
-void tst_saveJpgFile::cardPdfBecomesAFileOfItsPixels()
-{
-    const TestHome home;
-    PdfBuilder pdf;
-    PdfPage page = PdfPage::ofImage(pdf.jpegImage(JpegBuilder(1050, 600).bytes()));
-    page.furtherEntries = "/Rotate 90";
-    const QString source = home.writeFile(QStringLiteral("card.pdf"), pdf.page(page).bytes());
-    const QString target = home.path(QStringLiteral("card.jpg"));
-    DBCBitmap face;
-    CardImageInfo info;
-    QCOMPARE(
-        AcquireCardImageFromPDF(source, &face, &info, nullptr, nullptr), DBCResultCode::Success);
-    QCOMPARE(
-        saveJpgFile(face, info.rotation, info.xResolution, info.yResolution, info.isColor, target),
-        DBCResultCode::Success);
-    const JpegFacts facts
-        = JpegFacts::of(home.readFile(QStringLiteral("card.jpg"))).value_or(JpegFacts());
-    QCOMPARE(facts.width, 600);
-    QCOMPARE(facts.height, 1050);
-    QCOMPARE(facts.xDensity, 300);
-    QVERIFY(isNearColor(QImage(target).pixelColor(10, 10), Qt::blue));
-}
+    void pictureIsTurnedClockwise_data()
+    {
+        QTest::addColumn<qint32>("rotation");
+        QTest::addColumn<QList<QColor>>(
+            "corners"); // top left, top right, bottom left, bottom right
+        const QColor red(Qt::red);
+        const QColor green(Qt::green);
+        const QColor blue(Qt::blue);
+        const QColor yellow(Qt::yellow);
+        QTest::newRow("none") << 0 << QList<QColor> {red, green, blue, yellow};
+        QTest::newRow("quarter") << 90 << QList<QColor> {blue, red, yellow, green};
+        QTest::newRow("half") << 180 << QList<QColor> {yellow, blue, green, red};
+        QTest::newRow("three quarters") << 270 << QList<QColor> {green, yellow, red, blue};
+    }
+    void pictureIsTurnedClockwise()
+    {
+        QFETCH(qint32, rotation);
+        QFETCH(QList<QColor>, corners);
+        const QImage pixels = Saved(colorBitmap(64, 32), rotation, ColorPicture).pixels;
+        const int right = pixels.width() - 1;
+        const int bottom = pixels.height() - 1;
+        QVERIFY(isNearColor(pixels.pixelColor(0, 0), corners[0]));
+        QVERIFY(isNearColor(pixels.pixelColor(right, 0), corners[1]));
+        QVERIFY(isNearColor(pixels.pixelColor(0, bottom), corners[2]));
+        QVERIFY(isNearColor(pixels.pixelColor(right, bottom), corners[3]));
+    }
 
-void tst_saveJpgFile::wholeFileIsRead()
-{
-    const TestHome home;
-    const QByteArray bytes = JpegBuilder(300, 200).bytes();
-    const QString path = home.writeFile(QStringLiteral("名刺 1%20.jpg"), bytes);
-    QByteArray buffer;
-    QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), 0);
-    QVERIFY(buffer == bytes);
-}
+    void resolutionSurvivesATurn()
+    {
+        for (const qint32 rotation : {90, 180, 270}) {
+            const Saved saved(colorBitmap(), rotation, ColorPicture, 300, 200);
+            QCOMPARE(saved.facts.densityUnit, 1);
+            QCOMPARE(saved.facts.xDensity, 300);
+            QCOMPARE(saved.facts.yDensity, 300);
+        }
+    }
 
-void tst_saveJpgFile::fileOfAnyKindIsRead()
-{
-    const TestHome home;
-    const QByteArray bytes("no\0JPEG", 7);
-    QByteArray buffer;
-    QCOMPARE(
-        readJpgFile(QUrl::fromLocalFile(home.writeFile(QStringLiteral("a.txt"), bytes)), &buffer),
-        0);
-    QCOMPARE(buffer, bytes);
-    QCOMPARE(
-        readJpgFile(QUrl::fromLocalFile(home.writeFile(QStringLiteral("b.txt"), {})), &buffer), 0);
-    QVERIFY(buffer.isEmpty());
-}
+    void pictureTooLargeToConvertIsAFailure()
+    {
+        // Fits in memory with one bit a pixel, but not with thirty-two, nor, turned, with eight.
+        const DBCBitmap large
+            = DBCBitmap::blank(QSize(30000, 30000), QImage::Format_Mono, ColorModel::DeviceBlack);
+        QVERIFY(!large.isNull());
+        QCOMPARE(Saved(large, 0, OneBitPicture).code, DBCResultCode::PdfToJpegFailure);
+        QCOMPARE(Saved(large, 90, OneBitPicture).code, DBCResultCode::PdfToJpegFailure);
+    }
 
-void tst_saveJpgFile::fileCannotBeRead_data()
-{
-    QTest::addColumn<QUrl>("url");
-    QTest::addColumn<qint32>("code");
-    QTest::newRow("missing") << QUrl::fromLocalFile(QStringLiteral("/nowhere/a.jpg")) << -ENOENT;
-    QTest::newRow("folder") << QUrl::fromLocalFile(QStringLiteral("/tmp")) << -4960;
-    QTest::newRow("device") << QUrl::fromLocalFile(QStringLiteral("/dev/zero")) << -4960;
-    QTest::newRow("elsewhere") << QUrl(QStringLiteral("http://127.0.0.1/a.jpg")) << -4960;
-}
+    void pictureThatNoJpegHoldsIsAQuietSuccess()
+    {
+        const DBCBitmap wide
+            = DBCBitmap::blank(QSize(70000, 1), QImage::Format_Grayscale8, ColorModel::DeviceGray);
+        const Saved saved(wide, 0, ColorPicture);
+        QCOMPARE(saved.code, DBCResultCode::Success);
+        QVERIFY(saved.bytes.isEmpty());
+    }
 
-void tst_saveJpgFile::fileCannotBeRead()
-{
-    QFETCH(QUrl, url);
-    QFETCH(qint32, code);
-    QByteArray buffer = "before";
-    QCOMPARE(readJpgFile(url, &buffer), code);
-    QVERIFY(buffer.isEmpty());
-}
+    void existingFileIsReplaced()
+    {
+        const TestHome home;
+        const QString path = home.writeFile(u"card.jpg"_s, QByteArray(100000, 'x'));
+        QCOMPARE(saveJpgFile(colorBitmap(), 0, 300, 300, 1, path), DBCResultCode::Success);
+        QVERIFY(home.readFile(u"card.jpg"_s).size() < 100000);
+        QVERIFY(JpegFacts::of(home.readFile(u"card.jpg"_s)));
+    }
 
-void tst_saveJpgFile::readingNeedsItsArguments()
-{
-    QByteArray buffer;
-    QCOMPARE(readJpgFile(QUrl(), &buffer), -50);
-    QCOMPARE(readJpgFile(QUrl::fromLocalFile(QStringLiteral("/tmp/a.jpg")), nullptr), -50);
-}
+    void missingFolderIsASaveFailure()
+    {
+        const TestHome home;
+        QCOMPARE(saveJpgFile(colorBitmap(), 0, 300, 300, 1, home.path(u"none/card.jpg"_s)),
+            DBCResultCode::FileSaveFailure);
+    }
 
-void tst_saveJpgFile::unreadableFileIsRefused()
-{
-    const AsOrdinaryUser user;
-    const TestHome home;
-    const QString path = home.writeFile(QStringLiteral("card.jpg"), "x");
-    QVERIFY(QFile::setPermissions(path, {}));
-    QByteArray buffer;
-    QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -EACCES);
-}
+    void fullDiskIsReported()
+    {
+        ScopedHost host;
+        host.setFreeBytes(1000);
+        QCOMPARE(Saved(colorBitmap(), 0, ColorPicture).code, DBCResultCode::NoSpaceForExport);
+    }
 
-// The kernel's files claim a page and hold less, or nothing that can be read.
-void tst_saveJpgFile::fileThatEndsEarlyIsRefused()
-{
-    const QString path = QStringLiteral("/sys/class/net/lo/mtu");
-    if (QFileInfo(path).size() == 0)
-        QSKIP("no such file here");
-    QByteArray buffer = "before";
-    QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -4960);
-    QVERIFY(buffer.isEmpty());
-}
+    void cardPdfBecomesAFileOfItsPixels()
+    {
+        const TestHome home;
+        PdfBuilder pdf;
+        PdfPage page = PdfPage::ofImage(pdf.jpegImage(JpegBuilder(1050, 600).bytes()));
+        page.furtherEntries = "/Rotate 90";
+        const QString source = home.writeFile(u"card.pdf"_s, pdf.page(page).bytes());
+        const QString target = home.path(u"card.jpg"_s);
+        DBCBitmap face;
+        CardImageInfo info;
+        QCOMPARE(AcquireCardImageFromPDF(source, &face, &info, nullptr, nullptr),
+            DBCResultCode::Success);
+        QCOMPARE(saveJpgFile(
+                     face, info.rotation, info.xResolution, info.yResolution, info.isColor, target),
+            DBCResultCode::Success);
+        const JpegFacts facts = JpegFacts::of(home.readFile(u"card.jpg"_s)).value_or(JpegFacts());
+        QCOMPARE(facts.width, 600);
+        QCOMPARE(facts.height, 1050);
+        QCOMPARE(facts.xDensity, 300);
+        QVERIFY(isNearColor(QImage(target).pixelColor(10, 10), Qt::blue));
+    }
 
-void tst_saveJpgFile::failingReadIsReported()
-{
-    const QString path = QStringLiteral("/sys/class/net/lo/speed");
-    if (QFileInfo(path).size() == 0)
-        QSKIP("no such file here");
-    QByteArray buffer = "before";
-    QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -EINVAL);
-    QVERIFY(buffer.isEmpty());
-}
+    void wholeFileIsRead()
+    {
+        const TestHome home;
+        const QByteArray bytes = JpegBuilder(300, 200).bytes();
+        const QString path = home.writeFile(u"名刺 1%20.jpg"_s, bytes);
+        QByteArray buffer;
+        QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), 0);
+        QVERIFY(buffer == bytes);
+    }
 
-void tst_saveJpgFile::fileThatCannotBeLookedAtIsReported()
-{
-    const TestHome home;
-    const QUrl url = QUrl::fromLocalFile(home.writeFile(QStringLiteral("card.jpg"), "x"));
-    QByteArray buffer = "before";
-    qint32 code = 0;
-    if (!FailingCall(SYS_newfstatat, EIO).during([&] { code = readJpgFile(url, &buffer); }))
-        QSKIP("calls cannot be made to fail here");
-    QCOMPARE(code, -EIO);
-    QVERIFY(buffer.isEmpty());
-}
+    void fileOfAnyKindIsRead()
+    {
+        const TestHome home;
+        const QByteArray bytes("no\0JPEG", 7);
+        QByteArray buffer;
+        QCOMPARE(readJpgFile(QUrl::fromLocalFile(home.writeFile(u"a.txt"_s, bytes)), &buffer), 0);
+        QCOMPARE(buffer, bytes);
+        QCOMPARE(readJpgFile(QUrl::fromLocalFile(home.writeFile(u"b.txt"_s, {})), &buffer), 0);
+        QVERIFY(buffer.isEmpty());
+    }
 
-void tst_saveJpgFile::hugeFileIsRefusedUnread()
-{
-    const TestHome home;
-    const QString path = home.writeFile(QStringLiteral("card.jpg"), "x");
-    QVERIFY(QFile::resize(path, 4LL * 1024 * 1024 * 1024)); // a hole, no data
-    QByteArray buffer;
-    QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -4960);
-}
+    void fileCannotBeRead_data()
+    {
+        QTest::addColumn<QUrl>("url");
+        QTest::addColumn<qint32>("code");
+        QTest::newRow("missing") << QUrl::fromLocalFile(u"/nowhere/a.jpg"_s) << -ENOENT;
+        QTest::newRow("folder") << QUrl::fromLocalFile(u"/tmp"_s) << -4960;
+        QTest::newRow("device") << QUrl::fromLocalFile(u"/dev/zero"_s) << -4960;
+        QTest::newRow("elsewhere") << QUrl(u"http://127.0.0.1/a.jpg"_s) << -4960;
+    }
+    void fileCannotBeRead()
+    {
+        QFETCH(QUrl, url);
+        QFETCH(qint32, code);
+        QByteArray buffer = "before";
+        QCOMPARE(readJpgFile(url, &buffer), code);
+        QVERIFY(buffer.isEmpty());
+    }
+
+    void readingNeedsItsArguments()
+    {
+        QByteArray buffer;
+        QCOMPARE(readJpgFile(QUrl(), &buffer), -50);
+        QCOMPARE(readJpgFile(QUrl::fromLocalFile(u"/tmp/a.jpg"_s), nullptr), -50);
+    }
+
+    void unreadableFileIsRefused()
+    {
+        const AsOrdinaryUser user;
+        const TestHome home;
+        const QString path = home.writeFile(u"card.jpg"_s, "x");
+        QVERIFY(QFile::setPermissions(path, {}));
+        QByteArray buffer;
+        QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -EACCES);
+    }
+
+    // The kernel's files claim a page and hold less, or nothing that can be read.
+    void fileThatEndsEarlyIsRefused()
+    {
+        const QString path = u"/sys/class/net/lo/mtu"_s;
+        if (QFileInfo(path).size() == 0)
+            QSKIP("no such file here");
+        QByteArray buffer = "before";
+        QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -4960);
+        QVERIFY(buffer.isEmpty());
+    }
+
+    void failingReadIsReported()
+    {
+        const QString path = u"/sys/class/net/lo/speed"_s;
+        if (QFileInfo(path).size() == 0)
+            QSKIP("no such file here");
+        QByteArray buffer = "before";
+        QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -EINVAL);
+        QVERIFY(buffer.isEmpty());
+    }
+
+    void fileThatCannotBeLookedAtIsReported()
+    {
+        const TestHome home;
+        const QUrl url = QUrl::fromLocalFile(home.writeFile(u"card.jpg"_s, "x"));
+        QByteArray buffer = "before";
+        qint32 code = 0;
+        if (!FailingCall(SYS_newfstatat, EIO).during([&] { code = readJpgFile(url, &buffer); }))
+            QSKIP("calls cannot be made to fail here");
+        QCOMPARE(code, -EIO);
+        QVERIFY(buffer.isEmpty());
+    }
+
+    void hugeFileIsRefusedUnread()
+    {
+        const TestHome home;
+        const QString path = home.writeFile(u"card.jpg"_s, "x");
+        QVERIFY(QFile::resize(path, 4LL * 1024 * 1024 * 1024)); // a hole, no data
+        QByteArray buffer;
+        QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -4960);
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_saveJpgFile)
 #include "tst_saveJpgFile.moc"

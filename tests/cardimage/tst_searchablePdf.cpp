@@ -10,31 +10,7 @@
 
 #include <poppler-qt6.h>
 
-class tst_searchablePdf : public QObject {
-    Q_OBJECT
-private Q_SLOTS:
-    void wholeDocumentIsLoaded();
-    void wholeDocumentNeedsItsArguments();
-    void documentCannotBeLoaded_data();
-    void documentCannotBeLoaded();
-
-    void argumentsAreChecked();
-    void unreadableFileIsAQuietSuccess_data();
-    void unreadableFileIsAQuietSuccess();
-    void firstPageIsDrawnAt300Dpi();
-    void emptyPageIsWhite();
-    void marksStandWhereTheyBelong();
-    void turnedPageIsDrawnUpright();
-    void textIsDrawn();
-    void entriesOfTheParentsAreUsed();
-    void damagedPageIsStillDrawn();
-    void documentWithoutPagesCannotBeDrawn();
-    void pageTooLargeForAnyCardCannotBeDrawn_data();
-    void pageTooLargeForAnyCardCannotBeDrawn();
-    void pageThatTakesForEverCannotBeDrawn_data();
-    void pageThatTakesForEverCannotBeDrawn();
-    void finePatternIsDrawn();
-};
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -42,8 +18,8 @@ struct Drawing {
     explicit Drawing(const QByteArray& pdf)
     {
         const TestHome home;
-        code = AcquireCardImageFromSearchablePDF(
-            home.writeFile(QStringLiteral("card.pdf"), pdf), &bitmap, &info);
+        code
+            = AcquireCardImageFromSearchablePDF(home.writeFile(u"card.pdf"_s, pdf), &bitmap, &info);
     }
 
     DBCBitmap bitmap;
@@ -72,235 +48,232 @@ int patternOf(PdfBuilder* pdf, const QByteArray& steps)
 
 } // namespace
 
-void tst_searchablePdf::wholeDocumentIsLoaded()
-{
-    const TestHome home;
-    const QString path = home.writeFile(QStringLiteral("card.pdf"),
-        PdfBuilder().page(smallPage("n\n")).page(smallPage("n\n")).bytes());
-    std::unique_ptr<Poppler::Document> document;
-    QCOMPARE(AcquireCardImageFromAllPDF(path, &document), DBCResultCode::Success);
-    QVERIFY(document != nullptr);
-    QCOMPARE(document->numPages(), 2);
-}
-
-void tst_searchablePdf::wholeDocumentNeedsItsArguments()
-{
-    const TestHome home;
-    const QString path
-        = home.writeFile(QStringLiteral("card.pdf"), PdfBuilder::searchableCardPdf("Sato"));
-    std::unique_ptr<Poppler::Document> document;
-    QCOMPARE(AcquireCardImageFromAllPDF({}, &document), DBCResultCode::ParameterError);
-    QCOMPARE(AcquireCardImageFromAllPDF(path, nullptr), DBCResultCode::ParameterError);
-    QVERIFY(document == nullptr);
-}
-
-void tst_searchablePdf::documentCannotBeLoaded_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    const QByteArray card = PdfBuilder::searchableCardPdf("Sato");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("no PDF") << QByteArray("a text");
-    QTest::newRow("locked") << PdfBuilder::encrypted(card, "secret");
-}
-
-void tst_searchablePdf::documentCannotBeLoaded()
-{
-    QFETCH(QByteArray, bytes);
-    const TestHome home;
-    std::unique_ptr<Poppler::Document> document;
-    QCOMPARE(
-        AcquireCardImageFromAllPDF(home.writeFile(QStringLiteral("card.pdf"), bytes), &document),
-        DBCResultCode::ParameterError);
-    QVERIFY(document == nullptr);
-}
-
-void tst_searchablePdf::argumentsAreChecked()
-{
-    DBCBitmap bitmap;
-    CardImageInfo info;
-    const QString path = QStringLiteral("/nowhere/card.pdf");
-    QCOMPARE(AcquireCardImageFromSearchablePDF({}, &bitmap, &info), DBCResultCode::GeneralFailure);
-    QCOMPARE(
-        AcquireCardImageFromSearchablePDF(path, nullptr, &info), DBCResultCode::GeneralFailure);
-    QCOMPARE(
-        AcquireCardImageFromSearchablePDF(path, &bitmap, nullptr), DBCResultCode::GeneralFailure);
-}
-
-void tst_searchablePdf::unreadableFileIsAQuietSuccess_data()
-{
-    documentCannotBeLoaded_data();
-}
-
-void tst_searchablePdf::unreadableFileIsAQuietSuccess()
-{
-    QFETCH(QByteArray, bytes);
-    const Drawing drawing(bytes);
-    QCOMPARE(drawing.code, DBCResultCode::Success);
-    QVERIFY(drawing.bitmap.isNull());
-    QCOMPARE(drawing.info.rotation, -1);
-
-    DBCBitmap bitmap;
-    CardImageInfo info;
-    QCOMPARE(AcquireCardImageFromSearchablePDF(QStringLiteral("/nowhere/card.pdf"), &bitmap, &info),
-        DBCResultCode::Success);
-    QVERIFY(bitmap.isNull());
-}
-
-void tst_searchablePdf::firstPageIsDrawnAt300Dpi()
-{
-    const Drawing drawing(PdfBuilder().page(smallPage("n\n")).page(PdfPage::ofText("2")).bytes());
-    QCOMPARE(drawing.code, DBCResultCode::Success);
-    QCOMPARE(drawing.bitmap.pixels.size(), QSize(300, 150));
-    QCOMPARE(drawing.bitmap.pointSize, QSizeF(300, 150));
-    QCOMPARE(drawing.info.rotation, 0);
-    QCOMPARE(drawing.info.xResolution, 300);
-    QCOMPARE(drawing.info.yResolution, 300);
-    QCOMPARE(drawing.info.isColor, 1);
-}
-
-void tst_searchablePdf::emptyPageIsWhite()
-{
-    const QImage pixels = Drawing(PdfBuilder().page(smallPage("n\n")).bytes()).bitmap.pixels;
-    for (const QPoint point : {QPoint(0, 0), QPoint(299, 149), QPoint(150, 75)})
-        QCOMPARE(pixels.pixelColor(point), QColor(Qt::white));
-}
-
-void tst_searchablePdf::marksStandWhereTheyBelong()
-{
-    // The page's origin is at the bottom left.
-    const QImage pixels = Drawing(PdfBuilder()
-                                      .page(smallPage("1 0 0 rg 0 0 36 18 re f\n"
-                                                      "0 0 1 rg 36 18 36 18 re f\n"))
-                                      .bytes())
-                              .bitmap.pixels;
-    QCOMPARE(pixels.pixelColor(20, 130), QColor(Qt::red));
-    QCOMPARE(pixels.pixelColor(280, 20), QColor(Qt::blue));
-    QCOMPARE(pixels.pixelColor(20, 20), QColor(Qt::white));
-}
-
-void tst_searchablePdf::turnedPageIsDrawnUpright()
-{
-    PdfPage page = smallPage("1 0 0 rg 0 0 36 18 re f\n");
-    page.furtherEntries = "/Rotate 90";
-    const QImage pixels = Drawing(PdfBuilder().page(page).bytes()).bitmap.pixels;
-    QCOMPARE(pixels.size(), QSize(150, 300));
-    QCOMPARE(pixels.pixelColor(20, 20), QColor(Qt::red)); // bottom left has become top left
-    QCOMPARE(pixels.pixelColor(130, 280), QColor(Qt::white));
-}
-
-void tst_searchablePdf::textIsDrawn()
-{
-    const QImage pixels = Drawing(PdfBuilder::searchableCardPdf("HHHH")).bitmap.pixels;
-    QCOMPARE(pixels.size(), QSize(1050, 600));
-    int darkPixels = 0;
-    for (int y = 0; y < pixels.height(); ++y) {
-        for (int x = 0; x < pixels.width(); ++x)
-            darkPixels += pixels.pixelColor(x, y).lightness() < 64 ? 1 : 0;
+class tst_searchablePdf : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void wholeDocumentIsLoaded()
+    {
+        const TestHome home;
+        const QString path = home.writeFile(
+            u"card.pdf"_s, PdfBuilder().page(smallPage("n\n")).page(smallPage("n\n")).bytes());
+        std::unique_ptr<Poppler::Document> document;
+        QCOMPARE(AcquireCardImageFromAllPDF(path, &document), DBCResultCode::Success);
+        QVERIFY(document != nullptr);
+        QCOMPARE(document->numPages(), 2);
     }
-    QVERIFY(darkPixels > 1000);
-}
 
-void tst_searchablePdf::entriesOfTheParentsAreUsed()
-{
-    PdfBuilder pdf;
-    PdfPage page = PdfPage::ofImage(pdf.jpegImage(JpegBuilder(40, 20).bytes()));
-    pdf.inheritedEntries("/MediaBox " + page.mediaBox + " /Resources " + page.resources);
-    page.mediaBox.clear();
-    page.resources.clear();
-    const Drawing drawing(pdf.page(page).bytes());
-    QCOMPARE(drawing.bitmap.pixels.size(), QSize(1050, 600));
-    QVERIFY(isNearColor(drawing.bitmap.pixels.pixelColor(20, 20), Qt::red));
-}
+    void wholeDocumentNeedsItsArguments()
+    {
+        const TestHome home;
+        const QString path = home.writeFile(u"card.pdf"_s, PdfBuilder::searchableCardPdf("Sato"));
+        std::unique_ptr<Poppler::Document> document;
+        QCOMPARE(AcquireCardImageFromAllPDF({}, &document), DBCResultCode::ParameterError);
+        QCOMPARE(AcquireCardImageFromAllPDF(path, nullptr), DBCResultCode::ParameterError);
+        QVERIFY(document == nullptr);
+    }
 
-void tst_searchablePdf::damagedPageIsStillDrawn()
-{
-    PdfBuilder pdf;
-    PdfPage page = smallPage("1 0 0 rg 0 0 72 36 re f\n/Fm1 Do BT /F9 9 Tf (x) Tj\n");
-    const QByteArray self = PdfBuilder::reference(pdf.nextNumber());
-    pdf.form("/Fm1 Do\n", "<< /XObject << /Fm1 " + self + " >> >>");
-    page.resources = "<< /XObject << /Fm1 " + self + " >> >>";
-    const Drawing drawing(pdf.page(page).bytes());
-    QCOMPARE(drawing.code, DBCResultCode::Success);
-    QCOMPARE(drawing.bitmap.pixels.pixelColor(150, 75), QColor(Qt::red));
-}
+    void documentCannotBeLoaded_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        const QByteArray card = PdfBuilder::searchableCardPdf("Sato");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("no PDF") << QByteArray("a text");
+        QTest::newRow("locked") << PdfBuilder::encrypted(card, "secret");
+    }
+    void documentCannotBeLoaded()
+    {
+        QFETCH(QByteArray, bytes);
+        const TestHome home;
+        std::unique_ptr<Poppler::Document> document;
+        QCOMPARE(AcquireCardImageFromAllPDF(home.writeFile(u"card.pdf"_s, bytes), &document),
+            DBCResultCode::ParameterError);
+        QVERIFY(document == nullptr);
+    }
 
-void tst_searchablePdf::documentWithoutPagesCannotBeDrawn()
-{
-    const Drawing drawing(PdfBuilder().bytes());
-    QCOMPARE(drawing.code, DBCResultCode::PdfToJpegFailure);
-    QVERIFY(drawing.bitmap.isNull());
-}
+    void argumentsAreChecked()
+    {
+        DBCBitmap bitmap;
+        CardImageInfo info;
+        const QString path = u"/nowhere/card.pdf"_s;
+        QCOMPARE(
+            AcquireCardImageFromSearchablePDF({}, &bitmap, &info), DBCResultCode::GeneralFailure);
+        QCOMPARE(
+            AcquireCardImageFromSearchablePDF(path, nullptr, &info), DBCResultCode::GeneralFailure);
+        QCOMPARE(AcquireCardImageFromSearchablePDF(path, &bitmap, nullptr),
+            DBCResultCode::GeneralFailure);
+    }
 
-void tst_searchablePdf::pageTooLargeForAnyCardCannotBeDrawn_data()
-{
-    QTest::addColumn<QByteArray>("mediaBox");
-    QTest::newRow("200 inches") << QByteArray("[0 0 14400 14400]");
-    QTest::newRow("long") << QByteArray("[0 0 20000000 72]");
-    QTest::newRow("beyond all numbers") << QByteArray("[0 0 1" + QByteArray(300, '0') + " 72]");
-}
+    void unreadableFileIsAQuietSuccess_data() { documentCannotBeLoaded_data(); }
+    void unreadableFileIsAQuietSuccess()
+    {
+        QFETCH(QByteArray, bytes);
+        const Drawing drawing(bytes);
+        QCOMPARE(drawing.code, DBCResultCode::Success);
+        QVERIFY(drawing.bitmap.isNull());
+        QCOMPARE(drawing.info.rotation, -1);
 
-void tst_searchablePdf::pageTooLargeForAnyCardCannotBeDrawn()
-{
-    QFETCH(QByteArray, mediaBox);
-    PdfPage page = smallPage("n\n");
-    page.mediaBox = mediaBox;
-    const Drawing drawing(PdfBuilder().page(page).bytes());
-    QCOMPARE(drawing.code, DBCResultCode::PdfToJpegFailure);
-    QVERIFY(drawing.bitmap.isNull());
-}
+        DBCBitmap bitmap;
+        CardImageInfo info;
+        QCOMPARE(AcquireCardImageFromSearchablePDF(u"/nowhere/card.pdf"_s, &bitmap, &info),
+            DBCResultCode::Success);
+        QVERIFY(bitmap.isNull());
+    }
 
-void tst_searchablePdf::pageThatTakesForEverCannotBeDrawn_data()
-{
-    QTest::addColumn<QByteArray>("pdf");
-    const auto row = [](const char* name, PdfBuilder pdf, int object, const QByteArray& kind) {
-        PdfPage page = smallPage("/Pattern cs /X1 scn 0 0 72 36 re f /X1 Do\n");
-        page.resources = "<< /" + kind + " << /X1 " + PdfBuilder::reference(object) + " >> >>";
-        QTest::newRow(name) << pdf.page(page).bytes();
-    };
-    PdfBuilder image;
-    const int huge = image.bitImage(65535, 65535, "");
-    row("image of four thousand million pixels", image, huge, "XObject");
-    PdfBuilder jpeg;
-    const int claimed
-        = jpeg.jpegImage(JpegBuilder(8, 8).progressive().claimedSize(65500, 65500).bytes());
-    row("JPEG of four thousand million pixels", jpeg, claimed, "XObject");
-    PdfBuilder jpeg2000;
-    const int codestream
-        = jpeg2000.stream("/Type /XObject /Subtype /Image /Width 8 /Height 8 /Filter /JPXDecode",
+    void firstPageIsDrawnAt300Dpi()
+    {
+        const Drawing drawing(
+            PdfBuilder().page(smallPage("n\n")).page(PdfPage::ofText("2")).bytes());
+        QCOMPARE(drawing.code, DBCResultCode::Success);
+        QCOMPARE(drawing.bitmap.pixels.size(), QSize(300, 150));
+        QCOMPARE(drawing.bitmap.pointSize, QSizeF(300, 150));
+        QCOMPARE(drawing.info.rotation, 0);
+        QCOMPARE(drawing.info.xResolution, 300);
+        QCOMPARE(drawing.info.yResolution, 300);
+        QCOMPARE(drawing.info.isColor, 1);
+    }
+
+    void emptyPageIsWhite()
+    {
+        const QImage pixels = Drawing(PdfBuilder().page(smallPage("n\n")).bytes()).bitmap.pixels;
+        for (const QPoint point : {QPoint(0, 0), QPoint(299, 149), QPoint(150, 75)})
+            QCOMPARE(pixels.pixelColor(point), QColor(Qt::white));
+    }
+
+    void marksStandWhereTheyBelong()
+    {
+        // The page's origin is at the bottom left.
+        const QImage pixels = Drawing(PdfBuilder()
+                                          .page(smallPage("1 0 0 rg 0 0 36 18 re f\n"
+                                                          "0 0 1 rg 36 18 36 18 re f\n"))
+                                          .bytes())
+                                  .bitmap.pixels;
+        QCOMPARE(pixels.pixelColor(20, 130), QColor(Qt::red));
+        QCOMPARE(pixels.pixelColor(280, 20), QColor(Qt::blue));
+        QCOMPARE(pixels.pixelColor(20, 20), QColor(Qt::white));
+    }
+
+    void turnedPageIsDrawnUpright()
+    {
+        PdfPage page = smallPage("1 0 0 rg 0 0 36 18 re f\n");
+        page.furtherEntries = "/Rotate 90";
+        const QImage pixels = Drawing(PdfBuilder().page(page).bytes()).bitmap.pixels;
+        QCOMPARE(pixels.size(), QSize(150, 300));
+        QCOMPARE(pixels.pixelColor(20, 20), QColor(Qt::red)); // bottom left has become top left
+        QCOMPARE(pixels.pixelColor(130, 280), QColor(Qt::white));
+    }
+
+    void textIsDrawn()
+    {
+        const QImage pixels = Drawing(PdfBuilder::searchableCardPdf("HHHH")).bitmap.pixels;
+        QCOMPARE(pixels.size(), QSize(1050, 600));
+        int darkPixels = 0;
+        for (int y = 0; y < pixels.height(); ++y) {
+            for (int x = 0; x < pixels.width(); ++x)
+                darkPixels += pixels.pixelColor(x, y).lightness() < 64 ? 1 : 0;
+        }
+        QVERIFY(darkPixels > 1000);
+    }
+
+    void entriesOfTheParentsAreUsed()
+    {
+        PdfBuilder pdf;
+        PdfPage page = PdfPage::ofImage(pdf.jpegImage(JpegBuilder(40, 20).bytes()));
+        pdf.inheritedEntries("/MediaBox " + page.mediaBox + " /Resources " + page.resources);
+        page.mediaBox.clear();
+        page.resources.clear();
+        const Drawing drawing(pdf.page(page).bytes());
+        QCOMPARE(drawing.bitmap.pixels.size(), QSize(1050, 600));
+        QVERIFY(isNearColor(drawing.bitmap.pixels.pixelColor(20, 20), Qt::red));
+    }
+
+    void damagedPageIsStillDrawn()
+    {
+        PdfBuilder pdf;
+        PdfPage page = smallPage("1 0 0 rg 0 0 72 36 re f\n/Fm1 Do BT /F9 9 Tf (x) Tj\n");
+        const QByteArray self = PdfBuilder::reference(pdf.nextNumber());
+        pdf.form("/Fm1 Do\n", "<< /XObject << /Fm1 " + self + " >> >>");
+        page.resources = "<< /XObject << /Fm1 " + self + " >> >>";
+        const Drawing drawing(pdf.page(page).bytes());
+        QCOMPARE(drawing.code, DBCResultCode::Success);
+        QCOMPARE(drawing.bitmap.pixels.pixelColor(150, 75), QColor(Qt::red));
+    }
+
+    void documentWithoutPagesCannotBeDrawn()
+    {
+        const Drawing drawing(PdfBuilder().bytes());
+        QCOMPARE(drawing.code, DBCResultCode::PdfToJpegFailure);
+        QVERIFY(drawing.bitmap.isNull());
+    }
+
+    void pageTooLargeForAnyCardCannotBeDrawn_data()
+    {
+        QTest::addColumn<QByteArray>("mediaBox");
+        QTest::newRow("200 inches") << QByteArray("[0 0 14400 14400]");
+        QTest::newRow("long") << QByteArray("[0 0 20000000 72]");
+        QTest::newRow("beyond all numbers") << QByteArray("[0 0 1" + QByteArray(300, '0') + " 72]");
+    }
+    void pageTooLargeForAnyCardCannotBeDrawn()
+    {
+        QFETCH(QByteArray, mediaBox);
+        PdfPage page = smallPage("n\n");
+        page.mediaBox = mediaBox;
+        const Drawing drawing(PdfBuilder().page(page).bytes());
+        QCOMPARE(drawing.code, DBCResultCode::PdfToJpegFailure);
+        QVERIFY(drawing.bitmap.isNull());
+    }
+
+    void pageThatTakesForEverCannotBeDrawn_data()
+    {
+        QTest::addColumn<QByteArray>("pdf");
+        const auto row = [](const char* name, PdfBuilder pdf, int object, const QByteArray& kind) {
+            PdfPage page = smallPage("/Pattern cs /X1 scn 0 0 72 36 re f /X1 Do\n");
+            page.resources = "<< /" + kind + " << /X1 " + PdfBuilder::reference(object) + " >> >>";
+            QTest::newRow(name) << pdf.page(page).bytes();
+        };
+        PdfBuilder image;
+        const int huge = image.bitImage(65535, 65535, "");
+        row("image of four thousand million pixels", image, huge, "XObject");
+        PdfBuilder jpeg;
+        const int claimed
+            = jpeg.jpegImage(JpegBuilder(8, 8).progressive().claimedSize(65500, 65500).bytes());
+        row("JPEG of four thousand million pixels", jpeg, claimed, "XObject");
+        PdfBuilder jpeg2000;
+        const int codestream = jpeg2000.stream(
+            "/Type /XObject /Subtype /Image /Width 8 /Height 8 /Filter /JPXDecode",
             QByteArray("\xFF\x4F\xFF\x51\0\x2F\0\0\0\1\0\0\0\1\0\0", 16) + QByteArray(40, '\0'));
-    row("JPEG 2000 of four thousand million pixels", jpeg2000, codestream, "XObject");
-    PdfBuilder pattern;
-    const int fine = patternOf(&pattern, "/XStep .01 /YStep .01");
-    row("pattern of twenty-five million tiles", pattern, fine, "Pattern");
-    PdfBuilder scaled;
-    const int small = patternOf(&scaled, "/XStep 1 /YStep 1 /Matrix [.01 0 0 .01 0 0]");
-    row("pattern made that fine by its matrix", scaled, small, "Pattern");
-    PdfBuilder still;
-    const int standing = patternOf(&still, "/XStep 0 /YStep 0");
-    row("pattern that stands still", still, standing, "Pattern");
-    PdfBuilder doubled;
-    const int forms = doubled.formsThatDouble(40);
-    row("forms that double forty times", doubled, forms, "XObject");
-}
+        row("JPEG 2000 of four thousand million pixels", jpeg2000, codestream, "XObject");
+        PdfBuilder pattern;
+        const int fine = patternOf(&pattern, "/XStep .01 /YStep .01");
+        row("pattern of twenty-five million tiles", pattern, fine, "Pattern");
+        PdfBuilder scaled;
+        const int small = patternOf(&scaled, "/XStep 1 /YStep 1 /Matrix [.01 0 0 .01 0 0]");
+        row("pattern made that fine by its matrix", scaled, small, "Pattern");
+        PdfBuilder still;
+        const int standing = patternOf(&still, "/XStep 0 /YStep 0");
+        row("pattern that stands still", still, standing, "Pattern");
+        PdfBuilder doubled;
+        const int forms = doubled.formsThatDouble(40);
+        row("forms that double forty times", doubled, forms, "XObject");
+    }
+    void pageThatTakesForEverCannotBeDrawn()
+    {
+        QFETCH(QByteArray, pdf);
+        const Drawing drawing(pdf);
+        QCOMPARE(drawing.code, DBCResultCode::PdfToJpegFailure);
+        QVERIFY(drawing.bitmap.isNull());
+    }
 
-void tst_searchablePdf::pageThatTakesForEverCannotBeDrawn()
-{
-    QFETCH(QByteArray, pdf);
-    const Drawing drawing(pdf);
-    QCOMPARE(drawing.code, DBCResultCode::PdfToJpegFailure);
-    QVERIFY(drawing.bitmap.isNull());
-}
-
-void tst_searchablePdf::finePatternIsDrawn()
-{
-    PdfBuilder pdf;
-    const int pattern = patternOf(&pdf, "/XStep .5 /YStep .5");
-    PdfPage page = smallPage("/Pattern cs /X1 scn 0 0 72 36 re f\n");
-    page.resources = "<< /Pattern << /X1 " + PdfBuilder::reference(pattern) + " >> >>";
-    const Drawing drawing(pdf.page(page).bytes());
-    QCOMPARE(drawing.code, DBCResultCode::Success);
-    QCOMPARE(drawing.bitmap.pixels.pixelColor(150, 75), QColor(Qt::red));
-}
+    void finePatternIsDrawn()
+    {
+        PdfBuilder pdf;
+        const int pattern = patternOf(&pdf, "/XStep .5 /YStep .5");
+        PdfPage page = smallPage("/Pattern cs /X1 scn 0 0 72 36 re f\n");
+        page.resources = "<< /Pattern << /X1 " + PdfBuilder::reference(pattern) + " >> >>";
+        const Drawing drawing(pdf.page(page).bytes());
+        QCOMPARE(drawing.code, DBCResultCode::Success);
+        QCOMPARE(drawing.bitmap.pixels.pixelColor(150, 75), QColor(Qt::red));
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_searchablePdf)
 #include "tst_searchablePdf.moc"

@@ -12,6 +12,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 struct ProgramRun {
     int exitCode = -1; // -1: ended by a signal, or never started
     QString output;
@@ -52,7 +54,7 @@ public:
     {
     }
 
-    QString language = QStringLiteral("C");
+    QString language = u"C"_s;
     QString workingFolder;
     QByteArray input; // nothing else comes in
 
@@ -62,9 +64,8 @@ public:
     // With further shell words behind the arguments: "<&-" closes standard input.
     ProgramRun runInShell(const QStringList& arguments, const QString& redirections) const
     {
-        QStringList words {
-            QStringLiteral("-c"), QStringLiteral("exec \"$0\" \"$@\" ") + redirections, path()};
-        return finish(start(QStringLiteral("/bin/sh"), words + arguments));
+        QStringList words {u"-c"_s, u"exec \"$0\" \"$@\" "_s + redirections, path()};
+        return finish(start(u"/bin/sh"_s, words + arguments));
     }
 
     std::unique_ptr<QProcess> start(const QString& program, const QStringList& arguments,
@@ -72,9 +73,9 @@ public:
     {
         auto process = std::make_unique<QProcess>();
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("HOME"), _home.path(QStringLiteral("home")));
-        environment.insert(QStringLiteral("LC_ALL"), language);
-        environment.remove(QStringLiteral("LANGUAGE"));
+        environment.insert(u"HOME"_s, _home.path(u"home"_s));
+        environment.insert(u"LC_ALL"_s, language);
+        environment.remove(u"LANGUAGE"_s);
         process->setProcessEnvironment(environment);
         process->setWorkingDirectory(workingFolder.isEmpty() ? _home.path() : workingFolder);
         if (beforeExec)

@@ -8,15 +8,17 @@
 #include <QDir>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString first = QStringLiteral("Velmora DB_bak.vmdb");
-const QString second = QStringLiteral("Velmora DB_bak1.vmdb");
-const QString third = QStringLiteral("Velmora DB_bak2.vmdb");
-const QString json = QStringLiteral("--json");
-const QString yes = QStringLiteral("--yes");
-const QString restore = QStringLiteral("--restore");
-const QString deletion = QStringLiteral("--delete");
+const QString first = u"Velmora DB_bak.vmdb"_s;
+const QString second = u"Velmora DB_bak1.vmdb"_s;
+const QString third = u"Velmora DB_bak2.vmdb"_s;
+const QString json = u"--json"_s;
+const QString yes = u"--yes"_s;
+const QString restore = u"--restore"_s;
+const QString deletion = u"--delete"_s;
 
 // A package of a card, a backup of it, and a damaged one.
 struct Desk {
@@ -26,7 +28,7 @@ struct Desk {
         QTest::qSleep(20); // past the kernel's tick: the list is in the order of time
         package.card();
         backUp(second);
-        home.writeFile(second + QStringLiteral("/Velmora.sqldb"), "these are no cards");
+        home.writeFile(second + u"/Velmora.sqldb"_s, "these are no cards");
     }
     void backUp(const QString& name) const
     {
@@ -35,12 +37,9 @@ struct Desk {
     }
     ProgramRun backups(const QStringList& options = {}) const
     {
-        return program.run(QStringList({QStringLiteral("backups"), package.path()}) + options);
+        return program.run(QStringList({u"backups"_s, package.path()}) + options);
     }
-    QStringList everything() const
-    {
-        return snapshotOf(home.path()).filter(QStringLiteral("vmdb"));
-    }
+    QStringList everything() const { return snapshotOf(home.path()).filter(u"vmdb"_s); }
 
     TestHome home;
     PackageFixture package {home};
@@ -61,16 +60,14 @@ private Q_SLOTS:
         QVERIFY(run.errors.isEmpty());
         const QStringList lines = run.outputLines();
         QCOMPARE(lines.size(), 4);
-        const QString date = QStringLiteral("\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d  ");
-        QVERIFY(
-            QRegularExpression(date + QStringLiteral("not usable  +[\\d.]+ KiB  ") + second + u'$')
-                .match(lines.at(0))
-                .hasMatch());
+        const QString date = u"\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d  "_s;
+        QVERIFY(QRegularExpression(date + u"not usable  +[\\d.]+ KiB  "_s + second + u'$')
+                    .match(lines.at(0))
+                    .hasMatch());
         QVERIFY(lines.at(1).contains(desk.home.path(second)));
-        QVERIFY(
-            QRegularExpression(date + QStringLiteral("  Cards: 0  +[\\d.]+ KiB  ") + first + u'$')
-                .match(lines.at(2))
-                .hasMatch());
+        QVERIFY(QRegularExpression(date + u"  Cards: 0  +[\\d.]+ KiB  "_s + first + u'$')
+                    .match(lines.at(2))
+                    .hasMatch());
         QCOMPARE(lines.at(0).indexOf(second), lines.at(2).indexOf(first));
         QVERIFY(lines.at(3).contains(desk.package.path()));
     }
@@ -78,11 +75,11 @@ private Q_SLOTS:
     void listInJapaneseIsAlignedToo()
     {
         Desk desk;
-        desk.program.language = QStringLiteral("ja_JP.UTF-8");
+        desk.program.language = u"ja_JP.UTF-8"_s;
         const QStringList lines = desk.backups().outputLines();
         QCOMPARE(lines.size(), 4);
-        QVERIFY(lines.at(0).contains(QStringLiteral("  使用不可  ")));
-        QVERIFY(lines.at(2).contains(QStringLiteral("  名刺: 0件  ")));
+        QVERIFY(lines.at(0).contains(u"  使用不可  "_s));
+        QVERIFY(lines.at(2).contains(u"  名刺: 0件  "_s));
     }
 
     void jsonOfTheList()
@@ -90,10 +87,8 @@ private Q_SLOTS:
         const Desk desk;
         const ProgramRun run = desk.backups({json});
         QCOMPARE(run.exitCode, 0);
-        QCOMPARE(run.names(),
-            (QStringList {
-                QStringLiteral("backup"), QStringLiteral("backup"), QStringLiteral("result")}));
-        const QJsonObject backup = run.object(QStringLiteral("backup"));
+        QCOMPARE(run.names(), (QStringList {u"backup"_s, u"backup"_s, u"result"_s}));
+        const QJsonObject backup = run.object(u"backup"_s);
         QCOMPARE(backup.value(u"name").toString(), first);
         QCOMPARE(backup.value(u"path").toString(), desk.home.path(first));
         QCOMPARE(backup.value(u"cards").toInt(-1), 0);
@@ -101,8 +96,7 @@ private Q_SLOTS:
         QVERIFY(backup.value(u"damage").isNull());
         const QDateTime date = QDateTime::fromString(backup.value(u"date").toString(), Qt::ISODate);
         QVERIFY(std::abs(date.secsTo(QDateTime::currentDateTime())) < 600);
-        const QJsonObject damaged
-            = run.objects().constFirst().value(QStringLiteral("backup")).toObject();
+        const QJsonObject damaged = run.objects().constFirst().value(u"backup"_s).toObject();
         QVERIFY(damaged.value(u"cards").isNull());
         QVERIFY(!damaged.value(u"damage").toString().isEmpty());
     }
@@ -119,8 +113,7 @@ private Q_SLOTS:
     {
         const TestHome home;
         const PackageFixture package(home);
-        const ProgramRun run
-            = ConvertProgram(home).run({QStringLiteral("backups"), package.path()});
+        const ProgramRun run = ConvertProgram(home).run({u"backups"_s, package.path()});
         QCOMPARE(run.exitCode, 0);
         QVERIFY(run.output.contains(package.path()));
     }
@@ -128,10 +121,9 @@ private Q_SLOTS:
     void neitherPackageNorBackupsIsRefused()
     {
         const TestHome home;
-        const ProgramRun run = ConvertProgram(home).run(
-            {QStringLiteral("backups"), home.path(QStringLiteral("none.vmdb"))});
+        const ProgramRun run = ConvertProgram(home).run({u"backups"_s, home.path(u"none.vmdb"_s)});
         QCOMPARE(run.exitCode, 3);
-        QVERIFY(run.errors.contains(home.path(QStringLiteral("none.vmdb"))));
+        QVERIFY(run.errors.contains(home.path(u"none.vmdb"_s)));
     }
 
     void restoreReplacesThePackageAndKeepsIt()
@@ -152,14 +144,11 @@ private Q_SLOTS:
         const Desk desk;
         const ProgramRun run = desk.backups({restore, first, yes, json});
         QCOMPARE(run.names(),
-            (QStringList {QStringLiteral("question"),
-                QStringLiteral("DBC_DatabaseBackupWillBeginNotification"),
-                QStringLiteral("DBC_DatabaseBackupDidFinishedNotification"),
-                QStringLiteral("DBC_DatabaseRestoreWillBeginNotification"),
-                QStringLiteral("DBC_DatabaseRestoreDidFinishedNotification"),
-                QStringLiteral("result")}));
-        QCOMPARE(run.object(QStringLiteral("result")).value(u"backup").toString(),
-            desk.home.path(third));
+            (QStringList {u"question"_s, u"DBC_DatabaseBackupWillBeginNotification"_s,
+                u"DBC_DatabaseBackupDidFinishedNotification"_s,
+                u"DBC_DatabaseRestoreWillBeginNotification"_s,
+                u"DBC_DatabaseRestoreDidFinishedNotification"_s, u"result"_s}));
+        QCOMPARE(run.object(u"result"_s).value(u"backup").toString(), desk.home.path(third));
     }
 
     void withoutAnAnswerNothingIsRestoredOrDeleted_data()
@@ -213,17 +202,15 @@ private Q_SLOTS:
     void wrongUsage_data()
     {
         QTest::addColumn<QStringList>("arguments");
-        const QString package = QStringLiteral("/none/Cards.vmdb");
-        QTest::newRow("no package") << QStringList {QStringLiteral("backups")};
+        const QString package = u"/none/Cards.vmdb"_s;
+        QTest::newRow("no package") << QStringList {u"backups"_s};
         QTest::newRow("both") << QStringList {
-            QStringLiteral("backups"), package, restore, first, deletion, second};
+            u"backups"_s, package, restore, first, deletion, second};
         QTest::newRow("twice") << QStringList {
-            QStringLiteral("backups"), package, restore, first, restore, second};
-        QTest::newRow("no name") << QStringList {QStringLiteral("backups"), package, restore};
-        QTest::newRow("empty name")
-            << QStringList {QStringLiteral("backups"), package, deletion, QString()};
-        QTest::newRow("other command")
-            << QStringList {QStringLiteral("verify"), package, restore, first};
+            u"backups"_s, package, restore, first, restore, second};
+        QTest::newRow("no name") << QStringList {u"backups"_s, package, restore};
+        QTest::newRow("empty name") << QStringList {u"backups"_s, package, deletion, QString()};
+        QTest::newRow("other command") << QStringList {u"verify"_s, package, restore, first};
     }
     void wrongUsage()
     {

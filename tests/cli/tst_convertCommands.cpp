@@ -18,6 +18,8 @@
 #include <memory>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Key = DBCRecordKey;
@@ -67,42 +69,42 @@ struct Terminal {
 struct Desk {
     Desk()
     {
-        folder.image(QStringLiteral("1.jpg"), JpegBuilder(30, 20).dotsPerInch(300, 300).bytes());
-        folder.dataFile(DataFileBuilder()
-                            .titleLine()
-                            .row({{Key::full_Name, QStringLiteral("Hoshino Taro")},
-                                {Key::face_Image_File, QStringLiteral("1.jpg")}})
-                            .row({{Key::full_Name, QStringLiteral("Tanaka Hanako")}})
-                            .build());
-        parent = home.makeFolder(QStringLiteral("parent folder"));
+        folder.image(u"1.jpg"_s, JpegBuilder(30, 20).dotsPerInch(300, 300).bytes());
+        folder.dataFile(
+            DataFileBuilder()
+                .titleLine()
+                .row({{Key::full_Name, u"Hoshino Taro"_s}, {Key::face_Image_File, u"1.jpg"_s}})
+                .row({{Key::full_Name, u"Tanaka Hanako"_s}})
+                .build());
+        parent = home.makeFolder(u"parent folder"_s);
     }
     void hasManyCards(int count)
     {
         DataFileBuilder builder;
         builder.titleLine();
         for (int card = 0; card < count; ++card)
-            builder.row({{Key::full_Name, QStringLiteral("Card %1").arg(card)}});
+            builder.row({{Key::full_Name, u"Card %1"_s.arg(card)}});
         folder.dataFile(builder.build());
     }
-    QStringList importing(const QStringList& options = {QStringLiteral("--yes")}) const
+    QStringList importing(const QStringList& options = {u"--yes"_s}) const
     {
-        return QStringList({QStringLiteral("import"), folder.path(), package.path()}) + options;
+        return QStringList({u"import"_s, folder.path(), package.path()}) + options;
     }
-    QStringList exporting(const QStringList& options = {QStringLiteral("--yes")}) const
+    QStringList exporting(const QStringList& options = {u"--yes"_s}) const
     {
-        return QStringList({QStringLiteral("export"), package.path(), parent}) + options;
+        return QStringList({u"export"_s, package.path(), parent}) + options;
     }
     QString exported() const { return parent + u'/' + DBCInterchangeNames::rootFolderName(); }
     // The path of the one report there is; empty: none or several.
     QString report() const
     {
-        const QDir logs(home.path(QStringLiteral("home/Library/Logs")));
-        const QStringList pages = logs.entryList({QStringLiteral("*.html")});
+        const QDir logs(home.path(u"home/Library/Logs"_s));
+        const QStringList pages = logs.entryList({u"*.html"_s});
         return pages.size() == 1 ? logs.filePath(pages.constFirst()) : QString();
     }
     qlonglong cardCount() const
     {
-        return package.value(QStringLiteral("SELECT count(*) FROM ZCARD")).toLongLong();
+        return package.value(u"SELECT count(*) FROM ZCARD"_s).toLongLong();
     }
 
     TestHome home;
@@ -112,354 +114,7 @@ struct Desk {
     ConvertProgram program {home};
 };
 
-const QStringList yesAndJson {QStringLiteral("--yes"), QStringLiteral("--json")};
-
-} // namespace
-
-class tst_convertCommands : public QObject {
-    Q_OBJECT
-
-private Q_SLOTS:
-    void importTellsWhatWasConvertedAndWhereItLies();
-    void exportTellsWhatWasConvertedAndWhereItLies();
-    void importInJapaneseSpeaksJapanese();
-    void quietSaysNothing();
-    void jsonOfAnImport();
-    void jsonOfAnExport();
-    void jsonOfAFailure();
-    void warningsEndWithFour();
-    void reportThatCannotBeWrittenChangesNoExitStatus();
-
-    void withoutTerminalTheAnswerIsNo();
-    void refusedImportChangesNothing_data();
-    void refusedImportChangesNothing();
-    void olderExportIsKeptWithoutYes();
-    void olderExportIsReplacedWithYes();
-    void refusalOfTheChecksIsInTheJson();
-
-    void failedImportEndsWithOneAndRestores();
-    void packageThatDoesNotOpenEndsWithOne();
-    void closedStandardDescriptorsDoNoHarm();
-    void readerOfTheOutputThatGoesAwayDoesNotStopTheImport();
-
-    void signalCancelsAnImport_data();
-    void signalCancelsAnImport();
-    void signalCancelsAnExport();
-    void secondSignalDoesNoHarm();
-
-    void questionIsAskedAtATerminal_data();
-    void questionIsAskedAtATerminal();
-    void progressIsShownAtATerminal();
-    void controlCharactersDoNotReachATerminal();
-};
-
-void tst_convertCommands::importTellsWhatWasConvertedAndWhereItLies()
-{
-    const Desk desk;
-
-    const ProgramRun run = desk.program.run(desk.importing());
-
-    QCOMPARE(run.exitCode, 0);
-    QVERIFY2(run.errors.isEmpty(), qPrintable(run.errors));
-    QCOMPARE(run.outputLines().size(), 4);
-    QVERIFY(run.outputLines().at(0).contains(QStringLiteral("2 of 2")));
-    QVERIFY(run.outputLines().at(0).contains(desk.package.path()));
-    QVERIFY(
-        run.outputLines().at(1).contains(desk.home.path(QStringLiteral("Velmora DB_bak.vmdb"))));
-    QVERIFY(run.outputLines().at(2).contains(QStringLiteral("[%1]").arg(desk.report())));
-    QVERIFY(run.outputLines().at(3).contains(
-        desk.home.path(QStringLiteral("home/Library/Logs/VelmoraConverter.log"))));
-    QCOMPARE(desk.cardCount(), 2);
-}
-
-void tst_convertCommands::exportTellsWhatWasConvertedAndWhereItLies()
-{
-    Desk desk;
-    desk.package.card();
-
-    const ProgramRun run = desk.program.run(desk.exporting());
-
-    // The card names no image, and the package has none for it, which the log warns of.
-    QCOMPARE(run.exitCode, 4);
-    QVERIFY(run.outputLines().at(0).contains(QStringLiteral("1 of 1")));
-    QVERIFY(run.outputLines().at(0).contains(desk.exported()));
-    QVERIFY(QFile::exists(DBCInterchangeNames::dataFile(desk.exported())));
-}
-
-void tst_convertCommands::importInJapaneseSpeaksJapanese()
-{
-    Desk desk;
-    desk.program.language = QStringLiteral("ja_JP.UTF-8");
-
-    const ProgramRun run = desk.program.run(desk.importing());
-
-    QCOMPARE(run.exitCode, 0);
-    QVERIFY2(run.output.contains(QStringLiteral("インポート")), qPrintable(run.output));
-    QVERIFY(desk.home.logText().contains(QStringLiteral("バックアップ")));
-}
-
-void tst_convertCommands::quietSaysNothing()
-{
-    const Desk desk;
-    const ProgramRun run
-        = desk.program.run(desk.importing({QStringLiteral("--yes"), QStringLiteral("--quiet")}));
-    QCOMPARE(run.exitCode, 0);
-    QVERIFY(run.output.isEmpty());
-    QVERIFY(run.errors.isEmpty());
-    QCOMPARE(desk.cardCount(), 2);
-}
-
-void tst_convertCommands::jsonOfAnImport()
-{
-    const Desk desk;
-
-    const ProgramRun run = desk.program.run(desk.importing(yesAndJson));
-
-    QCOMPARE(run.exitCode, 0);
-    QCOMPARE(run.names(),
-        QStringList(
-            {QStringLiteral("question"), QStringLiteral("DBC_DatabaseBackupWillBeginNotification"),
-                QStringLiteral("DBC_DatabaseBackupDidFinishedNotification"),
-                QStringLiteral("DBC_ImportWillBeginNotification"),
-                QStringLiteral("DBC_ImportDataLoadDidFinishedNotification"),
-                QStringLiteral("DBC_ImportIsRunningNotification"),
-                QStringLiteral("DBC_ImportIsRunningNotification"),
-                QStringLiteral("DBC_ImportDidFinishedNotification"),
-                QStringLiteral("DBC_OperationDidFinishedNotification"), QStringLiteral("result")}));
-    QCOMPARE(run.object(QStringLiteral("DBC_ImportIsRunningNotification")),
-        QJsonObject({{QStringLiteral("ProgressInfoMaxCount"), 2},
-            {QStringLiteral("ProgressInfoFinishedCount"), 2}}));
-    QCOMPARE(run.object(QStringLiteral("DBC_OperationDidFinishedNotification")),
-        QJsonObject({{QStringLiteral("OperationIsOk"), true}}));
-    QCOMPARE(run.object(QStringLiteral("question")).value(QStringLiteral("key")).toString(),
-        QStringLiteral("IDS_MSG_ERR_0106"));
-    QCOMPARE(run.object(QStringLiteral("result")),
-        QJsonObject({{QStringLiteral("ok"), true}, {QStringLiteral("code"), 0},
-            {QStringLiteral("cancelled"), false}, {QStringLiteral("max"), 2},
-            {QStringLiteral("finished"), 2}, {QStringLiteral("warnings"), 0},
-            {QStringLiteral("errors"), 0},
-            {QStringLiteral("backup"), desk.home.path(QStringLiteral("Velmora DB_bak.vmdb"))},
-            {QStringLiteral("report"), desk.report()}}));
-}
-
-void tst_convertCommands::jsonOfAnExport()
-{
-    Desk desk;
-    desk.package.card();
-
-    const ProgramRun run = desk.program.run(desk.exporting(yesAndJson));
-
-    QCOMPARE(run.exitCode, 4);
-    QCOMPARE(run.names(),
-        QStringList({QStringLiteral("question"), QStringLiteral("DBC_ExportWillBeginNotification"),
-            QStringLiteral("DBC_ExportDataFetchDidFinishedNotification"), QStringLiteral("warning"),
-            QStringLiteral("DBC_ExportIsRunningNotification"),
-            QStringLiteral("DBC_ExportDidFinishedNotification"),
-            QStringLiteral("DBC_OperationDidFinishedNotification"), QStringLiteral("result")}));
-    const QJsonObject result = run.object(QStringLiteral("result"));
-    QCOMPARE(result.value(QStringLiteral("ok")), QJsonValue(true));
-    QCOMPARE(result.value(QStringLiteral("warnings")), QJsonValue(1));
-    QVERIFY(result.value(QStringLiteral("backup")).isNull());
-}
-
-void tst_convertCommands::jsonOfAFailure()
-{
-    Desk desk;
-    desk.folder.version(QStringLiteral("TELKA"));
-
-    const ProgramRun run = desk.program.run(desk.importing(yesAndJson));
-
-    QCOMPARE(run.exitCode, 1);
-    QCOMPARE(run.names(),
-        QStringList({QStringLiteral("question"), QStringLiteral("message"), QStringLiteral("error"),
-            QStringLiteral("DBC_OperationDidFinishedNotification"), QStringLiteral("result")}));
-    QCOMPARE(run.object(QStringLiteral("message")).value(QStringLiteral("number")).toInt(), 314);
-    const QJsonObject result = run.object(QStringLiteral("result"));
-    QCOMPARE(result.value(QStringLiteral("ok")), QJsonValue(false));
-    QCOMPARE(result.value(QStringLiteral("code")), QJsonValue(-115));
-    QCOMPARE(result.value(QStringLiteral("errors")), QJsonValue(1));
-}
-
-void tst_convertCommands::warningsEndWithFour()
-{
-    Desk desk;
-    QVERIFY(QFile::remove(desk.folder.imagePath(QStringLiteral("1.jpg"))));
-
-    const ProgramRun run = desk.program.run(desk.importing());
-
-    QCOMPARE(run.exitCode, 4);
-    QVERIFY(run.outputLines().constLast().contains(QStringLiteral("warnings: 1")));
-    QCOMPARE(desk.cardCount(), 2);
-}
-
-void tst_convertCommands::reportThatCannotBeWrittenChangesNoExitStatus()
-{
-    const AsOrdinaryUser user;
-    const Desk desk;
-    const QString logs = desk.home.makeFolder(QStringLiteral("home/Library/Logs"));
-    desk.home.writeFile(QStringLiteral("home/Library/Logs/VelmoraConverter.log"), {});
-    const ScopedMode mode(logs, 0555);
-
-    // A program that is not quite its user's would not start.
-    const auto becomeUser = [] { (void)setreuid(geteuid(), geteuid()); };
-    const ProgramRun run = ConvertProgram::finish(
-        desk.program.start(ConvertProgram::path(), desk.importing(yesAndJson), becomeUser));
-
-    QCOMPARE(run.exitCode, 0);
-    const QJsonObject result = run.object(QStringLiteral("result"));
-    QVERIFY(result.value(QStringLiteral("report")).isNull());
-    QCOMPARE(result.value(QStringLiteral("warnings")), QJsonValue(0));
-    QVERIFY(!run.names().contains(QStringLiteral("warning")));
-    QVERIFY(desk.home.logText().contains(QStringLiteral("[Warning] The report [")));
-}
-
-void tst_convertCommands::withoutTerminalTheAnswerIsNo()
-{
-    Desk desk;
-    desk.program.input = "y\n";
-
-    const ProgramRun run = desk.program.run(desk.importing({}));
-
-    QCOMPARE(run.exitCode, 3);
-    QVERIFY2(run.errors.contains(QStringLiteral("--yes")), qPrintable(run.errors));
-    QVERIFY(run.output.isEmpty());
-    QCOMPARE(desk.cardCount(), 0);
-    QVERIFY(!QFile::exists(desk.home.path(QStringLiteral("Velmora DB_bak.vmdb"))));
-}
-
-void tst_convertCommands::refusedImportChangesNothing_data()
-{
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<QString>("package");
-    QTest::addColumn<QString>("named"); // what the refusal is about
-    QTest::newRow("no folder") << QStringLiteral("nowhere") << QStringLiteral("Velmora DB.vmdb")
-                               << QStringLiteral("nowhere");
-    QTest::newRow("no package") << QStringLiteral("Interchange") << QStringLiteral("none.vmdb")
-                                << QStringLiteral("none.vmdb");
-    QTest::newRow("folder without data file")
-        << QStringLiteral("parent folder") << QStringLiteral("Velmora DB.vmdb")
-        << QStringLiteral("parent folder");
-    QTest::newRow("no package at all")
-        << QStringLiteral("Interchange") << QStringLiteral("parent folder")
-        << QStringLiteral("parent folder");
-}
-
-void tst_convertCommands::refusedImportChangesNothing()
-{
-    QFETCH(QString, folder);
-    QFETCH(QString, package);
-    const Desk desk;
-    const auto before = desk.package.contents();
-
-    const ProgramRun run = desk.program.run({QStringLiteral("import"), QStringLiteral("--yes"),
-        desk.home.path(folder), desk.home.path(package)});
-
-    QCOMPARE(run.exitCode, 3);
-    QFETCH(QString, named);
-    QVERIFY2(run.errors.contains(desk.home.path(named)), qPrintable(run.errors));
-    QVERIFY(run.output.isEmpty());
-    QCOMPARE(desk.package.contents(), before);
-    QVERIFY(!desk.home.logText().contains(QStringLiteral("Import started")));
-}
-
-void tst_convertCommands::olderExportIsKeptWithoutYes()
-{
-    Desk desk;
-    desk.package.card();
-    desk.home.writeFile(
-        QStringLiteral("parent folder/%1/precious.txt").arg(DBCInterchangeNames::rootFolderName()),
-        "x");
-
-    QCOMPARE(desk.program.run(desk.exporting({})).exitCode, 3);
-
-    QVERIFY(QFile::exists(desk.exported() + QStringLiteral("/precious.txt")));
-}
-
-void tst_convertCommands::olderExportIsReplacedWithYes()
-{
-    Desk desk;
-    desk.package.card();
-    desk.home.writeFile(
-        QStringLiteral("parent folder/%1/old.txt").arg(DBCInterchangeNames::rootFolderName()), "x");
-
-    const ProgramRun run = desk.program.run(desk.exporting(yesAndJson));
-
-    QCOMPARE(run.exitCode, 4);
-    QVERIFY(!QFile::exists(desk.exported() + QStringLiteral("/old.txt")));
-    QCOMPARE(run.names().count(QStringLiteral("question")), 2);
-}
-
-void tst_convertCommands::refusalOfTheChecksIsInTheJson()
-{
-    const Desk desk;
-    const ProgramRun run = desk.program.run({QStringLiteral("export"), QStringLiteral("--yes"),
-        QStringLiteral("--json"), desk.package.path(), desk.home.path(QStringLiteral("nowhere"))});
-
-    QCOMPARE(run.exitCode, 3);
-    QCOMPARE(run.object(QStringLiteral("message")).value(QStringLiteral("number")).toInt(), 202);
-    QCOMPARE(run.object(QStringLiteral("result")).value(QStringLiteral("ok")), QJsonValue(false));
-}
-
-void tst_convertCommands::failedImportEndsWithOneAndRestores()
-{
-    Desk desk;
-    desk.folder.dataFile(DataFileBuilder()
-                             .titleLine()
-                             .row({{Key::full_Name, QStringLiteral("Hoshino Taro")}})
-                             .row({{Key::full_Name, QStringLiteral("Tanaka Hanako")},
-                                 {Key::attachmentFile, QStringLiteral("missing")}})
-                             .build());
-    const auto before = desk.package.contents();
-
-    const ProgramRun run = desk.program.run(desk.importing());
-
-    QCOMPARE(run.exitCode, 1);
-    QVERIFY(!run.errors.isEmpty());
-    QCOMPARE(desk.package.contents(), before);
-    QVERIFY(desk.home.logText().contains(QStringLiteral("missing")));
-}
-
-void tst_convertCommands::packageThatDoesNotOpenEndsWithOne()
-{
-    const Desk desk;
-    desk.package.writeFile(QStringLiteral("Velmora.sqldb"), "these are no cards");
-    const auto before = desk.package.contents();
-
-    QCOMPARE(desk.program.run(desk.importing()).exitCode, 1);
-    const ProgramRun run = desk.program.run(desk.exporting(yesAndJson));
-
-    QCOMPARE(run.exitCode, 1);
-    QCOMPARE(run.object(QStringLiteral("result")).value(QStringLiteral("code")), QJsonValue(-201));
-    QCOMPARE(desk.package.contents(), before);
-}
-
-void tst_convertCommands::closedStandardDescriptorsDoNoHarm()
-{
-    const Desk desk;
-
-    const ProgramRun run
-        = desk.program.runInShell(desk.importing(), QStringLiteral("<&- >&- 2>&-"));
-
-    QCOMPARE(run.exitCode, 0);
-    QCOMPARE(desk.cardCount(), 2);
-    QCOMPARE(desk.package.value(QStringLiteral("PRAGMA integrity_check")).toString(),
-        QStringLiteral("ok"));
-
-    desk.package.writeFile(QStringLiteral("Velmora.sqldb"), "these are no cards");
-    QCOMPARE(desk.program.runInShell(desk.importing(), QStringLiteral("<&- >&- 2>&-")).exitCode, 1);
-}
-
-void tst_convertCommands::readerOfTheOutputThatGoesAwayDoesNotStopTheImport()
-{
-    const Desk desk;
-
-    // The shell waits for both ends of the pipe.
-    desk.program.runInShell(desk.importing(yesAndJson), QStringLiteral("| true"));
-
-    QCOMPARE(desk.cardCount(), 2);
-}
-
-namespace {
+const QStringList yesAndJson {u"--yes"_s, u"--json"_s};
 
 // Starts a conversion of many cards and sends the signal once the first card is through. Nobody
 // reads the output meanwhile, so a full pipe holds the program before it can come to its end.
@@ -484,127 +139,417 @@ constexpr int moreCardsThanAPipeHolds = 2000;
 
 } // namespace
 
-void tst_convertCommands::signalCancelsAnImport_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::newRow("SIGINT") << SIGINT;
-    QTest::newRow("SIGTERM") << SIGTERM;
-    QTest::newRow("SIGHUP") << SIGHUP;
-}
+class tst_convertCommands : public QObject {
+    Q_OBJECT
 
-void tst_convertCommands::signalCancelsAnImport()
-{
-    QFETCH(int, number);
-    Desk desk;
-    desk.hasManyCards(moreCardsThanAPipeHolds);
-    const auto before = desk.package.contents();
+private Q_SLOTS:
+    void importTellsWhatWasConvertedAndWhereItLies()
+    {
+        const Desk desk;
 
-    const ProgramRun run
-        = signalled(desk, desk.importing(yesAndJson), "DBC_ImportIsRunningNotification", {number});
+        const ProgramRun run = desk.program.run(desk.importing());
 
-    QCOMPARE(run.exitCode, 130);
-    QVERIFY(!run.names().contains(QString()));
-    QCOMPARE(run.object(QStringLiteral("DBC_OperationDidCanceledNotification")),
-        QJsonObject({{QStringLiteral("ConfirmCancelResult"), true}}));
-    const QJsonObject result = run.object(QStringLiteral("result"));
-    QCOMPARE(result.value(QStringLiteral("cancelled")), QJsonValue(true));
-    QCOMPARE(result.value(QStringLiteral("ok")), QJsonValue(false));
-    QVERIFY(result.value(QStringLiteral("backup")).isNull());
-    QCOMPARE(desk.package.contents(), before);
-    QVERIFY(!QFile::exists(desk.home.path(QStringLiteral("Velmora DB_bak.vmdb"))));
-}
-
-void tst_convertCommands::signalCancelsAnExport()
-{
-    Desk desk;
-    desk.hasManyCards(moreCardsThanAPipeHolds);
-    QCOMPARE(desk.program.run(desk.importing()).exitCode, 0);
-
-    const ProgramRun run
-        = signalled(desk, desk.exporting(yesAndJson), "DBC_ExportIsRunningNotification", {SIGINT});
-
-    QCOMPARE(run.exitCode, 130);
-    QVERIFY(!QFile::exists(desk.exported()));
-    QVERIFY(QFile::exists(desk.parent));
-}
-
-void tst_convertCommands::secondSignalDoesNoHarm()
-{
-    Desk desk;
-    desk.hasManyCards(moreCardsThanAPipeHolds);
-    const auto before = desk.package.contents();
-
-    const ProgramRun run = signalled(desk, desk.importing(yesAndJson),
-        "DBC_ImportIsRunningNotification", {SIGINT, SIGTERM, SIGINT});
-
-    QCOMPARE(run.exitCode, 130);
-    QCOMPARE(desk.package.contents(), before);
-}
-
-void tst_convertCommands::questionIsAskedAtATerminal_data()
-{
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<int>("exitCode");
-    QTest::newRow("y") << QByteArray("y\n") << 0;
-    QTest::newRow("Yes") << QByteArray("Yes\n") << 0;
-    QTest::newRow("n") << QByteArray("n\n") << 3;
-    QTest::newRow("nothing") << QByteArray("\n") << 3;
-    QTest::newRow("anything else") << QByteArray("yet\n") << 3;
-    QTest::newRow("end of input") << QByteArray("\x04") << 3;
-}
-
-void tst_convertCommands::questionIsAskedAtATerminal()
-{
-    QFETCH(QByteArray, answer);
-    QFETCH(int, exitCode);
-    const Desk desk;
-    const Terminal terminal;
-    terminal.type(answer);
-
-    const ProgramRun run = ConvertProgram::finish(
-        desk.program.start(ConvertProgram::path(), desk.importing({}), terminal.attach()));
-
-    QCOMPARE(run.exitCode, exitCode);
-    QVERIFY(terminal.screen().contains(QStringLiteral("[y/N]")));
-    QCOMPARE(desk.cardCount(), exitCode == 0 ? 2 : 0);
-}
-
-void tst_convertCommands::progressIsShownAtATerminal()
-{
-    const Desk desk;
-    const Terminal terminal;
-
-    const ProgramRun run = ConvertProgram::finish(
-        desk.program.start(ConvertProgram::path(), desk.importing(), terminal.attach()));
-
-    QCOMPARE(run.exitCode, 0);
-    const QString screen = terminal.screen();
-    QVERIFY2(screen.contains(QStringLiteral("100%")), qPrintable(screen));
-    QVERIFY(screen.contains(QStringLiteral("2 of 2")));
-    QVERIFY(run.output.contains(QStringLiteral("2 of 2")));
-}
-
-void tst_convertCommands::controlCharactersDoNotReachATerminal()
-{
-    Desk desk;
-    desk.folder.dataFile(DataFileBuilder()
-                             .titleLine()
-                             .row({{Key::full_Name, QStringLiteral("A\u001b[2J\u009b1m\u202eB")},
-                                 {Key::face_Image_File, QStringLiteral("no\u0007.jpg")}})
-                             .build());
-
-    const QString plain = desk.program.run({QStringLiteral("check"), desk.folder.path()}).output;
-    const QString json
-        = desk.program.run({QStringLiteral("check"), QStringLiteral("--json"), desk.folder.path()})
-              .output;
-
-    for (const QString& output : {plain, json}) {
-        for (const QChar character : {QChar(0x1b), QChar(0x9b), QChar(0x07), QChar(0x202e)})
-            QVERIFY(!output.contains(character));
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.errors.isEmpty(), qPrintable(run.errors));
+        QCOMPARE(run.outputLines().size(), 4);
+        QVERIFY(run.outputLines().at(0).contains(u"2 of 2"_s));
+        QVERIFY(run.outputLines().at(0).contains(desk.package.path()));
+        QVERIFY(run.outputLines().at(1).contains(desk.home.path(u"Velmora DB_bak.vmdb"_s)));
+        QVERIFY(run.outputLines().at(2).contains(u"[%1]"_s.arg(desk.report())));
+        QVERIFY(run.outputLines().at(3).contains(
+            desk.home.path(u"home/Library/Logs/VelmoraConverter.log"_s)));
+        QCOMPARE(desk.cardCount(), 2);
     }
-    QVERIFY2(plain.contains(QStringLiteral("A\\u001B[2J\\u009B1m\\u202EB")), qPrintable(plain));
-    QVERIFY(plain.contains(QStringLiteral("no\\u0007.jpg")));
-}
+
+    void exportTellsWhatWasConvertedAndWhereItLies()
+    {
+        Desk desk;
+        desk.package.card();
+
+        const ProgramRun run = desk.program.run(desk.exporting());
+
+        // The card names no image, and the package has none for it, which the log warns of.
+        QCOMPARE(run.exitCode, 4);
+        QVERIFY(run.outputLines().at(0).contains(u"1 of 1"_s));
+        QVERIFY(run.outputLines().at(0).contains(desk.exported()));
+        QVERIFY(QFile::exists(DBCInterchangeNames::dataFile(desk.exported())));
+    }
+
+    void importInJapaneseSpeaksJapanese()
+    {
+        Desk desk;
+        desk.program.language = u"ja_JP.UTF-8"_s;
+
+        const ProgramRun run = desk.program.run(desk.importing());
+
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.output.contains(u"インポート"_s), qPrintable(run.output));
+        QVERIFY(desk.home.logText().contains(u"バックアップ"_s));
+    }
+
+    void quietSaysNothing()
+    {
+        const Desk desk;
+        const ProgramRun run = desk.program.run(desk.importing({u"--yes"_s, u"--quiet"_s}));
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(run.output.isEmpty());
+        QVERIFY(run.errors.isEmpty());
+        QCOMPARE(desk.cardCount(), 2);
+    }
+
+    void jsonOfAnImport()
+    {
+        const Desk desk;
+
+        const ProgramRun run = desk.program.run(desk.importing(yesAndJson));
+
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(run.names(),
+            QStringList({u"question"_s, u"DBC_DatabaseBackupWillBeginNotification"_s,
+                u"DBC_DatabaseBackupDidFinishedNotification"_s,
+                u"DBC_ImportWillBeginNotification"_s,
+                u"DBC_ImportDataLoadDidFinishedNotification"_s,
+                u"DBC_ImportIsRunningNotification"_s, u"DBC_ImportIsRunningNotification"_s,
+                u"DBC_ImportDidFinishedNotification"_s, u"DBC_OperationDidFinishedNotification"_s,
+                u"result"_s}));
+        QCOMPARE(run.object(u"DBC_ImportIsRunningNotification"_s),
+            QJsonObject({{u"ProgressInfoMaxCount"_s, 2}, {u"ProgressInfoFinishedCount"_s, 2}}));
+        QCOMPARE(run.object(u"DBC_OperationDidFinishedNotification"_s),
+            QJsonObject({{u"OperationIsOk"_s, true}}));
+        QCOMPARE(run.object(u"question"_s).value(u"key"_s).toString(), u"IDS_MSG_ERR_0106"_s);
+        QCOMPARE(run.object(u"result"_s),
+            QJsonObject({{u"ok"_s, true}, {u"code"_s, 0}, {u"cancelled"_s, false}, {u"max"_s, 2},
+                {u"finished"_s, 2}, {u"warnings"_s, 0}, {u"errors"_s, 0},
+                {u"backup"_s, desk.home.path(u"Velmora DB_bak.vmdb"_s)},
+                {u"report"_s, desk.report()}}));
+    }
+
+    void jsonOfAnExport()
+    {
+        Desk desk;
+        desk.package.card();
+
+        const ProgramRun run = desk.program.run(desk.exporting(yesAndJson));
+
+        QCOMPARE(run.exitCode, 4);
+        QCOMPARE(run.names(),
+            QStringList({u"question"_s, u"DBC_ExportWillBeginNotification"_s,
+                u"DBC_ExportDataFetchDidFinishedNotification"_s, u"warning"_s,
+                u"DBC_ExportIsRunningNotification"_s, u"DBC_ExportDidFinishedNotification"_s,
+                u"DBC_OperationDidFinishedNotification"_s, u"result"_s}));
+        const QJsonObject result = run.object(u"result"_s);
+        QCOMPARE(result.value(u"ok"_s), QJsonValue(true));
+        QCOMPARE(result.value(u"warnings"_s), QJsonValue(1));
+        QVERIFY(result.value(u"backup"_s).isNull());
+    }
+
+    void jsonOfAFailure()
+    {
+        Desk desk;
+        desk.folder.version(u"TELKA"_s);
+
+        const ProgramRun run = desk.program.run(desk.importing(yesAndJson));
+
+        QCOMPARE(run.exitCode, 1);
+        QCOMPARE(run.names(),
+            QStringList({u"question"_s, u"message"_s, u"error"_s,
+                u"DBC_OperationDidFinishedNotification"_s, u"result"_s}));
+        QCOMPARE(run.object(u"message"_s).value(u"number"_s).toInt(), 314);
+        const QJsonObject result = run.object(u"result"_s);
+        QCOMPARE(result.value(u"ok"_s), QJsonValue(false));
+        QCOMPARE(result.value(u"code"_s), QJsonValue(-115));
+        QCOMPARE(result.value(u"errors"_s), QJsonValue(1));
+    }
+
+    void warningsEndWithFour()
+    {
+        Desk desk;
+        QVERIFY(QFile::remove(desk.folder.imagePath(u"1.jpg"_s)));
+
+        const ProgramRun run = desk.program.run(desk.importing());
+
+        QCOMPARE(run.exitCode, 4);
+        QVERIFY(run.outputLines().constLast().contains(u"warnings: 1"_s));
+        QCOMPARE(desk.cardCount(), 2);
+    }
+
+    void reportThatCannotBeWrittenChangesNoExitStatus()
+    {
+        const AsOrdinaryUser user;
+        const Desk desk;
+        const QString logs = desk.home.makeFolder(u"home/Library/Logs"_s);
+        desk.home.writeFile(u"home/Library/Logs/VelmoraConverter.log"_s, {});
+        const ScopedMode mode(logs, 0555);
+
+        // A program that is not quite its user's would not start.
+        const auto becomeUser = [] { (void)setreuid(geteuid(), geteuid()); };
+        const ProgramRun run = ConvertProgram::finish(
+            desk.program.start(ConvertProgram::path(), desk.importing(yesAndJson), becomeUser));
+
+        QCOMPARE(run.exitCode, 0);
+        const QJsonObject result = run.object(u"result"_s);
+        QVERIFY(result.value(u"report"_s).isNull());
+        QCOMPARE(result.value(u"warnings"_s), QJsonValue(0));
+        QVERIFY(!run.names().contains(u"warning"_s));
+        QVERIFY(desk.home.logText().contains(u"[Warning] The report ["_s));
+    }
+
+    void withoutTerminalTheAnswerIsNo()
+    {
+        Desk desk;
+        desk.program.input = "y\n";
+
+        const ProgramRun run = desk.program.run(desk.importing({}));
+
+        QCOMPARE(run.exitCode, 3);
+        QVERIFY2(run.errors.contains(u"--yes"_s), qPrintable(run.errors));
+        QVERIFY(run.output.isEmpty());
+        QCOMPARE(desk.cardCount(), 0);
+        QVERIFY(!QFile::exists(desk.home.path(u"Velmora DB_bak.vmdb"_s)));
+    }
+
+    void refusedImportChangesNothing_data()
+    {
+        QTest::addColumn<QString>("folder");
+        QTest::addColumn<QString>("package");
+        QTest::addColumn<QString>("named"); // what the refusal is about
+        QTest::newRow("no folder") << u"nowhere"_s << u"Velmora DB.vmdb"_s << u"nowhere"_s;
+        QTest::newRow("no package") << u"Interchange"_s << u"none.vmdb"_s << u"none.vmdb"_s;
+        QTest::newRow("folder without data file")
+            << u"parent folder"_s << u"Velmora DB.vmdb"_s << u"parent folder"_s;
+        QTest::newRow("no package at all")
+            << u"Interchange"_s << u"parent folder"_s << u"parent folder"_s;
+    }
+    void refusedImportChangesNothing()
+    {
+        QFETCH(QString, folder);
+        QFETCH(QString, package);
+        const Desk desk;
+        const auto before = desk.package.contents();
+
+        const ProgramRun run = desk.program.run(
+            {u"import"_s, u"--yes"_s, desk.home.path(folder), desk.home.path(package)});
+
+        QCOMPARE(run.exitCode, 3);
+        QFETCH(QString, named);
+        QVERIFY2(run.errors.contains(desk.home.path(named)), qPrintable(run.errors));
+        QVERIFY(run.output.isEmpty());
+        QCOMPARE(desk.package.contents(), before);
+        QVERIFY(!desk.home.logText().contains(u"Import started"_s));
+    }
+
+    void olderExportIsKeptWithoutYes()
+    {
+        Desk desk;
+        desk.package.card();
+        desk.home.writeFile(
+            u"parent folder/%1/precious.txt"_s.arg(DBCInterchangeNames::rootFolderName()), "x");
+
+        QCOMPARE(desk.program.run(desk.exporting({})).exitCode, 3);
+
+        QVERIFY(QFile::exists(desk.exported() + u"/precious.txt"_s));
+    }
+
+    void olderExportIsReplacedWithYes()
+    {
+        Desk desk;
+        desk.package.card();
+        desk.home.writeFile(
+            u"parent folder/%1/old.txt"_s.arg(DBCInterchangeNames::rootFolderName()), "x");
+
+        const ProgramRun run = desk.program.run(desk.exporting(yesAndJson));
+
+        QCOMPARE(run.exitCode, 4);
+        QVERIFY(!QFile::exists(desk.exported() + u"/old.txt"_s));
+        QCOMPARE(run.names().count(u"question"_s), 2);
+    }
+
+    void refusalOfTheChecksIsInTheJson()
+    {
+        const Desk desk;
+        const ProgramRun run = desk.program.run({u"export"_s, u"--yes"_s, u"--json"_s,
+            desk.package.path(), desk.home.path(u"nowhere"_s)});
+
+        QCOMPARE(run.exitCode, 3);
+        QCOMPARE(run.object(u"message"_s).value(u"number"_s).toInt(), 202);
+        QCOMPARE(run.object(u"result"_s).value(u"ok"_s), QJsonValue(false));
+    }
+
+    void failedImportEndsWithOneAndRestores()
+    {
+        Desk desk;
+        desk.folder.dataFile(
+            DataFileBuilder()
+                .titleLine()
+                .row({{Key::full_Name, u"Hoshino Taro"_s}})
+                .row({{Key::full_Name, u"Tanaka Hanako"_s}, {Key::attachmentFile, u"missing"_s}})
+                .build());
+        const auto before = desk.package.contents();
+
+        const ProgramRun run = desk.program.run(desk.importing());
+
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY(!run.errors.isEmpty());
+        QCOMPARE(desk.package.contents(), before);
+        QVERIFY(desk.home.logText().contains(u"missing"_s));
+    }
+
+    void packageThatDoesNotOpenEndsWithOne()
+    {
+        const Desk desk;
+        desk.package.writeFile(u"Velmora.sqldb"_s, "these are no cards");
+        const auto before = desk.package.contents();
+
+        QCOMPARE(desk.program.run(desk.importing()).exitCode, 1);
+        const ProgramRun run = desk.program.run(desk.exporting(yesAndJson));
+
+        QCOMPARE(run.exitCode, 1);
+        QCOMPARE(run.object(u"result"_s).value(u"code"_s), QJsonValue(-201));
+        QCOMPARE(desk.package.contents(), before);
+    }
+
+    void closedStandardDescriptorsDoNoHarm()
+    {
+        const Desk desk;
+
+        const ProgramRun run = desk.program.runInShell(desk.importing(), u"<&- >&- 2>&-"_s);
+
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(desk.cardCount(), 2);
+        QCOMPARE(desk.package.value(u"PRAGMA integrity_check"_s).toString(), u"ok"_s);
+
+        desk.package.writeFile(u"Velmora.sqldb"_s, "these are no cards");
+        QCOMPARE(desk.program.runInShell(desk.importing(), u"<&- >&- 2>&-"_s).exitCode, 1);
+    }
+
+    void readerOfTheOutputThatGoesAwayDoesNotStopTheImport()
+    {
+        const Desk desk;
+
+        // The shell waits for both ends of the pipe.
+        desk.program.runInShell(desk.importing(yesAndJson), u"| true"_s);
+
+        QCOMPARE(desk.cardCount(), 2);
+    }
+
+    void signalCancelsAnImport_data()
+    {
+        QTest::addColumn<int>("number");
+        QTest::newRow("SIGINT") << SIGINT;
+        QTest::newRow("SIGTERM") << SIGTERM;
+        QTest::newRow("SIGHUP") << SIGHUP;
+    }
+    void signalCancelsAnImport()
+    {
+        QFETCH(int, number);
+        Desk desk;
+        desk.hasManyCards(moreCardsThanAPipeHolds);
+        const auto before = desk.package.contents();
+
+        const ProgramRun run = signalled(
+            desk, desk.importing(yesAndJson), "DBC_ImportIsRunningNotification", {number});
+
+        QCOMPARE(run.exitCode, 130);
+        QVERIFY(!run.names().contains(QString()));
+        QCOMPARE(run.object(u"DBC_OperationDidCanceledNotification"_s),
+            QJsonObject({{u"ConfirmCancelResult"_s, true}}));
+        const QJsonObject result = run.object(u"result"_s);
+        QCOMPARE(result.value(u"cancelled"_s), QJsonValue(true));
+        QCOMPARE(result.value(u"ok"_s), QJsonValue(false));
+        QVERIFY(result.value(u"backup"_s).isNull());
+        QCOMPARE(desk.package.contents(), before);
+        QVERIFY(!QFile::exists(desk.home.path(u"Velmora DB_bak.vmdb"_s)));
+    }
+
+    void signalCancelsAnExport()
+    {
+        Desk desk;
+        desk.hasManyCards(moreCardsThanAPipeHolds);
+        QCOMPARE(desk.program.run(desk.importing()).exitCode, 0);
+
+        const ProgramRun run = signalled(
+            desk, desk.exporting(yesAndJson), "DBC_ExportIsRunningNotification", {SIGINT});
+
+        QCOMPARE(run.exitCode, 130);
+        QVERIFY(!QFile::exists(desk.exported()));
+        QVERIFY(QFile::exists(desk.parent));
+    }
+
+    void secondSignalDoesNoHarm()
+    {
+        Desk desk;
+        desk.hasManyCards(moreCardsThanAPipeHolds);
+        const auto before = desk.package.contents();
+
+        const ProgramRun run = signalled(desk, desk.importing(yesAndJson),
+            "DBC_ImportIsRunningNotification", {SIGINT, SIGTERM, SIGINT});
+
+        QCOMPARE(run.exitCode, 130);
+        QCOMPARE(desk.package.contents(), before);
+    }
+
+    void questionIsAskedAtATerminal_data()
+    {
+        QTest::addColumn<QByteArray>("answer");
+        QTest::addColumn<int>("exitCode");
+        QTest::newRow("y") << QByteArray("y\n") << 0;
+        QTest::newRow("Yes") << QByteArray("Yes\n") << 0;
+        QTest::newRow("n") << QByteArray("n\n") << 3;
+        QTest::newRow("nothing") << QByteArray("\n") << 3;
+        QTest::newRow("anything else") << QByteArray("yet\n") << 3;
+        QTest::newRow("end of input") << QByteArray("\x04") << 3;
+    }
+    void questionIsAskedAtATerminal()
+    {
+        QFETCH(QByteArray, answer);
+        QFETCH(int, exitCode);
+        const Desk desk;
+        const Terminal terminal;
+        terminal.type(answer);
+
+        const ProgramRun run = ConvertProgram::finish(
+            desk.program.start(ConvertProgram::path(), desk.importing({}), terminal.attach()));
+
+        QCOMPARE(run.exitCode, exitCode);
+        QVERIFY(terminal.screen().contains(u"[y/N]"_s));
+        QCOMPARE(desk.cardCount(), exitCode == 0 ? 2 : 0);
+    }
+
+    void progressIsShownAtATerminal()
+    {
+        const Desk desk;
+        const Terminal terminal;
+
+        const ProgramRun run = ConvertProgram::finish(
+            desk.program.start(ConvertProgram::path(), desk.importing(), terminal.attach()));
+
+        QCOMPARE(run.exitCode, 0);
+        const QString screen = terminal.screen();
+        QVERIFY2(screen.contains(u"100%"_s), qPrintable(screen));
+        QVERIFY(screen.contains(u"2 of 2"_s));
+        QVERIFY(run.output.contains(u"2 of 2"_s));
+    }
+
+    void controlCharactersDoNotReachATerminal()
+    {
+        Desk desk;
+        desk.folder.dataFile(DataFileBuilder()
+                                 .titleLine()
+                                 .row({{Key::full_Name, u"A\u001b[2J\u009b1m\u202eB"_s},
+                                     {Key::face_Image_File, u"no\u0007.jpg"_s}})
+                                 .build());
+
+        const QString plain = desk.program.run({u"check"_s, desk.folder.path()}).output;
+        const QString json = desk.program.run({u"check"_s, u"--json"_s, desk.folder.path()}).output;
+
+        for (const QString& output : {plain, json}) {
+            for (const QChar character : {QChar(0x1b), QChar(0x9b), QChar(0x07), QChar(0x202e)})
+                QVERIFY(!output.contains(character));
+        }
+        QVERIFY2(plain.contains(u"A\\u001B[2J\\u009B1m\\u202EB"_s), qPrintable(plain));
+        QVERIFY(plain.contains(u"no\\u0007.jpg"_s));
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_convertCommands)
 #include "tst_convertCommands.moc"

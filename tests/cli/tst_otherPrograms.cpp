@@ -17,6 +17,8 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Key = DBCRecordKey;
@@ -27,25 +29,22 @@ struct Desk {
     explicit Desk(const PackageLayout& layout = {})
         : package(home, layout)
     {
-        package.card({{"ZFULL_NAME", QStringLiteral("Hoshino Taro")}});
+        package.card({{"ZFULL_NAME", u"Hoshino Taro"_s}});
         DataFileBuilder builder;
         builder.titleLine();
         for (int card = 0; card < cardsToImport; ++card)
-            builder.row({{Key::full_Name, QStringLiteral("Card %1").arg(card)}});
+            builder.row({{Key::full_Name, u"Card %1"_s.arg(card)}});
         folder.dataFile(builder.build());
-        parent = home.makeFolder(QStringLiteral("parent folder"));
+        parent = home.makeFolder(u"parent folder"_s);
     }
     QStringList importing() const
     {
-        return {QStringLiteral("import"), QStringLiteral("--yes"), folder.path(), package.path()};
+        return {u"import"_s, u"--yes"_s, folder.path(), package.path()};
     }
-    QStringList exporting() const
-    {
-        return {QStringLiteral("export"), QStringLiteral("--yes"), package.path(), parent};
-    }
+    QStringList exporting() const { return {u"export"_s, u"--yes"_s, package.path(), parent}; }
     qlonglong cardCount() const
     {
-        return package.value(QStringLiteral("SELECT count(*) FROM ZCARD")).toLongLong();
+        return package.value(u"SELECT count(*) FROM ZCARD"_s).toLongLong();
     }
 
     TestHome home;
@@ -98,11 +97,11 @@ private Q_SLOTS:
         QTest::addColumn<bool>("reads");
         QTest::addColumn<QString>("saying");
         QTest::newRow("when it is opened")
-            << QByteArray("BEGIN EXCLUSIVE") << false << QStringLiteral("could not be opened");
+            << QByteArray("BEGIN EXCLUSIVE") << false << u"could not be opened"_s;
         QTest::newRow("when it is saved, by a writer")
-            << QByteArray("BEGIN IMMEDIATE") << false << QStringLiteral("could not be saved");
+            << QByteArray("BEGIN IMMEDIATE") << false << u"could not be saved"_s;
         QTest::newRow("when it is saved, by a reader")
-            << QByteArray("BEGIN") << true << QStringLiteral("could not be saved");
+            << QByteArray("BEGIN") << true << u"could not be saved"_s;
     }
     void storeHeldInAWayThatStopsAnImport()
     {
@@ -123,7 +122,7 @@ private Q_SLOTS:
         }
         QCOMPARE(run.exitCode, 1);
         QVERIFY2(run.errors.contains(saying), qPrintable(run.errors));
-        QVERIFY2(run.errors.contains(QStringLiteral("locked")), qPrintable(run.errors));
+        QVERIFY2(run.errors.contains(u"locked"_s), qPrintable(run.errors));
         QCOMPARE(desk.package.contents(), before);
     }
 
@@ -135,14 +134,14 @@ private Q_SLOTS:
 
         QCOMPARE(desk.program.run(desk.importing()).exitCode, 0);
         QCOMPARE(other.countCards(), cardsToImport + 1);
-        QCOMPARE(desk.package.value(QStringLiteral("SELECT ZFULL_NAME FROM ZCARD WHERE Z_PK = 1")),
-            QVariant(QStringLiteral("Hoshino Jiro")));
+        QCOMPARE(desk.package.value(u"SELECT ZFULL_NAME FROM ZCARD WHERE Z_PK = 1"_s),
+            QVariant(u"Hoshino Jiro"_s));
     }
 
     void changeThatAnotherProgramDidNotFinishIsTakenBack()
     {
         const Desk desk;
-        const QString journal = QStringLiteral("Velmora.sqldb-journal");
+        const QString journal = u"Velmora.sqldb-journal"_s;
         QByteArray storeInMidChange;
         QByteArray hotJournal;
         {
@@ -150,17 +149,17 @@ private Q_SLOTS:
             other.run("PRAGMA cache_size = 1");
             other.run("BEGIN");
             other.run("UPDATE ZCARD SET ZMEMO = hex(zeroblob(200000))");
-            storeInMidChange = desk.package.readFile(QStringLiteral("Velmora.sqldb"));
+            storeInMidChange = desk.package.readFile(u"Velmora.sqldb"_s);
             hotJournal = desk.package.readFile(journal);
         }
         QVERIFY(!hotJournal.isEmpty());
-        desk.package.writeFile(QStringLiteral("Velmora.sqldb"), storeInMidChange);
+        desk.package.writeFile(u"Velmora.sqldb"_s, storeInMidChange);
         desk.package.writeFile(journal, hotJournal);
 
         QCOMPARE(desk.program.run(desk.importing()).exitCode, 0);
         QCOMPARE(desk.cardCount(), cardsToImport + 1);
-        QCOMPARE(desk.package.value(QStringLiteral(
-                     "SELECT length(ZMEMO) FROM ZCARD WHERE ZFULL_NAME = 'Hoshino Taro'")),
+        QCOMPARE(desk.package.value(
+                     u"SELECT length(ZMEMO) FROM ZCARD WHERE ZFULL_NAME = 'Hoshino Taro'"_s),
             QVariant());
     }
 
@@ -207,8 +206,8 @@ private Q_SLOTS:
         QCOMPARE(run.exitCode, exitCode);
         QCOMPARE(desk.package.contents(), before);
         if (exitCode == 1)
-            QVERIFY2(run.errors.contains(QStringLiteral("Another conversion is at work")),
-                qPrintable(run.errors));
+            QVERIFY2(
+                run.errors.contains(u"Another conversion is at work"_s), qPrintable(run.errors));
     }
 };
 

@@ -6,23 +6,25 @@
 #include <QDir>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 using Stage = DBCImportJournal::Stage;
 
 namespace {
 
-const QString yes = QStringLiteral("--yes");
-const QString json = QStringLiteral("--json");
+const QString yes = u"--yes"_s;
+const QString json = u"--json"_s;
 
 struct Desk {
     explicit Desk(Stage stage = Stage::Import)
         : dead(stage)
     {
-        dead.package.writeFile(QStringLiteral("Images/NEW-1_N1.pdf"), "new");
+        dead.package.writeFile(u"Images/NEW-1_N1.pdf"_s, "new");
         before = dead.package.contents();
     }
     ProgramRun recover(const QStringList& options = {}) const
     {
-        return program.run(QStringList({QStringLiteral("recover"), dead.package.path()}) + options);
+        return program.run(QStringList({u"recover"_s, dead.package.path()}) + options);
     }
     bool isUnchanged() const { return dead.hasJournal() && dead.package.contents() == before; }
 
@@ -41,8 +43,7 @@ private Q_SLOTS:
     {
         const TestHome home;
         const PackageFixture package(home);
-        const ProgramRun run
-            = ConvertProgram(home).run({QStringLiteral("recover"), package.path()});
+        const ProgramRun run = ConvertProgram(home).run({u"recover"_s, package.path()});
         QCOMPARE(run.exitCode, 0);
         QVERIFY(run.output.contains(package.path()));
         QVERIFY(run.errors.isEmpty());
@@ -51,8 +52,8 @@ private Q_SLOTS:
     void missingPackageIsRefused()
     {
         const TestHome home;
-        const QString none = home.path(QStringLiteral("none.vmdb"));
-        const ProgramRun run = ConvertProgram(home).run({QStringLiteral("recover"), none});
+        const QString none = home.path(u"none.vmdb"_s);
+        const ProgramRun run = ConvertProgram(home).run({u"recover"_s, none});
         QCOMPARE(run.exitCode, 3);
         QVERIFY(run.errors.contains(none));
     }
@@ -81,10 +82,8 @@ private Q_SLOTS:
     {
         const TestHome home;
         const PackageFixture package(home);
-        const auto running
-            = DBCImportJournal::begin(package.path(), home.path(QStringLiteral("bak.vmdb")));
-        const ProgramRun run
-            = ConvertProgram(home).run({QStringLiteral("recover"), package.path(), yes});
+        const auto running = DBCImportJournal::begin(package.path(), home.path(u"bak.vmdb"_s));
+        const ProgramRun run = ConvertProgram(home).run({u"recover"_s, package.path(), yes});
         QCOMPARE(run.exitCode, 3);
         QVERIFY(run.errors.contains(package.path()));
     }
@@ -102,18 +101,17 @@ private Q_SLOTS:
     void jsonEndsWithAResult()
     {
         const Desk desk;
-        const QJsonObject result = desk.recover({yes, json}).object(QStringLiteral("result"));
-        QCOMPARE(result.value(QStringLiteral("ok")).toBool(), true);
-        const QJsonObject refused = Desk().recover({json}).object(QStringLiteral("result"));
-        QCOMPARE(refused.value(QStringLiteral("ok")).toBool(true), false);
+        const QJsonObject result = desk.recover({yes, json}).object(u"result"_s);
+        QCOMPARE(result.value(u"ok"_s).toBool(), true);
+        const QJsonObject refused = Desk().recover({json}).object(u"result"_s);
+        QCOMPARE(refused.value(u"ok"_s).toBool(true), false);
     }
 
     void exportAsksBeforeItBegins()
     {
         const Desk desk;
-        const QString parent = desk.dead.home.makeFolder(QStringLiteral("exported"));
-        const ProgramRun run
-            = desk.program.run({QStringLiteral("export"), desk.dead.package.path(), parent});
+        const QString parent = desk.dead.home.makeFolder(u"exported"_s);
+        const ProgramRun run = desk.program.run({u"export"_s, desk.dead.package.path(), parent});
         QCOMPARE(run.exitCode, 3);
         QVERIFY(desk.isUnchanged());
         QVERIFY(QDir(parent).isEmpty());
@@ -122,12 +120,12 @@ private Q_SLOTS:
     void exportWithYesRestoresFirst()
     {
         const Desk desk;
-        const QString parent = desk.dead.home.makeFolder(QStringLiteral("exported"));
+        const QString parent = desk.dead.home.makeFolder(u"exported"_s);
         const ProgramRun run
-            = desk.program.run({QStringLiteral("export"), desk.dead.package.path(), parent, yes});
+            = desk.program.run({u"export"_s, desk.dead.package.path(), parent, yes});
         QCOMPARE(run.exitCode, 0);
         QVERIFY(!desk.dead.hasJournal());
-        QVERIFY(!desk.dead.package.contents().contains(QStringLiteral("Images/NEW-1_N1.pdf")));
+        QVERIFY(!desk.dead.package.contents().contains(u"Images/NEW-1_N1.pdf"_s));
         QVERIFY(!QDir(parent).isEmpty());
     }
 };

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 class ReaderFixture {
 protected:
     using Records = std::vector<DBCRecord>;
@@ -19,7 +21,7 @@ protected:
     }
     void end() { _home.reset(); }
 
-    QString dataFile() const { return _home->path(QStringLiteral("data.txt")); }
+    QString dataFile() const { return _home->path(u"data.txt"_s); }
     std::unique_ptr<DBCFileReader> readerFor(const DataFileBuilder& file) const
     {
         return DBCFileReader::initWithFullFileName(file.writeTo(dataFile()));
@@ -33,11 +35,11 @@ protected:
     static DataFileBuilder fileWithTitle() { return DataFileBuilder().titleLine(); }
     static QString text(const DBCRecord& record, DBCRecordKey key)
     {
-        return record.text(key).value_or(QStringLiteral("absent"));
+        return record.text(key).value_or(u"absent"_s);
     }
 
-    QStringList warnings() const { return linesWith(QStringLiteral(" [Warning] ")); }
-    QStringList errors() const { return linesWith(QStringLiteral(" [Error] ")); }
+    QStringList warnings() const { return linesWith(u" [Warning] "_s); }
+    QStringList errors() const { return linesWith(u" [Error] "_s); }
     QStringList linesWith(const QString& tag) const
     {
         return _home->logText().split(u'\n').filter(tag);

@@ -9,22 +9,23 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 class WriterFixture {
 protected:
     void begin() { _home = std::make_unique<TestHome>(); }
     void end() { _home.reset(); }
 
-    QString path() const { return _home->path(QStringLiteral("data.txt")); }
+    QString path() const { return _home->path(u"data.txt"_s); }
     std::unique_ptr<DBCFileWriter> dataFileWriter() const
     {
-        return DBCFileWriter::initWithFileName(
-            path(), DBCTextEncoding::Utf16, QStringLiteral("\r\n"));
+        return DBCFileWriter::initWithFileName(path(), DBCTextEncoding::Utf16, u"\r\n"_s);
     }
     std::unique_ptr<DBCFileWriter> logWriter() const
     {
-        return DBCFileWriter::initWithFileName(path(), DBCTextEncoding::Utf8, QStringLiteral("\n"));
+        return DBCFileWriter::initWithFileName(path(), DBCTextEncoding::Utf8, u"\n"_s);
     }
-    QByteArray written() const { return _home->readFile(QStringLiteral("data.txt")); }
+    QByteArray written() const { return _home->readFile(u"data.txt"_s); }
 
     static QByteArray littleEndianWithMark(const QString& text)
     {
@@ -39,7 +40,7 @@ protected:
     {
         DBCRecord record;
         for (const DBCColumn& column : DBCColumns)
-            record.setValue(column.key, QStringLiteral(""));
+            record.setValue(column.key, u""_s);
         return record;
     }
 

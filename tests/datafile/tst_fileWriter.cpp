@@ -13,232 +13,209 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 class tst_fileWriter : public QObject, private WriterFixture {
     Q_OBJECT
 private Q_SLOTS:
     void init() { begin(); }
     void cleanup() { end(); }
 
-    void emptyPathMakesNoWriter();
-    void writerKnowsItsPathAndTheTitleOfEveryColumn();
-    void newDataFileStartsWithOneByteOrderMark();
-    void existingFileIsKeptAndAppendedTo();
-    void secondWriterAppendsASecondByteOrderMark();
-    void newFileBelongsToItsOwnerAlone();
-    void descriptorIsNotInheritedByOtherPrograms();
-    void openTwiceIsHarmless();
-    void writingAfterAnotherProgramAppendedKeepsItsLines();
-    void missingFolderCannotBeOpened();
-    void folderAtThePathCannotBeOpened();
-    void pipeAtThePathCannotBeOpened();
-    void readOnlyFileCannotBeOpened();
-    void vanishedFileIsReported();
-    void fullDiskFailsTheWriteThatMeetsIt();
-    void fullDiskThatHasNoRoomForTheMarkFailsTheOpening();
-    void fileThatCannotBeLookedAtIsNotWritten_data();
-    void fileThatCannotBeLookedAtIsNotWritten();
-    void closeReleasesTheFile();
-    void missingTextIsAGeneralFailure();
-    void utf8TextIsWrittenAsItIs();
-    void utf16TextIsWrittenWithoutAMarkOfItsOwn();
-    void emptyUtf16TextIsAMark();
-};
-
-void tst_fileWriter::emptyPathMakesNoWriter()
-{
-    QVERIFY(!DBCFileWriter::initWithFileName({}, DBCTextEncoding::Utf8, QStringLiteral("\n")));
-}
-
-void tst_fileWriter::writerKnowsItsPathAndTheTitleOfEveryColumn()
-{
-    const auto writer = dataFileWriter();
-    QCOMPARE(writer->filePath(), path());
-    QCOMPARE(writer->mappingTitleDic().size(), 21);
-    QVERIFY(!writer->mappingTitleDic().value(DBCRecordKey::memo).isEmpty());
-}
-
-void tst_fileWriter::newDataFileStartsWithOneByteOrderMark()
-{
-    const auto writer = dataFileWriter();
-    for (int i = 0; i < 3; ++i) {
-        QCOMPARE(writer->write(QStringLiteral("A\r\n")), DBCResultCode::Success);
-        writer->open();
-    }
-    QCOMPARE(written(), littleEndianWithMark(QStringLiteral("A\r\nA\r\nA\r\n")));
-}
-
-void tst_fileWriter::existingFileIsKeptAndAppendedTo()
-{
-    _home->writeFile(QStringLiteral("data.txt"), "first\n");
-    const auto writer = logWriter();
-    QCOMPARE(writer->write(QStringLiteral("second\n")), DBCResultCode::Success);
-    QCOMPARE(written(), QByteArray("first\nsecond\n"));
-}
-
-void tst_fileWriter::secondWriterAppendsASecondByteOrderMark()
-{
-    dataFileWriter()->write(QStringLiteral("A"));
-    dataFileWriter()->write(QStringLiteral("B"));
-    QCOMPARE(written(), QByteArray::fromHex("FFFE 4100 FFFE 4200"));
-}
-
-void tst_fileWriter::newFileBelongsToItsOwnerAlone()
-{
-    QCOMPARE(logWriter()->open(), DBCResultCode::Success);
-    struct stat status { };
-    QCOMPARE(::stat(QFile::encodeName(path()).constData(), &status), 0);
-    QCOMPARE(status.st_mode & 0777U, 0700U);
-}
-
-void tst_fileWriter::descriptorIsNotInheritedByOtherPrograms()
-{
-    const int next = ::dup(0);
-    ::close(next);
-    const auto writer = logWriter();
-    QCOMPARE(writer->open(), DBCResultCode::Success);
-    struct stat byPath { };
-    struct stat byDescriptor { };
-    QCOMPARE(::stat(QFile::encodeName(path()).constData(), &byPath), 0);
-    QCOMPARE(::fstat(next, &byDescriptor), 0);
-    QCOMPARE(byDescriptor.st_ino, byPath.st_ino);
-    QVERIFY(::fcntl(next, F_GETFD) & FD_CLOEXEC);
-}
-
-void tst_fileWriter::openTwiceIsHarmless()
-{
-    const auto writer = dataFileWriter();
-    QCOMPARE(writer->open(), DBCResultCode::Success);
-    QCOMPARE(writer->open(), DBCResultCode::Success);
-    QCOMPARE(written(), QByteArray("\xFF\xFE"));
-}
-
-void tst_fileWriter::writingAfterAnotherProgramAppendedKeepsItsLines()
-{
-    const auto one = logWriter();
-    const auto other = logWriter();
-    one->write(QStringLiteral("1\n"));
-    other->write(QStringLiteral("2\n"));
-    one->write(QStringLiteral("3\n"));
-    QCOMPARE(written(), QByteArray("1\n2\n3\n"));
-}
-
-void tst_fileWriter::missingFolderCannotBeOpened()
-{
-    const auto writer = DBCFileWriter::initWithFileName(
-        _home->path(QStringLiteral("no/data.txt")), DBCTextEncoding::Utf16, QStringLiteral("\r\n"));
-    QCOMPARE(writer->open(), DBCResultCode::DataFileOpenFailure);
-    QCOMPARE(writer->write(QStringLiteral("A")), DBCResultCode::DataFileOpenFailure);
-}
-
-void tst_fileWriter::folderAtThePathCannotBeOpened()
-{
-    _home->makeFolder(QStringLiteral("data.txt"));
-    QCOMPARE(dataFileWriter()->open(), DBCResultCode::DataFileOpenFailure);
-}
-
-void tst_fileWriter::pipeAtThePathCannotBeOpened()
-{
-    QCOMPARE(::mkfifo(QFile::encodeName(path()).constData(), 0700), 0);
-    QCOMPARE(dataFileWriter()->open(), DBCResultCode::DataFileOpenFailure);
-}
-
-void tst_fileWriter::readOnlyFileCannotBeOpened()
-{
-    end();
-    const AsOrdinaryUser user;
-    begin();
-    QFile::setPermissions(_home->writeFile(QStringLiteral("data.txt"), "x"), QFile::ReadOwner);
-    QCOMPARE(dataFileWriter()->open(), DBCResultCode::DataFileOpenFailure);
-    QCOMPARE(written(), QByteArray("x"));
-}
-
-void tst_fileWriter::vanishedFileIsReported()
-{
-    const auto writer = dataFileWriter();
-    writer->write(QStringLiteral("A"));
-    QVERIFY(QFile::remove(path()));
-    QCOMPARE(writer->open(), DBCResultCode::FolderNotExist);
-    QCOMPARE(writer->write(QStringLiteral("B")), DBCResultCode::FolderNotExist);
-    QVERIFY(!QFile::exists(path()));
-}
-
-void tst_fileWriter::fullDiskFailsTheWriteThatMeetsIt()
-{
-    const auto writer = logWriter();
-    QCOMPARE(writer->write(QStringLiteral("12345678")), DBCResultCode::Success);
+    void emptyPathMakesNoWriter()
     {
-        const FileSizeLimit full(10);
-        QCOMPARE(writer->write(QStringLiteral("12345678")),
-            DBCResultCode::DataFileWriteFailure); // partly
-        QCOMPARE(writer->write(QStringLiteral("1")), DBCResultCode::DataFileWriteFailure);
-        writer->close();
+        QVERIFY(!DBCFileWriter::initWithFileName({}, DBCTextEncoding::Utf8, u"\n"_s));
     }
-    QCOMPARE(writer->write(QStringLiteral("x")), DBCResultCode::Success);
-}
 
-void tst_fileWriter::fullDiskThatHasNoRoomForTheMarkFailsTheOpening()
-{
-    const auto writer = dataFileWriter();
+    void writerKnowsItsPathAndTheTitleOfEveryColumn()
     {
-        const FileSizeLimit full(1);
+        const auto writer = dataFileWriter();
+        QCOMPARE(writer->filePath(), path());
+        QCOMPARE(writer->mappingTitleDic().size(), 21);
+        QVERIFY(!writer->mappingTitleDic().value(DBCRecordKey::memo).isEmpty());
+    }
+
+    void newDataFileStartsWithOneByteOrderMark()
+    {
+        const auto writer = dataFileWriter();
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(writer->write(u"A\r\n"_s), DBCResultCode::Success);
+            writer->open();
+        }
+        QCOMPARE(written(), littleEndianWithMark(u"A\r\nA\r\nA\r\n"_s));
+    }
+
+    void existingFileIsKeptAndAppendedTo()
+    {
+        _home->writeFile(u"data.txt"_s, "first\n");
+        const auto writer = logWriter();
+        QCOMPARE(writer->write(u"second\n"_s), DBCResultCode::Success);
+        QCOMPARE(written(), QByteArray("first\nsecond\n"));
+    }
+
+    void secondWriterAppendsASecondByteOrderMark()
+    {
+        dataFileWriter()->write(u"A"_s);
+        dataFileWriter()->write(u"B"_s);
+        QCOMPARE(written(), QByteArray::fromHex("FFFE 4100 FFFE 4200"));
+    }
+
+    void newFileBelongsToItsOwnerAlone()
+    {
+        QCOMPARE(logWriter()->open(), DBCResultCode::Success);
+        struct stat status { };
+        QCOMPARE(::stat(QFile::encodeName(path()).constData(), &status), 0);
+        QCOMPARE(status.st_mode & 0777U, 0700U);
+    }
+
+    void descriptorIsNotInheritedByOtherPrograms()
+    {
+        const int next = ::dup(0);
+        ::close(next);
+        const auto writer = logWriter();
+        QCOMPARE(writer->open(), DBCResultCode::Success);
+        struct stat byPath { };
+        struct stat byDescriptor { };
+        QCOMPARE(::stat(QFile::encodeName(path()).constData(), &byPath), 0);
+        QCOMPARE(::fstat(next, &byDescriptor), 0);
+        QCOMPARE(byDescriptor.st_ino, byPath.st_ino);
+        QVERIFY(::fcntl(next, F_GETFD) & FD_CLOEXEC);
+    }
+
+    void openTwiceIsHarmless()
+    {
+        const auto writer = dataFileWriter();
+        QCOMPARE(writer->open(), DBCResultCode::Success);
+        QCOMPARE(writer->open(), DBCResultCode::Success);
+        QCOMPARE(written(), QByteArray("\xFF\xFE"));
+    }
+
+    void writingAfterAnotherProgramAppendedKeepsItsLines()
+    {
+        const auto one = logWriter();
+        const auto other = logWriter();
+        one->write(u"1\n"_s);
+        other->write(u"2\n"_s);
+        one->write(u"3\n"_s);
+        QCOMPARE(written(), QByteArray("1\n2\n3\n"));
+    }
+
+    void missingFolderCannotBeOpened()
+    {
+        const auto writer = DBCFileWriter::initWithFileName(
+            _home->path(u"no/data.txt"_s), DBCTextEncoding::Utf16, u"\r\n"_s);
         QCOMPARE(writer->open(), DBCResultCode::DataFileOpenFailure);
-        QCOMPARE(writer->write(QStringLiteral("A")), DBCResultCode::DataFileOpenFailure);
+        QCOMPARE(writer->write(u"A"_s), DBCResultCode::DataFileOpenFailure);
     }
-}
 
-void tst_fileWriter::fileThatCannotBeLookedAtIsNotWritten_data()
-{
-    QTest::addColumn<qlonglong>("call");
-    QTest::newRow("looking") << qlonglong(SYS_newfstatat);
-    QTest::newRow("seeking") << qlonglong(SYS_lseek);
-}
+    void folderAtThePathCannotBeOpened()
+    {
+        _home->makeFolder(u"data.txt"_s);
+        QCOMPARE(dataFileWriter()->open(), DBCResultCode::DataFileOpenFailure);
+    }
 
-void tst_fileWriter::fileThatCannotBeLookedAtIsNotWritten()
-{
-    QFETCH(qlonglong, call);
-    const auto writer = dataFileWriter();
-    auto code = DBCResultCode::Success;
-    if (!FailingCall(call, EIO).during([&] { code = writer->write(QStringLiteral("A")); }))
-        QSKIP("calls cannot be made to fail here");
-    QCOMPARE(code, DBCResultCode::DataFileOpenFailure);
-    QVERIFY(written().isEmpty());
-}
+    void pipeAtThePathCannotBeOpened()
+    {
+        QCOMPARE(::mkfifo(QFile::encodeName(path()).constData(), 0700), 0);
+        QCOMPARE(dataFileWriter()->open(), DBCResultCode::DataFileOpenFailure);
+    }
 
-void tst_fileWriter::closeReleasesTheFile()
-{
-    const auto writer = logWriter();
-    writer->open();
-    QCOMPARE(writer->close(), DBCResultCode::Success);
-    QVERIFY(QFile::remove(path()));
-    QCOMPARE(writer->write(QStringLiteral("new\n")), DBCResultCode::Success);
-    QCOMPARE(written(), QByteArray("new\n"));
-}
+    void readOnlyFileCannotBeOpened()
+    {
+        end();
+        const AsOrdinaryUser user;
+        begin();
+        QFile::setPermissions(_home->writeFile(u"data.txt"_s, "x"), QFile::ReadOwner);
+        QCOMPARE(dataFileWriter()->open(), DBCResultCode::DataFileOpenFailure);
+        QCOMPARE(written(), QByteArray("x"));
+    }
 
-void tst_fileWriter::missingTextIsAGeneralFailure()
-{
-    QCOMPARE(dataFileWriter()->write(std::nullopt), DBCResultCode::GeneralFailure);
-    QVERIFY(!QFile::exists(path()));
-}
+    void vanishedFileIsReported()
+    {
+        const auto writer = dataFileWriter();
+        writer->write(u"A"_s);
+        QVERIFY(QFile::remove(path()));
+        QCOMPARE(writer->open(), DBCResultCode::FolderNotExist);
+        QCOMPARE(writer->write(u"B"_s), DBCResultCode::FolderNotExist);
+        QVERIFY(!QFile::exists(path()));
+    }
 
-void tst_fileWriter::utf8TextIsWrittenAsItIs()
-{
-    const auto writer = logWriter();
-    writer->write(QStringLiteral("one\t "));
-    writer->write(QStringLiteral("二\n"));
-    QCOMPARE(written(), QByteArray("one\t \xE4\xBA\x8C\n"));
-}
+    void fullDiskFailsTheWriteThatMeetsIt()
+    {
+        const auto writer = logWriter();
+        QCOMPARE(writer->write(u"12345678"_s), DBCResultCode::Success);
+        {
+            const FileSizeLimit full(10);
+            QCOMPARE(writer->write(u"12345678"_s),
+                DBCResultCode::DataFileWriteFailure); // partly
+            QCOMPARE(writer->write(u"1"_s), DBCResultCode::DataFileWriteFailure);
+            writer->close();
+        }
+        QCOMPARE(writer->write(u"x"_s), DBCResultCode::Success);
+    }
 
-void tst_fileWriter::utf16TextIsWrittenWithoutAMarkOfItsOwn()
-{
-    dataFileWriter()->write(QStringLiteral("未"));
-    QCOMPARE(written(), QByteArray::fromHex("FFFE 2A67"));
-}
+    void fullDiskThatHasNoRoomForTheMarkFailsTheOpening()
+    {
+        const auto writer = dataFileWriter();
+        {
+            const FileSizeLimit full(1);
+            QCOMPARE(writer->open(), DBCResultCode::DataFileOpenFailure);
+            QCOMPARE(writer->write(u"A"_s), DBCResultCode::DataFileOpenFailure);
+        }
+    }
 
-void tst_fileWriter::emptyUtf16TextIsAMark()
-{
-    dataFileWriter()->write(QStringLiteral(""));
-    QCOMPARE(written(), QByteArray::fromHex("FFFE FFFE"));
-}
+    void fileThatCannotBeLookedAtIsNotWritten_data()
+    {
+        QTest::addColumn<qlonglong>("call");
+        QTest::newRow("looking") << qlonglong(SYS_newfstatat);
+        QTest::newRow("seeking") << qlonglong(SYS_lseek);
+    }
+    void fileThatCannotBeLookedAtIsNotWritten()
+    {
+        QFETCH(qlonglong, call);
+        const auto writer = dataFileWriter();
+        auto code = DBCResultCode::Success;
+        if (!FailingCall(call, EIO).during([&] { code = writer->write(u"A"_s); }))
+            QSKIP("calls cannot be made to fail here");
+        QCOMPARE(code, DBCResultCode::DataFileOpenFailure);
+        QVERIFY(written().isEmpty());
+    }
+
+    void closeReleasesTheFile()
+    {
+        const auto writer = logWriter();
+        writer->open();
+        QCOMPARE(writer->close(), DBCResultCode::Success);
+        QVERIFY(QFile::remove(path()));
+        QCOMPARE(writer->write(u"new\n"_s), DBCResultCode::Success);
+        QCOMPARE(written(), QByteArray("new\n"));
+    }
+
+    void missingTextIsAGeneralFailure()
+    {
+        QCOMPARE(dataFileWriter()->write(std::nullopt), DBCResultCode::GeneralFailure);
+        QVERIFY(!QFile::exists(path()));
+    }
+
+    void utf8TextIsWrittenAsItIs()
+    {
+        const auto writer = logWriter();
+        writer->write(u"one\t "_s);
+        writer->write(u"二\n"_s);
+        QCOMPARE(written(), QByteArray("one\t \xE4\xBA\x8C\n"));
+    }
+
+    void utf16TextIsWrittenWithoutAMarkOfItsOwn()
+    {
+        dataFileWriter()->write(u"未"_s);
+        QCOMPARE(written(), QByteArray::fromHex("FFFE 2A67"));
+    }
+
+    void emptyUtf16TextIsAMark()
+    {
+        dataFileWriter()->write(u""_s);
+        QCOMPARE(written(), QByteArray::fromHex("FFFE FFFE"));
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_fileWriter)
 #include "tst_fileWriter.moc"

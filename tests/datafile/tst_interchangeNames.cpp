@@ -5,55 +5,50 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace Names = DBCInterchangeNames;
 
 class tst_interchangeNames : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void namesAreTheSameInEveryLanguage_data();
-    void namesAreTheSameInEveryLanguage();
-    void pathsInsideTheFolder();
-    void imageNamesEndInTheSideOfTheCard();
-    void versionLine();
+    void namesAreTheSameInEveryLanguage_data()
+    {
+        QTest::addColumn<DBCLocalizable::Language>("language");
+        QTest::newRow("English") << DBCLocalizable::Language::English;
+        QTest::newRow("Japanese") << DBCLocalizable::Language::Japanese;
+    }
+    void namesAreTheSameInEveryLanguage()
+    {
+        QFETCH(DBCLocalizable::Language, language);
+        DBCLocalizable::setLanguage(language);
+        QCOMPARE(Names::rootFolderName(), u"名刺データ"_s);
+        QCOMPARE(Names::dataFileName(), u"名刺データ.txt"_s);
+        QCOMPARE(Names::imageFolderName(), u"名刺画像"_s);
+        QCOMPARE(Names::attachmentFolderName(), u"添付ファイル"_s);
+    }
+
+    void pathsInsideTheFolder()
+    {
+        const QString folder = u"/data/cards"_s;
+        QCOMPARE(Names::dataFile(folder), u"/data/cards/名刺データ.txt"_s);
+        QCOMPARE(Names::imageFolder(folder), u"/data/cards/名刺画像"_s);
+        QCOMPARE(Names::attachmentFolder(folder), u"/data/cards/添付ファイル"_s);
+        QCOMPARE(Names::versionFile(folder), u"/data/cards/Version.txt"_s);
+    }
+
+    void imageNamesEndInTheSideOfTheCard()
+    {
+        QCOMPARE(Names::faceImageName(u"12"_s), u"12_N1.jpg"_s);
+        QCOMPARE(Names::backImageName(u"12"_s), u"12_N2.jpg"_s);
+    }
+
+    void versionLine()
+    {
+        QCOMPARE(QString::fromUtf16(Names::productCode), u"TELKA"_s);
+        QCOMPARE(QString::fromUtf16(Names::productVersion), u"V1.0L10"_s);
+    }
 };
-
-void tst_interchangeNames::namesAreTheSameInEveryLanguage_data()
-{
-    QTest::addColumn<DBCLocalizable::Language>("language");
-    QTest::newRow("English") << DBCLocalizable::Language::English;
-    QTest::newRow("Japanese") << DBCLocalizable::Language::Japanese;
-}
-
-void tst_interchangeNames::namesAreTheSameInEveryLanguage()
-{
-    QFETCH(DBCLocalizable::Language, language);
-    DBCLocalizable::setLanguage(language);
-    QCOMPARE(Names::rootFolderName(), QStringLiteral("名刺データ"));
-    QCOMPARE(Names::dataFileName(), QStringLiteral("名刺データ.txt"));
-    QCOMPARE(Names::imageFolderName(), QStringLiteral("名刺画像"));
-    QCOMPARE(Names::attachmentFolderName(), QStringLiteral("添付ファイル"));
-}
-
-void tst_interchangeNames::pathsInsideTheFolder()
-{
-    const QString folder = QStringLiteral("/data/cards");
-    QCOMPARE(Names::dataFile(folder), QStringLiteral("/data/cards/名刺データ.txt"));
-    QCOMPARE(Names::imageFolder(folder), QStringLiteral("/data/cards/名刺画像"));
-    QCOMPARE(Names::attachmentFolder(folder), QStringLiteral("/data/cards/添付ファイル"));
-    QCOMPARE(Names::versionFile(folder), QStringLiteral("/data/cards/Version.txt"));
-}
-
-void tst_interchangeNames::imageNamesEndInTheSideOfTheCard()
-{
-    QCOMPARE(Names::faceImageName(QStringLiteral("12")), QStringLiteral("12_N1.jpg"));
-    QCOMPARE(Names::backImageName(QStringLiteral("12")), QStringLiteral("12_N2.jpg"));
-}
-
-void tst_interchangeNames::versionLine()
-{
-    QCOMPARE(QString::fromUtf16(Names::productCode), QStringLiteral("TELKA"));
-    QCOMPARE(QString::fromUtf16(Names::productVersion), QStringLiteral("V1.0L10"));
-}
 
 QTEST_GUILESS_MAIN(tst_interchangeNames)
 #include "tst_interchangeNames.moc"

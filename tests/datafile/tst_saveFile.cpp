@@ -12,6 +12,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using Common = DBCCommonFunction;
 using Code = DBCResultCode;
 
@@ -21,177 +23,157 @@ private Q_SLOTS:
     void init() { _home.emplace(); }
     void cleanup() { _home.reset(); }
 
-    void saveWithoutDataFails();
-    void saveWithoutPathFails();
-    void saveMakesANewFile();
-    void saveOfNothingMakesAnEmptyFile();
-    void saveReplacesAnExistingFile();
-    void saveReplacesALinkAndNotWhatItNames();
-    void saveReplacesALinkThatLeadsNowhere();
-    void saveReplacesAPipeWithoutWaiting();
-    void saveOverAFolderFails();
-    void saveIntoAMissingFolderFails();
-    void saveBelowAFileFails();
-    void saveIntoAReadOnlyFolderFails();
-    void saveWantsTheMarginFreeBesideTheData_data();
-    void saveWantsTheMarginFreeBesideTheData();
-    void saveWithoutSpaceKeepsTheOldFile();
-    void saveOnAFullDiskFailsAndLeavesNothing();
-    void saveIntoAFolderThatBecomesReadOnlyKeepsTheOldFile();
+    void saveWithoutDataFails()
+    {
+        const QString path = _home->path(u"new"_s);
+        QCOMPARE(Common::saveFile({}, path), Code::GeneralFailure);
+        QVERIFY(!QFileInfo::exists(path));
+    }
+
+    void saveWithoutPathFails()
+    {
+        QCOMPARE(Common::saveFile(QByteArray("x"), QString()), Code::GeneralFailure);
+    }
+
+    void saveMakesANewFile()
+    {
+        const QByteArray data("a\0b", 3);
+        QCOMPARE(Common::saveFile(data, _home->path(u"new"_s)), Code::Success);
+        QCOMPARE(_home->readFile(u"new"_s), data);
+    }
+
+    void saveOfNothingMakesAnEmptyFile()
+    {
+        QCOMPARE(Common::saveFile(QByteArray(), _home->path(u"new"_s)), Code::Success);
+        QVERIFY(QFileInfo::exists(_home->path(u"new"_s)));
+    }
+
+    void saveReplacesAnExistingFile()
+    {
+        const QString path = _home->writeFile(u"file"_s, "a much longer old content");
+        QCOMPARE(Common::saveFile(QByteArray("new"), path), Code::Success);
+        QCOMPARE(_home->readFile(u"file"_s), QByteArray("new"));
+    }
+
+    void saveReplacesALinkAndNotWhatItNames()
+    {
+        const QString target = _home->writeFile(u"target"_s, "kept");
+        const QString link = _home->path(u"link"_s);
+        QVERIFY(QFile::link(target, link));
+        QCOMPARE(Common::saveFile(QByteArray("new"), link), Code::Success);
+        QCOMPARE(_home->readFile(u"target"_s), QByteArray("kept"));
+        QCOMPARE(_home->readFile(u"link"_s), QByteArray("new"));
+    }
+
+    void saveReplacesALinkThatLeadsNowhere()
+    {
+        const QString target = _home->path(u"missing"_s);
+        const QString link = _home->path(u"link"_s);
+        QVERIFY(QFile::link(target, link));
+        QCOMPARE(Common::saveFile(QByteArray("new"), link), Code::Success);
+        QVERIFY(!QFileInfo::exists(target));
+        QCOMPARE(_home->readFile(u"link"_s), QByteArray("new"));
+    }
+
+    void saveReplacesAPipeWithoutWaiting()
+    {
+        const QString path = _home->path(u"pipe"_s);
+        QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+        QCOMPARE(Common::saveFile(QByteArray("new"), path), Code::Success);
+        QCOMPARE(_home->readFile(u"pipe"_s), QByteArray("new"));
+    }
+
+    void saveOverAFolderFails()
+    {
+        const QString folder = _home->makeFolder(u"folder"_s);
+        QCOMPARE(Common::saveFile(QByteArray("new"), folder), Code::FileSaveFailure);
+        QVERIFY(QFileInfo(folder).isDir());
+    }
+
+    void saveIntoAMissingFolderFails()
+    {
+        const QString path = _home->path(u"missing/file"_s);
+        QCOMPARE(Common::saveFile(QByteArray("new"), path), Code::FileSaveFailure);
+        QVERIFY(!QFileInfo::exists(_home->path(u"missing"_s)));
+    }
+
+    void saveBelowAFileFails()
+    {
+        const QString file = _home->writeFile(u"file"_s, "kept");
+        QCOMPARE(Common::saveFile(QByteArray("new"), file + u"/x"_s), Code::FileSaveFailure);
+    }
+
+    void saveIntoAReadOnlyFolderFails()
+    {
+        ScopedHost host;
+        host.makeReadOnly({_home->path()});
+        const QString old = _home->writeFile(u"file"_s, "kept");
+        QCOMPARE(Common::saveFile(QByteArray("new"), old), Code::FileSaveFailure);
+        QCOMPARE(_home->readFile(u"file"_s), QByteArray("kept"));
+    }
+
+    void saveWantsTheMarginFreeBesideTheData_data()
+    {
+        QTest::addColumn<quint64>("free");
+        QTest::addColumn<Code>("expected");
+        QTest::newRow("exactly enough") << quint64 {524288 + 3} << Code::Success;
+        QTest::newRow("one byte less") << quint64 {524288 + 2} << Code::NoSpaceForExport;
+    }
+    void saveWantsTheMarginFreeBesideTheData()
+    {
+        QFETCH(quint64, free);
+        QFETCH(Code, expected);
+        ScopedHost host;
+        QString asked;
+        host->freeBytes = [&](const QString& path) {
+            asked = path;
+            return std::optional(free);
+        };
+        QCOMPARE(Common::saveFile(QByteArray("new"), _home->path(u"file"_s)), expected);
+        QCOMPARE(asked, _home->path());
+    }
+
+    void saveWithoutSpaceKeepsTheOldFile()
+    {
+        ScopedHost host;
+        host.setFreeBytes(1);
+        const QString path = _home->writeFile(u"file"_s, "kept");
+        QCOMPARE(Common::saveFile(QByteArray("new"), path), Code::NoSpaceForExport);
+        QCOMPARE(_home->readFile(u"file"_s), QByteArray("kept"));
+    }
+
+    void saveOnAFullDiskFailsAndLeavesNothing()
+    {
+        const QString path = _home->path(u"file"_s);
+        Code code = Code::Success;
+        {
+            const FileSizeLimit limit(1000);
+            code = Common::saveFile(QByteArray(5000, 'x'), path);
+        }
+        QCOMPARE(code, Code::FileSaveFailure);
+        QVERIFY(!QFileInfo::exists(path));
+    }
+
+    void saveIntoAFolderThatBecomesReadOnlyKeepsTheOldFile()
+    {
+        _home.reset();
+        const AsOrdinaryUser user;
+        _home.emplace();
+        const QString folder = _home->makeFolder(u"folder"_s);
+        const QString old = _home->writeFile(u"folder/file"_s, "kept");
+        ScopedHost host;
+        host->isWritable = [](const QString& path) {
+            return QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
+        };
+        const Code code = Common::saveFile(QByteArray("new"), old);
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QCOMPARE(code, Code::FileSaveFailure);
+        QCOMPARE(_home->readFile(u"folder/file"_s), QByteArray("kept"));
+    }
 
 private:
     std::optional<TestHome> _home;
 };
-
-void tst_saveFile::saveWithoutDataFails()
-{
-    const QString path = _home->path(QStringLiteral("new"));
-    QCOMPARE(Common::saveFile({}, path), Code::GeneralFailure);
-    QVERIFY(!QFileInfo::exists(path));
-}
-
-void tst_saveFile::saveWithoutPathFails()
-{
-    QCOMPARE(Common::saveFile(QByteArray("x"), QString()), Code::GeneralFailure);
-}
-
-void tst_saveFile::saveMakesANewFile()
-{
-    const QByteArray data("a\0b", 3);
-    QCOMPARE(Common::saveFile(data, _home->path(QStringLiteral("new"))), Code::Success);
-    QCOMPARE(_home->readFile(QStringLiteral("new")), data);
-}
-
-void tst_saveFile::saveOfNothingMakesAnEmptyFile()
-{
-    QCOMPARE(Common::saveFile(QByteArray(), _home->path(QStringLiteral("new"))), Code::Success);
-    QVERIFY(QFileInfo::exists(_home->path(QStringLiteral("new"))));
-}
-
-void tst_saveFile::saveReplacesAnExistingFile()
-{
-    const QString path = _home->writeFile(QStringLiteral("file"), "a much longer old content");
-    QCOMPARE(Common::saveFile(QByteArray("new"), path), Code::Success);
-    QCOMPARE(_home->readFile(QStringLiteral("file")), QByteArray("new"));
-}
-
-void tst_saveFile::saveReplacesALinkAndNotWhatItNames()
-{
-    const QString target = _home->writeFile(QStringLiteral("target"), "kept");
-    const QString link = _home->path(QStringLiteral("link"));
-    QVERIFY(QFile::link(target, link));
-    QCOMPARE(Common::saveFile(QByteArray("new"), link), Code::Success);
-    QCOMPARE(_home->readFile(QStringLiteral("target")), QByteArray("kept"));
-    QCOMPARE(_home->readFile(QStringLiteral("link")), QByteArray("new"));
-}
-
-void tst_saveFile::saveReplacesALinkThatLeadsNowhere()
-{
-    const QString target = _home->path(QStringLiteral("missing"));
-    const QString link = _home->path(QStringLiteral("link"));
-    QVERIFY(QFile::link(target, link));
-    QCOMPARE(Common::saveFile(QByteArray("new"), link), Code::Success);
-    QVERIFY(!QFileInfo::exists(target));
-    QCOMPARE(_home->readFile(QStringLiteral("link")), QByteArray("new"));
-}
-
-void tst_saveFile::saveReplacesAPipeWithoutWaiting()
-{
-    const QString path = _home->path(QStringLiteral("pipe"));
-    QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-    QCOMPARE(Common::saveFile(QByteArray("new"), path), Code::Success);
-    QCOMPARE(_home->readFile(QStringLiteral("pipe")), QByteArray("new"));
-}
-
-void tst_saveFile::saveOverAFolderFails()
-{
-    const QString folder = _home->makeFolder(QStringLiteral("folder"));
-    QCOMPARE(Common::saveFile(QByteArray("new"), folder), Code::FileSaveFailure);
-    QVERIFY(QFileInfo(folder).isDir());
-}
-
-void tst_saveFile::saveIntoAMissingFolderFails()
-{
-    const QString path = _home->path(QStringLiteral("missing/file"));
-    QCOMPARE(Common::saveFile(QByteArray("new"), path), Code::FileSaveFailure);
-    QVERIFY(!QFileInfo::exists(_home->path(QStringLiteral("missing"))));
-}
-
-void tst_saveFile::saveBelowAFileFails()
-{
-    const QString file = _home->writeFile(QStringLiteral("file"), "kept");
-    QCOMPARE(
-        Common::saveFile(QByteArray("new"), file + QStringLiteral("/x")), Code::FileSaveFailure);
-}
-
-void tst_saveFile::saveIntoAReadOnlyFolderFails()
-{
-    ScopedHost host;
-    host.makeReadOnly({_home->path()});
-    const QString old = _home->writeFile(QStringLiteral("file"), "kept");
-    QCOMPARE(Common::saveFile(QByteArray("new"), old), Code::FileSaveFailure);
-    QCOMPARE(_home->readFile(QStringLiteral("file")), QByteArray("kept"));
-}
-
-void tst_saveFile::saveWantsTheMarginFreeBesideTheData_data()
-{
-    QTest::addColumn<quint64>("free");
-    QTest::addColumn<Code>("expected");
-    QTest::newRow("exactly enough") << quint64 {524288 + 3} << Code::Success;
-    QTest::newRow("one byte less") << quint64 {524288 + 2} << Code::NoSpaceForExport;
-}
-
-void tst_saveFile::saveWantsTheMarginFreeBesideTheData()
-{
-    QFETCH(quint64, free);
-    QFETCH(Code, expected);
-    ScopedHost host;
-    QString asked;
-    host->freeBytes = [&](const QString& path) {
-        asked = path;
-        return std::optional(free);
-    };
-    QCOMPARE(Common::saveFile(QByteArray("new"), _home->path(QStringLiteral("file"))), expected);
-    QCOMPARE(asked, _home->path());
-}
-
-void tst_saveFile::saveWithoutSpaceKeepsTheOldFile()
-{
-    ScopedHost host;
-    host.setFreeBytes(1);
-    const QString path = _home->writeFile(QStringLiteral("file"), "kept");
-    QCOMPARE(Common::saveFile(QByteArray("new"), path), Code::NoSpaceForExport);
-    QCOMPARE(_home->readFile(QStringLiteral("file")), QByteArray("kept"));
-}
-
-void tst_saveFile::saveOnAFullDiskFailsAndLeavesNothing()
-{
-    const QString path = _home->path(QStringLiteral("file"));
-    Code code = Code::Success;
-    {
-        const FileSizeLimit limit(1000);
-        code = Common::saveFile(QByteArray(5000, 'x'), path);
-    }
-    QCOMPARE(code, Code::FileSaveFailure);
-    QVERIFY(!QFileInfo::exists(path));
-}
-
-void tst_saveFile::saveIntoAFolderThatBecomesReadOnlyKeepsTheOldFile()
-{
-    _home.reset();
-    const AsOrdinaryUser user;
-    _home.emplace();
-    const QString folder = _home->makeFolder(QStringLiteral("folder"));
-    const QString old = _home->writeFile(QStringLiteral("folder/file"), "kept");
-    ScopedHost host;
-    host->isWritable = [](const QString& path) {
-        return QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
-    };
-    const Code code = Common::saveFile(QByteArray("new"), old);
-    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    QCOMPARE(code, Code::FileSaveFailure);
-    QCOMPARE(_home->readFile(QStringLiteral("folder/file")), QByteArray("kept"));
-}
 
 QTEST_GUILESS_MAIN(tst_saveFile)
 #include "tst_saveFile.moc"

@@ -10,6 +10,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 using Common = DBCCommonFunction;
 
 namespace {
@@ -29,8 +31,8 @@ QString versionLine(const QString& path)
 {
     const auto info = Common::getVersionInfo(path);
     if (!info)
-        return QStringLiteral("-");
-    return info->value(QStringLiteral("Product name and version in the Version.txt"));
+        return u"-"_s;
+    return info->value(u"Product name and version in the Version.txt"_s);
 }
 
 } // namespace
@@ -41,121 +43,103 @@ private Q_SLOTS:
     void init() { _home.emplace(); }
     void cleanup() { _home.reset(); }
 
-    void versionWithoutLineBreakIsTheWholeText();
-    void versionEndsBeforeEachNewLineCharacter_data();
-    void versionEndsBeforeEachNewLineCharacter();
-    void versionOfABigEndianFile();
-    void versionOfAnEmptyFileIsEmpty();
-    void versionOfNoRegularFileIsNone();
-    void versionOfAnOddSizedFileIsNone();
-    void versionOfAPipeDoesNotWait();
-    void versionOfAnUnreadableFileIsNone();
-    void versionOfAFileThatFailsToBeReadIsNone();
-    void versionOfAHugeFileReadsItsStart();
-    void versionOfAHugeFileMayBeCutInsideACharacter();
+    void versionWithoutLineBreakIsTheWholeText()
+    {
+        const QString path = _home->writeFile(u"Version.txt"_s, utf16(u"ACME\tV1.0L10"_s));
+        const auto info = Common::getVersionInfo(path);
+        QVERIFY(info);
+        QCOMPARE(info->size(), 1);
+        QCOMPARE(versionLine(path), u"ACME\tV1.0L10"_s);
+    }
+
+    void versionEndsBeforeEachNewLineCharacter_data()
+    {
+        QTest::addColumn<QString>("lineBreak");
+        QTest::newRow("CR LF") << u"\r\n"_s;
+        QTest::newRow("CR") << u"\r"_s;
+        QTest::newRow("LF") << u"\n"_s;
+        QTest::newRow("U+0085") << u"\u0085"_s;
+        QTest::newRow("U+2028") << u"\u2028"_s;
+        QTest::newRow("U+2029") << u"\u2029"_s;
+    }
+    void versionEndsBeforeEachNewLineCharacter()
+    {
+        QFETCH(QString, lineBreak);
+        const QString path = _home->writeFile(
+            u"Version.txt"_s, utf16(u"ACME\tV1"_s + lineBreak + u"second\nthird"_s));
+        QCOMPARE(versionLine(path), u"ACME\tV1"_s);
+    }
+
+    void versionOfABigEndianFile()
+    {
+        const QString path
+            = _home->writeFile(u"Version.txt"_s, QByteArray("\xFE\xFF\0A\0\t\0B\0\r\0\n", 12));
+        QCOMPARE(versionLine(path), u"A\tB"_s);
+    }
+
+    void versionOfAnEmptyFileIsEmpty()
+    {
+        QCOMPARE(versionLine(_home->writeFile(u"Version.txt"_s, utf16(QString()))), QString());
+    }
+
+    void versionOfNoRegularFileIsNone()
+    {
+        QVERIFY(!Common::getVersionInfo(QString()));
+        QVERIFY(!Common::getVersionInfo(_home->path(u"missing"_s)));
+        QVERIFY(!Common::getVersionInfo(_home->path()));
+        QVERIFY(!Common::getVersionInfo(u"/dev/zero"_s));
+    }
+
+    void versionOfAnOddSizedFileIsNone()
+    {
+        const QString path
+            = _home->writeFile(u"Version.txt"_s, utf16(u"ACME\tV1.0L10\r\n"_s).append('x'));
+        QVERIFY(!Common::getVersionInfo(path));
+    }
+
+    void versionOfAPipeDoesNotWait()
+    {
+        const QString path = _home->path(u"Version.txt"_s);
+        QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+        QVERIFY(!Common::getVersionInfo(path));
+    }
+
+    void versionOfAnUnreadableFileIsNone()
+    {
+        _home.reset();
+        const AsOrdinaryUser user;
+        _home.emplace();
+        const QString path = _home->writeFile(u"Version.txt"_s, utf16(u"ACME\tV1.0L10\r\n"_s));
+        QVERIFY(QFile::setPermissions(path, {}));
+        QVERIFY(!Common::getVersionInfo(path));
+    }
+
+    // A process's memory is a regular file whose first page cannot be read.
+    void versionOfAFileThatFailsToBeReadIsNone()
+    {
+        QVERIFY(!Common::getVersionInfo(u"/proc/self/mem"_s));
+    }
+
+    void versionOfAHugeFileReadsItsStart()
+    {
+        const QString path = _home->writeFile(u"Version.txt"_s, utf16(u"ACME\tV1.0L10\r\n"_s));
+        // A hole of 64 GB; reading it whole would need all of the memory.
+        QCOMPARE(truncate(QFile::encodeName(path).constData(), off_t {1} << 36), 0);
+        QCOMPARE(versionLine(path), u"ACME\tV1.0L10"_s);
+    }
+
+    void versionOfAHugeFileMayBeCutInsideACharacter()
+    {
+        for (const QString& start : {u"A\n"_s, u"AB\n"_s}) {
+            const QString path
+                = _home->writeFile(u"Version.txt"_s, utf16(start + u"𠮷"_s.repeated(40000)));
+            QCOMPARE(versionLine(path), start.chopped(1));
+        }
+    }
 
 private:
     std::optional<TestHome> _home;
 };
-
-void tst_versionInfo::versionWithoutLineBreakIsTheWholeText()
-{
-    const QString path
-        = _home->writeFile(QStringLiteral("Version.txt"), utf16(QStringLiteral("ACME\tV1.0L10")));
-    const auto info = Common::getVersionInfo(path);
-    QVERIFY(info);
-    QCOMPARE(info->size(), 1);
-    QCOMPARE(versionLine(path), QStringLiteral("ACME\tV1.0L10"));
-}
-
-void tst_versionInfo::versionEndsBeforeEachNewLineCharacter_data()
-{
-    QTest::addColumn<QString>("lineBreak");
-    QTest::newRow("CR LF") << QStringLiteral("\r\n");
-    QTest::newRow("CR") << QStringLiteral("\r");
-    QTest::newRow("LF") << QStringLiteral("\n");
-    QTest::newRow("U+0085") << QStringLiteral("\u0085");
-    QTest::newRow("U+2028") << QStringLiteral("\u2028");
-    QTest::newRow("U+2029") << QStringLiteral("\u2029");
-}
-
-void tst_versionInfo::versionEndsBeforeEachNewLineCharacter()
-{
-    QFETCH(QString, lineBreak);
-    const QString path = _home->writeFile(QStringLiteral("Version.txt"),
-        utf16(QStringLiteral("ACME\tV1") + lineBreak + QStringLiteral("second\nthird")));
-    QCOMPARE(versionLine(path), QStringLiteral("ACME\tV1"));
-}
-
-void tst_versionInfo::versionOfABigEndianFile()
-{
-    const QString path = _home->writeFile(
-        QStringLiteral("Version.txt"), QByteArray("\xFE\xFF\0A\0\t\0B\0\r\0\n", 12));
-    QCOMPARE(versionLine(path), QStringLiteral("A\tB"));
-}
-
-void tst_versionInfo::versionOfAnEmptyFileIsEmpty()
-{
-    QCOMPARE(
-        versionLine(_home->writeFile(QStringLiteral("Version.txt"), utf16(QString()))), QString());
-}
-
-void tst_versionInfo::versionOfNoRegularFileIsNone()
-{
-    QVERIFY(!Common::getVersionInfo(QString()));
-    QVERIFY(!Common::getVersionInfo(_home->path(QStringLiteral("missing"))));
-    QVERIFY(!Common::getVersionInfo(_home->path()));
-    QVERIFY(!Common::getVersionInfo(QStringLiteral("/dev/zero")));
-}
-
-void tst_versionInfo::versionOfAnOddSizedFileIsNone()
-{
-    const QString path = _home->writeFile(
-        QStringLiteral("Version.txt"), utf16(QStringLiteral("ACME\tV1.0L10\r\n")).append('x'));
-    QVERIFY(!Common::getVersionInfo(path));
-}
-
-void tst_versionInfo::versionOfAPipeDoesNotWait()
-{
-    const QString path = _home->path(QStringLiteral("Version.txt"));
-    QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-    QVERIFY(!Common::getVersionInfo(path));
-}
-
-void tst_versionInfo::versionOfAnUnreadableFileIsNone()
-{
-    _home.reset();
-    const AsOrdinaryUser user;
-    _home.emplace();
-    const QString path = _home->writeFile(
-        QStringLiteral("Version.txt"), utf16(QStringLiteral("ACME\tV1.0L10\r\n")));
-    QVERIFY(QFile::setPermissions(path, {}));
-    QVERIFY(!Common::getVersionInfo(path));
-}
-
-// A process's memory is a regular file whose first page cannot be read.
-void tst_versionInfo::versionOfAFileThatFailsToBeReadIsNone()
-{
-    QVERIFY(!Common::getVersionInfo(QStringLiteral("/proc/self/mem")));
-}
-
-void tst_versionInfo::versionOfAHugeFileReadsItsStart()
-{
-    const QString path = _home->writeFile(
-        QStringLiteral("Version.txt"), utf16(QStringLiteral("ACME\tV1.0L10\r\n")));
-    // A hole of 64 GB; reading it whole would need all of the memory.
-    QCOMPARE(truncate(QFile::encodeName(path).constData(), off_t {1} << 36), 0);
-    QCOMPARE(versionLine(path), QStringLiteral("ACME\tV1.0L10"));
-}
-
-void tst_versionInfo::versionOfAHugeFileMayBeCutInsideACharacter()
-{
-    for (const QString& start : {QStringLiteral("A\n"), QStringLiteral("AB\n")}) {
-        const QString path = _home->writeFile(
-            QStringLiteral("Version.txt"), utf16(start + QStringLiteral("𠮷").repeated(40000)));
-        QCOMPARE(versionLine(path), start.chopped(1));
-    }
-}
 
 QTEST_GUILESS_MAIN(tst_versionInfo)
 #include "tst_versionInfo.moc"

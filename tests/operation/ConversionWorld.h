@@ -14,6 +14,8 @@
 #include "tests/support/StandardInputKeeper.h"
 #include "tests/support/TestHome.h"
 
+using namespace Qt::StringLiterals;
+
 inline QString text(const char16_t* value)
 {
     return QString::fromUtf16(value);
@@ -27,12 +29,12 @@ struct ConversionWorld {
     {
         package.card({{"ZFULL_NAME", text(u"古田 一")}})
             .withPdf("%PDF-1.4 of an older card")
-            .withAttachment(QStringLiteral("old.txt"), "old");
-        folder.image(QStringLiteral("1.jpg"), front)
-            .image(QStringLiteral("2.jpg"), back)
-            .image(QStringLiteral("3.jpg"), portrait)
-            .attachment(QStringLiteral("plans"), QStringLiteral("a.txt"), "first")
-            .attachment(QStringLiteral("plans"), text(u"図面.txt"), "second");
+            .withAttachment(u"old.txt"_s, "old");
+        folder.image(u"1.jpg"_s, front)
+            .image(u"2.jpg"_s, back)
+            .image(u"3.jpg"_s, portrait)
+            .attachment(u"plans"_s, u"a.txt"_s, "first")
+            .attachment(u"plans"_s, text(u"図面.txt"), "second");
         writeCards({});
     }
 
@@ -59,8 +61,8 @@ struct ConversionWorld {
     bool importCards() { return run(OperationType::Import, folder.path()); }
     bool exportCards()
     {
-        const QString parent = home.makeFolder(QStringLiteral("exported"));
-        home.makeFolder(QStringLiteral("exported/") + DBCInterchangeNames::rootFolderName());
+        const QString parent = home.makeFolder(u"exported"_s);
+        home.makeFolder(u"exported/"_s + DBCInterchangeNames::rootFolderName());
         return run(OperationType::Export, parent);
     }
     bool run(OperationType type, const QString& path)
@@ -80,26 +82,26 @@ struct ConversionWorld {
 
     QString exported() const
     {
-        return home.path(QStringLiteral("exported/")) + DBCInterchangeNames::rootFolderName();
+        return home.path(u"exported/"_s) + DBCInterchangeNames::rootFolderName();
     }
     QByteArray exportedFile(const QString& relative) const
     {
         return home.readFile(
-            QStringLiteral("exported/") + DBCInterchangeNames::rootFolderName() + u'/' + relative);
+            u"exported/"_s + DBCInterchangeNames::rootFolderName() + u'/' + relative);
     }
     QStringList exportedRows() const
     {
         const QByteArray bytes = exportedFile(DBCInterchangeNames::dataFileName());
         const QString all = QString::fromUtf16(
             reinterpret_cast<const char16_t*>(bytes.constData()), bytes.size() / 2);
-        return all.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
+        return all.split(u"\r\n"_s, Qt::SkipEmptyParts);
     }
     static QString item(const QString& row, Key key)
     {
         const int column = static_cast<int>(key);
         return row.section(u'\t', column, column);
     }
-    QString backup() const { return home.path(QStringLiteral("Velmora DB_bak.vmdb")); }
+    QString backup() const { return home.path(u"Velmora DB_bak.vmdb"_s); }
 
     TestHome home;
     ScopedHost host;

@@ -16,6 +16,8 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 // What has to be free beside everything else.
 constexpr quint64 margin = 0x80000;
 
@@ -26,18 +28,18 @@ struct Situation {
     TestHome home;
     ScopedHost host;
     RecordingPresenter presenter;
-    QString package = home.makeFolder(QStringLiteral("cards.vmdb"));
-    QString interchange = home.makeFolder(QStringLiteral("interchange"));
-    QString desktop = home.makeFolder(QStringLiteral("desktop"));
+    QString package = home.makeFolder(u"cards.vmdb"_s);
+    QString interchange = home.makeFolder(u"interchange"_s);
+    QString desktop = home.makeFolder(u"desktop"_s);
     OperationType type;
 
     explicit Situation(OperationType operationType)
         : type(operationType)
     {
-        home.writeFile(QStringLiteral("cards.vmdb/Velmora.sqldb"), "store");
-        home.writeFile(QStringLiteral("interchange/") + DBCInterchangeNames::dataFileName(), "d");
+        home.writeFile(u"cards.vmdb/Velmora.sqldb"_s, "store");
+        home.writeFile(u"interchange/"_s + DBCInterchangeNames::dataFileName(), "d");
         presenter.answer = DBCAnswer::Default;
-        host->applicationsFolder = home.path(QStringLiteral("Applications"));
+        host->applicationsFolder = home.path(u"Applications"_s);
         host.setFreeBytes(margin);
         mount("/", "ext4", "/dev/sda1");
     }
@@ -45,7 +47,7 @@ struct Situation {
     void mount(const QByteArray& point, const QByteArray& type_, const QByteArray& device)
     {
         _mounts += "1 1 8:1 / " + point + " rw - " + type_ + ' ' + device + " rw\n";
-        host->mountTable = home.writeFile(QStringLiteral("mountinfo"), _mounts);
+        host->mountTable = home.writeFile(u"mountinfo"_s, _mounts);
     }
     void mountOnNetwork(const QString& path)
     {
@@ -59,13 +61,12 @@ struct Situation {
     }
     void installVersionList(const QByteArray& list)
     {
-        home.writeFile(
-            QStringLiteral("Applications/Velmora/Velmora.app/Contents/version.plist"), list);
+        home.writeFile(u"Applications/Velmora/Velmora.app/Contents/version.plist"_s, list);
     }
     // Held until the returned descriptor is closed.
     int lockPackage() const
     {
-        const QString file = home.writeFile(QStringLiteral("cards.vmdb/.VMLock.vmlk"), "");
+        const QString file = home.writeFile(u"cards.vmdb/.VMLock.vmlk"_s, "");
         const int holder = open(QFile::encodeName(file).constData(), O_RDWR | O_CLOEXEC);
         if (flock(holder, LOCK_EX | LOCK_NB) != 0)
             qFatal("cannot lock the package");
@@ -81,14 +82,9 @@ struct Situation {
     QString exportFolder() const { return desktop + u'/' + DBCInterchangeNames::rootFolderName(); }
     void makeOldExport() const
     {
-        home.writeFile(QStringLiteral("desktop/") + DBCInterchangeNames::rootFolderName()
-                + QStringLiteral("/old"),
-            "old");
+        home.writeFile(u"desktop/"_s + DBCInterchangeNames::rootFolderName() + u"/old"_s, "old");
     }
-    bool oldExportStands() const
-    {
-        return QFileInfo::exists(exportFolder() + QStringLiteral("/old"));
-    }
+    bool oldExportStands() const { return QFileInfo::exists(exportFolder() + u"/old"_s); }
 
     QStringList questionKeys() const
     {

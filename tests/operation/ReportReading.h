@@ -9,6 +9,8 @@
 #include <QXmlStreamReader>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 struct ReadPage {
     QString error; // empty: the page is well-formed
     QString language;
@@ -33,25 +35,25 @@ struct ReadPage {
             if (!xml.isStartElement())
                 continue;
             const QString name = xml.name().toString();
-            if (name == QStringLiteral("html"))
-                page.language = xml.attributes().value(QStringLiteral("lang")).toString();
-            else if (name == QStringLiteral("body"))
-                page.end = xml.attributes().value(QStringLiteral("class")).toString();
-            else if (name == QStringLiteral("tbody"))
+            if (name == u"html"_s)
+                page.language = xml.attributes().value(u"lang"_s).toString();
+            else if (name == u"body"_s)
+                page.end = xml.attributes().value(u"class"_s).toString();
+            else if (name == u"tbody"_s)
                 page.cards << QStringList();
-            else if (name == QStringLiteral("td") || name == QStringLiteral("th"))
+            else if (name == u"td"_s || name == u"th"_s)
                 page.takeCell(xml);
-            else if (name == QStringLiteral("h1"))
+            else if (name == u"h1"_s)
                 page.title = textOf(xml);
-            else if (name == QStringLiteral("h2"))
+            else if (name == u"h2"_s)
                 page.titles << textOf(xml);
-            else if (name == QStringLiteral("dt"))
+            else if (name == u"dt"_s)
                 label = textOf(xml);
-            else if (name == QStringLiteral("dd"))
+            else if (name == u"dd"_s)
                 page.values.insert(label, textOf(xml));
-            else if (name == QStringLiteral("li"))
+            else if (name == u"li"_s)
                 page.others << textOf(xml);
-            else if (xml.attributes().value(QStringLiteral("class")) == QStringLiteral("reason"))
+            else if (xml.attributes().value(u"class"_s) == u"reason"_s)
                 page.reasons << textOf(xml);
         }
         page.error = xml.hasError() ? xml.errorString() : QString();
@@ -81,7 +83,7 @@ private:
             xml.readNext();
             if (xml.isStartElement()) {
                 ++depth;
-                if (xml.name() == QStringLiteral("br"))
+                if (xml.name() == u"br"_s)
                     text += u'\n';
             } else if (xml.isEndElement()) {
                 --depth;
@@ -103,7 +105,7 @@ inline QByteArray bytesOf(const QString& path)
 
 inline QString dataPathOf(const QString& pagePath)
 {
-    return pagePath.chopped(4) + QStringLiteral("json");
+    return pagePath.chopped(4) + u"json"_s;
 }
 
 inline QJsonObject readData(const QString& pagePath)

@@ -29,19 +29,21 @@
 #include <sys/un.h>
 #include <sys/xattr.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Tree {
     Tree()
     {
-        home.writeFile(QStringLiteral("tree/file"), "text");
-        home.writeFile(QStringLiteral("tree/folder/inner"), "inner");
-        QFile::link(QStringLiteral("file"), home.path(QStringLiteral("tree/link")));
+        home.writeFile(u"tree/file"_s, "text");
+        home.writeFile(u"tree/folder/inner"_s, "inner");
+        QFile::link(u"file"_s, home.path(u"tree/link"_s));
     }
 
     TestHome home;
-    QByteArray source = QFile::encodeName(home.makeFolder(QStringLiteral("tree")));
-    QByteArray target = QFile::encodeName(home.path(QStringLiteral("copy")));
+    QByteArray source = QFile::encodeName(home.makeFolder(u"tree"_s));
+    QByteArray target = QFile::encodeName(home.path(u"copy"_s));
 };
 
 DBCDescriptor opened(const QString& path)
@@ -121,7 +123,7 @@ private Q_SLOTS:
             FailingCall(SYS_newfstatat, EIO).during([&] { isTaken = DBCChecker::isTaken(path); }));
         QVERIFY(isTaken);
         QVERIFY(!DBCChecker::isTaken(QFile::decodeName(tree.target)));
-        QVERIFY(!DBCChecker::isTaken(path + QStringLiteral("/file/below")));
+        QVERIFY(!DBCChecker::isTaken(path + u"/file/below"_s));
     }
 
     void ownerThatCannotBeKeptIsNoFailure()
@@ -170,8 +172,8 @@ private Q_SLOTS:
         QVERIFY(!folder);
         QVERIFY(DBCDiskFlush::fileSystemOf(home.path()));
         QVERIFY(DBCDiskFlush::folder(home.path()));
-        QVERIFY(!DBCDiskFlush::fileSystemOf(home.path(QStringLiteral("none"))));
-        QVERIFY(!DBCDiskFlush::folder(home.path(QStringLiteral("none"))));
+        QVERIFY(!DBCDiskFlush::fileSystemOf(home.path(u"none"_s)));
+        QVERIFY(!DBCDiskFlush::folder(home.path(u"none"_s)));
     }
 
     void attributesThatCannotBeKept_data()
@@ -195,8 +197,8 @@ private Q_SLOTS:
         QFETCH(int, error);
         QFETCH(bool, isFailure);
         const TestHome home;
-        const DBCDescriptor from = opened(home.writeFile(QStringLiteral("from"), "x"));
-        const DBCDescriptor to = opened(home.writeFile(QStringLiteral("to"), "x"));
+        const DBCDescriptor from = opened(home.writeFile(u"from"_s, "x"));
+        const DBCDescriptor to = opened(home.writeFile(u"to"_s, "x"));
         if (fsetxattr(from.get(), "user.comment", "x", 1, 0) != 0)
             QSKIP("this file system keeps no attributes");
         bool areCopied = isFailure;
@@ -216,13 +218,12 @@ private Q_SLOTS:
     {
         QFETCH(int, error);
         const Tree tree;
-        const QString folder = tree.home.path(QStringLiteral("tree"));
+        const QString folder = tree.home.path(u"tree"_s);
         bool isFileOpen = false;
         bool isLinkOpen = true;
         QVERIFY(FailingCall(SYS_openat2, error).during([&] {
-            isFileOpen
-                = bool(openInside(folder, folder + QStringLiteral("/folder/inner"), O_RDONLY));
-            isLinkOpen = bool(openInside(folder, folder + QStringLiteral("/link"), O_RDONLY));
+            isFileOpen = bool(openInside(folder, folder + u"/folder/inner"_s, O_RDONLY));
+            isLinkOpen = bool(openInside(folder, folder + u"/link"_s, O_RDONLY));
         }));
         QVERIFY(isFileOpen);
         QVERIFY(!isLinkOpen);
@@ -231,7 +232,7 @@ private Q_SLOTS:
     void immutableAttributeIsSeenOnAnOldSystem()
     {
         const TestHome home;
-        const QString file = home.writeFile(QStringLiteral("file"), "x");
+        const QString file = home.writeFile(u"file"_s, "x");
         const bool canBeSet = setImmutable(file, true);
         const auto cleared = qScopeGuard([&file] { setImmutable(file, false); });
         std::optional<bool> immutable;
@@ -261,12 +262,12 @@ private Q_SLOTS:
         QFETCH(int, immutable);
         const AsOrdinaryUser user;
         const TestHome home;
-        QCOMPARE(mkfifo(QFile::encodeName(home.path(QStringLiteral("pipe"))).constData(), 0600), 0);
-        makeSocket(home.path(QStringLiteral("socket")));
-        const ScopedMode mode(home.writeFile(QStringLiteral("unreadable"), "x"), 0);
+        QCOMPARE(mkfifo(QFile::encodeName(home.path(u"pipe"_s)).constData(), 0600), 0);
+        makeSocket(home.path(u"socket"_s));
+        const ScopedMode mode(home.writeFile(u"unreadable"_s, "x"), 0);
         std::optional<bool> found;
         QVERIFY(FailingCall(SYS_statx, ENOSYS).during([&] {
-            found = DBCHost::real().isImmutable(path.replace(QStringLiteral("%1"), home.path()));
+            found = DBCHost::real().isImmutable(path.replace(u"%1"_s, home.path()));
         }));
         QCOMPARE(found, immutable < 0 ? std::nullopt : std::optional(immutable != 0));
     }

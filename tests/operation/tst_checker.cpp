@@ -14,6 +14,8 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr quint64 KiB = 1024;
@@ -26,11 +28,11 @@ struct Package {
     QString images;
     QString files;
 
-    explicit Package(const QString& name = QStringLiteral("cards.vmdb"))
+    explicit Package(const QString& name = u"cards.vmdb"_s)
         : path(home.makeFolder(name))
-        , store(home.writeFile(name + QStringLiteral("/Velmora.sqldb"), "store"))
-        , images(path + QStringLiteral("/Images"))
-        , files(path + QStringLiteral("/Files"))
+        , store(home.writeFile(name + u"/Velmora.sqldb"_s, "store"))
+        , images(path + u"/Images"_s)
+        , files(path + u"/Files"_s)
     {
     }
     Package& withImages()
@@ -72,10 +74,10 @@ private Q_SLOTS:
     void otherExtensionIsNoPackage_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("other") << QStringLiteral("cards.db");
-        QTest::newRow("none") << QStringLiteral("vmdb");
-        QTest::newRow("longer") << QStringLiteral("cards.vmdb2");
-        QTest::newRow("followed by another") << QStringLiteral("cards.vmdb.bak");
+        QTest::newRow("other") << u"cards.db"_s;
+        QTest::newRow("none") << u"vmdb"_s;
+        QTest::newRow("longer") << u"cards.vmdb2"_s;
+        QTest::newRow("followed by another") << u"cards.vmdb.bak"_s;
     }
     void otherExtensionIsNoPackage()
     {
@@ -87,13 +89,13 @@ private Q_SLOTS:
     void extensionIsJudgedBeforeExistence()
     {
         const TestHome home;
-        QCOMPARE(DBCChecker::checkDBAttributes(home.path(QStringLiteral("missing.db"))),
+        QCOMPARE(DBCChecker::checkDBAttributes(home.path(u"missing.db"_s)),
             DBCResultCode::PackageInvalid);
     }
 
     void extensionInCapitalsPasses()
     {
-        const Package package(QStringLiteral("Cards.VMDB"));
+        const Package package(u"Cards.VMDB"_s);
         QCOMPARE(DBCChecker::checkDBAttributes(package.path), DBCResultCode::PackageUsable);
     }
 
@@ -106,7 +108,7 @@ private Q_SLOTS:
     void missingPackageDoesNotExist()
     {
         const TestHome home;
-        QCOMPARE(DBCChecker::checkDBAttributes(home.path(QStringLiteral("missing.vmdb"))),
+        QCOMPARE(DBCChecker::checkDBAttributes(home.path(u"missing.vmdb"_s)),
             DBCResultCode::PackageNotExist);
     }
 
@@ -120,7 +122,7 @@ private Q_SLOTS:
     void fileInThePlaceOfAPackageDoesNotExist()
     {
         const TestHome home;
-        QCOMPARE(DBCChecker::checkDBAttributes(home.writeFile(QStringLiteral("cards.vmdb"), "x")),
+        QCOMPARE(DBCChecker::checkDBAttributes(home.writeFile(u"cards.vmdb"_s, "x")),
             DBCResultCode::PackageNotExist);
     }
 
@@ -242,13 +244,13 @@ private Q_SLOTS:
     {
         const TestHome home;
         QVERIFY(!DBCChecker::checkDBFileISLocked(QString()));
-        QVERIFY(!DBCChecker::checkDBFileISLocked(home.path(QStringLiteral("missing"))));
+        QVERIFY(!DBCChecker::checkDBFileISLocked(home.path(u"missing"_s)));
     }
 
     void freeFileIsNotLockedAndStaysFree()
     {
         const TestHome home;
-        const QString file = home.writeFile(QStringLiteral(".VMLock.vmlk"), "");
+        const QString file = home.writeFile(u".VMLock.vmlk"_s, "");
         QVERIFY(!DBCChecker::checkDBFileISLocked(file));
         const int holder = open(QFile::encodeName(file).constData(), O_RDWR | O_CLOEXEC);
         const auto closer = qScopeGuard([holder] { close(holder); });
@@ -258,7 +260,7 @@ private Q_SLOTS:
     void fileHeldByAnotherIsLockedUntilItIsReleased()
     {
         const TestHome home;
-        const QString file = home.writeFile(QStringLiteral(".VMLock.vmlk"), "");
+        const QString file = home.writeFile(u".VMLock.vmlk"_s, "");
         const int holder = open(QFile::encodeName(file).constData(), O_RDWR | O_CLOEXEC);
         QCOMPARE(flock(holder, LOCK_EX | LOCK_NB), 0);
         QVERIFY(DBCChecker::checkDBFileISLocked(file));
@@ -269,7 +271,7 @@ private Q_SLOTS:
     void fileThatCannotBeOpenedForWritingCountsAsLocked()
     {
         const TestHome home; // a folder cannot be, not even by root
-        QVERIFY(DBCChecker::checkDBFileISLocked(home.makeFolder(QStringLiteral("folder"))));
+        QVERIFY(DBCChecker::checkDBFileISLocked(home.makeFolder(u"folder"_s)));
     }
 
     // checkDiskSizeIsEnough
@@ -304,7 +306,7 @@ private Q_SLOTS:
         ScopedHost host;
         host.setFreeBytes(512 * KiB);
         QVERIFY(!DBCChecker::checkDiskSizeIsEnough(QString(), 1));
-        QVERIFY(!DBCChecker::checkDiskSizeIsEnough(home.path(QStringLiteral("missing")), 1));
+        QVERIFY(!DBCChecker::checkDiskSizeIsEnough(home.path(u"missing"_s), 1));
     }
 
     void unknownFreeSpaceIsNotEnough()
@@ -321,12 +323,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QStringList>("names");
         QTest::addColumn<bool>("launched");
-        const QString shell = QStringLiteral("bash");
+        const QString shell = u"bash"_s;
         QTest::newRow("nothing runs") << QStringList() << false;
-        QTest::newRow("among others") << QStringList {shell, QStringLiteral("Velmora")} << true;
-        QTest::newRow("this program alone")
-            << QStringList {shell, QStringLiteral("VelmoraConverter")} << false;
-        QTest::newRow("other case") << QStringList {QStringLiteral("velmora")} << false;
+        QTest::newRow("among others") << QStringList {shell, u"Velmora"_s} << true;
+        QTest::newRow("this program alone") << QStringList {shell, u"VelmoraConverter"_s} << false;
+        QTest::newRow("other case") << QStringList {u"velmora"_s} << false;
     }
     void mainApplicationRunsWhenAProcessHasExactlyItsName()
     {
@@ -343,14 +344,13 @@ private Q_SLOTS:
         QTest::addColumn<QString>("text");
         QTest::addColumn<bool>("blank");
         QTest::newRow("none") << QString() << true;
-        QTest::newRow("empty") << QStringLiteral("") << true;
-        QTest::newRow("blanks and line ends")
-            << QStringLiteral(u" \t\u3000\n\r\u0085\u2028") << true;
-        QTest::newRow("letter") << QStringLiteral("a") << false;
-        QTest::newRow("letter among blanks") << QStringLiteral(u"\u3000 a \n") << false;
-        QTest::newRow("paragraph separator is no blank") << QStringLiteral(u"\u2029") << false;
-        QTest::newRow("no-break space is no blank") << QStringLiteral(u"\u00A0") << false;
-        QTest::newRow("form feed is no blank") << QStringLiteral("\f") << false;
+        QTest::newRow("empty") << u""_s << true;
+        QTest::newRow("blanks and line ends") << u" \t\u3000\n\r\u0085\u2028"_s << true;
+        QTest::newRow("letter") << u"a"_s << false;
+        QTest::newRow("letter among blanks") << u"\u3000 a \n"_s << false;
+        QTest::newRow("paragraph separator is no blank") << u"\u2029"_s << false;
+        QTest::newRow("no-break space is no blank") << u"\u00A0"_s << false;
+        QTest::newRow("form feed is no blank") << u"\f"_s << false;
     }
     void blankTexts()
     {
@@ -364,9 +364,9 @@ private Q_SLOTS:
     {
         const TestHome home;
         ScopedHost host;
-        host->applicationsFolder = home.makeFolder(QStringLiteral("Applications"));
-        host->programFolder = home.makeFolder(QStringLiteral("Applications/Velmora"));
-        home.makeFolder(QStringLiteral("Applications/Velmora/Velmora.app"));
+        host->applicationsFolder = home.makeFolder(u"Applications"_s);
+        host->programFolder = home.makeFolder(u"Applications/Velmora"_s);
+        home.makeFolder(u"Applications/Velmora/Velmora.app"_s);
         QVERIFY(DBCChecker::checkAppLocationIsCorrect());
     }
 
@@ -374,10 +374,10 @@ private Q_SLOTS:
     {
         const TestHome home;
         ScopedHost host;
-        host->applicationsFolder = home.makeFolder(QStringLiteral("Applications"));
-        host->programFolder = home.makeFolder(QStringLiteral("Applications/Velmora"));
+        host->applicationsFolder = home.makeFolder(u"Applications"_s);
+        host->programFolder = home.makeFolder(u"Applications/Velmora"_s);
         QVERIFY(!DBCChecker::checkAppLocationIsCorrect());
-        home.writeFile(QStringLiteral("Applications/Velmora/Velmora.app"), "a file, no folder");
+        home.writeFile(u"Applications/Velmora/Velmora.app"_s, "a file, no folder");
         QVERIFY(!DBCChecker::checkAppLocationIsCorrect());
     }
 
@@ -385,10 +385,10 @@ private Q_SLOTS:
     {
         const TestHome home;
         ScopedHost host;
-        host->applicationsFolder = home.makeFolder(QStringLiteral("Applications"));
-        host->programFolder = home.makeFolder(QStringLiteral("Applications/Other"));
-        home.makeFolder(QStringLiteral("Applications/Velmora/Velmora.app"));
-        home.makeFolder(QStringLiteral("Applications/Other/Velmora.app"));
+        host->applicationsFolder = home.makeFolder(u"Applications"_s);
+        host->programFolder = home.makeFolder(u"Applications/Other"_s);
+        home.makeFolder(u"Applications/Velmora/Velmora.app"_s);
+        home.makeFolder(u"Applications/Other/Velmora.app"_s);
         QVERIFY(!DBCChecker::checkAppLocationIsCorrect());
     }
 
@@ -397,7 +397,7 @@ private Q_SLOTS:
         const TestHome home;
         ScopedHost host;
         host->applicationsFolder = QString();
-        host->programFolder = QStringLiteral("/Velmora");
+        host->programFolder = u"/Velmora"_s;
         QVERIFY(!DBCChecker::checkAppLocationIsCorrect());
     }
 
@@ -409,18 +409,16 @@ private Q_SLOTS:
         QTest::addColumn<QString>("line");
         QTest::addColumn<DBCResultCode>("expected");
         QTest::newRow("product of our own exports")
-            << QStringLiteral("TELKA\tV1.0L10") << VersionFileRefusedProduct;
-        QTest::newRow("that product in any version")
-            << QStringLiteral("TELKA\tV9") << VersionFileRefusedProduct;
-        QTest::newRow("another product") << QStringLiteral("OTHER\tV1.0L10") << Success;
-        QTest::newRow("no product at all") << QStringLiteral("\tV1.0L10") << Success;
-        QTest::newRow("product in small letters") << QStringLiteral("telka\tV1.0L10") << Success;
-        QTest::newRow("without a tab") << QStringLiteral("TELKA V1.0L10") << VersionFileMismatch;
-        QTest::newRow("another version") << QStringLiteral("OTHER\tV1.0L11") << VersionFileMismatch;
-        QTest::newRow("version with a tail")
-            << QStringLiteral("OTHER\tV1.0L10 ") << VersionFileMismatch;
+            << u"TELKA\tV1.0L10"_s << VersionFileRefusedProduct;
+        QTest::newRow("that product in any version") << u"TELKA\tV9"_s << VersionFileRefusedProduct;
+        QTest::newRow("another product") << u"OTHER\tV1.0L10"_s << Success;
+        QTest::newRow("no product at all") << u"\tV1.0L10"_s << Success;
+        QTest::newRow("product in small letters") << u"telka\tV1.0L10"_s << Success;
+        QTest::newRow("without a tab") << u"TELKA V1.0L10"_s << VersionFileMismatch;
+        QTest::newRow("another version") << u"OTHER\tV1.0L11"_s << VersionFileMismatch;
+        QTest::newRow("version with a tail") << u"OTHER\tV1.0L10 "_s << VersionFileMismatch;
         QTest::newRow("second tab belongs to the version")
-            << QStringLiteral("OTHER\tV1.0L10\t") << VersionFileMismatch;
+            << u"OTHER\tV1.0L10\t"_s << VersionFileMismatch;
         QTest::newRow("empty") << QString() << VersionFileMismatch;
     }
     void versionLineIsJudged()
@@ -434,8 +432,7 @@ private Q_SLOTS:
         QCOMPARE(DBCChecker::checkVersionInfo(std::nullopt), DBCResultCode::VersionFileMismatch);
         QCOMPARE(
             DBCChecker::checkVersionInfo(DBCVersionInfo()), DBCResultCode::VersionFileMismatch);
-        QCOMPARE(DBCChecker::checkVersionInfo(
-                     DBCVersionInfo {{QStringLiteral("other key"), QStringLiteral("A\tV1.0L10")}}),
+        QCOMPARE(DBCChecker::checkVersionInfo(DBCVersionInfo {{u"other key"_s, u"A\tV1.0L10"_s}}),
             DBCResultCode::VersionFileMismatch);
     }
 
@@ -463,9 +460,9 @@ private Q_SLOTS:
 
     void pathLengthCountsUtf8BytesInclusively()
     {
-        QVERIFY(DBCChecker::isValidPathLength(QStringLiteral("/1234"), 5));
-        QVERIFY(!DBCChecker::isValidPathLength(QStringLiteral("/12345"), 5));
-        const QString japanese = QStringLiteral(u"/\u540D\u523A"); // 1 + 3 + 3 bytes
+        QVERIFY(DBCChecker::isValidPathLength(u"/1234"_s, 5));
+        QVERIFY(!DBCChecker::isValidPathLength(u"/12345"_s, 5));
+        const QString japanese = u"/\u540D\u523A"_s; // 1 + 3 + 3 bytes
         QVERIFY(DBCChecker::isValidPathLength(japanese, 7));
         QVERIFY(!DBCChecker::isValidPathLength(japanese, 6));
     }
@@ -478,15 +475,14 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("path");
         QTest::addColumn<bool>("valid");
-        QTest::newRow("plain") << QStringLiteral("/a/memo.txt") << true;
-        QTest::newRow("Japanese") << QStringLiteral(u"/a/\u540D\u523A.pdf") << true;
-        QTest::newRow("dot inside") << QStringLiteral("/a/b.tar.gz") << true;
-        QTest::newRow("dot in front") << QStringLiteral("/a/.hidden") << false;
-        QTest::newRow("folder with a dot in front") << QStringLiteral("/.a/memo.txt") << true;
-        QTest::newRow("folder with a refused character") << QStringLiteral("/a?/memo.txt") << true;
+        QTest::newRow("plain") << u"/a/memo.txt"_s << true;
+        QTest::newRow("Japanese") << u"/a/\u540D\u523A.pdf"_s << true;
+        QTest::newRow("dot inside") << u"/a/b.tar.gz"_s << true;
+        QTest::newRow("dot in front") << u"/a/.hidden"_s << false;
+        QTest::newRow("folder with a dot in front") << u"/.a/memo.txt"_s << true;
+        QTest::newRow("folder with a refused character") << u"/a?/memo.txt"_s << true;
         for (const char refused : {':', '\\', '*', '?', '"', '<', '>', '|'}) {
-            const QString name
-                = QStringLiteral("/a/me") + QLatin1Char(refused) + QStringLiteral("mo");
+            const QString name = u"/a/me"_s + QLatin1Char(refused) + u"mo"_s;
             QTest::addRow("character %c", refused) << name << false;
         }
         QTest::newRow("none") << QString() << false;

@@ -12,6 +12,8 @@
 #include <QFile>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 using World = ConversionWorld;
 
 namespace {
@@ -19,7 +21,7 @@ namespace {
 // "du" fails for every path that ends so and works for the others.
 void failToMeasure(World& world, const char* ending)
 {
-    const QString program = world.home.writeFile(QStringLiteral("du"),
+    const QString program = world.home.writeFile(u"du"_s,
         QByteArray("#!/bin/sh\ncase \"$3\" in *") + ending
             + ") exit 1 ;; esac\nexec /usr/bin/du \"$@\"\n");
     QVERIFY(QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner));
@@ -29,7 +31,7 @@ void failToMeasure(World& world, const char* ending)
 // Where the log's folder should come to stand, there is a file.
 void takeTheLogAway(World& world)
 {
-    world.home.writeFile(QStringLiteral("home/Library"), "no folder");
+    world.home.writeFile(u"home/Library"_s, "no folder");
 }
 
 } // namespace
@@ -38,187 +40,174 @@ class tst_conversionFaults : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void importWithoutALogStoresTheCards();
-    void exportWithoutALogWritesTheCards();
-    void failedImportWithoutALogIsStillTold();
-    void folderThatCannotBeMeasuredWithoutALogIsStillTold();
-
-    void imageThatCannotBeMeasuredEndsTheExport();
-    void versionFileThatCannotBeWrittenIsTheExportsError();
-    void diskThatFillsUpInTheDataFileEndsTheExport();
-    void packageFolderThatCannotBeWrittenIsNotImportedInto();
-    void dataFileThatCannotBeReadLeavesThePackageAsItWas();
-
-    void packageThatAnotherConversionChangesIsNotOpened();
-    void packageThatAnotherConversionReadsIsOnlyExported();
-    void systemWithoutAThreadForItFailsTheConversion();
-};
-
-void tst_conversionFaults::importWithoutALogStoresTheCards()
-{
-    World world;
-    takeTheLogAway(world);
-
-    QVERIFY(world.importCards());
-
-    QCOMPARE(world.package.value(QStringLiteral("SELECT count(*) FROM ZCARD")).toInt(), 4);
-    QVERIFY(world.presenter.numbers.isEmpty());
-    QVERIFY(world.controller->logFilePath().isEmpty());
-}
-
-void tst_conversionFaults::exportWithoutALogWritesTheCards()
-{
-    World world;
-    takeTheLogAway(world);
-
-    QVERIFY(world.exportCards());
-
-    QCOMPARE(world.exportedRows().size(), 2);
-    QVERIFY(world.presenter.numbers.isEmpty());
-}
-
-void tst_conversionFaults::failedImportWithoutALogIsStillTold()
-{
-    World world;
-    takeTheLogAway(world);
-    QVERIFY(QFile::remove(world.folder.dataFilePath()));
-    const auto before = world.package.contents();
-
-    QVERIFY(!world.importCards());
-
-    QCOMPARE(world.presenter.numbers, QList<quint32> {313});
-    QCOMPARE(world.package.contents(), before);
-}
-
-void tst_conversionFaults::folderThatCannotBeMeasuredWithoutALogIsStillTold()
-{
-    World world;
-    takeTheLogAway(world);
-    failToMeasure(world, "");
-
-    QVERIFY(!world.importCards());
-
-    QCOMPARE(world.controller->outcome().code, DBCResultCode::SizeMeasureFailure);
-    QCOMPARE(world.presenter.numbers, QList<quint32> {313});
-}
-
-void tst_conversionFaults::imageThatCannotBeMeasuredEndsTheExport()
-{
-    World world;
-    failToMeasure(world, ".pdf");
-
-    QVERIFY(!world.exportCards());
-
-    QCOMPARE(world.controller->outcome().code, DBCResultCode::SizeMeasureFailure);
-    QCOMPARE(world.presenter.numbers, QList<quint32> {208});
-    QVERIFY(world.home.logText().contains(QStringLiteral(".pdf")));
-    QVERIFY(world.exportedRows().isEmpty());
-}
-
-void tst_conversionFaults::versionFileThatCannotBeWrittenIsTheExportsError()
-{
-    World world;
-    world.home.makeFolder(QStringLiteral("exported/") + DBCInterchangeNames::rootFolderName()
-        + QStringLiteral("/Version.txt"));
-
-    QVERIFY(!world.exportCards());
-
-    QCOMPARE(world.controller->outcome().code, DBCResultCode::VersionFileWriteFailure);
-    QCOMPARE(world.presenter.numbers, QList<quint32> {208});
-    QCOMPARE(world.exportedRows().size(), 2); // what was written stays
-}
-
-void tst_conversionFaults::diskThatFillsUpInTheDataFileEndsTheExport()
-{
-    World world;
-    world.package.execute(QStringLiteral("DELETE FROM ZCARD"));
-    world.package.card();
-    world.package.card({{"ZMEMO", QString(4000, QChar(0x3042))}});
-    bool hasEnded = true;
+    void importWithoutALogStoresTheCards()
     {
-        const FileSizeLimit full(4096);
-        hasEnded = world.exportCards();
+        World world;
+        takeTheLogAway(world);
+
+        QVERIFY(world.importCards());
+
+        QCOMPARE(world.package.value(u"SELECT count(*) FROM ZCARD"_s).toInt(), 4);
+        QVERIFY(world.presenter.numbers.isEmpty());
+        QVERIFY(world.controller->logFilePath().isEmpty());
     }
 
-    QVERIFY(!hasEnded);
-    QCOMPARE(world.controller->outcome().code, DBCResultCode::DataFileWriteFailure);
-    QCOMPARE(world.controller->outcome().finishedCount, 1);
-    QCOMPARE(world.presenter.numbers, QList<quint32> {208});
-}
-
-void tst_conversionFaults::packageFolderThatCannotBeWrittenIsNotImportedInto()
-{
-    const AsOrdinaryUser user;
-    World world;
-    const auto before = world.package.contents();
+    void exportWithoutALogWritesTheCards()
     {
-        const ScopedMode mode(world.package.storePath(), S_IRUSR);
+        World world;
+        takeTheLogAway(world);
+
+        QVERIFY(world.exportCards());
+
+        QCOMPARE(world.exportedRows().size(), 2);
+        QVERIFY(world.presenter.numbers.isEmpty());
+    }
+
+    void failedImportWithoutALogIsStillTold()
+    {
+        World world;
+        takeTheLogAway(world);
+        QVERIFY(QFile::remove(world.folder.dataFilePath()));
+        const auto before = world.package.contents();
+
         QVERIFY(!world.importCards());
+
+        QCOMPARE(world.presenter.numbers, QList<quint32> {313});
+        QCOMPARE(world.package.contents(), before);
     }
 
-    QCOMPARE(world.controller->outcome().code, DBCResultCode::BackupFailure);
-    QCOMPARE(world.presenter.numbers, QList<quint32> {311});
-    QCOMPARE(world.package.contents(), before);
-}
+    void folderThatCannotBeMeasuredWithoutALogIsStillTold()
+    {
+        World world;
+        takeTheLogAway(world);
+        failToMeasure(world, "");
 
-void tst_conversionFaults::dataFileThatCannotBeReadLeavesThePackageAsItWas()
-{
-    const AsOrdinaryUser user;
-    World world;
-    const auto before = world.package.contents();
-    const ScopedMode mode(world.folder.dataFilePath(), 0);
+        QVERIFY(!world.importCards());
 
-    QVERIFY(!world.importCards());
+        QCOMPARE(world.controller->outcome().code, DBCResultCode::SizeMeasureFailure);
+        QCOMPARE(world.presenter.numbers, QList<quint32> {313});
+    }
 
-    QCOMPARE(world.controller->outcome().code, DBCResultCode::DataFileOpenFailure);
-    QCOMPARE(world.presenter.numbers, QList<quint32> {310});
-    QCOMPARE(world.package.contents(), before);
-}
+    void imageThatCannotBeMeasuredEndsTheExport()
+    {
+        World world;
+        failToMeasure(world, ".pdf");
 
-void tst_conversionFaults::packageThatAnotherConversionChangesIsNotOpened()
-{
-    World world;
-    const auto other = DBCPackageGuard::hold(world.package.path(), DBCPackageGuard::Use::Changing);
-    const auto before = world.package.contents();
-    for (const bool isImport : {true, false}) {
-        QVERIFY(isImport ? !world.importCards() : !world.exportCards());
+        QVERIFY(!world.exportCards());
+
+        QCOMPARE(world.controller->outcome().code, DBCResultCode::SizeMeasureFailure);
+        QCOMPARE(world.presenter.numbers, QList<quint32> {208});
+        QVERIFY(world.home.logText().contains(u".pdf"_s));
+        QVERIFY(world.exportedRows().isEmpty());
+    }
+
+    void versionFileThatCannotBeWrittenIsTheExportsError()
+    {
+        World world;
+        world.home.makeFolder(
+            u"exported/"_s + DBCInterchangeNames::rootFolderName() + u"/Version.txt"_s);
+
+        QVERIFY(!world.exportCards());
+
+        QCOMPARE(world.controller->outcome().code, DBCResultCode::VersionFileWriteFailure);
+        QCOMPARE(world.presenter.numbers, QList<quint32> {208});
+        QCOMPARE(world.exportedRows().size(), 2); // what was written stays
+    }
+
+    void diskThatFillsUpInTheDataFileEndsTheExport()
+    {
+        World world;
+        world.package.execute(u"DELETE FROM ZCARD"_s);
+        world.package.card();
+        world.package.card({{"ZMEMO", QString(4000, QChar(0x3042))}});
+        bool hasEnded = true;
+        {
+            const FileSizeLimit full(4096);
+            hasEnded = world.exportCards();
+        }
+
+        QVERIFY(!hasEnded);
+        QCOMPARE(world.controller->outcome().code, DBCResultCode::DataFileWriteFailure);
+        QCOMPARE(world.controller->outcome().finishedCount, 1);
+        QCOMPARE(world.presenter.numbers, QList<quint32> {208});
+    }
+
+    void packageFolderThatCannotBeWrittenIsNotImportedInto()
+    {
+        const AsOrdinaryUser user;
+        World world;
+        const auto before = world.package.contents();
+        {
+            const ScopedMode mode(world.package.storePath(), S_IRUSR);
+            QVERIFY(!world.importCards());
+        }
+
+        QCOMPARE(world.controller->outcome().code, DBCResultCode::BackupFailure);
+        QCOMPARE(world.presenter.numbers, QList<quint32> {311});
+        QCOMPARE(world.package.contents(), before);
+    }
+
+    void dataFileThatCannotBeReadLeavesThePackageAsItWas()
+    {
+        const AsOrdinaryUser user;
+        World world;
+        const auto before = world.package.contents();
+        const ScopedMode mode(world.folder.dataFilePath(), 0);
+
+        QVERIFY(!world.importCards());
+
+        QCOMPARE(world.controller->outcome().code, DBCResultCode::DataFileOpenFailure);
+        QCOMPARE(world.presenter.numbers, QList<quint32> {310});
+        QCOMPARE(world.package.contents(), before);
+    }
+
+    void packageThatAnotherConversionChangesIsNotOpened()
+    {
+        World world;
+        const auto other
+            = DBCPackageGuard::hold(world.package.path(), DBCPackageGuard::Use::Changing);
+        const auto before = world.package.contents();
+        for (const bool isImport : {true, false}) {
+            QVERIFY(isImport ? !world.importCards() : !world.exportCards());
+            QCOMPARE(world.controller->outcome().code, DBCResultCode::DatabaseOpenFailure);
+        }
+        QCOMPARE(world.presenter.numbers, (QList<quint32> {313, 208}));
+        QVERIFY(world.home.logText().contains(
+            getLocalString(u"IDS_LOG_ERR_PACKAGE_IN_USE"_s, {world.package.path()})));
+        QCOMPARE(world.package.contents(), before);
+    }
+
+    void packageThatAnotherConversionReadsIsOnlyExported()
+    {
+        World world;
+        const auto other
+            = DBCPackageGuard::hold(world.package.path(), DBCPackageGuard::Use::Reading);
+        QVERIFY(!world.importCards());
         QCOMPARE(world.controller->outcome().code, DBCResultCode::DatabaseOpenFailure);
+        QVERIFY(world.exportCards());
     }
-    QCOMPARE(world.presenter.numbers, (QList<quint32> {313, 208}));
-    QVERIFY(world.home.logText().contains(
-        getLocalString(QStringLiteral("IDS_LOG_ERR_PACKAGE_IN_USE"), {world.package.path()})));
-    QCOMPARE(world.package.contents(), before);
-}
 
-void tst_conversionFaults::packageThatAnotherConversionReadsIsOnlyExported()
-{
-    World world;
-    const auto other = DBCPackageGuard::hold(world.package.path(), DBCPackageGuard::Use::Reading);
-    QVERIFY(!world.importCards());
-    QCOMPARE(world.controller->outcome().code, DBCResultCode::DatabaseOpenFailure);
-    QVERIFY(world.exportCards());
-}
+    void systemWithoutAThreadForItFailsTheConversion()
+    {
+        const ScriptedConversion conversion(OperationType::Import);
+        bool hasStarted = true;
 
-void tst_conversionFaults::systemWithoutAThreadForItFailsTheConversion()
-{
-    const ScriptedConversion conversion(OperationType::Import);
-    bool hasStarted = true;
+        const bool wasPossible = FailingCall(SYS_clone3, EAGAIN).during([&] {
+            const std::unique_ptr<QThread> operation(
+                QThread::create([&] { conversion.controller->run(); }));
+            hasStarted = conversion.controller->start(operation.get());
+            operation->wait();
+        });
+        if (!wasPossible)
+            QSKIP("system calls cannot be made to fail here");
 
-    const bool wasPossible = FailingCall(SYS_clone3, EAGAIN).during([&] {
-        const std::unique_ptr<QThread> operation(
-            QThread::create([&] { conversion.controller->run(); }));
-        hasStarted = conversion.controller->start(operation.get());
-        operation->wait();
-    });
-    if (!wasPossible)
-        QSKIP("system calls cannot be made to fail here");
-
-    QVERIFY(!hasStarted);
-    QCOMPARE(conversion.presenter.numbers, QList<quint32> {102});
-    QCOMPARE(conversion.receiver.events,
-        QStringList {QStringLiteral("DBC_OperationDidFinishedNotification ok=false")});
-    QVERIFY(conversion.script.calls.isEmpty());
-}
+        QVERIFY(!hasStarted);
+        QCOMPARE(conversion.presenter.numbers, QList<quint32> {102});
+        QCOMPARE(conversion.receiver.events,
+            QStringList {u"DBC_OperationDidFinishedNotification ok=false"_s});
+        QVERIFY(conversion.script.calls.isEmpty());
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_conversionFaults)
 #include "tst_conversionFaults.moc"

@@ -9,6 +9,8 @@
 
 #include <cerrno>
 
+using namespace Qt::StringLiterals;
+
 using World = ConversionWorld;
 
 namespace {
@@ -30,7 +32,7 @@ QStringList everythingBeside(const World& world)
 {
     QStringList names
         = QDir(world.home.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-    names.removeAll(QStringLiteral("exported"));
+    names.removeAll(u"exported"_s);
     return names;
 }
 

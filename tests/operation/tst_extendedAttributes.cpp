@@ -12,6 +12,8 @@
 #include <fcntl.h>
 #include <sys/xattr.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 DBCDescriptor opened(const QString& path, int flags = O_RDONLY)
@@ -42,8 +44,8 @@ struct Files {
     }
 
     TestHome home;
-    QString from = home.writeFile(QStringLiteral("from"), "x");
-    QString to = home.writeFile(QStringLiteral("to"), "x");
+    QString from = home.writeFile(u"from"_s, "x");
+    QString to = home.writeFile(u"to"_s, "x");
 };
 
 } // namespace
@@ -91,7 +93,7 @@ private Q_SLOTS:
     {
         const Files files;
         QVERIFY(files.set("user.comment", "a card"));
-        const DBCDescriptor kernel = opened(QStringLiteral("/proc/self/comm"));
+        const DBCDescriptor kernel = opened(u"/proc/self/comm"_s);
         const DBCDescriptor file = opened(files.from);
         QVERIFY(copyExtendedAttributes(kernel.get(), file.get()));
         QVERIFY(copyExtendedAttributes(file.get(), kernel.get()));

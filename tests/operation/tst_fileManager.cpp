@@ -13,6 +13,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr uid_t nobody = 65534;
@@ -44,13 +46,13 @@ struct Answers : DBCCancelDelegate {
 struct Folders {
     TestHome home;
     DBCFileManager manager;
-    QString source = home.makeFolder(QStringLiteral("source"));
-    QString destination = home.makeFolder(QStringLiteral("destination"));
+    QString source = home.makeFolder(u"source"_s);
+    QString destination = home.makeFolder(u"destination"_s);
 
     Folders()
     {
-        home.writeFile(QStringLiteral("source/one"), "1");
-        home.writeFile(QStringLiteral("source/inner/two"), "22");
+        home.writeFile(u"source/one"_s, "1");
+        home.writeFile(u"source/inner/two"_s, "22");
     }
     bool copy(const QString& from, const QString& to, const QString& name = {},
         IsAsync isAsync = IsAsync::No)
@@ -103,9 +105,9 @@ private Q_SLOTS:
         QFETCH(IsAsync, isAsync);
         Folders folders;
         QVERIFY(folders.copy(folders.source, folders.destination, {}, isAsync));
-        QCOMPARE(folders.read(QStringLiteral("destination/source/one")), QByteArray("1"));
-        QCOMPARE(folders.read(QStringLiteral("destination/source/inner/two")), QByteArray("22"));
-        QCOMPARE(folders.read(QStringLiteral("source/one")), QByteArray("1"));
+        QCOMPARE(folders.read(u"destination/source/one"_s), QByteArray("1"));
+        QCOMPARE(folders.read(u"destination/source/inner/two"_s), QByteArray("22"));
+        QCOMPARE(folders.read(u"source/one"_s), QByteArray("1"));
     }
 
     void copyLandsUnderTheNewNameWhenOneIsGiven_data() { bothWays(); }
@@ -113,11 +115,10 @@ private Q_SLOTS:
     {
         QFETCH(IsAsync, isAsync);
         Folders folders;
-        const QString name = QStringLiteral(u"\u63A7\u3048 %1");
+        const QString name = u"\u63A7\u3048 %1"_s;
         QVERIFY(folders.copy(folders.source, folders.destination, name, isAsync));
         QCOMPARE(folders.inDestination(), QStringList(name));
-        QCOMPARE(folders.read(QStringLiteral("destination/") + name + QStringLiteral("/one")),
-            QByteArray("1"));
+        QCOMPARE(folders.read(u"destination/"_s + name + u"/one"_s), QByteArray("1"));
     }
 
     void singleFileIsCopied_data() { bothWays(); }
@@ -125,16 +126,15 @@ private Q_SLOTS:
     {
         QFETCH(IsAsync, isAsync);
         Folders folders;
-        QVERIFY(folders.copy(
-            folders.source + QStringLiteral("/one"), folders.destination, {}, isAsync));
-        QCOMPARE(folders.read(QStringLiteral("destination/one")), QByteArray("1"));
+        QVERIFY(folders.copy(folders.source + u"/one"_s, folders.destination, {}, isAsync));
+        QCOMPARE(folders.read(u"destination/one"_s), QByteArray("1"));
     }
 
     void slashesAtTheEndOfBothPathsDoNotMatter()
     {
         Folders folders;
-        QVERIFY(folders.copy(folders.source + QStringLiteral("//"), folders.destination + u'/'));
-        QCOMPARE(folders.read(QStringLiteral("destination/source/one")), QByteArray("1"));
+        QVERIFY(folders.copy(folders.source + u"//"_s, folders.destination + u'/'));
+        QCOMPARE(folders.read(u"destination/source/one"_s), QByteArray("1"));
     }
 
     void destinationThatIsAFileIsRefused_data() { bothWays(); }
@@ -142,9 +142,9 @@ private Q_SLOTS:
     {
         QFETCH(IsAsync, isAsync);
         Folders folders;
-        const QString file = folders.home.writeFile(QStringLiteral("file"), "kept");
+        const QString file = folders.home.writeFile(u"file"_s, "kept");
         QVERIFY(!folders.copy(folders.source, file, {}, isAsync));
-        QCOMPARE(folders.read(QStringLiteral("file")), QByteArray("kept"));
+        QCOMPARE(folders.read(u"file"_s), QByteArray("kept"));
     }
 
     void missingPathsAreRefused_data() { bothWays(); }
@@ -152,7 +152,7 @@ private Q_SLOTS:
     {
         QFETCH(IsAsync, isAsync);
         Folders folders;
-        const QString missing = folders.home.path(QStringLiteral("missing"));
+        const QString missing = folders.home.path(u"missing"_s);
         QVERIFY(!folders.copy({}, folders.destination, {}, isAsync));
         QVERIFY(!folders.copy(folders.source, {}, {}, isAsync));
         QVERIFY(!folders.copy(missing, folders.destination, {}, isAsync));
@@ -173,7 +173,7 @@ private Q_SLOTS:
         Folders folders;
         QVERIFY(!folders.copy(folders.source, folders.destination, name));
         QVERIFY(folders.inDestination().isEmpty());
-        QVERIFY(!QFileInfo::exists(folders.home.path(QStringLiteral("out"))));
+        QVERIFY(!QFileInfo::exists(folders.home.path(u"out"_s)));
     }
 
     void whatStandsAtTheTargetIsKept_data() { bothWays(); }
@@ -181,31 +181,31 @@ private Q_SLOTS:
     {
         QFETCH(IsAsync, isAsync);
         Folders folders;
-        folders.home.writeFile(QStringLiteral("destination/source/old"), "old");
+        folders.home.writeFile(u"destination/source/old"_s, "old");
         QVERIFY(!folders.copy(folders.source, folders.destination, {}, isAsync));
-        QCOMPARE(folders.read(QStringLiteral("destination/source/old")), QByteArray("old"));
-        QVERIFY(!QFileInfo::exists(folders.destination + QStringLiteral("/source/one")));
+        QCOMPARE(folders.read(u"destination/source/old"_s), QByteArray("old"));
+        QVERIFY(!QFileInfo::exists(folders.destination + u"/source/one"_s));
     }
 
     void folderIsNotCopiedIntoItself()
     {
         Folders folders;
-        const QString inner = folders.source + QStringLiteral("/inner");
-        const QString link = folders.home.path(QStringLiteral("link"));
+        const QString inner = folders.source + u"/inner"_s;
+        const QString link = folders.home.path(u"link"_s);
         QVERIFY(QFile::link(inner, link));
         QVERIFY(!folders.copy(folders.source, folders.source));
         QVERIFY(!folders.copy(folders.source, inner));
         QVERIFY(!folders.copy(folders.source, link));
-        QCOMPARE(QDir(inner).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-            QStringList(QStringLiteral("two")));
+        QCOMPARE(
+            QDir(inner).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList(u"two"_s));
     }
 
     void folderIsCopiedBesideOneWhoseNameItBegins()
     {
         Folders folders;
-        const QString longer = folders.home.makeFolder(QStringLiteral("source2"));
+        const QString longer = folders.home.makeFolder(u"source2"_s);
         QVERIFY(folders.copy(folders.source, longer));
-        QCOMPARE(folders.read(QStringLiteral("source2/source/one")), QByteArray("1"));
+        QCOMPARE(folders.read(u"source2/source/one"_s), QByteArray("1"));
     }
 
     void optionsThatAreNotKnownAreRefused()
@@ -246,8 +246,8 @@ private Q_SLOTS:
         answers.items.sort();
         const QString source = folders.source;
         QCOMPARE(answers.items,
-            QStringList({source, source + QStringLiteral("/inner"),
-                source + QStringLiteral("/inner/two"), source + QStringLiteral("/one")}));
+            QStringList(
+                {source, source + u"/inner"_s, source + u"/inner/two"_s, source + u"/one"_s}));
     }
 
     void asynchronousCopyWithoutADelegateGoesThrough()
@@ -274,8 +274,8 @@ private Q_SLOTS:
         answers.itemsToCopy = 1;
         folders.manager.setDelegate(&answers);
         QVERIFY(!folders.copy(folders.source, folders.destination, {}, IsAsync::Yes));
-        QCOMPARE(folders.inDestination(), QStringList(QStringLiteral("source")));
-        QVERIFY(folders.manager.cleanFolder(folders.destination + QStringLiteral("/source")));
+        QCOMPARE(folders.inDestination(), QStringList(u"source"_s));
+        QVERIFY(folders.manager.cleanFolder(folders.destination + u"/source"_s));
         QVERIFY(folders.inDestination().isEmpty());
     }
 
@@ -284,9 +284,9 @@ private Q_SLOTS:
     void folderIsRemovedWithEverythingInIt()
     {
         Folders folders;
-        folders.home.makeFolder(QStringLiteral("source/empty"));
-        folders.home.writeFile(QStringLiteral("source/.hidden/.file"), "h");
-        const QByteArray pipe = QFile::encodeName(folders.source + QStringLiteral("/pipe"));
+        folders.home.makeFolder(u"source/empty"_s);
+        folders.home.writeFile(u"source/.hidden/.file"_s, "h");
+        const QByteArray pipe = QFile::encodeName(folders.source + u"/pipe"_s);
         QCOMPARE(mkfifo(pipe.constData(), 0600), 0);
         QVERIFY(folders.manager.cleanFolder(folders.source));
         QVERIFY(!QFileInfo::exists(folders.source));
@@ -305,14 +305,14 @@ private Q_SLOTS:
     void plainFileIsNotRemoved()
     {
         Folders folders;
-        QVERIFY(!folders.manager.cleanFolder(folders.source + QStringLiteral("/one")));
-        QCOMPARE(folders.read(QStringLiteral("source/one")), QByteArray("1"));
+        QVERIFY(!folders.manager.cleanFolder(folders.source + u"/one"_s));
+        QCOMPARE(folders.read(u"source/one"_s), QByteArray("1"));
     }
 
     void missingPathRemovesNothing()
     {
         Folders folders;
-        QVERIFY(!folders.manager.cleanFolder(folders.home.path(QStringLiteral("missing"))));
+        QVERIFY(!folders.manager.cleanFolder(folders.home.path(u"missing"_s)));
         QVERIFY(QFileInfo::exists(folders.source));
     }
 
@@ -324,39 +324,39 @@ private Q_SLOTS:
         const bool removed = DBCFileManager::defaultManager()->cleanFolder(QString());
         QDir::setCurrent(before);
         QVERIFY(!removed);
-        QCOMPARE(folders.read(QStringLiteral("source/one")), QByteArray("1"));
+        QCOMPARE(folders.read(u"source/one"_s), QByteArray("1"));
     }
 
     void linkToAFolderIsRefused_data()
     {
         QTest::addColumn<QString>("ending");
         QTest::newRow("plain") << QString();
-        QTest::newRow("with a slash") << QStringLiteral("/");
+        QTest::newRow("with a slash") << u"/"_s;
     }
     void linkToAFolderIsRefused()
     {
         QFETCH(QString, ending);
         Folders folders;
-        const QString link = folders.home.path(QStringLiteral("link"));
+        const QString link = folders.home.path(u"link"_s);
         QVERIFY(QFile::link(folders.source, link));
         QVERIFY(!folders.manager.cleanFolder(link + ending));
         QVERIFY(QFileInfo(link).isSymLink());
-        QCOMPARE(folders.read(QStringLiteral("source/one")), QByteArray("1"));
+        QCOMPARE(folders.read(u"source/one"_s), QByteArray("1"));
     }
 
     void linksInsideAreRemovedButNotFollowed()
     {
         Folders folders;
-        folders.home.writeFile(QStringLiteral("destination/kept"), "kept");
-        QVERIFY(QFile::link(folders.destination, folders.source + QStringLiteral("/link")));
+        folders.home.writeFile(u"destination/kept"_s, "kept");
+        QVERIFY(QFile::link(folders.destination, folders.source + u"/link"_s));
         QVERIFY(folders.manager.cleanFolder(folders.source));
-        QCOMPARE(folders.read(QStringLiteral("destination/kept")), QByteArray("kept"));
+        QCOMPARE(folders.read(u"destination/kept"_s), QByteArray("kept"));
     }
 
     void removalThatFailsIsReported()
     {
         Folders folders;
-        const QByteArray inner = QFile::encodeName(folders.source + QStringLiteral("/inner"));
+        const QByteArray inner = QFile::encodeName(folders.source + u"/inner"_s);
         QCOMPARE(chmod(inner.constData(), 0555), 0);
         QCOMPARE(chmod(QFile::encodeName(folders.home.path()).constData(), 0755), 0);
         const bool wasRoot = geteuid() == 0;
@@ -367,7 +367,7 @@ private Q_SLOTS:
             QCOMPARE(seteuid(0), 0);
         chmod(inner.constData(), 0755);
         QVERIFY(!removed);
-        QCOMPARE(folders.read(QStringLiteral("source/inner/two")), QByteArray("22"));
+        QCOMPARE(folders.read(u"source/inner/two"_s), QByteArray("22"));
     }
 
     // callbackFileOperationStatus

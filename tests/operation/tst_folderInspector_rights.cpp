@@ -11,6 +11,8 @@
 
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 using Key = DBCRecordKey;
 
 namespace {
@@ -21,13 +23,12 @@ constexpr mode_t notToBeListed = S_IWUSR | S_IXUSR;
 struct Inspection {
     Inspection()
     {
-        folder.image(QStringLiteral("1.jpg"), JpegBuilder(30, 20).bytes())
-            .attachment(QStringLiteral("plans"), QStringLiteral("a.txt"), "a")
+        folder.image(u"1.jpg"_s, JpegBuilder(30, 20).bytes())
+            .attachment(u"plans"_s, u"a.txt"_s, "a")
             .dataFile(DataFileBuilder()
                           .titleLine()
-                          .row({{Key::full_Name, QStringLiteral("Hoshino")},
-                              {Key::face_Image_File, QStringLiteral("1.jpg")},
-                              {Key::attachmentFile, QStringLiteral("plans")}})
+                          .row({{Key::full_Name, u"Hoshino"_s}, {Key::face_Image_File, u"1.jpg"_s},
+                              {Key::attachmentFile, u"plans"_s}})
                           .build());
     }
     // The paths that the problems are about, below the folder.
@@ -73,14 +74,13 @@ private Q_SLOTS:
         QCOMPARE(problems.size(), std::size_t(1));
         QCOMPARE(problems.front().path, path);
         QCOMPARE(problems.front().text,
-            getLocalString(
-                QStringLiteral("IDS_CHECK_DATA_FILE_UNREADABLE"), {path, qint64 {-101}}));
+            getLocalString(u"IDS_CHECK_DATA_FILE_UNREADABLE"_s, {path, qint64 {-101}}));
     }
 
     void unreadableImageIsReported()
     {
         const Inspection inspection;
-        const QString path = inspection.folder.imagePath(QStringLiteral("1.jpg"));
+        const QString path = inspection.folder.imagePath(u"1.jpg"_s);
         const ScopedMode mode(path, unreadable);
         QCOMPARE(inspection.problems(), QStringList {inspection.below(path)});
     }
@@ -88,8 +88,7 @@ private Q_SLOTS:
     void unreadableAttachmentIsReported()
     {
         const Inspection inspection;
-        const QString path
-            = inspection.folder.attachmentPath(QStringLiteral("plans"), QStringLiteral("a.txt"));
+        const QString path = inspection.folder.attachmentPath(u"plans"_s, u"a.txt"_s);
         const ScopedMode mode(path, unreadable);
         QCOMPARE(inspection.problems(), QStringList {inspection.below(path)});
     }
@@ -98,7 +97,7 @@ private Q_SLOTS:
     void attachmentFolderThatCannotBeListedIsReported()
     {
         const Inspection inspection;
-        const QString path = inspection.folder.attachmentPath(QStringLiteral("plans"));
+        const QString path = inspection.folder.attachmentPath(u"plans"_s);
         const ScopedMode mode(path, notToBeListed);
         QCOMPARE(inspection.problems(), QStringList({QString(), inspection.below(path)}));
     }
@@ -106,9 +105,9 @@ private Q_SLOTS:
     void unreadableVersionFileCountsAsMissing()
     {
         const Inspection inspection;
-        const QString path = inspection.folder.path() + QStringLiteral("/Version.txt");
+        const QString path = inspection.folder.path() + u"/Version.txt"_s;
         const ScopedMode mode(path, unreadable);
-        QCOMPARE(inspection.problems(), QStringList {QStringLiteral("Version.txt")});
+        QCOMPARE(inspection.problems(), QStringList {u"Version.txt"_s});
     }
 };
 

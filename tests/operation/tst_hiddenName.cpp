@@ -7,6 +7,8 @@
 
 #include <climits>
 
+using namespace Qt::StringLiterals;
+
 class tst_hiddenName : public QObject {
     Q_OBJECT
 
@@ -20,23 +22,22 @@ private:
 private Q_SLOTS:
     void namesAreHiddenBesideTheFolder()
     {
-        QCOMPARE(namesFor(QStringLiteral("/cards/My cards.vmdb")),
-            QStringList({QStringLiteral("/cards/.My cards.vmdb.velmora-copy"),
-                QStringLiteral("/cards/.My cards.vmdb.velmora-discarded"),
-                QStringLiteral("/cards/.My cards.vmdb.velmora-import")}));
+        QCOMPARE(namesFor(u"/cards/My cards.vmdb"_s),
+            QStringList({u"/cards/.My cards.vmdb.velmora-copy"_s,
+                u"/cards/.My cards.vmdb.velmora-discarded"_s,
+                u"/cards/.My cards.vmdb.velmora-import"_s}));
     }
 
     void slashAtTheEndChangesNothing()
     {
-        const QString path = QStringLiteral("/cards/a.vmdb");
+        const QString path = u"/cards/a.vmdb"_s;
         QCOMPARE(namesFor(path + u'/'), namesFor(path));
-        QCOMPARE(namesFor(QStringLiteral("/cards/./a.vmdb//")), namesFor(path));
+        QCOMPARE(namesFor(u"/cards/./a.vmdb//"_s), namesFor(path));
     }
 
     void folderWithoutAPathIsHere()
     {
-        QCOMPARE(DBCHiddenName::discarded(QStringLiteral("a.vmdb")),
-            QStringLiteral(".a.vmdb.velmora-discarded"));
+        QCOMPARE(DBCHiddenName::discarded(u"a.vmdb"_s), u".a.vmdb.velmora-discarded"_s);
     }
 
     // Counted in bytes, of which a kanji takes three.
@@ -50,13 +51,13 @@ private Q_SLOTS:
     void longNameFitsIntoAFolder()
     {
         QFETCH(QString, name);
-        const QString path = QStringLiteral("/cards/") + name;
+        const QString path = u"/cards/"_s + name;
         const QStringList names = namesFor(path);
         for (const QString& hidden : names) {
             const QFileInfo info(hidden);
             QVERIFY(QFile::encodeName(info.fileName()).size() <= NAME_MAX);
             QVERIFY(info.fileName().startsWith(u'.'));
-            QCOMPARE(info.path(), QStringLiteral("/cards"));
+            QCOMPARE(info.path(), u"/cards"_s);
         }
         QCOMPARE(QSet<QString>(names.begin(), names.end()).size(), 3);
         QCOMPARE(namesFor(path), names);

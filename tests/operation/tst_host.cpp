@@ -16,6 +16,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr uid_t nobody = 65534;
@@ -61,8 +63,7 @@ private Q_SLOTS:
         const std::optional<quint64> free = DBCHost::real().freeBytes(home.path());
         QVERIFY(free.has_value());
         QProcess df;
-        df.start(QStringLiteral("df"),
-            {QStringLiteral("--block-size=1"), QStringLiteral("--output=avail"), home.path()});
+        df.start(u"df"_s, {u"--block-size=1"_s, u"--output=avail"_s, home.path()});
         QVERIFY(df.waitForFinished());
         const quint64 expected = df.readAllStandardOutput().split('\n').value(1).toULongLong();
         const quint64 drift = 512u << 20; // others write meanwhile
@@ -72,13 +73,13 @@ private Q_SLOTS:
     void missingPathHasNoFreeBytes()
     {
         const TestHome home;
-        QVERIFY(!DBCHost::real().freeBytes(home.path(QStringLiteral("missing"))).has_value());
+        QVERIFY(!DBCHost::real().freeBytes(home.path(u"missing"_s)).has_value());
     }
 
     void ordinaryFileAndFolderAreNotImmutable()
     {
         const TestHome home;
-        const QString file = home.writeFile(QStringLiteral("file"), "x");
+        const QString file = home.writeFile(u"file"_s, "x");
         QCOMPARE(DBCHost::real().isImmutable(file), std::optional(false));
         QCOMPARE(DBCHost::real().isImmutable(home.path()), std::optional(false));
     }
@@ -86,8 +87,8 @@ private Q_SLOTS:
     void immutableAttributeIsSeenThroughALink()
     {
         const TestHome home;
-        const QString file = home.writeFile(QStringLiteral("file"), "x");
-        const QString link = home.path(QStringLiteral("link"));
+        const QString file = home.writeFile(u"file"_s, "x");
+        const QString link = home.path(u"link"_s);
         QVERIFY(QFile::link(file, link));
         if (!setImmutable(file, true))
             QSKIP("this user or file system cannot set the immutable attribute");
@@ -98,20 +99,19 @@ private Q_SLOTS:
 
     void fileSystemWithoutFlagsHasNoneSet()
     {
-        QCOMPARE(
-            DBCHost::real().isImmutable(QStringLiteral("/proc/self/comm")), std::optional(false));
+        QCOMPARE(DBCHost::real().isImmutable(u"/proc/self/comm"_s), std::optional(false));
     }
 
     void attributesOfAMissingFileCannotBeRead()
     {
         const TestHome home;
-        QVERIFY(!DBCHost::real().isImmutable(home.path(QStringLiteral("missing"))).has_value());
+        QVERIFY(!DBCHost::real().isImmutable(home.path(u"missing"_s)).has_value());
     }
 
     void attributesOfAnUnreadableFileAreNotAFailure()
     {
         const TestHome home;
-        const QString file = home.writeFile(QStringLiteral("file"), "x");
+        const QString file = home.writeFile(u"file"_s, "x");
         QCOMPARE(chmod(bytesOf(home.path()).constData(), 0755), 0);
         QCOMPARE(chmod(bytesOf(file).constData(), 0000), 0);
         const auto immutable
@@ -122,9 +122,9 @@ private Q_SLOTS:
     void attributesOfAFileOutOfReachAreNotAFailure()
     {
         const TestHome home;
-        const QString file = home.writeFile(QStringLiteral("closed/file"), "x");
+        const QString file = home.writeFile(u"closed/file"_s, "x");
         QCOMPARE(chmod(bytesOf(home.path()).constData(), 0755), 0);
-        const ScopedMode mode(home.path(QStringLiteral("closed")), S_IRUSR);
+        const ScopedMode mode(home.path(u"closed"_s), S_IRUSR);
         const auto immutable
             = asOrdinaryUser([&file] { return DBCHost::real().isImmutable(file); });
         QCOMPARE(immutable, std::optional(false));
@@ -132,8 +132,7 @@ private Q_SLOTS:
 
     void attributesOfAnUnreadableFileWithoutFlagsAreNotAFailure()
     {
-        const QString file
-            = QStringLiteral("/proc/self/auxv"); // root's as long as this runs as root
+        const QString file = u"/proc/self/auxv"_s; // root's as long as this runs as root
         const auto immutable
             = asOrdinaryUser([&file] { return DBCHost::real().isImmutable(file); });
         QCOMPARE(immutable, std::optional(false));
@@ -142,7 +141,7 @@ private Q_SLOTS:
     void attributesOfAPipeAreReadWithoutWaiting()
     {
         const TestHome home;
-        const QString pipe = home.path(QStringLiteral("pipe"));
+        const QString pipe = home.path(u"pipe"_s);
         QCOMPARE(mkfifo(bytesOf(pipe).constData(), 0600), 0);
         QCOMPARE(DBCHost::real().isImmutable(pipe), std::optional(false));
     }
@@ -162,7 +161,7 @@ private Q_SLOTS:
     {
         QFETCH(uint, mode);
         const TestHome home;
-        const QString file = home.writeFile(QStringLiteral("file"), "x");
+        const QString file = home.writeFile(u"file"_s, "x");
         QCOMPARE(chmod(bytesOf(home.path()).constData(), 0755), 0);
         QCOMPARE(chmod(bytesOf(file).constData(), mode), 0);
         QTEST(asOrdinaryUser([&file] { return DBCHost::real().isReadable(file); }), "readable");
@@ -172,7 +171,7 @@ private Q_SLOTS:
     void missingFileIsNeitherReadableNorWritable()
     {
         const TestHome home;
-        const QString missing = home.path(QStringLiteral("missing"));
+        const QString missing = home.path(u"missing"_s);
         QVERIFY(!DBCHost::real().isReadable(missing));
         QVERIFY(!DBCHost::real().isWritable(missing));
     }
@@ -184,8 +183,8 @@ private Q_SLOTS:
         QCOMPARE(prctl(PR_SET_NAME, "renamed itself"), 0);
         const auto renamed = qScopeGuard([] { prctl(PR_SET_NAME, "tst_host"); });
         const QStringList names = DBCHost::real().runningApplications();
-        QVERIFY(names.contains(QStringLiteral("tst_host")));
-        QVERIFY(names.contains(QStringLiteral("renamed itself")));
+        QVERIFY(names.contains(u"tst_host"_s));
+        QVERIFY(names.contains(u"renamed itself"_s));
     }
 
     void programFolderIsWhereThisProgramStands()
@@ -196,9 +195,9 @@ private Q_SLOTS:
     void placesAreThoseOfTheSystem()
     {
         const DBCHost host = DBCHost::real();
-        QCOMPARE(host.applicationsFolder, QStringLiteral("/Applications"));
-        QCOMPARE(host.diskUsageProgram, QStringLiteral("/usr/bin/du"));
-        QCOMPARE(host.mountTable, QStringLiteral("/proc/self/mountinfo"));
+        QCOMPARE(host.applicationsFolder, u"/Applications"_s);
+        QCOMPARE(host.diskUsageProgram, u"/usr/bin/du"_s);
+        QCOMPARE(host.mountTable, u"/proc/self/mountinfo"_s);
     }
 };
 

@@ -9,29 +9,29 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QStringList backupEvents {
-    QStringLiteral("DBC_DatabaseBackupWillBeginNotification"),
-    QStringLiteral("DBC_DatabaseBackupDidFinishedNotification ok=true"),
+    u"DBC_DatabaseBackupWillBeginNotification"_s,
+    u"DBC_DatabaseBackupDidFinishedNotification ok=true"_s,
 };
 const QStringList restoreEvents {
-    QStringLiteral("DBC_DatabaseRestoreWillBeginNotification"),
-    QStringLiteral("DBC_DatabaseRestoreDidFinishedNotification ok=true"),
+    u"DBC_DatabaseRestoreWillBeginNotification"_s,
+    u"DBC_DatabaseRestoreDidFinishedNotification ok=true"_s,
 };
-const QString endedWell = QStringLiteral("DBC_OperationDidFinishedNotification ok=true");
-const QString endedBadly = QStringLiteral("DBC_OperationDidFinishedNotification ok=false");
+const QString endedWell = u"DBC_OperationDidFinishedNotification ok=true"_s;
+const QString endedBadly = u"DBC_OperationDidFinishedNotification ok=false"_s;
 
 QString running(int max, int finished)
 {
-    return QStringLiteral("DBC_ImportIsRunningNotification max=%1 finished=%2")
-        .arg(max)
-        .arg(finished);
+    return u"DBC_ImportIsRunningNotification max=%1 finished=%2"_s.arg(max).arg(finished);
 }
 
 QString loaded(int max)
 {
-    return QStringLiteral("DBC_ImportDataLoadDidFinishedNotification max=%1 finished=0").arg(max);
+    return u"DBC_ImportDataLoadDidFinishedNotification max=%1 finished=0"_s.arg(max);
 }
 
 struct Import : ScriptedConversion {
@@ -44,22 +44,22 @@ struct Import : ScriptedConversion {
     DBCResultCode code() const { return controller->outcome().code; }
     QString startLine() const
     {
-        return QStringLiteral("[Info] begin IMPORT From:[%1]  To:[%2]").arg(folder, package);
+        return u"[Info] begin IMPORT From:[%1]  To:[%2]"_s.arg(folder, package);
     }
     QStringList backupLines() const
     {
-        return {QStringLiteral("[Info] begin BACKUP"), QStringLiteral("[Info] end BACKUP"),
-            QStringLiteral("[Info] backup at ") + script.backupPath};
+        return {u"[Info] begin BACKUP"_s, u"[Info] end BACKUP"_s,
+            u"[Info] backup at "_s + script.backupPath};
     }
     // The log without its separator line, which every run begins with.
     QStringList logAfterSeparator() const { return log().mid(1); }
 };
 
 const QStringList restoreLines {
-    QStringLiteral("[Info] begin RESTORE"),
-    QStringLiteral("[Info] end RESTORE"),
+    u"[Info] begin RESTORE"_s,
+    u"[Info] end RESTORE"_s,
 };
-const QString importBegins = QStringLiteral("DBC_ImportWillBeginNotification");
+const QString importBegins = u"DBC_ImportWillBeginNotification"_s;
 
 } // namespace
 
@@ -67,123 +67,86 @@ class tst_importSequence : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void twoRecordsAreStoredAndSaved();
-    void zeroRecordsAreSavedAsZeroOfZero();
-    void warningsAreNoticedInTheEndLine();
+    void twoRecordsAreStoredAndSaved()
+    {
+        Import import;
+        import.hasCards({u"Sato"_s, u"Suzuki"_s});
+        import.makesBackup();
 
-    void folderOfTheRefusedProductIsTurnedAway();
-    void versionFileIsJudgedBeforeAnythingElse_data();
-    void versionFileIsJudgedBeforeAnythingElse();
-    void folderThatCannotBeMeasuredEndsTheImport();
-    void missingPackageIsAnError();
-    void tooLittleSpaceIsAnError();
-    void spaceForTheFolderAndTheMarginIsEnough();
-    void packageThatDoesNotOpenIsAnError();
-    void failedBackupEndsTheImportWithoutRestore_data();
-    void failedBackupEndsTheImportWithoutRestore();
-    void blankBackupPathStaysOutOfTheMessage();
+        QVERIFY(import.controller->run());
 
-    void readerThatCannotBeMadeIsRestored();
-    void readersErrorIsRestored_data();
-    void readersErrorIsRestored();
-    void recordsBeforeABadLineAreNotStored();
-    void errorAtTheLastRecordIsRestored();
-    void folderDeletedWhileImportingIsAnError();
-    void packageDeletedWhileImportingIsAnError();
-    void exceptionWhileStoringIsRestored();
-    void failedSaveIsRestored();
-    void failedRestoreReplacesTheError();
-    void failedRestoreWithoutBackupPath();
+        QCOMPARE(import.receiver.events,
+            backupEvents
+                + QStringList({importBegins, loaded(2), running(2, 1), running(2, 2),
+                    u"DBC_ImportDidFinishedNotification max=2 finished=2"_s, endedWell}));
+        QCOMPARE(import.logAfterSeparator(),
+            QStringList(import.startLine()) + import.backupLines()
+                + QStringList(u"[Info] end IMPORT| |2|2"_s));
+        QCOMPARE(import.script.calls,
+            QStringList({u"open Velmora DB.vmdb"_s, u"backup"_s, u"load"_s, u"release reader"_s,
+                u"add Sato"_s, u"add Suzuki"_s, u"save"_s, u"close"_s}));
+        QVERIFY(import.hasBackup());
+        QVERIFY(import.presenter.numbers.isEmpty());
+        QCOMPARE(import.code(), DBCResultCode::Success);
+        QCOMPARE(import.controller->outcome().maxCount, 2);
+        QCOMPARE(import.controller->outcome().finishedCount, 2);
+        QCOMPARE(import.controller->outcome().backupPath, import.script.backupPath);
+    }
 
-    void withoutErrorSlotNothingHappens();
-    void estimateWithoutErrorSlotIsZero();
-    void estimateIsTheFoldersDiskUsage();
-    void errorsBecomeTheirMessages_data();
-    void errorsBecomeTheirMessages();
-};
+    void zeroRecordsAreSavedAsZeroOfZero()
+    {
+        Import import;
+        import.makesBackup();
 
-void tst_importSequence::twoRecordsAreStoredAndSaved()
-{
-    Import import;
-    import.hasCards({QStringLiteral("Sato"), QStringLiteral("Suzuki")});
-    import.makesBackup();
+        QVERIFY(import.controller->run());
 
-    QVERIFY(import.controller->run());
+        QCOMPARE(import.receiver.events,
+            backupEvents
+                + QStringList({importBegins, loaded(0),
+                    u"DBC_ImportDidFinishedNotification max=0 finished=0"_s, endedWell}));
+        QVERIFY(import.script.calls.contains(u"save"_s));
+        QCOMPARE(import.log().constLast(), u"[Info] end IMPORT| |0|0"_s);
+    }
 
-    QCOMPARE(import.receiver.events,
-        backupEvents
-            + QStringList({importBegins, loaded(2), running(2, 1), running(2, 2),
-                QStringLiteral("DBC_ImportDidFinishedNotification max=2 finished=2"), endedWell}));
-    QCOMPARE(import.logAfterSeparator(),
-        QStringList(import.startLine()) + import.backupLines()
-            + QStringList(QStringLiteral("[Info] end IMPORT| |2|2")));
-    QCOMPARE(import.script.calls,
-        QStringList({QStringLiteral("open Velmora DB.vmdb"), QStringLiteral("backup"),
-            QStringLiteral("load"), QStringLiteral("release reader"), QStringLiteral("add Sato"),
-            QStringLiteral("add Suzuki"), QStringLiteral("save"), QStringLiteral("close")}));
-    QVERIFY(import.hasBackup());
-    QVERIFY(import.presenter.numbers.isEmpty());
-    QCOMPARE(import.code(), DBCResultCode::Success);
-    QCOMPARE(import.controller->outcome().maxCount, 2);
-    QCOMPARE(import.controller->outcome().finishedCount, 2);
-    QCOMPARE(import.controller->outcome().backupPath, import.script.backupPath);
-}
-
-void tst_importSequence::zeroRecordsAreSavedAsZeroOfZero()
-{
-    Import import;
-    import.makesBackup();
+    void warningsAreNoticedInTheEndLine()
+    {
+        Import import;
+        import.hasCards({u"Sato"_s});
+        import.makesBackup();
+        import.script.onAdd = [](int) { DBCLog::warning(u"no such image"_s);
+        return DBCError();
+    };
 
     QVERIFY(import.controller->run());
 
-    QCOMPARE(import.receiver.events,
-        backupEvents
-            + QStringList({importBegins, loaded(0),
-                QStringLiteral("DBC_ImportDidFinishedNotification max=0 finished=0"), endedWell}));
-    QVERIFY(import.script.calls.contains(QStringLiteral("save")));
-    QCOMPARE(import.log().constLast(), QStringLiteral("[Info] end IMPORT| |0|0"));
+    QCOMPARE(import.log().constLast(), u"[Info] end IMPORT|SEE LOG|1|1"_s);
 }
 
-void tst_importSequence::warningsAreNoticedInTheEndLine()
+void folderOfTheRefusedProductIsTurnedAway()
 {
     Import import;
-    import.hasCards({QStringLiteral("Sato")});
-    import.makesBackup();
-    import.script.onAdd = [](int) { DBCLog::warning(QStringLiteral("no such image"));
-    return DBCError();
-};
-
-QVERIFY(import.controller->run());
-
-QCOMPARE(import.log().constLast(), QStringLiteral("[Info] end IMPORT|SEE LOG|1|1"));
-}
-
-void tst_importSequence::folderOfTheRefusedProductIsTurnedAway()
-{
-    Import import;
-    import.hasCards({QStringLiteral("Sato")});
-    import.writeVersion(QStringLiteral("TELKA\tV1.0L10\r\n"));
+    import.hasCards({u"Sato"_s});
+    import.writeVersion(u"TELKA\tV1.0L10\r\n"_s);
 
     QVERIFY(!import.controller->run());
 
     QCOMPARE(import.code(), DBCResultCode::VersionFileRefusedProduct);
     QCOMPARE(import.receiver.events, QStringList(endedBadly));
     QCOMPARE(import.logAfterSeparator(),
-        QStringList({import.startLine(), QStringLiteral("[Error] message 314"),
-            QStringLiteral("[Info] end IMPORT|SEE LOG|0|0")}));
+        QStringList(
+            {import.startLine(), u"[Error] message 314"_s, u"[Info] end IMPORT|SEE LOG|0|0"_s}));
     QCOMPARE(import.presenter.numbers, QList<quint32> {314});
     QVERIFY(import.script.calls.isEmpty());
 }
 
-void tst_importSequence::versionFileIsJudgedBeforeAnythingElse_data()
+void versionFileIsJudgedBeforeAnythingElse_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::newRow("other version") << QStringLiteral("ACME\tV1.0L11\r\n");
-    QTest::newRow("no tab") << QStringLiteral("ACME V1.0L10\r\n");
+    QTest::newRow("other version") << u"ACME\tV1.0L11\r\n"_s;
+    QTest::newRow("no tab") << u"ACME V1.0L10\r\n"_s;
     QTest::newRow("empty") << QString();
 }
-
-void tst_importSequence::versionFileIsJudgedBeforeAnythingElse()
+void versionFileIsJudgedBeforeAnythingElse()
 {
     QFETCH(QString, text);
     Import import;
@@ -197,7 +160,7 @@ void tst_importSequence::versionFileIsJudgedBeforeAnythingElse()
     QVERIFY(import.script.calls.isEmpty());
 }
 
-void tst_importSequence::folderThatCannotBeMeasuredEndsTheImport()
+void folderThatCannotBeMeasuredEndsTheImport()
 {
     Import import;
     import.measuresBy("exit 1");
@@ -209,7 +172,7 @@ void tst_importSequence::folderThatCannotBeMeasuredEndsTheImport()
     QVERIFY(import.script.calls.isEmpty());
 }
 
-void tst_importSequence::missingPackageIsAnError()
+void missingPackageIsAnError()
 {
     Import import;
     QVERIFY(QDir(import.package).removeRecursively());
@@ -222,7 +185,7 @@ void tst_importSequence::missingPackageIsAnError()
     QVERIFY(import.script.calls.isEmpty());
 }
 
-void tst_importSequence::tooLittleSpaceIsAnError()
+void tooLittleSpaceIsAnError()
 {
     Import import;
     import.host.setFreeBytes(0x80000);
@@ -232,12 +195,12 @@ void tst_importSequence::tooLittleSpaceIsAnError()
     QCOMPARE(import.code(), DBCResultCode::NoSpace);
     QCOMPARE(import.presenter.numbers, QList<quint32> {103});
     QCOMPARE(import.logAfterSeparator(),
-        QStringList({import.startLine(), QStringLiteral("[Error] message 103"),
-            QStringLiteral("[Info] end IMPORT|SEE LOG|0|0")}));
+        QStringList(
+            {import.startLine(), u"[Error] message 103"_s, u"[Info] end IMPORT|SEE LOG|0|0"_s}));
     QVERIFY(import.script.calls.isEmpty());
 }
 
-void tst_importSequence::spaceForTheFolderAndTheMarginIsEnough()
+void spaceForTheFolderAndTheMarginIsEnough()
 {
     Import import;
     import.makesBackup();
@@ -252,7 +215,7 @@ void tst_importSequence::spaceForTheFolderAndTheMarginIsEnough()
     QCOMPARE(shortOfOne.code(), DBCResultCode::NoSpace);
 }
 
-void tst_importSequence::packageThatDoesNotOpenIsAnError()
+void packageThatDoesNotOpenIsAnError()
 {
     Import import;
     import.script.opens = false;
@@ -263,52 +226,51 @@ void tst_importSequence::packageThatDoesNotOpenIsAnError()
     QCOMPARE(import.presenter.numbers, QList<quint32> {313});
     QCOMPARE(import.receiver.events, QStringList(endedBadly));
     QCOMPARE(import.logAfterSeparator(),
-        QStringList({import.startLine(), QStringLiteral("[Error] message 313"),
-            QStringLiteral("[Info] end IMPORT|SEE LOG|0|0")}));
+        QStringList(
+            {import.startLine(), u"[Error] message 313"_s, u"[Info] end IMPORT|SEE LOG|0|0"_s}));
 }
 
-void tst_importSequence::failedBackupEndsTheImportWithoutRestore_data()
+void failedBackupEndsTheImportWithoutRestore_data()
 {
     QTest::addColumn<DBCResultCode>("code");
     QTest::newRow("copy failed") << DBCResultCode::BackupFailure;
     QTest::newRow("no space") << DBCResultCode::NoSpaceForBackup;
 }
-
-void tst_importSequence::failedBackupEndsTheImportWithoutRestore()
+void failedBackupEndsTheImportWithoutRestore()
 {
     QFETCH(DBCResultCode, code);
     Import import;
-    import.hasCards({QStringLiteral("Sato")});
+    import.hasCards({u"Sato"_s});
     import.script.backupResult = code;
-    import.script.backupPath = QStringLiteral("/somewhere/DB_bak.vmdb");
+    import.script.backupPath = u"/somewhere/DB_bak.vmdb"_s;
 
     QVERIFY(!import.controller->run());
 
     QCOMPARE(import.code(), code);
     QCOMPARE(import.receiver.events,
-        QStringList({QStringLiteral("DBC_DatabaseBackupWillBeginNotification"),
-            QStringLiteral("DBC_DatabaseBackupDidFinishedNotification ok=false"), endedBadly}));
+        QStringList({u"DBC_DatabaseBackupWillBeginNotification"_s,
+            u"DBC_DatabaseBackupDidFinishedNotification ok=false"_s, endedBadly}));
     QCOMPARE(import.logAfterSeparator(),
         QStringList(import.startLine()) + import.backupLines()
             + QStringList({
-                QStringLiteral("[Error] message 311 BACKUP Backup DB:[/somewhere/DB_bak.vmdb]"),
-                QStringLiteral("[Info] end IMPORT|SEE LOG|0|0"),
+                u"[Error] message 311 BACKUP Backup DB:[/somewhere/DB_bak.vmdb]"_s,
+                u"[Info] end IMPORT|SEE LOG|0|0"_s,
             }));
-    QVERIFY(!import.script.calls.contains(QStringLiteral("restore")));
+    QVERIFY(!import.script.calls.contains(u"restore"_s));
 }
 
-void tst_importSequence::blankBackupPathStaysOutOfTheMessage()
+void blankBackupPathStaysOutOfTheMessage()
 {
     Import import;
     import.script.backupResult = DBCResultCode::BackupFailure;
-    import.script.backupPath = QStringLiteral("  ");
+    import.script.backupPath = u"  "_s;
 
     QVERIFY(!import.controller->run());
 
-    QCOMPARE(import.presenter.texts, QStringList(QStringLiteral("message 311 BACKUP")));
+    QCOMPARE(import.presenter.texts, QStringList(u"message 311 BACKUP"_s));
 }
 
-void tst_importSequence::readerThatCannotBeMadeIsRestored()
+void readerThatCannotBeMadeIsRestored()
 {
     Import import;
     import.makesBackup();
@@ -322,19 +284,16 @@ void tst_importSequence::readerThatCannotBeMadeIsRestored()
     QCOMPARE(import.presenter.numbers, QList<quint32> {310});
 }
 
-void tst_importSequence::readersErrorIsRestored_data()
+void readersErrorIsRestored_data()
 {
     QTest::addColumn<DBCResultCode>("code");
     QTest::addColumn<QString>("message");
-    QTest::newRow("title line") << DBCResultCode::TitleLineFormatError
-                                << QStringLiteral("message 307 line 7");
-    QTest::newRow("data line") << DBCResultCode::DataLineFormatError
-                               << QStringLiteral("message 307 line 7");
-    QTest::newRow("bytes") << DBCResultCode::DataFileDecodeFailure << QStringLiteral("message 310");
-    QTest::newRow("empty") << DBCResultCode::DataFileEmpty << QStringLiteral("message 306");
+    QTest::newRow("title line") << DBCResultCode::TitleLineFormatError << u"message 307 line 7"_s;
+    QTest::newRow("data line") << DBCResultCode::DataLineFormatError << u"message 307 line 7"_s;
+    QTest::newRow("bytes") << DBCResultCode::DataFileDecodeFailure << u"message 310"_s;
+    QTest::newRow("empty") << DBCResultCode::DataFileEmpty << u"message 306"_s;
 }
-
-void tst_importSequence::readersErrorIsRestored()
+void readersErrorIsRestored()
 {
     QFETCH(DBCResultCode, code);
     QFETCH(QString, message);
@@ -348,30 +307,28 @@ void tst_importSequence::readersErrorIsRestored()
     QCOMPARE(import.receiver.events,
         backupEvents + QStringList(importBegins) + restoreEvents + QStringList(endedBadly));
     QCOMPARE(import.logAfterSeparator().mid(4),
-        QStringList(
-            {QStringLiteral("[Error] ") + message, QStringLiteral("[Info] end IMPORT|SEE LOG|0|0")})
-            + restoreLines);
+        QStringList({u"[Error] "_s + message, u"[Info] end IMPORT|SEE LOG|0|0"_s}) + restoreLines);
     QVERIFY(import.hasBackup());
 }
 
-void tst_importSequence::recordsBeforeABadLineAreNotStored()
+void recordsBeforeABadLineAreNotStored()
 {
     Import import;
     import.makesBackup();
-    import.hasCards({QStringLiteral("Sato"), QStringLiteral("Suzuki")});
+    import.hasCards({u"Sato"_s, u"Suzuki"_s});
     import.script.loadError = DBCError(DBCResultCode::DataLineFormatError).withLineNo(4);
 
     QVERIFY(!import.controller->run());
 
-    QVERIFY(import.script.calls.filter(QStringLiteral("add")).isEmpty());
+    QVERIFY(import.script.calls.filter(u"add"_s).isEmpty());
     QVERIFY(!import.receiver.events.contains(loaded(2)));
 }
 
-void tst_importSequence::errorAtTheLastRecordIsRestored()
+void errorAtTheLastRecordIsRestored()
 {
     Import import;
     import.makesBackup();
-    import.hasCards({QStringLiteral("Sato"), QStringLiteral("Suzuki"), QStringLiteral("Tanaka")});
+    import.hasCards({u"Sato"_s, u"Suzuki"_s, u"Tanaka"_s});
     import.script.onAdd = [](int index) {
         return index == 2 ? DBCError(DBCResultCode::NoSpaceForImport) : DBCError();
 };
@@ -384,19 +341,18 @@ QCOMPARE(import.receiver.events,
         + restoreEvents + QStringList(endedBadly));
 QCOMPARE(import.logAfterSeparator(),
     QStringList(import.startLine()) + import.backupLines()
-        + QStringList({QStringLiteral("[Error] message 301"),
-            QStringLiteral("[Info] end IMPORT|SEE LOG|3|2")})
+        + QStringList({u"[Error] message 301"_s, u"[Info] end IMPORT|SEE LOG|3|2"_s})
         + restoreLines);
-QVERIFY(!import.script.calls.contains(QStringLiteral("save")));
+QVERIFY(!import.script.calls.contains(u"save"_s));
 QVERIFY(import.hasBackup());
 QCOMPARE(import.controller->outcome().finishedCount, 2);
 }
 
-void tst_importSequence::folderDeletedWhileImportingIsAnError()
+void folderDeletedWhileImportingIsAnError()
 {
     Import import;
     import.makesBackup();
-    import.hasCards({QStringLiteral("Sato"), QStringLiteral("Suzuki")});
+    import.hasCards({u"Sato"_s, u"Suzuki"_s});
     import.script.onAdd = [&](int) { QDir(import.folder).removeRecursively();
     return DBCError();
 };
@@ -404,18 +360,17 @@ void tst_importSequence::folderDeletedWhileImportingIsAnError()
 QVERIFY(!import.controller->run());
 
 QCOMPARE(import.code(), DBCResultCode::FolderNotExist);
-QCOMPARE(
-    import.script.calls.filter(QStringLiteral("add")), QStringList(QStringLiteral("add Sato")));
+QCOMPARE(import.script.calls.filter(u"add"_s), QStringList(u"add Sato"_s));
 QCOMPARE(import.receiver.events,
     backupEvents + QStringList({importBegins, loaded(2), running(2, 1)}) + restoreEvents
         + QStringList(endedBadly));
 }
 
-void tst_importSequence::packageDeletedWhileImportingIsAnError()
+void packageDeletedWhileImportingIsAnError()
 {
     Import import;
     import.makesBackup();
-    import.hasCards({QStringLiteral("Sato"), QStringLiteral("Suzuki")});
+    import.hasCards({u"Sato"_s, u"Suzuki"_s});
     import.script.onAdd = [&](int) { QDir(import.package).removeRecursively();
     return DBCError();
 };
@@ -423,14 +378,14 @@ void tst_importSequence::packageDeletedWhileImportingIsAnError()
 QVERIFY(!import.controller->run());
 
 QCOMPARE(import.code(), DBCResultCode::FolderNotExist);
-QVERIFY(import.script.calls.contains(QStringLiteral("restore")));
+QVERIFY(import.script.calls.contains(u"restore"_s));
 }
 
-void tst_importSequence::exceptionWhileStoringIsRestored()
+void exceptionWhileStoringIsRestored()
 {
     Import import;
     import.makesBackup();
-    import.hasCards({QStringLiteral("Sato"), QStringLiteral("Suzuki")});
+    import.hasCards({u"Sato"_s, u"Suzuki"_s});
     import.script.onAdd = [](int index)->DBCError {
         if (index == 1) throw std::runtime_error("the disk went away");
     return {};
@@ -445,11 +400,11 @@ QCOMPARE(import.receiver.events,
         + QStringList(endedBadly));
 }
 
-void tst_importSequence::failedSaveIsRestored()
+void failedSaveIsRestored()
 {
     Import import;
     import.makesBackup();
-    import.hasCards({QStringLiteral("Sato")});
+    import.hasCards({u"Sato"_s});
     import.script.saveResult = DBCResultCode::DatabaseSaveFailure;
 
     QVERIFY(!import.controller->run());
@@ -462,11 +417,11 @@ void tst_importSequence::failedSaveIsRestored()
     QVERIFY(import.hasBackup());
 }
 
-void tst_importSequence::failedRestoreReplacesTheError()
+void failedRestoreReplacesTheError()
 {
     Import import;
     import.makesBackup();
-    import.hasCards({QStringLiteral("Sato")});
+    import.hasCards({u"Sato"_s});
     import.script.saveResult = DBCResultCode::DatabaseSaveFailure;
     import.script.restoreResult = DBCResultCode::RestoreFailure;
 
@@ -475,18 +430,18 @@ void tst_importSequence::failedRestoreReplacesTheError()
     QCOMPARE(import.code(), DBCResultCode::RestoreFailure);
     QCOMPARE(import.presenter.numbers, QList<quint32>({313, 311}));
     QCOMPARE(import.presenter.texts.constLast(),
-        QStringLiteral("message 311 RESTORE\nBackup DB:[%1]").arg(import.script.backupPath));
+        u"message 311 RESTORE\nBackup DB:[%1]"_s.arg(import.script.backupPath));
     QCOMPARE(import.receiver.events.mid(5),
-        QStringList({QStringLiteral("DBC_DatabaseRestoreWillBeginNotification"),
-            QStringLiteral("DBC_DatabaseRestoreDidFinishedNotification ok=false"), endedBadly}));
+        QStringList({u"DBC_DatabaseRestoreWillBeginNotification"_s,
+            u"DBC_DatabaseRestoreDidFinishedNotification ok=false"_s, endedBadly}));
     QVERIFY(import.hasBackup());
     QCOMPARE(import.controller->outcome().backupPath, import.script.backupPath);
 }
 
-void tst_importSequence::failedRestoreWithoutBackupPath()
+void failedRestoreWithoutBackupPath()
 {
     Import import;
-    import.hasCards({QStringLiteral("Sato")});
+    import.hasCards({u"Sato"_s});
     import.script.saveResult = DBCResultCode::DatabaseSaveFailure;
     import.script.restoreResult = DBCResultCode::GeneralFailure;
 
@@ -496,10 +451,10 @@ void tst_importSequence::failedRestoreWithoutBackupPath()
     QCOMPARE(import.presenter.numbers, QList<quint32>({313, 102}));
 }
 
-void tst_importSequence::withoutErrorSlotNothingHappens()
+void withoutErrorSlotNothingHappens()
 {
     Import import;
-    import.hasCards({QStringLiteral("Sato")});
+    import.hasCards({u"Sato"_s});
 
     QVERIFY(!import.controller->_doImport(nullptr));
 
@@ -507,13 +462,13 @@ void tst_importSequence::withoutErrorSlotNothingHappens()
     QVERIFY(import.log().isEmpty());
 }
 
-void tst_importSequence::estimateWithoutErrorSlotIsZero()
+void estimateWithoutErrorSlotIsZero()
 {
     Import import;
     QCOMPARE(import.controller->estimateDiskSpaceForImport(nullptr), 0ULL);
 }
 
-void tst_importSequence::estimateIsTheFoldersDiskUsage()
+void estimateIsTheFoldersDiskUsage()
 {
     Import import;
     import.measuresBy("printf '37\\t%s\\n' \"$3\"");
@@ -523,7 +478,7 @@ void tst_importSequence::estimateIsTheFoldersDiskUsage()
     QVERIFY(!error);
 }
 
-void tst_importSequence::errorsBecomeTheirMessages_data()
+void errorsBecomeTheirMessages_data()
 {
     QTest::addColumn<DBCResultCode>("code");
     QTest::addColumn<quint32>("number");
@@ -532,8 +487,7 @@ void tst_importSequence::errorsBecomeTheirMessages_data()
     QTest::newRow("space in the database") << DBCResultCode::NoSpaceForImport << 301U;
     QTest::newRow("general") << DBCResultCode::GeneralFailure << 102U;
 }
-
-void tst_importSequence::errorsBecomeTheirMessages()
+void errorsBecomeTheirMessages()
 {
     QFETCH(DBCResultCode, code);
     QFETCH(quint32, number);
@@ -542,8 +496,10 @@ void tst_importSequence::errorsBecomeTheirMessages()
     import.controller->_handleImportError(DBCError(code));
 
     QCOMPARE(import.presenter.numbers, QList<quint32> {number});
-    QCOMPARE(import.log(), QStringList(QStringLiteral("[Error] message %1").arg(number)));
+    QCOMPARE(import.log(), QStringList(u"[Error] message %1"_s.arg(number)));
 }
+}
+;
 
 QTEST_GUILESS_MAIN(tst_importSequence)
 #include "tst_importSequence.moc"

@@ -6,6 +6,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QByteArray line(const QByteArray& mountPoint, const QByteArray& type, const QByteArray& device)
@@ -17,7 +19,7 @@ QByteArray line(const QByteArray& mountPoint, const QByteArray& type, const QByt
 QString deviceOf(const QByteArray& table, const QString& path)
 {
     const auto volume = DBCMountTable::parse(table).volumeOf(path);
-    return volume ? volume->device : QStringLiteral("(none)");
+    return volume ? volume->device : u"(none)"_s;
 }
 
 } // namespace
@@ -30,13 +32,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("path");
         QTest::addColumn<QString>("device");
-        QTest::newRow("root") << QStringLiteral("/") << QStringLiteral("/dev/a");
-        QTest::newRow("under root") << QStringLiteral("/etc/x") << QStringLiteral("/dev/a");
-        QTest::newRow("mount point itself") << QStringLiteral("/home") << QStringLiteral("/dev/b");
-        QTest::newRow("under it") << QStringLiteral("/home/u/x") << QStringLiteral("/dev/b");
-        QTest::newRow("mount in a mount")
-            << QStringLiteral("/home/u/share/x") << QStringLiteral("server:/e");
-        QTest::newRow("longer name") << QStringLiteral("/homes/u") << QStringLiteral("/dev/a");
+        QTest::newRow("root") << u"/"_s << u"/dev/a"_s;
+        QTest::newRow("under root") << u"/etc/x"_s << u"/dev/a"_s;
+        QTest::newRow("mount point itself") << u"/home"_s << u"/dev/b"_s;
+        QTest::newRow("under it") << u"/home/u/x"_s << u"/dev/b"_s;
+        QTest::newRow("mount in a mount") << u"/home/u/share/x"_s << u"server:/e"_s;
+        QTest::newRow("longer name") << u"/homes/u"_s << u"/dev/a"_s;
     }
     void longestMountPointHoldsThePath()
     {
@@ -50,33 +51,28 @@ private Q_SLOTS:
     {
         const QByteArray table
             = line("/data", "autofs", "systemd-1") + line("/data", "ext4", "/dev/c");
-        QCOMPARE(deviceOf(table, QStringLiteral("/data/x")), QStringLiteral("/dev/c"));
+        QCOMPARE(deviceOf(table, u"/data/x"_s), u"/dev/c"_s);
     }
 
     void pathThatNoMountHoldsHasNoVolume()
     {
-        QVERIFY(!DBCMountTable::parse(line("/home", "ext4", "/dev/a"))
-                     .volumeOf(QStringLiteral("/etc"))
-                     .has_value());
+        QVERIFY(
+            !DBCMountTable::parse(line("/home", "ext4", "/dev/a")).volumeOf(u"/etc"_s).has_value());
     }
 
     void escapedCharactersAreRead()
     {
         const QByteArray table = line("/a\\040b\\011c\\012d\\134e", "cifs", "//server/my\\040share")
             + line("/\xE5\x90\x8D", "ext4", "/dev/j");
-        QCOMPARE(deviceOf(table, QStringLiteral("/a b\tc\nd\\e/file")),
-            QStringLiteral("//server/my share"));
-        QCOMPARE(deviceOf(table, QStringLiteral(u"/\u540D/x")), QStringLiteral("/dev/j"));
+        QCOMPARE(deviceOf(table, u"/a b\tc\nd\\e/file"_s), u"//server/my share"_s);
+        QCOMPARE(deviceOf(table, u"/\u540D/x"_s), u"/dev/j"_s);
     }
 
     void backslashWithoutThreeOctalDigitsStandsForItself()
     {
-        QCOMPARE(
-            deviceOf(line("/x", "9p", "C:\\134"), QStringLiteral("/x")), QStringLiteral("C:\\"));
-        QCOMPARE(deviceOf(line("/x", "9p", "a\\9b\\12"), QStringLiteral("/x")),
-            QStringLiteral("a\\9b\\12"));
-        QCOMPARE(deviceOf(line("/x", "9p", "\\-12\\1-2\\12-"), QStringLiteral("/x")),
-            QStringLiteral("\\-12\\1-2\\12-"));
+        QCOMPARE(deviceOf(line("/x", "9p", "C:\\134"), u"/x"_s), u"C:\\"_s);
+        QCOMPARE(deviceOf(line("/x", "9p", "a\\9b\\12"), u"/x"_s), u"a\\9b\\12"_s);
+        QCOMPARE(deviceOf(line("/x", "9p", "\\-12\\1-2\\12-"), u"/x"_s), u"\\-12\\1-2\\12-"_s);
     }
 
     void linesWithAnyNumberOfOptionalFieldsAreRead()
@@ -84,9 +80,9 @@ private Q_SLOTS:
         const QByteArray none = "1 2 8:1 / /a rw - ext4 /dev/a rw\n";
         const QByteArray two = "1 2 8:1 / /b rw shared:1 master:2 - ext4 /dev/b rw\n";
         const QByteArray dash = "1 2 8:1 - /c rw - ext4 /dev/c rw\n";
-        QCOMPARE(deviceOf(none + two + dash, QStringLiteral("/a")), QStringLiteral("/dev/a"));
-        QCOMPARE(deviceOf(none + two + dash, QStringLiteral("/b")), QStringLiteral("/dev/b"));
-        QCOMPARE(deviceOf(none + two + dash, QStringLiteral("/c")), QStringLiteral("/dev/c"));
+        QCOMPARE(deviceOf(none + two + dash, u"/a"_s), u"/dev/a"_s);
+        QCOMPARE(deviceOf(none + two + dash, u"/b"_s), u"/dev/b"_s);
+        QCOMPARE(deviceOf(none + two + dash, u"/c"_s), u"/dev/c"_s);
     }
 
     void linesOfAnotherFormArePassedOver()
@@ -94,31 +90,31 @@ private Q_SLOTS:
         const QByteArray table = "\n1 2 3\nno separator here at all rw ext4 /dev/x rw\n"
                                  "1 2 8:1 / /a rw -\n1 2 8:1 / /a rw - ext4\n"
             + line("/", "ext4", "/dev/a");
-        QCOMPARE(deviceOf(table, QStringLiteral("/a")), QStringLiteral("/dev/a"));
+        QCOMPARE(deviceOf(table, u"/a"_s), u"/dev/a"_s);
     }
 
     void missingTableCannotBeRead()
     {
         const TestHome home;
-        QVERIFY(!DBCMountTable::read(home.path(QStringLiteral("missing"))).has_value());
+        QVERIFY(!DBCMountTable::read(home.path(u"missing"_s)).has_value());
         QVERIFY(!DBCMountTable::read(home.path()).has_value());
         // Opens, and then fails to be read.
-        QVERIFY(!DBCMountTable::read(QStringLiteral("/proc/self/mem")).has_value());
+        QVERIFY(!DBCMountTable::read(u"/proc/self/mem"_s).has_value());
     }
 
     void realTableCoversTheKernelsOwnFolder()
     {
         const auto table = DBCMountTable::read(DBCHost::real().mountTable);
         QVERIFY(table.has_value());
-        const auto volume = table->volumeOf(QStringLiteral("/proc"));
+        const auto volume = table->volumeOf(u"/proc"_s);
         QVERIFY(volume.has_value());
-        QCOMPARE(volume->type, QStringLiteral("proc"));
+        QCOMPARE(volume->type, u"proc"_s);
     }
 
     void fileSystemIsToldByItsNumber()
     {
-        QVERIFY(!isOnNetworkFileSystem(QStringLiteral("/proc")));
-        QVERIFY(isOnNetworkFileSystem(QStringLiteral("/proc/no such place")));
+        QVERIFY(!isOnNetworkFileSystem(u"/proc"_s));
+        QVERIFY(isOnNetworkFileSystem(u"/proc/no such place"_s));
     }
 
     void volumesAreLocalOrOnTheNetwork_data()
@@ -160,7 +156,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, type);
         QFETCH(QString, device);
-        const DBCMountedVolume volume {QStringLiteral("/x"), type, device};
+        const DBCMountedVolume volume {u"/x"_s, type, device};
         QTEST(volume.isNetwork(), "network");
     }
 };

@@ -12,15 +12,17 @@
 #include <cerrno>
 #include <fcntl.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A folder "in" with files, and a file beside it.
 struct Place {
     Place()
     {
-        home.writeFile(QStringLiteral("in/a.txt"), "a");
-        home.writeFile(QStringLiteral("in/sub/b.txt"), "b");
-        home.writeFile(QStringLiteral("secret.txt"), "secret");
+        home.writeFile(u"in/a.txt"_s, "a");
+        home.writeFile(u"in/sub/b.txt"_s, "b");
+        home.writeFile(u"secret.txt"_s, "secret");
     }
 
     void link(const QString& target, const QString& name) const
@@ -40,7 +42,7 @@ struct Place {
     }
 
     TestHome home;
-    QString folder = home.makeFolder(QStringLiteral("in"));
+    QString folder = home.makeFolder(u"in"_s);
 };
 
 const QByteArray leadsOut = QByteArray::number(EXDEV);
@@ -55,56 +57,56 @@ private Q_SLOTS:
     void filesInsideAreOpened()
     {
         const Place place;
-        QCOMPARE(place.opened(place.at(QStringLiteral("a.txt"))), QByteArray("a"));
-        QCOMPARE(place.opened(place.at(QStringLiteral("sub/b.txt"))), QByteArray("b"));
-        QCOMPARE(place.opened(place.at(QStringLiteral("sub/../a.txt"))), QByteArray("a"));
-        QCOMPARE(place.opened(place.at(QStringLiteral("none"))), missing);
+        QCOMPARE(place.opened(place.at(u"a.txt"_s)), QByteArray("a"));
+        QCOMPARE(place.opened(place.at(u"sub/b.txt"_s)), QByteArray("b"));
+        QCOMPARE(place.opened(place.at(u"sub/../a.txt"_s)), QByteArray("a"));
+        QCOMPARE(place.opened(place.at(u"none"_s)), missing);
     }
 
     void linksInsideAreFollowed()
     {
         const Place place;
-        place.link(QStringLiteral("a.txt"), QStringLiteral("link"));
-        place.link(QStringLiteral("sub"), QStringLiteral("folder"));
-        place.link(QStringLiteral("../a.txt"), QStringLiteral("sub/up"));
-        QCOMPARE(place.opened(place.at(QStringLiteral("link"))), QByteArray("a"));
-        QCOMPARE(place.opened(place.at(QStringLiteral("folder/b.txt"))), QByteArray("b"));
-        QCOMPARE(place.opened(place.at(QStringLiteral("sub/up"))), QByteArray("a"));
+        place.link(u"a.txt"_s, u"link"_s);
+        place.link(u"sub"_s, u"folder"_s);
+        place.link(u"../a.txt"_s, u"sub/up"_s);
+        QCOMPARE(place.opened(place.at(u"link"_s)), QByteArray("a"));
+        QCOMPARE(place.opened(place.at(u"folder/b.txt"_s)), QByteArray("b"));
+        QCOMPARE(place.opened(place.at(u"sub/up"_s)), QByteArray("a"));
     }
 
     void linksThatLeadOutOpenNothing_data()
     {
         QTest::addColumn<QString>("target"); // %1: the folder in which the folder lies
         QTest::addColumn<QString>("name");
-        const QString link = QStringLiteral("link");
-        QTest::newRow("file beside") << QStringLiteral("../secret.txt") << link;
-        QTest::newRow("whole path") << QStringLiteral("%1/secret.txt") << link;
-        QTest::newRow("whole path to the inside") << QStringLiteral("%1/in/a.txt") << link;
-        QTest::newRow("folder beside") << QStringLiteral("..") << QStringLiteral("link/secret.txt");
-        QTest::newRow("out and in again") << QStringLiteral("../in/a.txt") << link;
+        const QString link = u"link"_s;
+        QTest::newRow("file beside") << u"../secret.txt"_s << link;
+        QTest::newRow("whole path") << u"%1/secret.txt"_s << link;
+        QTest::newRow("whole path to the inside") << u"%1/in/a.txt"_s << link;
+        QTest::newRow("folder beside") << u".."_s << u"link/secret.txt"_s;
+        QTest::newRow("out and in again") << u"../in/a.txt"_s << link;
     }
     void linksThatLeadOutOpenNothing()
     {
         QFETCH(QString, target);
         QFETCH(QString, name);
         const Place place;
-        place.link(target.replace(QStringLiteral("%1"), place.home.path()), QStringLiteral("link"));
+        place.link(target.replace(u"%1"_s, place.home.path()), u"link"_s);
         QCOMPARE(place.opened(place.at(name)), leadsOut);
     }
 
     void linkThatLeadsToItselfOpensNothing()
     {
         const Place place;
-        place.link(QStringLiteral("loop"), QStringLiteral("loop"));
-        QCOMPARE(place.opened(place.at(QStringLiteral("loop"))), QByteArray::number(ELOOP));
+        place.link(u"loop"_s, u"loop"_s);
+        QCOMPARE(place.opened(place.at(u"loop"_s)), QByteArray::number(ELOOP));
     }
 
     void pathOutsideTheFolderOpensNothing()
     {
         const Place place;
-        QCOMPARE(place.opened(place.home.path(QStringLiteral("secret.txt"))), leadsOut);
-        QCOMPARE(place.opened(place.folder + QStringLiteral("side/a.txt")), leadsOut);
-        QCOMPARE(place.opened(place.at(QStringLiteral("../secret.txt"))), leadsOut);
+        QCOMPARE(place.opened(place.home.path(u"secret.txt"_s)), leadsOut);
+        QCOMPARE(place.opened(place.folder + u"side/a.txt"_s), leadsOut);
+        QCOMPARE(place.opened(place.at(u"../secret.txt"_s)), leadsOut);
         QCOMPARE(place.opened(place.folder), leadsOut);
         QCOMPARE(place.opened({}), leadsOut);
     }
@@ -112,7 +114,7 @@ private Q_SLOTS:
     void slashBehindTheFolderChangesNothing()
     {
         Place place;
-        const QString path = place.at(QStringLiteral("a.txt"));
+        const QString path = place.at(u"a.txt"_s);
         place.folder += u'/';
         QCOMPARE(place.opened(path), QByteArray("a"));
     }
@@ -122,33 +124,32 @@ private Q_SLOTS:
     {
         Place place;
         const QString real = QFileInfo(place.folder).canonicalFilePath();
-        QVERIFY(QFile::link(place.folder, place.home.path(QStringLiteral("linked"))));
-        place.folder = place.home.path(QStringLiteral("linked"));
-        QCOMPARE(place.opened(place.at(QStringLiteral("a.txt"))), QByteArray("a"));
-        QCOMPARE(place.opened(real + QStringLiteral("/a.txt")), QByteArray("a"));
-        QCOMPARE(place.opened(place.home.path(QStringLiteral("secret.txt"))), leadsOut);
+        QVERIFY(QFile::link(place.folder, place.home.path(u"linked"_s)));
+        place.folder = place.home.path(u"linked"_s);
+        QCOMPARE(place.opened(place.at(u"a.txt"_s)), QByteArray("a"));
+        QCOMPARE(place.opened(real + u"/a.txt"_s), QByteArray("a"));
+        QCOMPARE(place.opened(place.home.path(u"secret.txt"_s)), leadsOut);
     }
 
     void missingFolderOpensNothing()
     {
         Place place;
-        place.folder = place.home.path(QStringLiteral("none"));
-        QCOMPARE(place.opened(place.at(QStringLiteral("a.txt"))), missing);
+        place.folder = place.home.path(u"none"_s);
+        QCOMPARE(place.opened(place.at(u"a.txt"_s)), missing);
     }
 
     void fileThatMayNotBeReadIsNotOpened()
     {
         const AsOrdinaryUser user;
         const Place place;
-        const ScopedMode mode(place.at(QStringLiteral("a.txt")), 0);
-        QCOMPARE(place.opened(place.at(QStringLiteral("a.txt"))), QByteArray::number(EACCES));
+        const ScopedMode mode(place.at(u"a.txt"_s), 0);
+        QCOMPARE(place.opened(place.at(u"a.txt"_s)), QByteArray::number(EACCES));
     }
 
     void otherProgramsDoNotInheritTheFile()
     {
         const Place place;
-        const DBCDescriptor file
-            = openInside(place.folder, place.at(QStringLiteral("a.txt")), O_RDONLY);
+        const DBCDescriptor file = openInside(place.folder, place.at(u"a.txt"_s), O_RDONLY);
         QCOMPARE(fcntl(file.get(), F_GETFD) & FD_CLOEXEC, FD_CLOEXEC);
     }
 };

@@ -8,6 +8,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 Q_DECLARE_METATYPE(std::function<void(Situation&)>)
 
 class tst_preconditions : public QObject {
@@ -23,7 +25,7 @@ private Q_SLOTS:
         QVERIFY(preconditions._checkPrecondition());
         QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::None);
         QCOMPARE(situation.presenter.numbers, nothingShown);
-        QCOMPARE(situation.questionKeys(), QStringList(QStringLiteral("IDS_MSG_ERR_0106")));
+        QCOMPARE(situation.questionKeys(), QStringList(u"IDS_MSG_ERR_0106"_s));
     }
 
     void questionOffersYesAndNoAndNoThirdButton()
@@ -57,8 +59,7 @@ private Q_SLOTS:
     void questionThatCannotBeAskedRefuses()
     {
         Situation situation(OperationType::Export);
-        const DBCLocalizable::Substitute texts(
-            {{QStringLiteral("IDS_MSG_ERR_0106"), std::nullopt}});
+        const DBCLocalizable::Substitute texts({{u"IDS_MSG_ERR_0106"_s, std::nullopt}});
         DBCPreconditions preconditions = situation.preconditions();
         QVERIFY(!preconditions._checkPrecondition());
         QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::ByCheck);
@@ -83,15 +84,13 @@ private Q_SLOTS:
             [](Situation& s) { s.installMainApplication("1.0"); });
         row(105, import, "cards.vmdb", [](Situation& s) { s.mountOnNetwork(s.package); });
         row(201, exporting, "gone.vmdb",
-            [](Situation& s) { s.package = s.home.path(QStringLiteral("gone.vmdb")); });
-        row(202, exporting, "gone",
-            [](Situation& s) { s.desktop = s.home.path(QStringLiteral("gone")); });
+            [](Situation& s) { s.package = s.home.path(u"gone.vmdb"_s); });
+        row(202, exporting, "gone", [](Situation& s) { s.desktop = s.home.path(u"gone"_s); });
         row(204, exporting, "desktop/",
             [](Situation& s) { QFile::link(s.interchange, s.exportFolder()); });
         row(302, import, "gone.vmdb",
-            [](Situation& s) { s.package = s.home.path(QStringLiteral("gone.vmdb")); });
-        row(308, import, "gone",
-            [](Situation& s) { s.interchange = s.home.path(QStringLiteral("gone")); });
+            [](Situation& s) { s.package = s.home.path(u"gone.vmdb"_s); });
+        row(308, import, "gone", [](Situation& s) { s.interchange = s.home.path(u"gone"_s); });
         row(309, import, "interchange/",
             [](Situation& s) { QFile::remove(DBCInterchangeNames::dataFile(s.interchange)); });
     }
@@ -155,8 +154,7 @@ private Q_SLOTS:
     void folderInPlaceOfTheVersionListIsNotTested()
     {
         Situation situation(OperationType::Import);
-        situation.home.makeFolder(
-            QStringLiteral("Applications/Velmora/Velmora.app/Contents/version.plist"));
+        situation.home.makeFolder(u"Applications/Velmora/Velmora.app/Contents/version.plist"_s);
         QVERIFY(situation.check());
     }
 
@@ -167,7 +165,7 @@ private Q_SLOTS:
     {
         QFETCH(OperationType, type);
         Situation situation(type);
-        const QString missing = situation.home.path(QStringLiteral("missing"));
+        const QString missing = situation.home.path(u"missing"_s);
         DBCPreconditions(missing, missing, type)._checkPrecondition();
         const quint32 expected = type == OperationType::Import ? 308 : 201;
         QCOMPARE(situation.presenter.numbers, QList<quint32> {expected});
@@ -176,7 +174,7 @@ private Q_SLOTS:
     void refusalByACheckIsToldFromTheUsersNo()
     {
         Situation situation(OperationType::Import);
-        situation.package = situation.home.path(QStringLiteral("missing.vmdb"));
+        situation.package = situation.home.path(u"missing.vmdb"_s);
         DBCPreconditions preconditions = situation.preconditions();
         QVERIFY(!preconditions._checkPrecondition());
         QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::ByCheck);
@@ -187,7 +185,7 @@ private Q_SLOTS:
     void importFolderPathOf520BytesIsTheLongest()
     {
         Situation situation(OperationType::Import);
-        const QString base = situation.home.path(QStringLiteral(u"\u540D"));
+        const QString base = situation.home.path(u"\u540D"_s);
         for (const qsizetype bytes : {520, 521}) {
             DBCPreconditions(pathOfBytes(base, bytes), situation.package, situation.type)
                 ._dataPathCheck();
@@ -206,7 +204,7 @@ private Q_SLOTS:
     void lengthOfAPathUnderHomeIsThatOfTheExpandedOne()
     {
         Situation situation(OperationType::Import);
-        situation.interchange = QStringLiteral("~/") + QString(515, u'x');
+        situation.interchange = u"~/"_s + QString(515, u'x');
         QVERIFY(!situation.preconditions()._dataPathCheck());
         QCOMPARE(situation.presenter.numbers, QList<quint32> {110});
     }
@@ -214,7 +212,7 @@ private Q_SLOTS:
     void importFolderMustExistAndBeAFolder()
     {
         Situation situation(OperationType::Import);
-        situation.interchange = situation.home.writeFile(QStringLiteral("file"), "x");
+        situation.interchange = situation.home.writeFile(u"file"_s, "x");
         QVERIFY(!situation.preconditions()._dataPathCheck());
         QCOMPARE(situation.presenter.numbers, QList<quint32> {308});
     }
@@ -275,14 +273,14 @@ private Q_SLOTS:
     void folderToExportIntoMustExistAndBeAFolder_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("missing") << QStringLiteral("missing");
-        QTest::newRow("file") << QStringLiteral("file");
+        QTest::newRow("missing") << u"missing"_s;
+        QTest::newRow("file") << u"file"_s;
     }
     void folderToExportIntoMustExistAndBeAFolder()
     {
         QFETCH(QString, name);
         Situation situation(OperationType::Export);
-        situation.home.writeFile(QStringLiteral("file"), "x");
+        situation.home.writeFile(u"file"_s, "x");
         situation.desktop = situation.home.path(name);
         QVERIFY(!situation.preconditions()._dataPathCheck());
         QCOMPARE(situation.presenter.numbers, QList<quint32> {202});
@@ -312,8 +310,8 @@ private Q_SLOTS:
         Situation situation(OperationType::Export);
         situation.makeOldExport();
         QVERIFY(situation.check());
-        QCOMPARE(situation.questionKeys(),
-            QStringList({QStringLiteral("IDS_MSG_ERR_0106"), QStringLiteral("IDS_MSG_ERR_0205")}));
+        QCOMPARE(
+            situation.questionKeys(), QStringList({u"IDS_MSG_ERR_0106"_s, u"IDS_MSG_ERR_0205"_s}));
         QVERIFY(!situation.oldExportStands());
         QVERIFY(QFileInfo(situation.exportFolder()).isDir());
     }
@@ -343,13 +341,13 @@ private Q_SLOTS:
     {
         Situation situation(OperationType::Export);
         situation.makeOldExport();
-        const QString inside = situation.exportFolder() + QStringLiteral("/cards.vmdb");
+        const QString inside = situation.exportFolder() + u"/cards.vmdb"_s;
         QVERIFY(QDir().rename(situation.package, inside));
         situation.package = inside;
         QVERIFY(!situation.check());
         QCOMPARE(situation.presenter.numbers, QList<quint32> {204});
         QVERIFY(situation.oldExportStands());
-        QVERIFY(QFileInfo::exists(inside + QStringLiteral("/Velmora.sqldb")));
+        QVERIFY(QFileInfo::exists(inside + u"/Velmora.sqldb"_s));
     }
 
     void exportNeedsHalfAMegabyte()
@@ -364,8 +362,7 @@ private Q_SLOTS:
     void fileWhereTheExportFolderShouldBeIsAnError()
     {
         Situation situation(OperationType::Export);
-        situation.home.writeFile(
-            QStringLiteral("desktop/") + DBCInterchangeNames::rootFolderName(), "kept");
+        situation.home.writeFile(u"desktop/"_s + DBCInterchangeNames::rootFolderName(), "kept");
         QVERIFY(!situation.preconditions()._dataPathCheck());
         QCOMPARE(situation.presenter.numbers, QList<quint32> {204});
         QVERIFY(situation.presenter.questions.isEmpty());
@@ -400,7 +397,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, type);
         QFETCH(QByteArray, device);
         Situation situation(OperationType::Import);
-        const QString folder = situation.home.makeFolder(QStringLiteral("mounted/deep"));
+        const QString folder = situation.home.makeFolder(u"mounted/deep"_s);
         situation.mount(
             QFile::encodeName(QFileInfo(situation.home.path()).canonicalFilePath()) + "/mounted",
             type, device);
@@ -410,18 +407,18 @@ private Q_SLOTS:
     void pathBelowAChangedRootIsJudgedByItsFileSystem()
     {
         Situation situation(OperationType::Import);
-        situation.host->mountTable = situation.home.writeFile(
-            QStringLiteral("changedRoot"), "1 2 0:1 / /proc rw - proc proc rw\n");
+        situation.host->mountTable
+            = situation.home.writeFile(u"changedRoot"_s, "1 2 0:1 / /proc rw - proc proc rw\n");
         QCOMPARE(DBCPreconditions::_networkPathCheck(situation.package), DBCResultCode::Success);
     }
 
     void linkIsJudgedByWhatItPointsAt()
     {
         Situation situation(OperationType::Import);
-        const QString share = situation.home.makeFolder(QStringLiteral("share/inner"));
-        const QString link = situation.home.path(QStringLiteral("link"));
+        const QString share = situation.home.makeFolder(u"share/inner"_s);
+        const QString link = situation.home.path(u"link"_s);
         QVERIFY(QFile::link(share, link));
-        situation.mountOnNetwork(situation.home.path(QStringLiteral("share")));
+        situation.mountOnNetwork(situation.home.path(u"share"_s));
         QCOMPARE(DBCPreconditions::_networkPathCheck(link), DBCResultCode::GeneralFailure);
     }
 
@@ -429,15 +426,14 @@ private Q_SLOTS:
     {
         const Situation situation(OperationType::Import);
         QCOMPARE(DBCPreconditions::_networkPathCheck(QString()), DBCResultCode::GeneralFailure);
-        QCOMPARE(
-            DBCPreconditions::_networkPathCheck(situation.home.path(QStringLiteral("missing"))),
+        QCOMPARE(DBCPreconditions::_networkPathCheck(situation.home.path(u"missing"_s)),
             DBCResultCode::GeneralFailure);
     }
 
     void failingQueryIsNoLocalVolume()
     {
         Situation situation(OperationType::Import);
-        situation.host->mountTable = situation.home.path(QStringLiteral("missing"));
+        situation.host->mountTable = situation.home.path(u"missing"_s);
         QCOMPARE(
             DBCPreconditions::_networkPathCheck(situation.package), DBCResultCode::GeneralFailure);
     }
@@ -447,21 +443,19 @@ private Q_SLOTS:
     void homeSignInFrontIsExpanded()
     {
         const TestHome home;
-        const QString folder = home.path(QStringLiteral("home"));
-        QCOMPARE(DBCPreconditions::expandedPath(QStringLiteral("~")), folder);
-        QCOMPARE(
-            DBCPreconditions::expandedPath(QStringLiteral("~/a~")), folder + QStringLiteral("/a~"));
-        QCOMPARE(
-            DBCPreconditions::expandedPath(QStringLiteral("~other/a")), QStringLiteral("~other/a"));
-        QCOMPARE(DBCPreconditions::expandedPath(QStringLiteral("/a/~")), QStringLiteral("/a/~"));
+        const QString folder = home.path(u"home"_s);
+        QCOMPARE(DBCPreconditions::expandedPath(u"~"_s), folder);
+        QCOMPARE(DBCPreconditions::expandedPath(u"~/a~"_s), folder + u"/a~"_s);
+        QCOMPARE(DBCPreconditions::expandedPath(u"~other/a"_s), u"~other/a"_s);
+        QCOMPARE(DBCPreconditions::expandedPath(u"/a/~"_s), u"/a/~"_s);
         QCOMPARE(DBCPreconditions::expandedPath(QString()), QString());
     }
 
     void packagesAreKeptInTheApplicationSupportFolderWhenThereIsOne()
     {
         const TestHome home;
-        const QString support = home.makeFolder(QStringLiteral("home/Library/Application Support"));
-        QCOMPARE(DBCPreconditions::_getDefaultDBPath(), support + QStringLiteral("/Velmora"));
+        const QString support = home.makeFolder(u"home/Library/Application Support"_s);
+        QCOMPARE(DBCPreconditions::_getDefaultDBPath(), support + u"/Velmora"_s);
     }
 
     void packagesAreKeptInTheDataFolderOtherwise()
@@ -472,17 +466,16 @@ private Q_SLOTS:
         const auto restored = qScopeGuard(
             [&] { wasSet ? qputenv("XDG_DATA_HOME", before) : qunsetenv("XDG_DATA_HOME"); });
         qunsetenv("XDG_DATA_HOME");
-        QCOMPARE(DBCPreconditions::_getDefaultDBPath(),
-            home.path(QStringLiteral("home/.local/share/Velmora")));
+        QCOMPARE(DBCPreconditions::_getDefaultDBPath(), home.path(u"home/.local/share/Velmora"_s));
         qputenv("XDG_DATA_HOME", "/srv/data");
-        QCOMPARE(DBCPreconditions::_getDefaultDBPath(), QStringLiteral("/srv/data/Velmora"));
+        QCOMPARE(DBCPreconditions::_getDefaultDBPath(), u"/srv/data/Velmora"_s);
     }
 
     void dataFolderIsTheDesktop()
     {
         const TestHome home;
         QCOMPARE(DBCPreconditions::_getDefaultDataFilePath(),
-            std::optional(home.path(QStringLiteral("home/Desktop"))));
+            std::optional(home.path(u"home/Desktop"_s)));
     }
 };
 

@@ -7,6 +7,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Change = std::function<void(Situation&)>;
@@ -38,8 +40,8 @@ private Q_SLOTS:
         QTest::addColumn<OperationType>("type");
         QTest::addColumn<QString>("name");
         QTest::addColumn<quint32>("number");
-        const QString missing = QStringLiteral("missing.vmdb");
-        const QString file = QStringLiteral("file.vmdb");
+        const QString missing = u"missing.vmdb"_s;
+        const QString file = u"file.vmdb"_s;
         QTest::newRow("import missing") << OperationType::Import << missing << 302u;
         QTest::newRow("import file") << OperationType::Import << file << 302u;
         QTest::newRow("export missing") << OperationType::Export << missing << 201u;
@@ -51,7 +53,7 @@ private Q_SLOTS:
         QFETCH(QString, name);
         QFETCH(quint32, number);
         Situation situation(type);
-        situation.home.writeFile(QStringLiteral("file.vmdb"), "x");
+        situation.home.writeFile(u"file.vmdb"_s, "x");
         situation.package = situation.home.path(name);
         QVERIFY(!situation.preconditions()._vmdbPathCheck());
         QCOMPARE(situation.presenter.numbers, QList<quint32> {number});
@@ -92,7 +94,7 @@ private Q_SLOTS:
         Situation situation(type);
         const int holder = situation.lockPackage();
         const auto released = qScopeGuard([holder] { close(holder); });
-        situation.host.makeReadOnly({situation.package + QStringLiteral("/Velmora.sqldb")});
+        situation.host.makeReadOnly({situation.package + u"/Velmora.sqldb"_s});
         QVERIFY(!situation.preconditions()._vmdbPathCheck());
         QCOMPARE(situation.presenter.numbers, QList<quint32> {301});
     }
@@ -123,8 +125,7 @@ private Q_SLOTS:
         const auto row = [](const char* name, const char* reason, Change change) {
             QTest::newRow(name) << std::move(change) << QString::fromLatin1(reason);
         };
-        const auto store
-            = [](const Situation& s) { return s.package + QStringLiteral("/Velmora.sqldb"); };
+        const auto store = [](const Situation& s) { return s.package + u"/Velmora.sqldb"_s; };
         row("no store", "IDS_LOG_ERR_PACKAGE_NO_STORE",
             [store](Situation& s) { QFile::remove(store(s)); });
         row("unreadable", "IDS_LOG_ERR_PACKAGE_UNREADABLE",
@@ -135,7 +136,7 @@ private Q_SLOTS:
         row("read-only", "IDS_LOG_ERR_PACKAGE_READ_ONLY",
             [store](Situation& s) { s.host.makeReadOnly({store(s)}); });
         row("read-only in part", "IDS_LOG_ERR_PACKAGE_ACCESS", [store](Situation& s) {
-            s.home.makeFolder(QStringLiteral("cards.vmdb/Images"));
+            s.home.makeFolder(u"cards.vmdb/Images"_s);
             s.host.makeReadOnly({store(s)});
         });
         row("attributes that cannot be read", "IDS_LOG_ERR_PACKAGE_ACCESS", [](Situation& s) {

@@ -5,6 +5,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 using Stage = DBCImportJournal::Stage;
 
 namespace {
@@ -12,24 +14,23 @@ namespace {
 struct Unfinished : Situation {
     explicit Unfinished(OperationType operationType)
         : Situation(operationType)
-        , backup(home.makeFolder(QStringLiteral("cards_bak.vmdb")))
+        , backup(home.makeFolder(u"cards_bak.vmdb"_s))
     {
-        home.writeFile(QStringLiteral("cards_bak.vmdb/Velmora.sqldb"), "store of before");
+        home.writeFile(u"cards_bak.vmdb/Velmora.sqldb"_s, "store of before");
         const auto journal = DBCImportJournal::begin(package, backup);
-        if (!journal || !journal->enterImport(QStringLiteral("NEW-")))
+        if (!journal || !journal->enterImport(u"NEW-"_s))
             qFatal("no journal");
     }
-    QByteArray store() const { return home.readFile(QStringLiteral("cards.vmdb/Velmora.sqldb")); }
+    QByteArray store() const { return home.readFile(u"cards.vmdb/Velmora.sqldb"_s); }
     bool isSettled() const
     {
-        return !QFileInfo::exists(home.path(QStringLiteral(".cards.vmdb.velmora-import")));
+        return !QFileInfo::exists(home.path(u".cards.vmdb.velmora-import"_s));
     }
 
     QString backup;
 };
 
-const QStringList bothQuestions {
-    QStringLiteral("IDS_MSG_ERR_0106"), QStringLiteral("IDS_MSG_UNFINISHED_IMPORT")};
+const QStringList bothQuestions {u"IDS_MSG_ERR_0106"_s, u"IDS_MSG_UNFINISHED_IMPORT"_s};
 
 } // namespace
 
@@ -102,8 +103,8 @@ private Q_SLOTS:
         QFETCH(OperationType, type);
         QFETCH(quint32, number);
         Situation situation(type);
-        const auto running = DBCImportJournal::begin(
-            situation.package, situation.home.path(QStringLiteral("cards_bak.vmdb")));
+        const auto running
+            = DBCImportJournal::begin(situation.package, situation.home.path(u"cards_bak.vmdb"_s));
         QVERIFY(!situation.check());
         QCOMPARE(situation.presenter.numbers, QList<quint32> {number});
     }

@@ -8,6 +8,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QByteArray xml(const QByteArray& body)
@@ -50,158 +52,140 @@ private Q_SLOTS:
     void init() { _home.emplace(); }
     void cleanup() { _home.reset(); }
 
-    void readsXml();
-    void readsBinary();
-    void leavesOutEntriesOfOtherKinds();
-    void emptyDictionary();
-    void noDictionary_data();
-    void noDictionary();
-    void everyTruncationEndsWell();
-    void cycleEndsWell();
-    void listThatUnfoldsWithoutEndIsNone();
-    void zeroByteIsPartOfAText();
-    void deepNestingEndsWell();
-    void fileOfTheLargestSizeIsRead();
-    void fileBeyondTheLargestSizeIsNotRead();
-    void missingFileFolderAndPipeAreNone();
+    void readsXml()
+    {
+        const auto list
+            = read(xml("<dict><key>DB path</key><string>/名刺 &amp; co</string><key>n</key>"
+                       "<integer>-3</integer><key>r</key><real>0.25</real><key>t</key><true/>"
+                       "<key>f</key><false/></dict>"));
+        QVERIFY(list);
+        QCOMPARE(*list,
+            (QVariantMap {{u"DB path"_s, u"/名刺 & co"_s}, {u"n"_s, qlonglong {-3}}, {u"r"_s, 0.25},
+                {u"t"_s, true}, {u"f"_s, false}}));
+    }
+
+    void readsBinary()
+    {
+        const auto list = read(binaryDictionary());
+        QVERIFY(list);
+        QCOMPARE(*list,
+            (QVariantMap {{u"DB path"_s, u"/Users/田中/Velmora DB.vmdb"_s},
+                {u"Log Level"_s, qlonglong {2}}, {u"ratio"_s, 0.5}, {u"on"_s, true}}));
+    }
+
+    void leavesOutEntriesOfOtherKinds()
+    {
+        const auto list = read(xml("<dict><key>a</key><array><integer>1</integer></array>"
+                                   "<key>d</key><dict/><key>x</key><data>AAAA</data>"
+                                   "<key>t</key><date>2009-05-14T00:00:00Z</date>"
+                                   "<key>s</key><string>kept</string></dict>"));
+        QVERIFY(list);
+        QCOMPARE(*list, (QVariantMap {{u"s"_s, u"kept"_s}}));
+    }
+
+    void emptyDictionary()
+    {
+        const auto list = read(xml("<dict/>"));
+        QVERIFY(list);
+        QVERIFY(list->isEmpty());
+    }
+
+    void noDictionary_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("text") << QByteArray("DB path=/x\n");
+        QTest::newRow("zeros") << QByteArray(100, '\0');
+        QTest::newRow("other XML") << QByteArray("<html><body/></html>");
+        QTest::newRow("nothing inside") << xml("");
+        QTest::newRow("a list") << xml("<array><string>x</string></array>");
+        QTest::newRow("a text") << xml("<string>x</string>");
+        QTest::newRow("unclosed") << QByteArray("<plist version=\"1.0\"><dict><key>a</key>");
+        QTest::newRow("binary mark alone") << QByteArray("bplist00");
+        QTest::newRow("UTF-16") << QByteArray("\xFF\xFE<\0p\0", 6);
+    }
+    void noDictionary()
+    {
+        QFETCH(QByteArray, bytes);
+        QVERIFY(!read(bytes));
+    }
+
+    void everyTruncationEndsWell()
+    {
+        const QByteArray whole = binaryDictionary();
+        for (qsizetype length = 0; length < whole.size(); ++length)
+            QVERIFY2(!read(whole.first(length)), qPrintable(QString::number(length)));
+    }
+
+    void cycleEndsWell()
+    {
+        const auto list = read(cyclicBinary());
+        QVERIFY(!list || list->isEmpty());
+    }
+
+    void listThatUnfoldsWithoutEndIsNone()
+    {
+        // {"a": list}, and 30 lists of which each holds the next one twice.
+        QByteArray parts("\xD1\x01\x02\x51\x61");
+        QByteArray offsets("\x08\x0B");
+        constexpr char lists = 30;
+        for (char number = 2; number < 2 + lists; ++number) {
+            offsets += static_cast<char>(8 + parts.size());
+            const char next = static_cast<char>(number + 1);
+            parts += "\xA2" + QByteArray(2, next);
+        }
+        offsets += static_cast<char>(8 + parts.size());
+        parts += '\x09';
+        const auto tableAt = static_cast<char>(8 + parts.size());
+        const QByteArray trailer = QByteArray(6, '\0') + "\x01\x01" + QByteArray(7, '\0')
+            + static_cast<char>(lists + 3) + QByteArray(15, '\0') + tableAt;
+        QVERIFY(!read("bplist00" + parts + offsets + trailer));
+    }
+
+    void zeroByteIsPartOfAText()
+    {
+        const auto list
+            = read(xml("<dict><key>a</key><string>b" + QByteArray(1, '\0') + "c</string></dict>"));
+        QVERIFY(!list || list->value(u"a"_s).toString().startsWith(u'b'));
+    }
+
+    void deepNestingEndsWell()
+    {
+        const auto list = read(xml("<dict><key>a</key>" + QByteArray("<array>").repeated(15000)
+            + QByteArray("</array>").repeated(15000) + "</dict>"));
+        QVERIFY(!list || list->isEmpty());
+    }
+
+    void fileOfTheLargestSizeIsRead()
+    {
+        const QByteArray start = xml("<dict><key>a</key><true/></dict>");
+        QVERIFY(read(start + QByteArray(262144 - start.size(), '\n')));
+    }
+
+    void fileBeyondTheLargestSizeIsNotRead()
+    {
+        const QByteArray start = xml("<dict><key>a</key><true/></dict>");
+        QVERIFY(!read(start + QByteArray(262145 - start.size(), '\n')));
+    }
+
+    void missingFileFolderAndPipeAreNone()
+    {
+        QVERIFY(!DBCPropertyList::read(QString()));
+        QVERIFY(!DBCPropertyList::read(_home->path(u"missing.plist"_s)));
+        QVERIFY(!DBCPropertyList::read(_home->path()));
+        const QString pipe = _home->path(u"pipe.plist"_s);
+        QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        QVERIFY(!DBCPropertyList::read(pipe));
+    }
 
 private:
     std::optional<QVariantMap> read(const QByteArray& bytes) const
     {
-        return DBCPropertyList::read(_home->writeFile(QStringLiteral("list.plist"), bytes));
+        return DBCPropertyList::read(_home->writeFile(u"list.plist"_s, bytes));
     }
 
     std::optional<TestHome> _home;
 };
-
-void tst_propertyList::readsXml()
-{
-    const auto list
-        = read(xml("<dict><key>DB path</key><string>/名刺 &amp; co</string><key>n</key>"
-                   "<integer>-3</integer><key>r</key><real>0.25</real><key>t</key><true/>"
-                   "<key>f</key><false/></dict>"));
-    QVERIFY(list);
-    QCOMPARE(*list,
-        (QVariantMap {{QStringLiteral("DB path"), QStringLiteral("/名刺 & co")},
-            {QStringLiteral("n"), qlonglong {-3}}, {QStringLiteral("r"), 0.25},
-            {QStringLiteral("t"), true}, {QStringLiteral("f"), false}}));
-}
-
-void tst_propertyList::readsBinary()
-{
-    const auto list = read(binaryDictionary());
-    QVERIFY(list);
-    QCOMPARE(*list,
-        (QVariantMap {{QStringLiteral("DB path"), QStringLiteral("/Users/田中/Velmora DB.vmdb")},
-            {QStringLiteral("Log Level"), qlonglong {2}}, {QStringLiteral("ratio"), 0.5},
-            {QStringLiteral("on"), true}}));
-}
-
-void tst_propertyList::leavesOutEntriesOfOtherKinds()
-{
-    const auto list = read(xml("<dict><key>a</key><array><integer>1</integer></array>"
-                               "<key>d</key><dict/><key>x</key><data>AAAA</data>"
-                               "<key>t</key><date>2009-05-14T00:00:00Z</date>"
-                               "<key>s</key><string>kept</string></dict>"));
-    QVERIFY(list);
-    QCOMPARE(*list, (QVariantMap {{QStringLiteral("s"), QStringLiteral("kept")}}));
-}
-
-void tst_propertyList::emptyDictionary()
-{
-    const auto list = read(xml("<dict/>"));
-    QVERIFY(list);
-    QVERIFY(list->isEmpty());
-}
-
-void tst_propertyList::noDictionary_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("text") << QByteArray("DB path=/x\n");
-    QTest::newRow("zeros") << QByteArray(100, '\0');
-    QTest::newRow("other XML") << QByteArray("<html><body/></html>");
-    QTest::newRow("nothing inside") << xml("");
-    QTest::newRow("a list") << xml("<array><string>x</string></array>");
-    QTest::newRow("a text") << xml("<string>x</string>");
-    QTest::newRow("unclosed") << QByteArray("<plist version=\"1.0\"><dict><key>a</key>");
-    QTest::newRow("binary mark alone") << QByteArray("bplist00");
-    QTest::newRow("UTF-16") << QByteArray("\xFF\xFE<\0p\0", 6);
-}
-
-void tst_propertyList::noDictionary()
-{
-    QFETCH(QByteArray, bytes);
-    QVERIFY(!read(bytes));
-}
-
-void tst_propertyList::everyTruncationEndsWell()
-{
-    const QByteArray whole = binaryDictionary();
-    for (qsizetype length = 0; length < whole.size(); ++length)
-        QVERIFY2(!read(whole.first(length)), qPrintable(QString::number(length)));
-}
-
-void tst_propertyList::cycleEndsWell()
-{
-    const auto list = read(cyclicBinary());
-    QVERIFY(!list || list->isEmpty());
-}
-
-void tst_propertyList::listThatUnfoldsWithoutEndIsNone()
-{
-    // {"a": list}, and 30 lists of which each holds the next one twice.
-    QByteArray parts("\xD1\x01\x02\x51\x61");
-    QByteArray offsets("\x08\x0B");
-    constexpr char lists = 30;
-    for (char number = 2; number < 2 + lists; ++number) {
-        offsets += static_cast<char>(8 + parts.size());
-        const char next = static_cast<char>(number + 1);
-        parts += "\xA2" + QByteArray(2, next);
-    }
-    offsets += static_cast<char>(8 + parts.size());
-    parts += '\x09';
-    const auto tableAt = static_cast<char>(8 + parts.size());
-    const QByteArray trailer = QByteArray(6, '\0') + "\x01\x01" + QByteArray(7, '\0')
-        + static_cast<char>(lists + 3) + QByteArray(15, '\0') + tableAt;
-    QVERIFY(!read("bplist00" + parts + offsets + trailer));
-}
-
-void tst_propertyList::zeroByteIsPartOfAText()
-{
-    const auto list
-        = read(xml("<dict><key>a</key><string>b" + QByteArray(1, '\0') + "c</string></dict>"));
-    QVERIFY(!list || list->value(QStringLiteral("a")).toString().startsWith(u'b'));
-}
-
-void tst_propertyList::deepNestingEndsWell()
-{
-    const auto list = read(xml("<dict><key>a</key>" + QByteArray("<array>").repeated(15000)
-        + QByteArray("</array>").repeated(15000) + "</dict>"));
-    QVERIFY(!list || list->isEmpty());
-}
-
-void tst_propertyList::fileOfTheLargestSizeIsRead()
-{
-    const QByteArray start = xml("<dict><key>a</key><true/></dict>");
-    QVERIFY(read(start + QByteArray(262144 - start.size(), '\n')));
-}
-
-void tst_propertyList::fileBeyondTheLargestSizeIsNotRead()
-{
-    const QByteArray start = xml("<dict><key>a</key><true/></dict>");
-    QVERIFY(!read(start + QByteArray(262145 - start.size(), '\n')));
-}
-
-void tst_propertyList::missingFileFolderAndPipeAreNone()
-{
-    QVERIFY(!DBCPropertyList::read(QString()));
-    QVERIFY(!DBCPropertyList::read(_home->path(QStringLiteral("missing.plist"))));
-    QVERIFY(!DBCPropertyList::read(_home->path()));
-    const QString pipe = _home->path(QStringLiteral("pipe.plist"));
-    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-    QVERIFY(!DBCPropertyList::read(pipe));
-}
 
 QTEST_GUILESS_MAIN(tst_propertyList)
 #include "tst_propertyList.moc"

@@ -11,6 +11,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using Key = DBCRecordKey;
 using Language = DBCLocalizable::Language;
 
@@ -34,23 +36,22 @@ enum Line : int {
     NoNameAtAll,
 };
 
-const QString markup = QStringLiteral("<b>\"Tom\" & 'Co'</b> &amp; %1");
+const QString markup = u"<b>\"Tom\" & 'Co'</b> &amp; %1"_s;
 
 struct DefectiveWorld : ConversionWorld {
     explicit DefectiveWorld(Language language = Language::English)
     {
         DBCLocalizable::setLanguage(language);
-        home.writeFile(QStringLiteral("secret.jpg"), front);
-        folder.image(QStringLiteral("text.jpg"), "no picture at all")
-            .image(QStringLiteral("half.jpg"), front.first(front.size() / 3))
-            .attachment(QStringLiteral("bad"), QStringLiteral("a:b.txt"), "x")
-            .attachment(QStringLiteral("pipe"), QStringLiteral("good.txt"), "x")
-            .attachment(QStringLiteral("link"), QStringLiteral("good.txt"), "x");
+        home.writeFile(u"secret.jpg"_s, front);
+        folder.image(u"text.jpg"_s, "no picture at all")
+            .image(u"half.jpg"_s, front.first(front.size() / 3))
+            .attachment(u"bad"_s, u"a:b.txt"_s, "x")
+            .attachment(u"pipe"_s, u"good.txt"_s, "x")
+            .attachment(u"link"_s, u"good.txt"_s, "x");
         const QByteArray pipe
-            = QFile::encodeName(folder.attachmentPath(QStringLiteral("pipe"), text(u"管.fifo")));
+            = QFile::encodeName(folder.attachmentPath(u"pipe"_s, text(u"管.fifo")));
         if (mkfifo(pipe.constData(), 0600) != 0
-            || !QFile::link(folder.path(),
-                folder.attachmentPath(QStringLiteral("link"), QStringLiteral("way out"))))
+            || !QFile::link(folder.path(), folder.attachmentPath(u"link"_s, u"way out"_s)))
             qFatal("the folder cannot be spoilt");
         folder.dataFile(rows().build());
     }
@@ -84,13 +85,13 @@ struct DefectiveWorld : ConversionWorld {
     QString reportPath() const { return controller->outcome().reportPath; }
     ReadPage page() const { return ReadPage::of(bytesOf(reportPath())); }
     QJsonObject data() const { return readData(reportPath()); }
-    QString logs() const { return home.path(QStringLiteral("home/Library/Logs")); }
+    QString logs() const { return home.path(u"home/Library/Logs"_s); }
 };
 
 QJsonObject cardOf(const QJsonObject& data, int number)
 {
-    for (const QJsonValue& card : data.value(QStringLiteral("cards")).toArray()) {
-        if (card[QStringLiteral("number")].toInt() == number)
+    for (const QJsonValue& card : data.value(u"cards"_s).toArray()) {
+        if (card[u"number"_s].toInt() == number)
             return card.toObject();
     }
     return {};
@@ -99,11 +100,11 @@ QJsonObject cardOf(const QJsonObject& data, int number)
 QString consequenceOf(const QJsonObject& data, int number)
 {
     return cardOf(data, number)
-        .value(QStringLiteral("problems"))
+        .value(u"problems"_s)
         .toArray()
         .first()
         .toObject()
-        .value(QStringLiteral("consequence"))
+        .value(u"consequence"_s)
         .toString();
 }
 
@@ -115,369 +116,338 @@ class tst_report : public QObject {
 private Q_SLOTS:
     void cleanup() { DBCLocalizable::setLanguage(Language::English); }
 
-    void defectsAreListedInTheLanguage_data();
-    void defectsAreListedInTheLanguage();
-    void everyDefectHasItsConsequence();
-    void pageAndDataAgree_data();
-    void pageAndDataAgree();
-    void namesShowAsTheyAre();
-    void soundCardsAreNotListed();
-    void whatWasAskedIsTold();
-    void cleanImportHasNothingToLookAt();
-    void exportIsReportedToo();
-
-    void undoneImportSaysThatNothingWasImported();
-    void wrongLineIsNamed();
-    void cancelledImportSaysSo();
-    void cancelledExportSaysSo();
-    void folderThatIsRefusedIsReported();
-    void failureAboutNoCardStandsApart();
-
-    void reportComesWithTheLastEvent();
-    void logIsWhatItWasWithoutReports();
-    void folderThatCannotBeWrittenIsOnlyAWarning();
-    void logThatCannotBeWrittenLeavesTheReport();
-};
-
-void tst_report::defectsAreListedInTheLanguage_data()
-{
-    QTest::addColumn<Language>("language");
-    QTest::addColumn<QString>("code");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QStringList>("columns");
-    QTest::addColumn<QString>("fate");
-    QTest::newRow("English") << Language::English << QStringLiteral("en")
-                             << QStringLiteral("Import finished, with warnings")
-                             << QStringList({QStringLiteral("Line"), QStringLiteral("Name"),
-                                    QStringLiteral("What was wrong"),
-                                    QStringLiteral("What became of it")})
-                             << QStringLiteral("Transferred without this image.");
-    QTest::newRow("Japanese") << Language::Japanese << QStringLiteral("ja")
-                              << text(u"インポートが終了しました (警告あり)")
-                              << QStringList({text(u"行"), text(u"氏名"), text(u"問題"),
-                                     text(u"処理の結果")})
-                              << text(u"この画像を除いて処理しました。");
-}
-
-void tst_report::defectsAreListedInTheLanguage()
-{
-    QFETCH(Language, language);
-    DefectiveWorld world(language);
-
-    QVERIFY(world.importCards());
-
-    const ReadPage page = world.page();
-    QCOMPARE(page.error, QString());
-    QTEST(page.language, "code");
-    QTEST(page.title, "title");
-    QTEST(page.columns, "columns");
-    QCOMPARE(page.end, QStringLiteral("doneWithWarnings"));
-    const QStringList card = page.card(MissingImage);
-    QCOMPARE(card.size(), 4);
-    QCOMPARE(card.at(1), text(u"田中 花子"));
-    QVERIFY2(card.at(2).contains(QStringLiteral("/gone.jpg")), qPrintable(card.at(2)));
-    QTEST(card.at(3), "fate");
-    QVERIFY(!page.everything.contains(QStringLiteral("IDS_")));
-    // Markup of the page's own would be the only one.
-    QVERIFY(!bytesOf(world.reportPath()).contains("<script"));
-}
-
-void tst_report::everyDefectHasItsConsequence()
-{
-    DefectiveWorld world;
-
-    QVERIFY(world.importCards());
-
-    const QJsonObject data = world.data();
-    const QList<std::pair<int, const char*>> expected {{MissingImage, "withoutImage"},
-        {NoJpeg, "withoutImages"}, {TruncatedJpeg, "withoutImages"},
-        {NameThatLeadsOut, "withoutImage"}, {OverlongItem, "itemShortened"},
-        {BadAttachmentName, "withoutAttachment"}, {PipeAmongAttachments, "withoutAttachment"},
-        {LinkAmongAttachments, "withoutAttachment"}, {MarkupInName, "withoutImage"},
-        {LineBreakInName, "withoutImage"}, {ControlsInName, "withoutImage"},
-        {NoNameAtAll, "withoutImage"}};
-    for (const auto& [line, consequence] : expected)
-        QCOMPARE(consequenceOf(data, line), QString::fromLatin1(consequence));
-    QCOMPARE(data.value(QStringLiteral("concernedCards")).toInt(), qsizetype(expected.size()));
-    QCOMPARE(data.value(QStringLiteral("cards")).toArray().size(), qsizetype(expected.size()));
-    QCOMPARE(world.controller->outcome().concernedCardCount, qint64(expected.size()));
-    QCOMPARE(data.value(QStringLiteral("warnings")).toInt(),
-        int(DBCLog::logInstance()->warningLogCount()));
-    QCOMPARE(cardOf(data, NameThatLeadsOut).value(QStringLiteral("problems")).toArray().size(), 2);
-}
-
-void tst_report::pageAndDataAgree_data()
-{
-    QTest::addColumn<Language>("language");
-    QTest::newRow("English") << Language::English;
-    QTest::newRow("Japanese") << Language::Japanese;
-}
-
-void tst_report::pageAndDataAgree()
-{
-    QFETCH(Language, language);
-    DefectiveWorld world(language);
-    QVERIFY(world.importCards());
-
-    const ReadPage page = world.page();
-    const QJsonObject data = world.data();
-
-    QCOMPARE(page.title, data.value(QStringLiteral("title")).toString());
-    const QJsonArray cards = data.value(QStringLiteral("cards")).toArray();
-    QCOMPARE(page.cards.size(), cards.size());
-    for (qsizetype i = 0; i < cards.size(); ++i) {
-        const QJsonArray problems = cards.at(i)[QStringLiteral("problems")].toArray();
-        QStringList told {
-            QString::number(cards.at(i)[QStringLiteral("number")].toInt()), page.cards.at(i).at(1)};
-        QStringList shown = page.cards.at(i).first(2);
-        for (qsizetype p = 0; p < problems.size(); ++p) {
-            told << problems.at(p)[QStringLiteral("became")].toString();
-            shown << page.cards.at(i).value(3 + 2 * p);
-        }
-        QCOMPARE(shown, told);
+    void defectsAreListedInTheLanguage_data()
+    {
+        QTest::addColumn<Language>("language");
+        QTest::addColumn<QString>("code");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QStringList>("columns");
+        QTest::addColumn<QString>("fate");
+        QTest::newRow("English") << Language::English << u"en"_s
+                                 << u"Import finished, with warnings"_s
+                                 << QStringList({u"Line"_s, u"Name"_s, u"What was wrong"_s,
+                                        u"What became of it"_s})
+                                 << u"Transferred without this image."_s;
+        QTest::newRow("Japanese") << Language::Japanese << u"ja"_s
+                                  << text(u"インポートが終了しました (警告あり)")
+                                  << QStringList({text(u"行"), text(u"氏名"), text(u"問題"),
+                                         text(u"処理の結果")})
+                                  << text(u"この画像を除いて処理しました。");
     }
-    QCOMPARE(cardOf(data, MarkupInName).value(QStringLiteral("name")).toString(), markup);
-}
+    void defectsAreListedInTheLanguage()
+    {
+        QFETCH(Language, language);
+        DefectiveWorld world(language);
 
-void tst_report::namesShowAsTheyAre()
-{
-    DefectiveWorld world;
-    QVERIFY(world.importCards());
-    const ReadPage page = world.page();
-    QCOMPARE(page.card(MarkupInName).at(1), markup);
-    QCOMPARE(page.card(LineBreakInName).at(1), text(u"二行\nの名前"));
-    QCOMPARE(page.card(ControlsInName).at(1), QStringLiteral("\\u001B[31mred\\u202E"));
-    QCOMPARE(page.card(NoNameAtAll).at(1), QStringLiteral("(no name)"));
-    QVERIFY(page.card(PipeAmongAttachments).at(2).contains(text(u"管.fifo")));
-}
+        QVERIFY(world.importCards());
 
-void tst_report::soundCardsAreNotListed()
-{
-    DefectiveWorld world;
-    QVERIFY(world.importCards());
-    const ReadPage page = world.page();
-    QVERIFY(page.card(Sound).isEmpty());
-    // It gets the date of its import, as it always did, and nobody is warned of that.
-    QVERIFY(page.card(MissingDate).isEmpty());
-}
+        const ReadPage page = world.page();
+        QCOMPARE(page.error, QString());
+        QTEST(page.language, "code");
+        QTEST(page.title, "title");
+        QTEST(page.columns, "columns");
+        QCOMPARE(page.end, u"doneWithWarnings"_s);
+        const QStringList card = page.card(MissingImage);
+        QCOMPARE(card.size(), 4);
+        QCOMPARE(card.at(1), text(u"田中 花子"));
+        QVERIFY2(card.at(2).contains(u"/gone.jpg"_s), qPrintable(card.at(2)));
+        QTEST(card.at(3), "fate");
+        QVERIFY(!page.everything.contains(u"IDS_"_s));
+        // Markup of the page's own would be the only one.
+        QVERIFY(!bytesOf(world.reportPath()).contains("<script"));
+    }
 
-void tst_report::whatWasAskedIsTold()
-{
-    DefectiveWorld world;
-    const QDateTime before = QDateTime::currentDateTime().addSecs(-1);
-    QVERIFY(world.importCards());
+    void everyDefectHasItsConsequence()
+    {
+        DefectiveWorld world;
 
-    const QMap<QString, QString> values = world.page().values;
-    QCOMPARE(
-        values.value(QStringLiteral("Interchange folder that was imported")), world.folder.path());
-    QCOMPARE(values.value(QStringLiteral("Card database imported into")), world.package.path());
-    QCOMPARE(values.value(QStringLiteral("Backup from before")), world.backup());
-    QCOMPARE(values.value(QStringLiteral("Log")),
-        world.logs() + QStringLiteral("/VelmoraConverter.log"));
-    QCOMPARE(values.value(QStringLiteral("Cards imported")), QStringLiteral("14 of 14"));
-    QCOMPARE(values.value(QStringLiteral("Cards to look at")), QStringLiteral("12"));
+        QVERIFY(world.importCards());
 
-    const QJsonObject data = world.data();
-    QCOMPARE(data.value(QStringLiteral("operation")).toString(), QStringLiteral("import"));
-    QCOMPARE(data.value(QStringLiteral("folder")).toString(), world.folder.path());
-    QCOMPARE(data.value(QStringLiteral("database")).toString(), world.package.path());
-    QCOMPARE(data.value(QStringLiteral("backup")).toString(), world.backup());
-    QCOMPARE(data.value(QStringLiteral("max")).toInt(), 14);
-    QCOMPARE(data.value(QStringLiteral("finished")).toInt(), 14);
-    const auto started
-        = QDateTime::fromString(data.value(QStringLiteral("started")).toString(), Qt::ISODate);
-    QVERIFY(started >= before && started <= QDateTime::currentDateTime());
-    QVERIFY(data.value(QStringLiteral("seconds")).toDouble() > 0);
-}
+        const QJsonObject data = world.data();
+        const QList<std::pair<int, const char*>> expected {{MissingImage, "withoutImage"},
+            {NoJpeg, "withoutImages"}, {TruncatedJpeg, "withoutImages"},
+            {NameThatLeadsOut, "withoutImage"}, {OverlongItem, "itemShortened"},
+            {BadAttachmentName, "withoutAttachment"}, {PipeAmongAttachments, "withoutAttachment"},
+            {LinkAmongAttachments, "withoutAttachment"}, {MarkupInName, "withoutImage"},
+            {LineBreakInName, "withoutImage"}, {ControlsInName, "withoutImage"},
+            {NoNameAtAll, "withoutImage"}};
+        for (const auto& [line, consequence] : expected)
+            QCOMPARE(consequenceOf(data, line), QString::fromLatin1(consequence));
+        QCOMPARE(data.value(u"concernedCards"_s).toInt(), qsizetype(expected.size()));
+        QCOMPARE(data.value(u"cards"_s).toArray().size(), qsizetype(expected.size()));
+        QCOMPARE(world.controller->outcome().concernedCardCount, qint64(expected.size()));
+        QCOMPARE(data.value(u"warnings"_s).toInt(), int(DBCLog::logInstance()->warningLogCount()));
+        QCOMPARE(cardOf(data, NameThatLeadsOut).value(u"problems"_s).toArray().size(), 2);
+    }
 
-void tst_report::cleanImportHasNothingToLookAt()
-{
-    ConversionWorld world;
+    void pageAndDataAgree_data()
+    {
+        QTest::addColumn<Language>("language");
+        QTest::newRow("English") << Language::English;
+        QTest::newRow("Japanese") << Language::Japanese;
+    }
+    void pageAndDataAgree()
+    {
+        QFETCH(Language, language);
+        DefectiveWorld world(language);
+        QVERIFY(world.importCards());
 
-    QVERIFY(world.importCards());
+        const ReadPage page = world.page();
+        const QJsonObject data = world.data();
 
-    const ReadPage page = ReadPage::of(bytesOf(world.controller->outcome().reportPath));
-    QCOMPARE(page.error, QString());
-    QCOMPARE(page.title, QStringLiteral("Import finished"));
-    QCOMPARE(page.end, QStringLiteral("done"));
-    QVERIFY(page.cards.isEmpty());
-    QVERIFY(page.everything.contains(QStringLiteral("No card had a warning or an error.")));
-    QCOMPARE(world.controller->outcome().concernedCardCount, 0);
-}
+        QCOMPARE(page.title, data.value(u"title"_s).toString());
+        const QJsonArray cards = data.value(u"cards"_s).toArray();
+        QCOMPARE(page.cards.size(), cards.size());
+        for (qsizetype i = 0; i < cards.size(); ++i) {
+            const QJsonArray problems = cards.at(i)[u"problems"_s].toArray();
+            QStringList told {
+                QString::number(cards.at(i)[u"number"_s].toInt()), page.cards.at(i).at(1)};
+            QStringList shown = page.cards.at(i).first(2);
+            for (qsizetype p = 0; p < problems.size(); ++p) {
+                told << problems.at(p)[u"became"_s].toString();
+                shown << page.cards.at(i).value(3 + 2 * p);
+            }
+            QCOMPARE(shown, told);
+        }
+        QCOMPARE(cardOf(data, MarkupInName).value(u"name"_s).toString(), markup);
+    }
 
-void tst_report::exportIsReportedToo()
-{
-    DefectiveWorld world;
-    world.package.card({{"ZFULL_NAME", text(u"絵なし")}});
+    void namesShowAsTheyAre()
+    {
+        DefectiveWorld world;
+        QVERIFY(world.importCards());
+        const ReadPage page = world.page();
+        QCOMPARE(page.card(MarkupInName).at(1), markup);
+        QCOMPARE(page.card(LineBreakInName).at(1), text(u"二行\nの名前"));
+        QCOMPARE(page.card(ControlsInName).at(1), u"\\u001B[31mred\\u202E"_s);
+        QCOMPARE(page.card(NoNameAtAll).at(1), u"(no name)"_s);
+        QVERIFY(page.card(PipeAmongAttachments).at(2).contains(text(u"管.fifo")));
+    }
 
-    QVERIFY(world.exportCards());
+    void soundCardsAreNotListed()
+    {
+        DefectiveWorld world;
+        QVERIFY(world.importCards());
+        const ReadPage page = world.page();
+        QVERIFY(page.card(Sound).isEmpty());
+        // It gets the date of its import, as it always did, and nobody is warned of that.
+        QVERIFY(page.card(MissingDate).isEmpty());
+    }
 
-    const ReadPage page = world.page();
-    QCOMPARE(page.error, QString());
-    QCOMPARE(page.title, QStringLiteral("Export finished, with warnings"));
-    QCOMPARE(page.columns.constFirst(), QStringLiteral("Card"));
-    QCOMPARE(page.values.value(QStringLiteral("Interchange folder exported to")), world.exported());
-    QVERIFY(!page.values.contains(QStringLiteral("Backup from before")));
-    QCOMPARE(page.card(2).at(1), text(u"絵なし"));
-    QCOMPARE(consequenceOf(world.data(), 2), QStringLiteral("withoutImages"));
-    QVERIFY(world.data().value(QStringLiteral("backup")).isNull());
-}
+    void whatWasAskedIsTold()
+    {
+        DefectiveWorld world;
+        const QDateTime before = QDateTime::currentDateTime().addSecs(-1);
+        QVERIFY(world.importCards());
 
-void tst_report::undoneImportSaysThatNothingWasImported()
-{
-    DefectiveWorld world;
-    world.folder.dataFile(
-        world.rows()
-            .row({{Key::full_Name, text(u"最後")}, {Key::attachmentFile, text(u"no such folder")}})
-            .build());
+        const QMap<QString, QString> values = world.page().values;
+        QCOMPARE(values.value(u"Interchange folder that was imported"_s), world.folder.path());
+        QCOMPARE(values.value(u"Card database imported into"_s), world.package.path());
+        QCOMPARE(values.value(u"Backup from before"_s), world.backup());
+        QCOMPARE(values.value(u"Log"_s), world.logs() + u"/VelmoraConverter.log"_s);
+        QCOMPARE(values.value(u"Cards imported"_s), u"14 of 14"_s);
+        QCOMPARE(values.value(u"Cards to look at"_s), u"12"_s);
 
-    QVERIFY(!world.importCards());
+        const QJsonObject data = world.data();
+        QCOMPARE(data.value(u"operation"_s).toString(), u"import"_s);
+        QCOMPARE(data.value(u"folder"_s).toString(), world.folder.path());
+        QCOMPARE(data.value(u"database"_s).toString(), world.package.path());
+        QCOMPARE(data.value(u"backup"_s).toString(), world.backup());
+        QCOMPARE(data.value(u"max"_s).toInt(), 14);
+        QCOMPARE(data.value(u"finished"_s).toInt(), 14);
+        const auto started
+            = QDateTime::fromString(data.value(u"started"_s).toString(), Qt::ISODate);
+        QVERIFY(started >= before && started <= QDateTime::currentDateTime());
+        QVERIFY(data.value(u"seconds"_s).toDouble() > 0);
+    }
 
-    const ReadPage page = world.page();
-    QCOMPARE(page.title, QStringLiteral("Import failed"));
-    QCOMPARE(page.end, QStringLiteral("failed"));
-    QVERIFY(page.everything.contains(QStringLiteral("The card database is as it was before.")));
-    QCOMPARE(page.reasons.size(), 1);
-    QVERIFY(page.reasons.constFirst().startsWith(world.presenter.texts.constFirst()));
-    QVERIFY(
-        page.reasons.constFirst().contains(QString::number(world.presenter.numbers.constFirst())));
-    QCOMPARE(page.card(MissingImage).at(3), QStringLiteral("Not imported."));
-    QCOMPARE(page.card(NoNameAtAll + 1).at(1), text(u"最後"));
-    QCOMPARE(page.card(NoNameAtAll + 1).constLast(), QStringLiteral("Everything stopped here."));
-    const QJsonObject data = world.data();
-    QCOMPARE(data.value(QStringLiteral("end")).toString(), QStringLiteral("failed"));
-    QCOMPARE(data.value(QStringLiteral("messages")).toArray().first()[QStringLiteral("number")],
-        QJsonValue(qint64 {world.presenter.numbers.constFirst()}));
-    QCOMPARE(
-        data.value(QStringLiteral("code")).toInt(), toNumber(world.controller->outcome().code));
-}
+    void cleanImportHasNothingToLookAt()
+    {
+        ConversionWorld world;
 
-void tst_report::wrongLineIsNamed()
-{
-    DefectiveWorld world;
-    world.folder.dataFile(DataFileBuilder().titleLine().row(21).row(20).build());
+        QVERIFY(world.importCards());
 
-    QVERIFY(!world.importCards());
+        const ReadPage page = ReadPage::of(bytesOf(world.controller->outcome().reportPath));
+        QCOMPARE(page.error, QString());
+        QCOMPARE(page.title, u"Import finished"_s);
+        QCOMPARE(page.end, u"done"_s);
+        QVERIFY(page.cards.isEmpty());
+        QVERIFY(page.everything.contains(u"No card had a warning or an error."_s));
+        QCOMPARE(world.controller->outcome().concernedCardCount, 0);
+    }
 
-    const QStringList card = world.page().card(3);
-    QCOMPARE(card.size(), 4);
-    QCOMPARE(card.at(1), QStringLiteral("(no name)"));
-    QCOMPARE(card.at(3), QStringLiteral("Everything stopped here."));
-}
+    void exportIsReportedToo()
+    {
+        DefectiveWorld world;
+        world.package.card({{"ZFULL_NAME", text(u"絵なし")}});
 
-void tst_report::cancelledImportSaysSo()
-{
-    DefectiveWorld world;
-    world.cancelAt(DBCEventName::ImportIsRunning, 5);
+        QVERIFY(world.exportCards());
 
-    QVERIFY(world.importCards());
+        const ReadPage page = world.page();
+        QCOMPARE(page.error, QString());
+        QCOMPARE(page.title, u"Export finished, with warnings"_s);
+        QCOMPARE(page.columns.constFirst(), u"Card"_s);
+        QCOMPARE(page.values.value(u"Interchange folder exported to"_s), world.exported());
+        QVERIFY(!page.values.contains(u"Backup from before"_s));
+        QCOMPARE(page.card(2).at(1), text(u"絵なし"));
+        QCOMPARE(consequenceOf(world.data(), 2), u"withoutImages"_s);
+        QVERIFY(world.data().value(u"backup"_s).isNull());
+    }
 
-    const ReadPage page = world.page();
-    QCOMPARE(page.title, QStringLiteral("Import cancelled"));
-    QCOMPARE(
-        page.values.value(QStringLiteral("Cards handled until then")), QStringLiteral("5 of 14"));
-    QCOMPARE(page.card(MissingImage).at(3), QStringLiteral("Not imported."));
-    QVERIFY(world.data().value(QStringLiteral("backup")).isNull());
-}
+    void undoneImportSaysThatNothingWasImported()
+    {
+        DefectiveWorld world;
+        world.folder.dataFile(world.rows()
+                                  .row({{Key::full_Name, text(u"最後")},
+                                      {Key::attachmentFile, text(u"no such folder")}})
+                                  .build());
 
-void tst_report::cancelledExportSaysSo()
-{
-    DefectiveWorld world;
-    world.package.card();
-    world.cancelAt(DBCEventName::ExportIsRunning, 1);
+        QVERIFY(!world.importCards());
 
-    QVERIFY(world.exportCards());
+        const ReadPage page = world.page();
+        QCOMPARE(page.title, u"Import failed"_s);
+        QCOMPARE(page.end, u"failed"_s);
+        QVERIFY(page.everything.contains(u"The card database is as it was before."_s));
+        QCOMPARE(page.reasons.size(), 1);
+        QVERIFY(page.reasons.constFirst().startsWith(world.presenter.texts.constFirst()));
+        QVERIFY(page.reasons.constFirst().contains(
+            QString::number(world.presenter.numbers.constFirst())));
+        QCOMPARE(page.card(MissingImage).at(3), u"Not imported."_s);
+        QCOMPARE(page.card(NoNameAtAll + 1).at(1), text(u"最後"));
+        QCOMPARE(page.card(NoNameAtAll + 1).constLast(), u"Everything stopped here."_s);
+        const QJsonObject data = world.data();
+        QCOMPARE(data.value(u"end"_s).toString(), u"failed"_s);
+        QCOMPARE(data.value(u"messages"_s).toArray().first()[u"number"_s],
+            QJsonValue(qint64 {world.presenter.numbers.constFirst()}));
+        QCOMPARE(data.value(u"code"_s).toInt(), toNumber(world.controller->outcome().code));
+    }
 
-    const ReadPage page = world.page();
-    QCOMPARE(page.title, QStringLiteral("Export cancelled"));
-    QVERIFY(page.everything.contains(QStringLiteral("removed again")));
-    QCOMPARE(world.data().value(QStringLiteral("end")).toString(), QStringLiteral("cancelled"));
-}
+    void wrongLineIsNamed()
+    {
+        DefectiveWorld world;
+        world.folder.dataFile(DataFileBuilder().titleLine().row(21).row(20).build());
 
-void tst_report::folderThatIsRefusedIsReported()
-{
-    DefectiveWorld world;
-    world.folder.version(QStringLiteral("TELKA"));
+        QVERIFY(!world.importCards());
 
-    QVERIFY(!world.importCards());
+        const QStringList card = world.page().card(3);
+        QCOMPARE(card.size(), 4);
+        QCOMPARE(card.at(1), u"(no name)"_s);
+        QCOMPARE(card.at(3), u"Everything stopped here."_s);
+    }
 
-    const ReadPage page = world.page();
-    QCOMPARE(page.reasons.size(), 1);
-    QVERIFY(page.reasons.constFirst().contains(QStringLiteral("314")));
-    QVERIFY(page.cards.isEmpty());
-    QVERIFY(page.others.isEmpty());
-}
+    void cancelledImportSaysSo()
+    {
+        DefectiveWorld world;
+        world.cancelAt(DBCEventName::ImportIsRunning, 5);
 
-void tst_report::failureAboutNoCardStandsApart()
-{
-    DefectiveWorld world;
-    world.package.writeFile(QStringLiteral("Velmora.sqldb"), "no database at all");
+        QVERIFY(world.importCards());
 
-    QVERIFY(!world.importCards());
+        const ReadPage page = world.page();
+        QCOMPARE(page.title, u"Import cancelled"_s);
+        QCOMPARE(page.values.value(u"Cards handled until then"_s), u"5 of 14"_s);
+        QCOMPARE(page.card(MissingImage).at(3), u"Not imported."_s);
+        QVERIFY(world.data().value(u"backup"_s).isNull());
+    }
 
-    const ReadPage page = world.page();
-    QCOMPARE(page.others.size(), 1);
-    QVERIFY(page.others.constFirst().contains(QStringLiteral("Velmora.sqldb")));
-    QCOMPARE(world.data().value(QStringLiteral("others")).toArray().size(), 1);
-}
+    void cancelledExportSaysSo()
+    {
+        DefectiveWorld world;
+        world.package.card();
+        world.cancelAt(DBCEventName::ExportIsRunning, 1);
 
-void tst_report::reportComesWithTheLastEvent()
-{
-    DefectiveWorld world;
-    QString path;
-    qint64 count = 0;
-    world.receiver.onEvent = [&](const DBCEvent& event) {
-        if (event.name != DBCEventName::OperationDidFinished)
-            return;
-        path = event.reportPath;
-        count = event.concernedCardCount;
-        QVERIFY(QFile::exists(path));
-        QVERIFY(QFile::exists(dataPathOf(path)));
-    };
+        QVERIFY(world.exportCards());
 
-    QVERIFY(world.importCards());
+        const ReadPage page = world.page();
+        QCOMPARE(page.title, u"Export cancelled"_s);
+        QVERIFY(page.everything.contains(u"removed again"_s));
+        QCOMPARE(world.data().value(u"end"_s).toString(), u"cancelled"_s);
+    }
 
-    QCOMPARE(path, world.reportPath());
-    QCOMPARE(count, 12);
-    QCOMPARE(QFileInfo(path).path(), world.logs());
-    QVERIFY(QFileInfo(path).fileName().startsWith(
-        QStringLiteral("VelmoraConverter report %1-").arg(QDate::currentDate().year())));
-}
+    void folderThatIsRefusedIsReported()
+    {
+        DefectiveWorld world;
+        world.folder.version(u"TELKA"_s);
 
-void tst_report::logIsWhatItWasWithoutReports()
-{
-    DefectiveWorld world;
-    QVERIFY(world.importCards());
-    QVERIFY(!world.home.logText().contains(QStringLiteral("VelmoraConverter report ")));
-}
+        QVERIFY(!world.importCards());
 
-void tst_report::folderThatCannotBeWrittenIsOnlyAWarning()
-{
-    const AsOrdinaryUser user;
-    ConversionWorld world;
-    DBCLog::info(QStringLiteral("makes the log"));
-    const ScopedMode mode(world.home.path(QStringLiteral("home/Library/Logs")), 0555);
+        const ReadPage page = world.page();
+        QCOMPARE(page.reasons.size(), 1);
+        QVERIFY(page.reasons.constFirst().contains(u"314"_s));
+        QVERIFY(page.cards.isEmpty());
+        QVERIFY(page.others.isEmpty());
+    }
 
-    QVERIFY(world.importCards());
+    void failureAboutNoCardStandsApart()
+    {
+        DefectiveWorld world;
+        world.package.writeFile(u"Velmora.sqldb"_s, "no database at all");
 
-    QCOMPARE(world.controller->outcome().reportPath, QString());
-    QVERIFY(!DBCLog::logInstance()->hasWarningOrError());
-    QVERIFY(world.home.logText().contains(QStringLiteral("[Warning] The report [")));
-    QCOMPARE(world.receiver.events.constLast(),
-        QStringLiteral("DBC_OperationDidFinishedNotification ok=true"));
-}
+        QVERIFY(!world.importCards());
 
-void tst_report::logThatCannotBeWrittenLeavesTheReport()
-{
-    ConversionWorld world;
-    world.home.makeFolder(QStringLiteral("home/Library/Logs/VelmoraConverter.log"));
+        const ReadPage page = world.page();
+        QCOMPARE(page.others.size(), 1);
+        QVERIFY(page.others.constFirst().contains(u"Velmora.sqldb"_s));
+        QCOMPARE(world.data().value(u"others"_s).toArray().size(), 1);
+    }
 
-    QVERIFY(world.importCards());
+    void reportComesWithTheLastEvent()
+    {
+        DefectiveWorld world;
+        QString path;
+        qint64 count = 0;
+        world.receiver.onEvent = [&](const DBCEvent& event) {
+            if (event.name != DBCEventName::OperationDidFinished)
+                return;
+            path = event.reportPath;
+            count = event.concernedCardCount;
+            QVERIFY(QFile::exists(path));
+            QVERIFY(QFile::exists(dataPathOf(path)));
+        };
 
-    const ReadPage page = ReadPage::of(bytesOf(world.controller->outcome().reportPath));
-    QCOMPARE(page.title, QStringLiteral("Import finished"));
-    QVERIFY(!page.values.contains(QStringLiteral("Log")));
-}
+        QVERIFY(world.importCards());
+
+        QCOMPARE(path, world.reportPath());
+        QCOMPARE(count, 12);
+        QCOMPARE(QFileInfo(path).path(), world.logs());
+        QVERIFY(QFileInfo(path).fileName().startsWith(
+            u"VelmoraConverter report %1-"_s.arg(QDate::currentDate().year())));
+    }
+
+    void logIsWhatItWasWithoutReports()
+    {
+        DefectiveWorld world;
+        QVERIFY(world.importCards());
+        QVERIFY(!world.home.logText().contains(u"VelmoraConverter report "_s));
+    }
+
+    void folderThatCannotBeWrittenIsOnlyAWarning()
+    {
+        const AsOrdinaryUser user;
+        ConversionWorld world;
+        DBCLog::info(u"makes the log"_s);
+        const ScopedMode mode(world.home.path(u"home/Library/Logs"_s), 0555);
+
+        QVERIFY(world.importCards());
+
+        QCOMPARE(world.controller->outcome().reportPath, QString());
+        QVERIFY(!DBCLog::logInstance()->hasWarningOrError());
+        QVERIFY(world.home.logText().contains(u"[Warning] The report ["_s));
+        QCOMPARE(
+            world.receiver.events.constLast(), u"DBC_OperationDidFinishedNotification ok=true"_s);
+    }
+
+    void logThatCannotBeWrittenLeavesTheReport()
+    {
+        ConversionWorld world;
+        world.home.makeFolder(u"home/Library/Logs/VelmoraConverter.log"_s);
+
+        QVERIFY(world.importCards());
+
+        const ReadPage page = ReadPage::of(bytesOf(world.controller->outcome().reportPath));
+        QCOMPARE(page.title, u"Import finished"_s);
+        QVERIFY(!page.values.contains(u"Log"_s));
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_report)
 #include "tst_report.moc"

@@ -16,24 +16,26 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A folder and its copy.
 struct Pair {
     Pair()
     {
-        home.writeFile(QStringLiteral("one/store"), QByteArray(600'000, 's'));
-        home.writeFile(QStringLiteral("one/Files/1/a.txt"), "text");
-        home.writeFile(QStringLiteral("one/Files/1/.hidden"), "h");
-        home.makeFolder(QStringLiteral("one/Images"));
-        QVERIFY(QFile::link(QStringLiteral("store"), home.path(QStringLiteral("one/link"))));
+        home.writeFile(u"one/store"_s, QByteArray(600'000, 's'));
+        home.writeFile(u"one/Files/1/a.txt"_s, "text");
+        home.writeFile(u"one/Files/1/.hidden"_s, "h");
+        home.makeFolder(u"one/Images"_s);
+        QVERIFY(QFile::link(u"store"_s, home.path(u"one/link"_s)));
         QVERIFY(DBCTreeCopy().copy(one, two));
     }
 
     QByteArray at(const QByteArray& name) const { return two + '/' + name; }
     void write(const char* name, const QByteArray& bytes) const
     {
-        home.writeFile(QStringLiteral("two/") + QString::fromLatin1(name), bytes);
+        home.writeFile(u"two/"_s + QString::fromLatin1(name), bytes);
     }
     // "=" or the path of the difference.
     QByteArray compared(DBCTreeComparison::Questions questions = {}) const
@@ -43,8 +45,8 @@ struct Pair {
     }
 
     TestHome home;
-    QByteArray one = QFile::encodeName(home.makeFolder(QStringLiteral("one")));
-    QByteArray two = QFile::encodeName(home.path(QStringLiteral("two")));
+    QByteArray one = QFile::encodeName(home.makeFolder(u"one"_s));
+    QByteArray two = QFile::encodeName(home.path(u"two"_s));
 };
 
 using Change = std::function<void(const Pair&)>;
@@ -134,25 +136,25 @@ private Q_SLOTS:
     void folderThatIsMissingOrNoneIsNotTheSame()
     {
         Pair pair;
-        pair.two = QFile::encodeName(pair.home.path(QStringLiteral("none")));
+        pair.two = QFile::encodeName(pair.home.path(u"none"_s));
         QCOMPARE(pair.compared(), QByteArray());
-        pair.two = QFile::encodeName(pair.home.writeFile(QStringLiteral("file"), "x"));
+        pair.two = QFile::encodeName(pair.home.writeFile(u"file"_s, "x"));
         QCOMPARE(pair.compared(), QByteArray());
     }
 
     void whatCannotBeReadIsNotTheSame_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("file") << QStringLiteral("Files/1/a.txt");
-        QTest::newRow("folder") << QStringLiteral("Files/1");
+        QTest::newRow("file") << u"Files/1/a.txt"_s;
+        QTest::newRow("folder") << u"Files/1"_s;
     }
     void whatCannotBeReadIsNotTheSame()
     {
         QFETCH(QString, name);
         const AsOrdinaryUser user;
         const Pair pair;
-        const ScopedMode mode(pair.home.path(QStringLiteral("one/")) + name, 0);
-        const ScopedMode modeOfTheCopy(pair.home.path(QStringLiteral("two/")) + name, 0);
+        const ScopedMode mode(pair.home.path(u"one/"_s) + name, 0);
+        const ScopedMode modeOfTheCopy(pair.home.path(u"two/"_s) + name, 0);
         QCOMPARE(pair.compared(), QFile::encodeName(name));
     }
 

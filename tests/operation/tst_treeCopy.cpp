@@ -16,6 +16,8 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr uid_t nobody = 65534;
@@ -23,8 +25,8 @@ constexpr uid_t nobody = 65534;
 // A folder "tree" to copy and a place "copy" for its copy; names are bytes relative to the tree.
 struct Tree {
     TestHome home;
-    QByteArray source = QFile::encodeName(home.makeFolder(QStringLiteral("tree")));
-    QByteArray target = QFile::encodeName(home.path(QStringLiteral("copy")));
+    QByteArray source = QFile::encodeName(home.makeFolder(u"tree"_s));
+    QByteArray target = QFile::encodeName(home.path(u"copy"_s));
 
     QByteArray at(const QByteArray& name) const { return source + '/' + name; }
     QByteArray copyOf(const QByteArray& name) const { return target + '/' + name; }
@@ -239,7 +241,7 @@ private Q_SLOTS:
         // A backup that is a link to the package it should save would be none.
         Tree tree;
         tree.file("file", "bytes");
-        const QByteArray link = QFile::encodeName(tree.home.path(QStringLiteral("link")));
+        const QByteArray link = QFile::encodeName(tree.home.path(u"link"_s));
         QCOMPARE(symlink("tree", link.constData()), 0);
         QVERIFY(DBCTreeCopy().copy(link, tree.target));
         QVERIFY(S_ISDIR(statusOf(tree.target).st_mode));
@@ -284,7 +286,7 @@ private Q_SLOTS:
     {
         Tree tree;
         tree.file("file", "new");
-        tree.home.writeFile(QStringLiteral("copy"), "old");
+        tree.home.writeFile(u"copy"_s, "old");
         QVERIFY(!DBCTreeCopy().copy(tree.at("file"), tree.target));
         QVERIFY(!tree.copy());
         QCOMPARE(contentsOf(tree.target), QByteArray("old"));
@@ -294,7 +296,7 @@ private Q_SLOTS:
     {
         Tree tree;
         tree.file("file", "new");
-        const QString victim = tree.home.writeFile(QStringLiteral("victim"), "old");
+        const QString victim = tree.home.writeFile(u"victim"_s, "old");
         QCOMPARE(symlink("victim", tree.target.constData()), 0);
         QVERIFY(!DBCTreeCopy().copy(tree.at("file"), tree.target));
         QCOMPARE(contentsOf(QFile::encodeName(victim)), QByteArray("old"));
@@ -329,7 +331,7 @@ private Q_SLOTS:
         QStringList asked;
         DBCTreeCopy::Questions questions;
         questions.beforeItem = [&](const QString& path, const QString& toPath) {
-            asked << path + QStringLiteral(" > ") + toPath;
+            asked << path + u" > "_s + toPath;
             return !exists(QFile::encodeName(toPath));
         };
         QVERIFY(DBCTreeCopy(questions).copy(tree.source, tree.target));
@@ -339,7 +341,7 @@ private Q_SLOTS:
         QStringList expected;
         for (const char* name : {"", "/folder", "/folder/file", "/other"}) {
             const QString item = QString::fromLatin1(name);
-            expected << from + item + QStringLiteral(" > ") + to + item;
+            expected << from + item + u" > "_s + to + item;
         }
         expected.sort();
         QCOMPARE(asked, expected);
@@ -414,7 +416,7 @@ private Q_SLOTS:
     {
         Tree tree;
         tree.folder("a").folder("a/b").file("a/b/c").link("l", "a");
-        const auto openNow = [] { return QDir(QStringLiteral("/proc/self/fd")).count(); };
+        const auto openNow = [] { return QDir(u"/proc/self/fd"_s).count(); };
         const auto before = openNow();
         QVERIFY(tree.copy());
         QVERIFY(!tree.copy()); // the target is taken

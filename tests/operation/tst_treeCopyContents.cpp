@@ -11,6 +11,8 @@
 #include <cerrno>
 #include <fcntl.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int refusal = 0;
@@ -59,8 +61,8 @@ struct Copying {
 
     explicit Copying(const QByteArray& contents)
         : bytes(contents)
-        , from(open(home.writeFile(QStringLiteral("from"), contents), O_RDONLY))
-        , to(open(home.writeFile(QStringLiteral("to"), ""), O_WRONLY))
+        , from(open(home.writeFile(u"from"_s, contents), O_RDONLY))
+        , to(open(home.writeFile(u"to"_s, ""), O_WRONLY))
     {
     }
 
@@ -78,7 +80,7 @@ struct Copying {
         } while (size && *size > 0);
         return size.has_value();
     }
-    bool isComplete() const { return home.readFile(QStringLiteral("to")) == bytes; }
+    bool isComplete() const { return home.readFile(u"to"_s) == bytes; }
 };
 
 } // namespace

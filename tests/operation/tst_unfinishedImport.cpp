@@ -10,6 +10,8 @@
 #include <QDir>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 using Stage = DBCImportJournal::Stage;
 
 namespace {
@@ -19,7 +21,7 @@ struct Settling {
     explicit Settling(DBCAnswer answer = DBCAnswer::NotShown)
     {
         presenter.answer = answer;
-        dead.package.writeFile(QStringLiteral("Images/NEW-1_N1.pdf"), "new");
+        dead.package.writeFile(u"Images/NEW-1_N1.pdf"_s, "new");
     }
     DBCSettlement settle() const { return settleUnfinishedImport(dead.package.path()); }
     // The text of a key, filled with the package and its backup.
@@ -45,8 +47,7 @@ private Q_SLOTS:
         const RecordingPresenter presenter;
         const PackageFixture package(home);
         QCOMPARE(settleUnfinishedImport(package.path()), DBCSettlement::NothingToSettle);
-        QCOMPARE(settleUnfinishedImport(home.path(QStringLiteral("none"))),
-            DBCSettlement::NothingToSettle);
+        QCOMPARE(settleUnfinishedImport(home.path(u"none"_s)), DBCSettlement::NothingToSettle);
         QVERIFY(presenter.questions.isEmpty());
         QVERIFY(home.logText().isEmpty());
     }
@@ -66,7 +67,7 @@ private Q_SLOTS:
         settling.settle();
         QCOMPARE(settling.presenter.questions.size(), 1);
         const DBCQuestion question = settling.presenter.questions.constFirst();
-        QCOMPARE(question.key, QStringLiteral("IDS_MSG_UNFINISHED_IMPORT"));
+        QCOMPARE(question.key, u"IDS_MSG_UNFINISHED_IMPORT"_s);
         QVERIFY(question.text.contains(settling.dead.package.path()));
         QVERIFY(question.text.contains(settling.dead.backup));
         QCOMPARE(question.defaultButton, DBCMessage::btnLableString(DBCButton::Yes));
@@ -114,8 +115,7 @@ private Q_SLOTS:
     void questionWithoutItsTextIsNotAnswered()
     {
         Settling settling(DBCAnswer::Default);
-        const DBCLocalizable::Substitute texts(
-            {{QStringLiteral("IDS_MSG_UNFINISHED_IMPORT"), std::nullopt}});
+        const DBCLocalizable::Substitute texts({{u"IDS_MSG_UNFINISHED_IMPORT"_s, std::nullopt}});
         QCOMPARE(settling.settle(), DBCSettlement::NotAnswered);
         QVERIFY(settling.dead.hasJournal());
     }
@@ -125,8 +125,7 @@ private Q_SLOTS:
         const TestHome home;
         const RecordingPresenter presenter;
         const PackageFixture package(home);
-        const auto journal
-            = DBCImportJournal::begin(package.path(), home.path(QStringLiteral("bak.vmdb")));
+        const auto journal = DBCImportJournal::begin(package.path(), home.path(u"bak.vmdb"_s));
         QCOMPARE(settleUnfinishedImport(package.path()), DBCSettlement::InUse);
         QVERIFY(presenter.questions.isEmpty());
     }
@@ -151,8 +150,8 @@ private Q_SLOTS:
         QCOMPARE(settling.settle(), DBCSettlement::Failed);
         QCOMPARE(settling.presenter.numbers, QList<quint32> {301});
         QVERIFY(settling.presenter.questions.isEmpty());
-        QVERIFY(settling.isLogged(getLocalString(
-            QStringLiteral("IDS_LOG_ERR_JOURNAL_UNREADABLE"), {settling.dead.journalPath()})));
+        QVERIFY(settling.isLogged(
+            getLocalString(u"IDS_LOG_ERR_JOURNAL_UNREADABLE"_s, {settling.dead.journalPath()})));
     }
 
     void journalThatCannotBeRemovedIsShownAndLogged()

@@ -6,6 +6,8 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 struct ProgramHelp {
     QStringList commands; // "import"
     QStringList operands; // of each command: "FOLDER PACKAGE"
@@ -20,7 +22,7 @@ struct ProgramHelp {
         ConvertProgram program(home);
         program.language = language;
         ProgramHelp help;
-        help.read(program.run({QStringLiteral("--help")}).output);
+        help.read(program.run({u"--help"_s}).output);
         return help;
     }
 
@@ -29,9 +31,8 @@ private:
     {
         constexpr auto everyLine = QRegularExpression::MultilineOption;
         static const QRegularExpression command(
-            QStringLiteral("^  ([a-z]+) ([A-Z]+(?: [A-Z]+)*) +(.+)$"), everyLine);
-        static const QRegularExpression option(
-            QStringLiteral("^  (--[a-z]+(?: [A-Z]+)?)  +(.+)$"), everyLine);
+            u"^  ([a-z]+) ([A-Z]+(?: [A-Z]+)*) +(.+)$"_s, everyLine);
+        static const QRegularExpression option(u"^  (--[a-z]+(?: [A-Z]+)?)  +(.+)$"_s, everyLine);
         for (const QRegularExpressionMatch& match : command.globalMatch(text)) {
             commands << match.captured(1);
             operands << match.captured(2);
@@ -45,7 +46,7 @@ private:
     }
     void readExitStatuses(const QString& line)
     {
-        static const QRegularExpression number(QStringLiteral("\\b[0-9]+\\b"));
+        static const QRegularExpression number(u"\\b[0-9]+\\b"_s);
         for (const QRegularExpressionMatch& match : number.globalMatch(line))
             exitStatuses << match.captured();
         exitStatuses.removeDuplicates();

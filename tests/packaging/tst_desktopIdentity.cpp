@@ -12,6 +12,8 @@
 #include <QTest>
 #include <QXmlStreamReader>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int patienceMs = 20'000;
@@ -23,12 +25,12 @@ QString identifier()
 
 QString desktopFile()
 {
-    return QStringLiteral(VELMORA_SOURCE_DIR "/packaging/%1.desktop").arg(identifier());
+    return u"" VELMORA_SOURCE_DIR "/packaging/%1.desktop"_s.arg(identifier());
 }
 
 QString metainfoFile()
 {
-    return QStringLiteral(VELMORA_PACKAGING "/%1.metainfo.xml").arg(identifier());
+    return u"" VELMORA_PACKAGING "/%1.metainfo.xml"_s.arg(identifier());
 }
 
 QString textOf(const QString& path)
@@ -40,7 +42,7 @@ QString textOf(const QString& path)
 QString entry(const char* key)
 {
     const QString text = textOf(desktopFile());
-    const QString start = QStringLiteral("\n%1=").arg(QLatin1String(key));
+    const QString start = u"\n%1="_s.arg(QLatin1String(key));
     const qsizetype at = text.indexOf(start);
     return at < 0 ? QString() : text.mid(at + start.size()).section(u'\n', 0, 0);
 }
@@ -69,8 +71,7 @@ QXmlStreamAttributes newestRelease()
         return {};
     QXmlStreamReader reader(&file);
     while (!reader.atEnd()) {
-        if (reader.readNext() == QXmlStreamReader::StartElement
-            && reader.name() == QStringLiteral("release"))
+        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == u"release"_s)
             return reader.attributes();
     }
     return {};
@@ -93,152 +94,136 @@ class tst_desktopIdentity : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyFileBearsTheApplicationIdentifier();
-    void versionIsTheSameEverywhere();
-    void releaseHasOneDate();
-    void picturesOfTheMetainfoAreThoseOfTheDocumentation();
-    void japaneseReadersAreServed();
-    void iconIsThereInEverySize_data();
-    void iconIsThereInEverySize();
-    void windowBearsTheIconAndTheNameOfTheDesktopEntry();
-    void desktopEntryIsValid();
-    void metainfoIsValid();
-};
+    void everyFileBearsTheApplicationIdentifier()
+    {
+        const auto dictionary
+            = DBCPropertyList::read(u"" VELMORA_SOURCE_DIR "/resources/Info.plist"_s);
+        QVERIFY(dictionary);
+        QCOMPARE(dictionary->value(u"CFBundleIdentifier"_s).toString(), identifier());
+        QCOMPARE(entry("Icon"), identifier());
+        QCOMPARE(entry("Exec"), u"VelmoraConverter"_s);
+        QCOMPARE(metainfo("id"), QStringList(identifier()));
+        QCOMPARE(metainfo("launchable"), QStringList(identifier() + u".desktop"_s));
+        QVERIFY(
+            QFile::exists(u"" VELMORA_SOURCE_DIR "/resources/icons/%1.svg"_s.arg(identifier())));
+    }
 
-void tst_desktopIdentity::everyFileBearsTheApplicationIdentifier()
-{
-    const auto dictionary
-        = DBCPropertyList::read(QStringLiteral(VELMORA_SOURCE_DIR "/resources/Info.plist"));
-    QVERIFY(dictionary);
-    QCOMPARE(dictionary->value(QStringLiteral("CFBundleIdentifier")).toString(), identifier());
-    QCOMPARE(entry("Icon"), identifier());
-    QCOMPARE(entry("Exec"), QStringLiteral("VelmoraConverter"));
-    QCOMPARE(metainfo("id"), QStringList(identifier()));
-    QCOMPARE(metainfo("launchable"), QStringList(identifier() + QStringLiteral(".desktop")));
-    QVERIFY(QFile::exists(
-        QStringLiteral(VELMORA_SOURCE_DIR "/resources/icons/%1.svg").arg(identifier())));
-}
-
-void tst_desktopIdentity::versionIsTheSameEverywhere()
-{
-    const QString version = QStringLiteral(VELMORA_VERSION);
-    QCOMPARE(newestRelease().value(QStringLiteral("version")).toString(), version);
-    const QString changelog
-        = textOf(QStringLiteral(VELMORA_SOURCE_DIR "/packaging/debian/changelog"));
-    QVERIFY2(changelog.startsWith(QStringLiteral("velmora-converter (%1-").arg(version)),
-        qPrintable(changelog));
-    QCOMPARE(run(QStringLiteral(VELMORA_CONVERT), {QStringLiteral("--version")}),
-        QStringLiteral("velmora-convert %1\n").arg(version));
-}
-
-void tst_desktopIdentity::releaseHasOneDate()
-{
-    static const QRegularExpression trailer(QStringLiteral("\n -- .*>  (.*)\n"));
-    const auto match
-        = trailer.match(textOf(QStringLiteral(VELMORA_SOURCE_DIR "/packaging/debian/changelog")));
-    QVERIFY(match.hasMatch());
-    const QDateTime time = QDateTime::fromString(match.captured(1), Qt::RFC2822Date);
-    QCOMPARE(newestRelease().value(QStringLiteral("date")).toString(),
-        time.date().toString(Qt::ISODate));
-}
-
-void tst_desktopIdentity::picturesOfTheMetainfoAreThoseOfTheDocumentation()
-{
-    const QStringList pictures = metainfo("image");
-    QVERIFY(pictures.size() >= 2);
-    for (const QString& picture : pictures) {
-        const QString name = picture.section(u'/', -2);
+    void versionIsTheSameEverywhere()
+    {
+        const QString version = QStringLiteral(VELMORA_VERSION);
+        QCOMPARE(newestRelease().value(u"version"_s).toString(), version);
+        const QString changelog = textOf(u"" VELMORA_SOURCE_DIR "/packaging/debian/changelog"_s);
         QVERIFY2(
-            QFile::exists(QStringLiteral(VELMORA_SOURCE_DIR "/docs/") + name), qPrintable(picture));
+            changelog.startsWith(u"velmora-converter (%1-"_s.arg(version)), qPrintable(changelog));
+        QCOMPARE(run(QStringLiteral(VELMORA_CONVERT), {u"--version"_s}),
+            u"velmora-convert %1\n"_s.arg(version));
     }
-}
 
-void tst_desktopIdentity::japaneseReadersAreServed()
-{
-    for (const char* key : {"Name[ja]", "GenericName[ja]", "Comment[ja]", "Keywords[ja]"})
-        QVERIFY2(!entry(key).isEmpty(), key);
-    const QString text = textOf(metainfoFile());
-    const auto count = [&](const QString& what) { return text.count(QRegularExpression(what)); };
-    for (const char* element : {"summary", "p", "li", "caption"}) {
-        const QString name = QString::fromLatin1(element);
-        const qsizetype japanese = count(QStringLiteral("<%1 xml:lang=\"ja\">").arg(name));
-        QVERIFY2(japanese > 0, element);
-        QCOMPARE(japanese, count(QStringLiteral("<%1>").arg(name)));
+    void releaseHasOneDate()
+    {
+        static const QRegularExpression trailer(u"\n -- .*>  (.*)\n"_s);
+        const auto match
+            = trailer.match(textOf(u"" VELMORA_SOURCE_DIR "/packaging/debian/changelog"_s));
+        QVERIFY(match.hasMatch());
+        const QDateTime time = QDateTime::fromString(match.captured(1), Qt::RFC2822Date);
+        QCOMPARE(newestRelease().value(u"date"_s).toString(), time.date().toString(Qt::ISODate));
     }
-}
 
-void tst_desktopIdentity::iconIsThereInEverySize_data()
-{
-    QTest::addColumn<int>("size");
-    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256, 512})
-        QTest::addRow("%d", size) << size;
-}
-
-void tst_desktopIdentity::iconIsThereInEverySize()
-{
-    QFETCH(int, size);
-    const QImage icon(QStringLiteral(VELMORA_ICONS "/%1.png").arg(size));
-    QCOMPARE(icon.size(), QSize(size, size));
-    QVERIFY(icon.hasAlphaChannel());
-    QCOMPARE(qAlpha(icon.pixel(0, 0)), 0);
-    // Paper and accent: neither an empty drawing nor a plain patch.
-    int bright = 0;
-    int blue = 0;
-    for (int y = 0; y < size; ++y) {
-        for (int x = 0; x < size; ++x) {
-            const QColor color = icon.pixelColor(x, y);
-            bright += color.alpha() == 255 && color.lightness() > 220 ? 1 : 0;
-            blue += color.alpha() == 255 && color.blue() > color.red() + 60 ? 1 : 0;
+    void picturesOfTheMetainfoAreThoseOfTheDocumentation()
+    {
+        const QStringList pictures = metainfo("image");
+        QVERIFY(pictures.size() >= 2);
+        for (const QString& picture : pictures) {
+            const QString name = picture.section(u'/', -2);
+            QVERIFY2(QFile::exists(u"" VELMORA_SOURCE_DIR "/docs/"_s + name), qPrintable(picture));
         }
     }
-    QVERIFY(bright > size * size / 10);
-    QVERIFY(blue > size * size / 20);
-}
 
-void tst_desktopIdentity::windowBearsTheIconAndTheNameOfTheDesktopEntry()
-{
-    const TestHome home;
-    VirtualDisplay display;
-    QProcess program;
-    program.setProcessEnvironment(display.environment());
-    program.start(QStringLiteral(VELMORA_CONVERTER), {});
-    const QString title = QStringLiteral("VelmoraConverter");
-    QTRY_COMPARE_WITH_TIMEOUT(display.windows().activeTitle(), title, patienceMs);
+    void japaneseReadersAreServed()
+    {
+        for (const char* key : {"Name[ja]", "GenericName[ja]", "Comment[ja]", "Keywords[ja]"})
+            QVERIFY2(!entry(key).isEmpty(), key);
+        const QString text = textOf(metainfoFile());
+        const auto count
+            = [&](const QString& what) { return text.count(QRegularExpression(what)); };
+        for (const char* element : {"summary", "p", "li", "caption"}) {
+            const QString name = QString::fromLatin1(element);
+            const qsizetype japanese = count(u"<%1 xml:lang=\"ja\">"_s.arg(name));
+            QVERIFY2(japanese > 0, element);
+            QCOMPARE(japanese, count(u"<%1>"_s.arg(name)));
+        }
+    }
 
-    const QString properties = run(QStringLiteral("xprop"),
-        {QStringLiteral("-display"), display.name(), QStringLiteral("-name"), title});
-    program.terminate();
-    QVERIFY(program.waitForFinished(patienceMs));
+    void iconIsThereInEverySize_data()
+    {
+        QTest::addColumn<int>("size");
+        for (const int size : {16, 22, 24, 32, 48, 64, 128, 256, 512})
+            QTest::addRow("%d", size) << size;
+    }
+    void iconIsThereInEverySize()
+    {
+        QFETCH(int, size);
+        const QImage icon(u"" VELMORA_ICONS "/%1.png"_s.arg(size));
+        QCOMPARE(icon.size(), QSize(size, size));
+        QVERIFY(icon.hasAlphaChannel());
+        QCOMPARE(qAlpha(icon.pixel(0, 0)), 0);
+        // Paper and accent: neither an empty drawing nor a plain patch.
+        int bright = 0;
+        int blue = 0;
+        for (int y = 0; y < size; ++y) {
+            for (int x = 0; x < size; ++x) {
+                const QColor color = icon.pixelColor(x, y);
+                bright += color.alpha() == 255 && color.lightness() > 220 ? 1 : 0;
+                blue += color.alpha() == 255 && color.blue() > color.red() + 60 ? 1 : 0;
+            }
+        }
+        QVERIFY(bright > size * size / 10);
+        QVERIFY(blue > size * size / 20);
+    }
 
-    QVERIFY2(properties.contains(QStringLiteral("WM_CLASS(STRING) = \"VelmoraConverter\", \"%1\"")
-                                     .arg(entry("StartupWMClass"))),
-        qPrintable(properties));
-    for (const int size : {16, 24, 32, 48, 64, 128})
-        QVERIFY(properties.contains(QStringLiteral("Icon (%1 x %1)").arg(size)));
-}
+    void windowBearsTheIconAndTheNameOfTheDesktopEntry()
+    {
+        const TestHome home;
+        VirtualDisplay display;
+        QProcess program;
+        program.setProcessEnvironment(display.environment());
+        program.start(QStringLiteral(VELMORA_CONVERTER), {});
+        const QString title = u"VelmoraConverter"_s;
+        QTRY_COMPARE_WITH_TIMEOUT(display.windows().activeTitle(), title, patienceMs);
 
-void tst_desktopIdentity::desktopEntryIsValid()
-{
-    const QString validator = QStringLiteral("desktop-file-validate");
-    if (QStandardPaths::findExecutable(validator).isEmpty())
-        QSKIP("desktop-file-validate is not installed");
-    int exitCode = -1;
-    QCOMPARE(run(validator, {desktopFile()}, &exitCode), QString());
-    QCOMPARE(exitCode, 0);
-}
+        const QString properties
+            = run(u"xprop"_s, {u"-display"_s, display.name(), u"-name"_s, title});
+        program.terminate();
+        QVERIFY(program.waitForFinished(patienceMs));
 
-void tst_desktopIdentity::metainfoIsValid()
-{
-    const QString validator = QStringLiteral("appstreamcli");
-    if (QStandardPaths::findExecutable(validator).isEmpty())
-        QSKIP("appstreamcli is not installed");
-    int exitCode = -1;
-    const QString complaints = run(validator,
-        {QStringLiteral("validate"), QStringLiteral("--no-net"), QStringLiteral("--strict"),
-            metainfoFile()},
-        &exitCode);
-    QVERIFY2(exitCode == 0, qPrintable(complaints));
-}
+        QVERIFY2(properties.contains(u"WM_CLASS(STRING) = \"VelmoraConverter\", \"%1\""_s.arg(
+                     entry("StartupWMClass"))),
+            qPrintable(properties));
+        for (const int size : {16, 24, 32, 48, 64, 128})
+            QVERIFY(properties.contains(u"Icon (%1 x %1)"_s.arg(size)));
+    }
+
+    void desktopEntryIsValid()
+    {
+        const QString validator = u"desktop-file-validate"_s;
+        if (QStandardPaths::findExecutable(validator).isEmpty())
+            QSKIP("desktop-file-validate is not installed");
+        int exitCode = -1;
+        QCOMPARE(run(validator, {desktopFile()}, &exitCode), QString());
+        QCOMPARE(exitCode, 0);
+    }
+
+    void metainfoIsValid()
+    {
+        const QString validator = u"appstreamcli"_s;
+        if (QStandardPaths::findExecutable(validator).isEmpty())
+            QSKIP("appstreamcli is not installed");
+        int exitCode = -1;
+        const QString complaints = run(
+            validator, {u"validate"_s, u"--no-net"_s, u"--strict"_s, metainfoFile()}, &exitCode);
+        QVERIFY2(exitCode == 0, qPrintable(complaints));
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_desktopIdentity)
 #include "tst_desktopIdentity.moc"

@@ -6,13 +6,15 @@
 #include <QStandardPaths>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char* folders[] = {"man1", "ja/man1"};
 
 QString pagePath(const QString& folder, const QString& program)
 {
-    return QStringLiteral(VELMORA_MANUAL "/%1/%2.1").arg(folder, program);
+    return u"" VELMORA_MANUAL "/%1/%2.1"_s.arg(folder, program);
 }
 
 // As the formatter reads it, without escapes and changes of the font.
@@ -21,7 +23,7 @@ QString page(const QString& folder, const QString& program)
     QFile file(pagePath(folder, program));
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    static const QRegularExpression escapes(QStringLiteral("\\\\f[BIR]|\\\\(?=-)"));
+    static const QRegularExpression escapes(u"\\\\f[BIR]|\\\\(?=-)"_s);
     return QString::fromUtf8(file.readAll()).remove(escapes);
 }
 
@@ -29,7 +31,7 @@ QString page(const QString& folder, const QString& program)
 QStringList items(const QString& page)
 {
     static const QRegularExpression item(
-        QStringLiteral("^\\.TP\\n\\.[BIR]+ (.+)$"), QRegularExpression::MultilineOption);
+        u"^\\.TP\\n\\.[BIR]+ (.+)$"_s, QRegularExpression::MultilineOption);
     QStringList all;
     for (const QRegularExpressionMatch& match : item.globalMatch(page))
         all << match.captured(1).remove(u'"').simplified();
@@ -43,13 +45,66 @@ class tst_manualPages : public QObject {
 
 private Q_SLOTS:
     void pageOfTheCommandLineAgreesWithItsHelp_data() { languages(); }
-    void pageOfTheCommandLineAgreesWithItsHelp();
+    void pageOfTheCommandLineAgreesWithItsHelp()
+    {
+        QFETCH(QString, folder);
+        const ProgramHelp help = ProgramHelp::in(u"C"_s);
+        const QString text = page(folder, u"velmora-convert"_s);
+        QVERIFY(help.commands.size() >= 5 && help.options.size() >= 5);
+
+        QStringList expected;
+        for (qsizetype i = 0; i < help.commands.size(); ++i) {
+            expected << help.commands[i] + u' ' + help.operands[i];
+            const QString synopsis = u".SY velmora-convert\n.B "_s + help.commands[i];
+            QVERIFY2(text.contains(synopsis), qPrintable(help.commands[i]));
+        }
+        expected << help.options << help.exitStatuses;
+        const QStringList items = ::items(text).mid(0, expected.size());
+        QCOMPARE(items, expected);
+    }
+
     void pagesNameTheVersion_data() { pages(); }
-    void pagesNameTheVersion();
+    void pagesNameTheVersion()
+    {
+        QFETCH(QString, folder);
+        QFETCH(QString, program);
+        const QString heading = u".TH %1 1 "_s.arg(program.toUpper());
+        const QString text = page(folder, program);
+        QVERIFY(text.contains(heading));
+        const QString line = text.mid(text.indexOf(heading)).section(u'\n', 0, 0);
+        QVERIFY2(line.contains(u"\"VelmoraConverter " VELMORA_VERSION "\""_s), qPrintable(line));
+    }
+
     void pagesNameLogAndPreferences_data() { pages(); }
-    void pagesNameLogAndPreferences();
+    void pagesNameLogAndPreferences()
+    {
+        QFETCH(QString, folder);
+        QFETCH(QString, program);
+        const TestHome home;
+        const QString text = page(folder, program);
+        const QString preferences = DBCSettings::preferencesFile(DBCSettings::bundleIdentifier);
+        QVERIFY(text.contains(u"\n.I ~/Library/Logs/VelmoraConverter.log\n"_s));
+        QVERIFY(text.contains(u"\n.I ~"_s + preferences.mid(QDir::homePath().size()) + u'\n'));
+        QVERIFY(text.contains(QString::fromLatin1(DBCSettings::logLevelKey)));
+    }
+
     void pagesAreFormattedWithoutWarnings_data() { pages(); }
-    void pagesAreFormattedWithoutWarnings();
+    void pagesAreFormattedWithoutWarnings()
+    {
+        QFETCH(QString, folder);
+        QFETCH(QString, program);
+        if (QStandardPaths::findExecutable(u"man"_s).isEmpty())
+            QSKIP("man is not installed");
+        QProcess check;
+        // A shell complains about a locale that is not there.
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
+        check.setProcessEnvironment(environment);
+        check.start(u"" VELMORA_SOURCE_DIR "/tools/check-man-pages"_s, {pagePath(folder, program)});
+        QVERIFY(check.waitForFinished());
+        QCOMPARE(QString::fromUtf8(check.readAllStandardError()), QString());
+        QCOMPARE(check.exitCode(), 0);
+    }
 
 private:
     static void languages()
@@ -69,67 +124,6 @@ private:
         }
     }
 };
-
-void tst_manualPages::pageOfTheCommandLineAgreesWithItsHelp()
-{
-    QFETCH(QString, folder);
-    const ProgramHelp help = ProgramHelp::in(QStringLiteral("C"));
-    const QString text = page(folder, QStringLiteral("velmora-convert"));
-    QVERIFY(help.commands.size() >= 5 && help.options.size() >= 5);
-
-    QStringList expected;
-    for (qsizetype i = 0; i < help.commands.size(); ++i) {
-        expected << help.commands[i] + u' ' + help.operands[i];
-        const QString synopsis = QStringLiteral(".SY velmora-convert\n.B ") + help.commands[i];
-        QVERIFY2(text.contains(synopsis), qPrintable(help.commands[i]));
-    }
-    expected << help.options << help.exitStatuses;
-    const QStringList items = ::items(text).mid(0, expected.size());
-    QCOMPARE(items, expected);
-}
-
-void tst_manualPages::pagesNameTheVersion()
-{
-    QFETCH(QString, folder);
-    QFETCH(QString, program);
-    const QString heading = QStringLiteral(".TH %1 1 ").arg(program.toUpper());
-    const QString text = page(folder, program);
-    QVERIFY(text.contains(heading));
-    const QString line = text.mid(text.indexOf(heading)).section(u'\n', 0, 0);
-    QVERIFY2(line.contains(QStringLiteral("\"VelmoraConverter " VELMORA_VERSION "\"")),
-        qPrintable(line));
-}
-
-void tst_manualPages::pagesNameLogAndPreferences()
-{
-    QFETCH(QString, folder);
-    QFETCH(QString, program);
-    const TestHome home;
-    const QString text = page(folder, program);
-    const QString preferences = DBCSettings::preferencesFile(DBCSettings::bundleIdentifier);
-    QVERIFY(text.contains(QStringLiteral("\n.I ~/Library/Logs/VelmoraConverter.log\n")));
-    QVERIFY(
-        text.contains(QStringLiteral("\n.I ~") + preferences.mid(QDir::homePath().size()) + u'\n'));
-    QVERIFY(text.contains(QString::fromLatin1(DBCSettings::logLevelKey)));
-}
-
-void tst_manualPages::pagesAreFormattedWithoutWarnings()
-{
-    QFETCH(QString, folder);
-    QFETCH(QString, program);
-    if (QStandardPaths::findExecutable(QStringLiteral("man")).isEmpty())
-        QSKIP("man is not installed");
-    QProcess check;
-    // A shell complains about a locale that is not there.
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    check.setProcessEnvironment(environment);
-    check.start(
-        QStringLiteral(VELMORA_SOURCE_DIR "/tools/check-man-pages"), {pagePath(folder, program)});
-    QVERIFY(check.waitForFinished());
-    QCOMPARE(QString::fromUtf8(check.readAllStandardError()), QString());
-    QCOMPARE(check.exitCode(), 0);
-}
 
 QTEST_GUILESS_MAIN(tst_manualPages)
 #include "tst_manualPages.moc"

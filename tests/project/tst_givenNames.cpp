@@ -8,11 +8,12 @@
 #include <QSet>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QStringList sourceFolders {QStringLiteral("text"), QStringLiteral("datafile"),
-    QStringLiteral("cardimage"), QStringLiteral("carddb"), QStringLiteral("operation"),
-    QStringLiteral("cli"), QStringLiteral("app")};
+const QStringList sourceFolders {
+    u"text"_s, u"datafile"_s, u"cardimage"_s, u"carddb"_s, u"operation"_s, u"cli"_s, u"app"_s};
 
 QString sourceRoot()
 {
@@ -24,7 +25,7 @@ QSet<QString> wordsOfFile(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         qFatal("cannot read %s", qPrintable(path));
-    static const QRegularExpression word(QStringLiteral("[A-Za-z_][A-Za-z0-9_]*"));
+    static const QRegularExpression word(u"[A-Za-z_][A-Za-z0-9_]*"_s);
     QSet<QString> words;
     for (auto match = word.globalMatch(QString::fromUtf8(file.readAll())); match.hasNext();)
         words.insert(match.next().captured());
@@ -35,8 +36,7 @@ QSet<QString> wordsOfSources()
 {
     QSet<QString> words;
     for (const QString& folder : sourceFolders) {
-        QDirIterator files(sourceRoot() + u'/' + folder,
-            {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
+        QDirIterator files(sourceRoot() + u'/' + folder, {u"*.h"_s, u"*.cpp"_s}, QDir::Files,
             QDirIterator::Subdirectories);
         while (files.hasNext())
             words.unite(wordsOfFile(files.next()));
@@ -46,7 +46,7 @@ QSet<QString> wordsOfSources()
 
 QStringList givenNames()
 {
-    QFile file(sourceRoot() + QStringLiteral("/tests/project/given_names.txt"));
+    QFile file(sourceRoot() + u"/tests/project/given_names.txt"_s);
     if (!file.open(QIODevice::ReadOnly))
         qFatal("cannot read %s", qPrintable(file.fileName()));
     QStringList names = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);

@@ -10,6 +10,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Section {
@@ -41,8 +43,7 @@ QString reference()
 QMap<QString, Section> sections()
 {
     static const QRegularExpression section(
-        QStringLiteral("^### (\\w+)\\n\\n> (.*)\\n\\n((?:(?!#).*\\n)*)"),
-        QRegularExpression::MultilineOption);
+        u"^### (\\w+)\\n\\n> (.*)\\n\\n((?:(?!#).*\\n)*)"_s, QRegularExpression::MultilineOption);
     QMap<QString, Section> found;
     const QString text = reference();
     for (auto match = section.globalMatch(text); match.hasNext();) {
@@ -58,15 +59,14 @@ QMap<QString, Section> sections()
 // Of the messages with a number, and of the questions without one.
 QStringList messageKeys()
 {
-    static const QRegularExpression message(
-        QStringLiteral("<message id=\"(IDS_MSG_\\w+)\">(.*?)</message>"),
+    static const QRegularExpression message(u"<message id=\"(IDS_MSG_\\w+)\">(.*?)</message>"_s,
         QRegularExpression::DotMatchesEverythingOption);
     QStringList keys;
     const QString catalogue = textOf("resources/i18n/Localizable_en.ts");
     for (auto match = message.globalMatch(catalogue); match.hasNext();) {
         const QRegularExpressionMatch one = match.next();
-        if (one.captured(1).startsWith(QStringLiteral("IDS_MSG_ERR_"))
-            || one.captured(2).contains(QStringLiteral("Answered with Yes or No.")))
+        if (one.captured(1).startsWith(u"IDS_MSG_ERR_"_s)
+            || one.captured(2).contains(u"Answered with Yes or No."_s))
             keys << one.captured(1);
     }
     return keys;
@@ -75,8 +75,7 @@ QStringList messageKeys()
 QList<CodeRow> codeRows()
 {
     static const QRegularExpression row(
-        QStringLiteral("^\\| (-\\d+) \\| .+ \\| (.+) \\| (.+) \\|$"),
-        QRegularExpression::MultilineOption);
+        u"^\\| (-\\d+) \\| .+ \\| (.+) \\| (.+) \\|$"_s, QRegularExpression::MultilineOption);
     QList<CodeRow> rows;
     const QString text = reference();
     for (auto match = row.globalMatch(text); match.hasNext();) {
@@ -90,7 +89,7 @@ QList<CodeRow> codeRows()
 QList<qint32> failureCodes()
 {
     static const QRegularExpression value(
-        QStringLiteral("^    \\w+ = (-\\d+),"), QRegularExpression::MultilineOption);
+        u"^    \\w+ = (-\\d+),"_s, QRegularExpression::MultilineOption);
     QList<qint32> codes;
     const QString table = textOf("operation/base/DBCResultCode.h");
     for (auto match = value.globalMatch(table); match.hasNext();)
@@ -101,7 +100,7 @@ QList<qint32> failureCodes()
 // True as well where the cell names no message.
 bool namesMessage(const QString& cell, quint32 number)
 {
-    static const QRegularExpression named(QStringLiteral("\\d+"));
+    static const QRegularExpression named(u"\\d+"_s);
     const QRegularExpressionMatch match = named.match(cell);
     return !match.hasMatch() || match.captured().toUInt() == number;
 }
@@ -114,53 +113,47 @@ class tst_messageReference : public QObject {
 private Q_SLOTS:
     void initTestCase() { DBCLocalizable::setLanguage(DBCLocalizable::Language::English); }
 
-    void everyMessageHasASection();
-    void sectionsQuoteWhatIsShown();
-    void sectionsExplain();
-    void everyFailureHasARow();
-    void rowsNameTheMessageThatIsShown();
-};
-
-void tst_messageReference::everyMessageHasASection()
-{
-    QStringList keys = messageKeys();
-    QVERIFY(keys.size() > 30);
-    keys.sort();
-    QCOMPARE(QStringList(sections().keys()), keys);
-}
-
-void tst_messageReference::sectionsQuoteWhatIsShown()
-{
-    for (const auto& [key, section] : sections().asKeyValueRange())
-        QCOMPARE(section.quotation, getLocalString(key).section(u'\n', 0, 0));
-}
-
-void tst_messageReference::sectionsExplain()
-{
-    for (const auto& [key, section] : sections().asKeyValueRange())
-        QVERIFY2(!section.explanation.isEmpty(), qPrintable(key));
-}
-
-void tst_messageReference::everyFailureHasARow()
-{
-    const QList<qint32> codes = failureCodes();
-    QVERIFY(codes.size() > 30);
-    QList<qint32> described;
-    for (const CodeRow& row : codeRows())
-        described << row.code;
-    QCOMPARE(described, codes);
-}
-
-void tst_messageReference::rowsNameTheMessageThatIsShown()
-{
-    for (const CodeRow& row : codeRows()) {
-        const DBCError error(static_cast<DBCResultCode>(row.code));
-        QVERIFY2(namesMessage(row.import, DBCMessage::messageForImportError(error).number),
-            qPrintable(QString::number(row.code)));
-        QVERIFY2(namesMessage(row.exported, DBCMessage::messageForExportError(error).number),
-            qPrintable(QString::number(row.code)));
+    void everyMessageHasASection()
+    {
+        QStringList keys = messageKeys();
+        QVERIFY(keys.size() > 30);
+        keys.sort();
+        QCOMPARE(QStringList(sections().keys()), keys);
     }
-}
+
+    void sectionsQuoteWhatIsShown()
+    {
+        for (const auto& [key, section] : sections().asKeyValueRange())
+            QCOMPARE(section.quotation, getLocalString(key).section(u'\n', 0, 0));
+    }
+
+    void sectionsExplain()
+    {
+        for (const auto& [key, section] : sections().asKeyValueRange())
+            QVERIFY2(!section.explanation.isEmpty(), qPrintable(key));
+    }
+
+    void everyFailureHasARow()
+    {
+        const QList<qint32> codes = failureCodes();
+        QVERIFY(codes.size() > 30);
+        QList<qint32> described;
+        for (const CodeRow& row : codeRows())
+            described << row.code;
+        QCOMPARE(described, codes);
+    }
+
+    void rowsNameTheMessageThatIsShown()
+    {
+        for (const CodeRow& row : codeRows()) {
+            const DBCError error(static_cast<DBCResultCode>(row.code));
+            QVERIFY2(namesMessage(row.import, DBCMessage::messageForImportError(error).number),
+                qPrintable(QString::number(row.code)));
+            QVERIFY2(namesMessage(row.exported, DBCMessage::messageForExportError(error).number),
+                qPrintable(QString::number(row.code)));
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_messageReference)
 #include "tst_messageReference.moc"

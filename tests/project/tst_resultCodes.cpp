@@ -10,6 +10,8 @@
 #include <QSet>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString textOf(const QString& path)
@@ -28,7 +30,7 @@ QString inSources(const char* path)
 QStringList resultCodes()
 {
     static const QRegularExpression value(
-        QStringLiteral("^    ([A-Z]\\w+) = -?\\w+,"), QRegularExpression::MultilineOption);
+        u"^    ([A-Z]\\w+) = -?\\w+,"_s, QRegularExpression::MultilineOption);
     const QString table = textOf(inSources("operation/base/DBCResultCode.h"));
     QStringList codes;
     for (auto match = value.globalMatch(table); match.hasNext();)
@@ -48,7 +50,7 @@ bool makesCodesUp(const QString& fileName, const QString& text)
 void addExpectedCodes(const QString& text, QSet<QString>* codes)
 {
     static const QRegularExpression mention(
-        QStringLiteral("(DBCError\\(|return |[^=!]= )?(?:Code::|<< )(\\w+)"));
+        u"(DBCError\\(|return |[^=!]= )?(?:Code::|<< )(\\w+)"_s);
     for (auto matches = mention.globalMatch(text); matches.hasNext();) {
         const QRegularExpressionMatch match = matches.next();
         if (match.capturedView(1).isEmpty())
@@ -59,8 +61,8 @@ void addExpectedCodes(const QString& text, QSet<QString>* codes)
 QSet<QString> expectedCodes()
 {
     QSet<QString> codes;
-    QDirIterator files(inSources("tests"), {QStringLiteral("tst_*.cpp")}, QDir::Files,
-        QDirIterator::Subdirectories);
+    QDirIterator files(
+        inSources("tests"), {u"tst_*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) {
         const QString path = files.next();
         const QString text = textOf(path);

@@ -12,6 +12,8 @@
 #include <QTest>
 #include <QXmlStreamReader>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Language = DBCLocalizable::Language;
@@ -29,15 +31,14 @@ const QList<int> messageNumbers {101, 102, 103, 104, 105, 106, 108, 109, 110, 11
 
 // Texts that are the same words in both languages.
 const QSet<QString> untranslatedKeys {
-    QStringLiteral("IDS_TITLE_WINDOW"),
-    QStringLiteral("IDS_BUTTON_MSG_OK"),
-    QStringLiteral("IDS_CLI_PROMPT"),
+    u"IDS_TITLE_WINDOW"_s,
+    u"IDS_BUTTON_MSG_OK"_s,
+    u"IDS_CLI_PROMPT"_s,
 };
 
 bool isNameOnDisk(const QString& key)
 {
-    return key.startsWith(QStringLiteral("IDS_CSV_TITLE_"))
-        || key.startsWith(QStringLiteral("IDS_FOLDER_STRUCT_"));
+    return key.startsWith(u"IDS_CSV_TITLE_"_s) || key.startsWith(u"IDS_FOLDER_STRUCT_"_s);
 }
 
 QByteArray contentsOf(const QString& path)
@@ -50,23 +51,23 @@ QByteArray contentsOf(const QString& path)
 
 QString keyOfMessage(int number)
 {
-    return QStringLiteral("IDS_MSG_ERR_%1").arg(number, 4, 10, QChar(u'0'));
+    return u"IDS_MSG_ERR_%1"_s.arg(number, 4, 10, QChar(u'0'));
 }
 
 // In the order of the file, a key that stands twice included.
 QList<std::pair<QString, Entry>> readEntries(const QString& language)
 {
-    QXmlStreamReader reader(contentsOf(QStringLiteral(VELMORA_SOURCE_DIR)
-        + QStringLiteral("/resources/i18n/Localizable_%1.ts").arg(language)));
+    QXmlStreamReader reader(contentsOf(
+        QStringLiteral(VELMORA_SOURCE_DIR) + u"/resources/i18n/Localizable_%1.ts"_s.arg(language)));
     QList<std::pair<QString, Entry>> entries;
     while (!reader.atEnd()) {
         if (reader.readNext() != QXmlStreamReader::StartElement)
             continue;
-        if (reader.name() == QStringLiteral("message"))
-            entries.append({reader.attributes().value(QStringLiteral("id")).toString(), {}});
-        else if (reader.name() == QStringLiteral("source"))
+        if (reader.name() == u"message"_s)
+            entries.append({reader.attributes().value(u"id"_s).toString(), {}});
+        else if (reader.name() == u"source"_s)
             entries.last().second.source = reader.readElementText();
-        else if (reader.name() == QStringLiteral("translation"))
+        else if (reader.name() == u"translation"_s)
             entries.last().second.translation = reader.readElementText();
     }
     if (reader.hasError())
@@ -84,7 +85,7 @@ Catalogue catalogueOf(const QString& language)
 
 QSet<QString> placeholdersOf(const QString& text)
 {
-    static const QRegularExpression placeholder(QStringLiteral("%L?[1-9]"));
+    static const QRegularExpression placeholder(u"%L?[1-9]"_s);
     QSet<QString> found;
     for (auto match = placeholder.globalMatch(text); match.hasNext();)
         found.insert(match.next().captured());
@@ -93,13 +94,12 @@ QSet<QString> placeholdersOf(const QString& text)
 
 QSet<QString> keysOfSources()
 {
-    static const QRegularExpression key(QStringLiteral("\\bIDS_[A-Za-z0-9_]*[A-Za-z0-9]\\b"));
+    static const QRegularExpression key(u"\\bIDS_[A-Za-z0-9_]*[A-Za-z0-9]\\b"_s);
     QSet<QString> keys;
     for (const char* folder :
         {"text", "datafile", "cardimage", "carddb", "operation", "cli", "app", "resources"}) {
-        QDirIterator files(QStringLiteral(VELMORA_SOURCE_DIR "/") + QString::fromLatin1(folder),
-            {QStringLiteral("*.h"), QStringLiteral("*.cpp"), QStringLiteral("*.ui")}, QDir::Files,
-            QDirIterator::Subdirectories);
+        QDirIterator files(u"" VELMORA_SOURCE_DIR "/"_s + QString::fromLatin1(folder),
+            {u"*.h"_s, u"*.cpp"_s, u"*.ui"_s}, QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {
             const QString text = QString::fromUtf8(contentsOf(files.next()));
             for (auto match = key.globalMatch(text); match.hasNext();)
@@ -127,223 +127,200 @@ template <typename Map> QSet<QString> keySet(const Map& map)
 class tst_stringsTable : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase()
+    {
+        _english = catalogueOf(u"en"_s);
+        _japanese = catalogueOf(u"ja"_s);
+        QVERIFY(_english.size() >= 100);
+    }
 
-    void keysStandOnceAndInOrder_data();
-    void keysStandOnceAndInOrder();
-    void bothCataloguesHaveTheSameKeys();
-    void noTextIsEmpty();
-    void bothTextsTakeTheSameArguments();
-    void textsTakeTheArgumentsTheyAreGiven_data();
-    void textsTakeTheArgumentsTheyAreGiven();
-    void everyTextIsTranslated();
-    void japaneseCatalogueShowsTheEnglishText();
-    void compiledTextsAreThoseOfTheCatalogues();
-    void messagesAreOneLine();
+    void keysStandOnceAndInOrder_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::newRow("English") << u"en"_s;
+        QTest::newRow("Japanese") << u"ja"_s;
+    }
+    void keysStandOnceAndInOrder()
+    {
+        QFETCH(QString, language);
+        QString before;
+        for (const auto& [key, entry] : readEntries(language)) {
+            QVERIFY2(before < key, qPrintable(key));
+            before = key;
+        }
+    }
 
-    void namesOnDiskAreTheSameInBothLanguages();
-    void namesOnDiskFitEveryFileSystem();
-    void columnTitlesDiffer();
+    void bothCataloguesHaveTheSameKeys()
+    {
+        QCOMPARE(sorted(keySet(_english) - keySet(_japanese)), QString());
+        QCOMPARE(sorted(keySet(_japanese) - keySet(_english)), QString());
+    }
 
-    void everyKeyOfTheSourcesHasAText();
-    void everyMessageNumberHasAText();
-    void noTextIsUnused();
+    void noTextIsEmpty()
+    {
+        for (const Catalogue& catalogue : {_english, _japanese}) {
+            for (const auto& [key, entry] : catalogue.asKeyValueRange())
+                QVERIFY2(!entry.translation.trimmed().isEmpty(), qPrintable(key));
+        }
+    }
+
+    void bothTextsTakeTheSameArguments()
+    {
+        for (const auto& [key, entry] : _english.asKeyValueRange()) {
+            QVERIFY2(
+                placeholdersOf(entry.translation) == placeholdersOf(_japanese[key].translation),
+                qPrintable(key));
+        }
+    }
+
+    void textsTakeTheArgumentsTheyAreGiven_data()
+    {
+        QTest::addColumn<int>("given");
+        const auto row = [](const char* key, int given) { QTest::newRow(key) << given; };
+        row("IDS_LOG_INF_START", 2);
+        row("IDS_LOG_INF_END", 1);
+        row("IDS_LOG_INF_END_WITH_INFO_IMPORT", 4);
+        row("IDS_LOG_INF_END_WITH_INFO_EXPORT", 4);
+        row("IDS_LOG_INF_EXISTS_WRN_OR_ERR", 0);
+        row("IDS_LOG_INF_CANCEL_OPERATION", 0);
+        row("IDS_LOG_INF_VMDB_BACKUP_FILE_NAME", 1);
+        row("IDS_LOG_WRN_FILE_NO_EXISTS", 1);
+        row("IDS_LOG_WRN_ITEM_MAX_LEN", 3);
+        row("IDS_LOG_WRN_CONVERT_FAIL", 3);
+        row("IDS_LOG_WRN_IMAGE_FILE_NO_EXISTS", 3);
+        row("IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT", 2);
+        row("IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT_FOR_EXPORT", 2);
+        row("IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE", 0);
+        row("IDS_LOG_ERR_IMAGE_FILE_COPY_FAILURE", 0);
+        row("IDS_LOG_ERR_DATA_FILE_WRITE_FAILURE", 0);
+        row("IDS_MSG_DATA_COUNT", 1);
+        row("IDS_MSG_IMPORT_COUNT", 1);
+        row("IDS_MSG_EXPORT_COUNT", 1);
+        row("IDS_MSG_IMPORT_PROGRESS", 1);
+        row("IDS_MSG_EXPORT_PROGRESS", 1);
+        row("IDS_MSG_PROCESS_IS_RUNNING", 1);
+        row("IDS_MSG_PROCESS_IS_FINISHED", 1);
+        row("IDS_MSG_REFERENCE_LOG_FILE", 0);
+        row("IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING", 1);
+        row("IDS_MSG_DB_OPERATION_SUCCESS", 1);
+        row("IDS_MSG_DB_RESTORE_FINISH", 1);
+        const QMap<int, int> messagesWithArguments {{104, 2}, {105, 1}, {109, 1}, {110, 1},
+            {111, 1}, {201, 1}, {202, 1}, {203, 1}, {204, 1}, {205, 1}, {211, 1}, {302, 1},
+            {304, 1}, {307, 1}, {308, 1}, {309, 1}, {311, 2}, {317, 1}};
+        for (const int number : messageNumbers)
+            row(qPrintable(keyOfMessage(number)), messagesWithArguments.value(number, 0));
+    }
+    void textsTakeTheArgumentsTheyAreGiven()
+    {
+        QFETCH(int, given);
+        const QString key = QString::fromLatin1(QTest::currentDataTag());
+        QSet<int> taken;
+        for (const QString& placeholder : placeholdersOf(_english[key].translation))
+            taken.insert(placeholder.last(1).toInt());
+        QSet<int> expected;
+        for (int number = 1; number <= given; ++number)
+            expected.insert(number);
+        QCOMPARE(taken, expected);
+    }
+
+    void everyTextIsTranslated()
+    {
+        for (const auto& [key, entry] : _english.asKeyValueRange()) {
+            const bool isSame = entry.translation == _japanese[key].translation;
+            QVERIFY2(
+                isSame == (isNameOnDisk(key) || untranslatedKeys.contains(key)), qPrintable(key));
+        }
+    }
+
+    void japaneseCatalogueShowsTheEnglishText()
+    {
+        for (const auto& [key, entry] : _english.asKeyValueRange()) {
+            QCOMPARE(entry.source, entry.translation);
+            QCOMPARE(_japanese[key].source, entry.translation);
+        }
+    }
+
+    void compiledTextsAreThoseOfTheCatalogues()
+    {
+        DBCLocalizable::setLanguage(Language::Japanese);
+        for (const auto& [key, entry] : _japanese.asKeyValueRange())
+            QCOMPARE(DBCLocalizable::text(key), entry.translation);
+        DBCLocalizable::setLanguage(Language::English);
+        for (const auto& [key, entry] : _english.asKeyValueRange())
+            QCOMPARE(DBCLocalizable::text(key), entry.translation);
+    }
+
+    // Each is logged as well, and the log has a line for each.
+    void messagesAreOneLine()
+    {
+        for (const Catalogue& catalogue : {_english, _japanese}) {
+            for (const auto& [key, entry] : catalogue.asKeyValueRange()) {
+                const bool isLogged
+                    = key.startsWith(u"IDS_MSG_ERR_"_s) || key.startsWith(u"IDS_LOG_"_s);
+                QVERIFY2(!isLogged || !entry.translation.contains(u'\n'), qPrintable(key));
+            }
+        }
+    }
+
+    void namesOnDiskAreTheSameInBothLanguages()
+    {
+        int names = 0;
+        for (const auto& [key, entry] : _english.asKeyValueRange()) {
+            if (!isNameOnDisk(key))
+                continue;
+            QCOMPARE(entry.translation, _japanese[key].translation);
+            ++names;
+        }
+        QCOMPARE(names, 21 + 4);
+    }
+
+    void namesOnDiskFitEveryFileSystem()
+    {
+        static const QRegularExpression refused(u"[\\x00-\\x1f/\\\\:*?\"<>|]|^[. ]|[. ]$"_s);
+        for (const auto& [key, entry] : _english.asKeyValueRange()) {
+            if (!isNameOnDisk(key))
+                continue;
+            const QString& name = entry.translation;
+            QVERIFY2(!name.contains(refused), qPrintable(key));
+            QCOMPARE(name.normalized(QString::NormalizationForm_C), name);
+        }
+    }
+
+    void columnTitlesDiffer()
+    {
+        QSet<QString> titles;
+        for (const auto& [key, entry] : _english.asKeyValueRange()) {
+            if (!key.startsWith(u"IDS_CSV_TITLE_"_s))
+                continue;
+            QVERIFY2(!titles.contains(entry.translation), qPrintable(key));
+            titles.insert(entry.translation);
+        }
+        QCOMPARE(titles.size(), 21);
+    }
+
+    void everyKeyOfTheSourcesHasAText()
+    {
+        QCOMPARE(sorted(keysOfSources() - keySet(_english)), QString());
+    }
+
+    void everyMessageNumberHasAText()
+    {
+        for (const int number : messageNumbers)
+            QVERIFY2(_english.contains(keyOfMessage(number)), qPrintable(keyOfMessage(number)));
+    }
+
+    void noTextIsUnused()
+    {
+        QSet<QString> used = keysOfSources();
+        for (const int number : messageNumbers)
+            used.insert(keyOfMessage(number));
+        QCOMPARE(sorted(keySet(_english) - used), QString());
+    }
 
 private:
     Catalogue _english;
     Catalogue _japanese;
 };
-
-void tst_stringsTable::initTestCase()
-{
-    _english = catalogueOf(QStringLiteral("en"));
-    _japanese = catalogueOf(QStringLiteral("ja"));
-    QVERIFY(_english.size() >= 100);
-}
-
-void tst_stringsTable::keysStandOnceAndInOrder_data()
-{
-    QTest::addColumn<QString>("language");
-    QTest::newRow("English") << QStringLiteral("en");
-    QTest::newRow("Japanese") << QStringLiteral("ja");
-}
-
-void tst_stringsTable::keysStandOnceAndInOrder()
-{
-    QFETCH(QString, language);
-    QString before;
-    for (const auto& [key, entry] : readEntries(language)) {
-        QVERIFY2(before < key, qPrintable(key));
-        before = key;
-    }
-}
-
-void tst_stringsTable::bothCataloguesHaveTheSameKeys()
-{
-    QCOMPARE(sorted(keySet(_english) - keySet(_japanese)), QString());
-    QCOMPARE(sorted(keySet(_japanese) - keySet(_english)), QString());
-}
-
-void tst_stringsTable::noTextIsEmpty()
-{
-    for (const Catalogue& catalogue : {_english, _japanese}) {
-        for (const auto& [key, entry] : catalogue.asKeyValueRange())
-            QVERIFY2(!entry.translation.trimmed().isEmpty(), qPrintable(key));
-    }
-}
-
-void tst_stringsTable::bothTextsTakeTheSameArguments()
-{
-    for (const auto& [key, entry] : _english.asKeyValueRange()) {
-        QVERIFY2(placeholdersOf(entry.translation) == placeholdersOf(_japanese[key].translation),
-            qPrintable(key));
-    }
-}
-
-void tst_stringsTable::textsTakeTheArgumentsTheyAreGiven_data()
-{
-    QTest::addColumn<int>("given");
-    const auto row = [](const char* key, int given) { QTest::newRow(key) << given; };
-    row("IDS_LOG_INF_START", 2);
-    row("IDS_LOG_INF_END", 1);
-    row("IDS_LOG_INF_END_WITH_INFO_IMPORT", 4);
-    row("IDS_LOG_INF_END_WITH_INFO_EXPORT", 4);
-    row("IDS_LOG_INF_EXISTS_WRN_OR_ERR", 0);
-    row("IDS_LOG_INF_CANCEL_OPERATION", 0);
-    row("IDS_LOG_INF_VMDB_BACKUP_FILE_NAME", 1);
-    row("IDS_LOG_WRN_FILE_NO_EXISTS", 1);
-    row("IDS_LOG_WRN_ITEM_MAX_LEN", 3);
-    row("IDS_LOG_WRN_CONVERT_FAIL", 3);
-    row("IDS_LOG_WRN_IMAGE_FILE_NO_EXISTS", 3);
-    row("IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT", 2);
-    row("IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT_FOR_EXPORT", 2);
-    row("IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE", 0);
-    row("IDS_LOG_ERR_IMAGE_FILE_COPY_FAILURE", 0);
-    row("IDS_LOG_ERR_DATA_FILE_WRITE_FAILURE", 0);
-    row("IDS_MSG_DATA_COUNT", 1);
-    row("IDS_MSG_IMPORT_COUNT", 1);
-    row("IDS_MSG_EXPORT_COUNT", 1);
-    row("IDS_MSG_IMPORT_PROGRESS", 1);
-    row("IDS_MSG_EXPORT_PROGRESS", 1);
-    row("IDS_MSG_PROCESS_IS_RUNNING", 1);
-    row("IDS_MSG_PROCESS_IS_FINISHED", 1);
-    row("IDS_MSG_REFERENCE_LOG_FILE", 0);
-    row("IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING", 1);
-    row("IDS_MSG_DB_OPERATION_SUCCESS", 1);
-    row("IDS_MSG_DB_RESTORE_FINISH", 1);
-    const QMap<int, int> messagesWithArguments {{104, 2}, {105, 1}, {109, 1}, {110, 1}, {111, 1},
-        {201, 1}, {202, 1}, {203, 1}, {204, 1}, {205, 1}, {211, 1}, {302, 1}, {304, 1}, {307, 1},
-        {308, 1}, {309, 1}, {311, 2}, {317, 1}};
-    for (const int number : messageNumbers)
-        row(qPrintable(keyOfMessage(number)), messagesWithArguments.value(number, 0));
-}
-
-void tst_stringsTable::textsTakeTheArgumentsTheyAreGiven()
-{
-    QFETCH(int, given);
-    const QString key = QString::fromLatin1(QTest::currentDataTag());
-    QSet<int> taken;
-    for (const QString& placeholder : placeholdersOf(_english[key].translation))
-        taken.insert(placeholder.last(1).toInt());
-    QSet<int> expected;
-    for (int number = 1; number <= given; ++number)
-        expected.insert(number);
-    QCOMPARE(taken, expected);
-}
-
-void tst_stringsTable::everyTextIsTranslated()
-{
-    for (const auto& [key, entry] : _english.asKeyValueRange()) {
-        const bool isSame = entry.translation == _japanese[key].translation;
-        QVERIFY2(isSame == (isNameOnDisk(key) || untranslatedKeys.contains(key)), qPrintable(key));
-    }
-}
-
-void tst_stringsTable::japaneseCatalogueShowsTheEnglishText()
-{
-    for (const auto& [key, entry] : _english.asKeyValueRange()) {
-        QCOMPARE(entry.source, entry.translation);
-        QCOMPARE(_japanese[key].source, entry.translation);
-    }
-}
-
-void tst_stringsTable::compiledTextsAreThoseOfTheCatalogues()
-{
-    DBCLocalizable::setLanguage(Language::Japanese);
-    for (const auto& [key, entry] : _japanese.asKeyValueRange())
-        QCOMPARE(DBCLocalizable::text(key), entry.translation);
-    DBCLocalizable::setLanguage(Language::English);
-    for (const auto& [key, entry] : _english.asKeyValueRange())
-        QCOMPARE(DBCLocalizable::text(key), entry.translation);
-}
-
-// Each is logged as well, and the log has a line for each.
-void tst_stringsTable::messagesAreOneLine()
-{
-    for (const Catalogue& catalogue : {_english, _japanese}) {
-        for (const auto& [key, entry] : catalogue.asKeyValueRange()) {
-            const bool isLogged = key.startsWith(QStringLiteral("IDS_MSG_ERR_"))
-                || key.startsWith(QStringLiteral("IDS_LOG_"));
-            QVERIFY2(!isLogged || !entry.translation.contains(u'\n'), qPrintable(key));
-        }
-    }
-}
-
-void tst_stringsTable::namesOnDiskAreTheSameInBothLanguages()
-{
-    int names = 0;
-    for (const auto& [key, entry] : _english.asKeyValueRange()) {
-        if (!isNameOnDisk(key))
-            continue;
-        QCOMPARE(entry.translation, _japanese[key].translation);
-        ++names;
-    }
-    QCOMPARE(names, 21 + 4);
-}
-
-void tst_stringsTable::namesOnDiskFitEveryFileSystem()
-{
-    static const QRegularExpression refused(
-        QStringLiteral("[\\x00-\\x1f/\\\\:*?\"<>|]|^[. ]|[. ]$"));
-    for (const auto& [key, entry] : _english.asKeyValueRange()) {
-        if (!isNameOnDisk(key))
-            continue;
-        const QString& name = entry.translation;
-        QVERIFY2(!name.contains(refused), qPrintable(key));
-        QCOMPARE(name.normalized(QString::NormalizationForm_C), name);
-    }
-}
-
-void tst_stringsTable::columnTitlesDiffer()
-{
-    QSet<QString> titles;
-    for (const auto& [key, entry] : _english.asKeyValueRange()) {
-        if (!key.startsWith(QStringLiteral("IDS_CSV_TITLE_")))
-            continue;
-        QVERIFY2(!titles.contains(entry.translation), qPrintable(key));
-        titles.insert(entry.translation);
-    }
-    QCOMPARE(titles.size(), 21);
-}
-
-void tst_stringsTable::everyKeyOfTheSourcesHasAText()
-{
-    QCOMPARE(sorted(keysOfSources() - keySet(_english)), QString());
-}
-
-void tst_stringsTable::everyMessageNumberHasAText()
-{
-    for (const int number : messageNumbers)
-        QVERIFY2(_english.contains(keyOfMessage(number)), qPrintable(keyOfMessage(number)));
-}
-
-void tst_stringsTable::noTextIsUnused()
-{
-    QSet<QString> used = keysOfSources();
-    for (const int number : messageNumbers)
-        used.insert(keyOfMessage(number));
-    QCOMPARE(sorted(keySet(_english) - used), QString());
-}
 
 QTEST_GUILESS_MAIN(tst_stringsTable)
 #include "tst_stringsTable.moc"

@@ -7,6 +7,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Key = DBCRecordKey;
@@ -55,7 +57,7 @@ DataFileBuilder::DataFileBuilder(Encoding encoding, Mark mark)
     : _encoding(encoding)
 {
     if (mark == Mark::Written)
-        text(QStringLiteral("\uFEFF"));
+        text(u"\uFEFF"_s);
 }
 
 DataFileBuilder& DataFileBuilder::titleLine()
@@ -88,7 +90,7 @@ DataFileBuilder& DataFileBuilder::row(int itemCount)
 {
     QStringList values;
     for (int i = 1; i <= itemCount; ++i)
-        values << QStringLiteral("item %1").arg(i);
+        values << u"item %1"_s.arg(i);
     return line(values.join(u'\t'));
 }
 
@@ -99,7 +101,7 @@ DataFileBuilder& DataFileBuilder::blankLine()
 
 DataFileBuilder& DataFileBuilder::line(const QString& text)
 {
-    return this->text(text + QStringLiteral("\r\n"));
+    return this->text(text + u"\r\n"_s);
 }
 
 DataFileBuilder& DataFileBuilder::text(const QString& text)

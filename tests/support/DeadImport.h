@@ -13,6 +13,8 @@
 
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 // A package with a card, its backup, and what a program that died left of an import.
 struct DeadImport {
     using Stage = DBCImportJournal::Stage;
@@ -24,7 +26,7 @@ struct DeadImport {
             qFatal("no backup");
         original = snapshotOf(backup);
         const auto journal = DBCImportJournal::begin(package.path(), backup);
-        const bool isNoted = stage == Stage::Backup || journal->enterImport(QStringLiteral("NEW-"));
+        const bool isNoted = stage == Stage::Backup || journal->enterImport(u"NEW-"_s);
         if (!isNoted
             || (stage != Stage::Import && stage != Stage::Backup && !journal->enter(stage)))
             qFatal("no journal");
@@ -34,18 +36,15 @@ struct DeadImport {
     void hasNewCards(int count)
     {
         for (int number = 1; number <= count; ++number)
-            package.card({{"ZCARDID", QStringLiteral("NEW-%1").arg(number)}});
-        package.writeFile(QStringLiteral("Images/NEW-1_N1.pdf"), "new");
+            package.card({{"ZCARDID", u"NEW-%1"_s.arg(number)}});
+        package.writeFile(u"Images/NEW-1_N1.pdf"_s, "new");
     }
-    QString journalPath() const
-    {
-        return home.path(QStringLiteral(".Velmora DB.vmdb.velmora-import"));
-    }
+    QString journalPath() const { return home.path(u".Velmora DB.vmdb.velmora-import"_s); }
     bool hasJournal() const { return QFileInfo::exists(journalPath()); }
 
     StandardInputKeeper standardInput;
     TestHome home;
     PackageFixture package {home};
-    QString backup = home.path(QStringLiteral("Velmora DB_bak.vmdb"));
+    QString backup = home.path(u"Velmora DB_bak.vmdb"_s);
     QStringList original;
 };

@@ -6,11 +6,13 @@
 #include "tests/support/CapturedStandardError.h"
 #include "tests/support/TestHome.h"
 
+using namespace Qt::StringLiterals;
+
 class DebugLog {
 public:
     explicit DebugLog(const TestHome& home)
         : _preferences(home.writeFile(
-            QStringLiteral("home/Library/Preferences/com.velmora.VelmoraConverter.plist"),
+            u"home/Library/Preferences/com.velmora.VelmoraConverter.plist"_s,
             "<plist version=\"1.0\"><dict><key>Log Level</key><integer>0</integer></dict></plist>"))
     {
     }

@@ -9,6 +9,8 @@
 #include <fstream>
 #include <iterator>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QByteArray contentsOf(const std::filesystem::path& path, mode_t mode)
@@ -25,12 +27,11 @@ QString line(const std::filesystem::path& path, const std::filesystem::path& roo
 {
     struct stat status { };
     if (lstat(path.c_str(), &status) != 0)
-        return QStringLiteral("gone");
-    return QStringLiteral("%1 %2 %3.%4 %5")
-        .arg(QString::fromStdString(path.lexically_relative(root).native()),
-            QString::number(status.st_mode, 8), QString::number(status.st_mtim.tv_sec),
-            QString::number(status.st_mtim.tv_nsec),
-            QString::fromLatin1(contentsOf(path, status.st_mode).toHex()));
+        return u"gone"_s;
+    return u"%1 %2 %3.%4 %5"_s.arg(QString::fromStdString(path.lexically_relative(root).native()),
+        QString::number(status.st_mode, 8), QString::number(status.st_mtim.tv_sec),
+        QString::number(status.st_mtim.tv_nsec),
+        QString::fromLatin1(contentsOf(path, status.st_mode).toHex()));
 }
 
 } // namespace

@@ -6,13 +6,15 @@
 #include <QFile>
 #include <QStringEncoder>
 
+using namespace Qt::StringLiterals;
+
 InterchangeFolder::InterchangeFolder(const TestHome& home, const QString& name)
     : _home(home)
     , _name(name)
 {
     _home.makeFolder(relative(imageFolder()));
     _home.makeFolder(relative(attachmentFolder()));
-    version(QStringLiteral("Card Scanner"));
+    version(u"Card Scanner"_s);
 }
 
 QString InterchangeFolder::relative(const QString& fullPath) const
@@ -49,18 +51,18 @@ QString InterchangeFolder::dataFilePath() const
 InterchangeFolder& InterchangeFolder::version(const QString& product, const QString& version)
 {
     QStringEncoder utf16(QStringConverter::Utf16LE, QStringConverter::Flag::WriteBom);
-    return versionBytes(utf16(product + u'\t' + version + QStringLiteral("\r\n")));
+    return versionBytes(utf16(product + u'\t' + version + u"\r\n"_s));
 }
 
 InterchangeFolder& InterchangeFolder::versionBytes(const QByteArray& bytes)
 {
-    _home.writeFile(_name + QStringLiteral("/Version.txt"), bytes);
+    _home.writeFile(_name + u"/Version.txt"_s, bytes);
     return *this;
 }
 
 InterchangeFolder& InterchangeFolder::withoutVersion()
 {
-    QFile::remove(path() + QStringLiteral("/Version.txt"));
+    QFile::remove(path() + u"/Version.txt"_s);
     return *this;
 }
 

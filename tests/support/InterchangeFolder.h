@@ -13,10 +13,11 @@
 #include <QByteArray>
 #include <QString>
 
+using namespace Qt::StringLiterals;
+
 class InterchangeFolder {
 public:
-    explicit InterchangeFolder(
-        const TestHome& home, const QString& name = QStringLiteral("Interchange"));
+    explicit InterchangeFolder(const TestHome& home, const QString& name = u"Interchange"_s);
 
     QString path() const { return _home.path(_name); }
     QString imageFolder() const;
@@ -26,8 +27,7 @@ public:
     QString dataFilePath() const;
 
     // "Version.txt" of that product, in UTF-16 with its mark: product TAB version CR LF.
-    InterchangeFolder& version(
-        const QString& product, const QString& version = QStringLiteral("V1.0L10"));
+    InterchangeFolder& version(const QString& product, const QString& version = u"V1.0L10"_s);
     InterchangeFolder& versionBytes(const QByteArray& bytes);
     InterchangeFolder& withoutVersion();
 

@@ -13,6 +13,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Written out by hand, so that a slip in the program's own table shows.
@@ -101,29 +103,28 @@ QString cardTableSql(const PackageLayout& layout)
         if (layout.withoutColumns.contains(name))
             continue;
         const QString ownDefault = layout.columnDefaults.value(name);
-        columns << (ownDefault.isEmpty() ? column
-                                         : column + QStringLiteral(" DEFAULT ") + ownDefault);
+        columns << (ownDefault.isEmpty() ? column : column + u" DEFAULT "_s + ownDefault);
     }
-    return QStringLiteral("CREATE TABLE ZCARD (%1)").arg(columns.join(QStringLiteral(", ")));
+    return u"CREATE TABLE ZCARD (%1)"_s.arg(columns.join(u", "_s));
 }
 
 QString storeSql(const PackageLayout& layout)
 {
-    return QStringLiteral("BEGIN;"
-                          "%1;"
-                          "CREATE INDEX ZCARD_ZOWNER_INDEX ON ZCARD (ZOWNER);"
-                          "CREATE TABLE ZFOLDER (Z_PK INTEGER PRIMARY KEY, Z_ENT INTEGER, "
-                          "Z_OPT INTEGER, ZTITLE VARCHAR);"
-                          "INSERT INTO ZFOLDER VALUES (1, 90, 3, 'Clients');"
-                          "CREATE TABLE Z_PRIMARYKEY (Z_ENT INTEGER PRIMARY KEY, Z_NAME VARCHAR, "
-                          "Z_SUPER INTEGER, Z_MAX INTEGER);"
-                          "INSERT INTO Z_PRIMARYKEY VALUES (%2, '%3', 0, 0), (90, 'Folder', 0, 1);"
-                          "CREATE TABLE Z_METADATA (Z_VERSION INTEGER PRIMARY KEY, "
-                          "Z_UUID VARCHAR(255), Z_PLIST BLOB);"
-                          "INSERT INTO Z_METADATA VALUES (1, "
-                          "'5F1B6B0C-2E43-4B7C-9A57-1D0F3F1C2A77', x'62706C6973743030');"
-                          "COMMIT")
-        .arg(cardTableSql(layout), QString::number(layout.entityNumber), layout.entityName);
+    return u"BEGIN;"
+           "%1;"
+           "CREATE INDEX ZCARD_ZOWNER_INDEX ON ZCARD (ZOWNER);"
+           "CREATE TABLE ZFOLDER (Z_PK INTEGER PRIMARY KEY, Z_ENT INTEGER, "
+           "Z_OPT INTEGER, ZTITLE VARCHAR);"
+           "INSERT INTO ZFOLDER VALUES (1, 90, 3, 'Clients');"
+           "CREATE TABLE Z_PRIMARYKEY (Z_ENT INTEGER PRIMARY KEY, Z_NAME VARCHAR, "
+           "Z_SUPER INTEGER, Z_MAX INTEGER);"
+           "INSERT INTO Z_PRIMARYKEY VALUES (%2, '%3', 0, 0), (90, 'Folder', 0, 1);"
+           "CREATE TABLE Z_METADATA (Z_VERSION INTEGER PRIMARY KEY, "
+           "Z_UUID VARCHAR(255), Z_PLIST BLOB);"
+           "INSERT INTO Z_METADATA VALUES (1, "
+           "'5F1B6B0C-2E43-4B7C-9A57-1D0F3F1C2A77', x'62706C6973743030');"
+           "COMMIT"_s.arg(
+               cardTableSql(layout), QString::number(layout.entityNumber), layout.entityName);
 }
 
 void bind(SQLite::Statement& statement, int index, const QVariant& value)
@@ -178,10 +179,10 @@ PackageFixture::PackageFixture(
     , _entityNumber(layout.entityNumber)
 {
     if (layout.imagesAndFilesFolders) {
-        home.makeFolder(name + QStringLiteral("/Images"));
-        home.makeFolder(name + QStringLiteral("/Files"));
+        home.makeFolder(name + u"/Images"_s);
+        home.makeFolder(name + u"/Files"_s);
     }
-    writeFile(QStringLiteral("Version.txt"), QByteArrayLiteral("Velmora\t1.1.20\r\n"));
+    writeFile(u"Version.txt"_s, QByteArrayLiteral("Velmora\t1.1.20\r\n"));
     SQLite::Database store = openStore(storePath(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
     if (layout.writeAheadLog)
         store.exec("PRAGMA journal_mode = WAL");
@@ -197,29 +198,26 @@ PackageFixture::Card PackageFixture::card(Values values)
 {
     ++_cards;
     QMap<QString, QVariant> row {
-        {QStringLiteral("ZCARDID"), QStringLiteral("CARD-%1").arg(_cards)},
-        {QStringLiteral("ZFULL_NAME"), QStringLiteral("Name %1").arg(_cards)},
-        {QStringLiteral("ZACCEPT_DATE"), 250'000'000.25 + _cards},
-        {QStringLiteral("ZDELETEDFLAG"), 0},
+        {u"ZCARDID"_s, u"CARD-%1"_s.arg(_cards)},
+        {u"ZFULL_NAME"_s, u"Name %1"_s.arg(_cards)},
+        {u"ZACCEPT_DATE"_s, 250'000'000.25 + _cards},
+        {u"ZDELETEDFLAG"_s, 0},
     };
     for (const auto& [column, value] : values)
         row[QString::fromLatin1(column)] = value;
-    row.insert({{QStringLiteral("Z_PK"), _cards}, {QStringLiteral("Z_ENT"), _entityNumber},
-        {QStringLiteral("Z_OPT"), 1}});
+    row.insert({{u"Z_PK"_s, _cards}, {u"Z_ENT"_s, _entityNumber}, {u"Z_OPT"_s, 1}});
 
-    const QStringList places(row.size(), QStringLiteral("?"));
-    execute(QStringLiteral("INSERT INTO ZCARD (%1) VALUES (%2)")
-                .arg(row.keys().join(u','), places.join(u',')),
+    const QStringList places(row.size(), u"?"_s);
+    execute(u"INSERT INTO ZCARD (%1) VALUES (%2)"_s.arg(row.keys().join(u','), places.join(u',')),
         row.values());
-    execute(QStringLiteral("UPDATE Z_PRIMARYKEY SET Z_MAX = ? WHERE Z_ENT = ?"),
-        {_cards, _entityNumber});
-    return Card(*this, row.value(QStringLiteral("ZCARDID")).toString());
+    execute(u"UPDATE Z_PRIMARYKEY SET Z_MAX = ? WHERE Z_ENT = ?"_s, {_cards, _entityNumber});
+    return Card(*this, row.value(u"ZCARDID"_s).toString());
 }
 
 PackageFixture::Card& PackageFixture::Card::set(const char* column, const QVariant& value)
 {
-    _package.execute(QStringLiteral("UPDATE ZCARD SET %1 = ? WHERE ZCARDID = ?")
-                         .arg(QString::fromLatin1(column)),
+    _package.execute(
+        u"UPDATE ZCARD SET %1 = ? WHERE ZCARDID = ?"_s.arg(QString::fromLatin1(column)),
         {value, _cardID});
     return *this;
 }
@@ -236,15 +234,15 @@ PackageFixture::Card& PackageFixture::Card::acceptedAt(double seconds)
 
 PackageFixture::Card& PackageFixture::Card::withPdf(const QByteArray& bytes)
 {
-    const QString name = _cardID + QStringLiteral("_N1.pdf");
-    _package.writeFile(QStringLiteral("Images/") + name, bytes);
+    const QString name = _cardID + u"_N1.pdf"_s;
+    _package.writeFile(u"Images/"_s + name, bytes);
     return set("ZFACE_IMAGE_FILE", name);
 }
 
 PackageFixture::Card& PackageFixture::Card::withAttachment(
     const QString& name, const QByteArray& bytes)
 {
-    _package.writeFile(QStringLiteral("Files/%1/%2").arg(_cardID, name), bytes);
+    _package.writeFile(u"Files/%1/%2"_s.arg(_cardID, name), bytes);
     return *this;
 }
 
@@ -324,7 +322,7 @@ QMap<QString, QByteArray> PackageFixture::contents() const
         QDirIterator::Subdirectories);
     while (entries.hasNext()) {
         const QString relative = entries.next().mid(_path.size() + 1);
-        if (relative != QStringLiteral(".VMLock.vmlk"))
+        if (relative != u".VMLock.vmlk"_s)
             result[relative] = entries.fileInfo().isDir() ? QByteArray() : readFile(relative);
     }
     return result;

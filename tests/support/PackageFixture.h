@@ -15,13 +15,15 @@
 #include <initializer_list>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 // What is unusual about a package; the default is an ordinary one. Besides what the program knows,
 // every store has tables and columns of the main application's own.
 struct PackageLayout {
     int entityNumber = 1; // of the entity Card
     QStringList withoutColumns = {}; // "ZMEMO"
     QMap<QString, QString> columnDefaults = {}; // "ZSTATUS" to the SQL text behind DEFAULT
-    QString entityName = QStringLiteral("Card");
+    QString entityName = u"Card"_s;
     bool writeAheadLog = false;
     bool imagesAndFilesFolders = true;
 };
@@ -57,10 +59,10 @@ public:
     };
 
     explicit PackageFixture(const TestHome& home, const PackageLayout& layout = {},
-        const QString& name = QStringLiteral("Velmora DB.vmdb"));
+        const QString& name = u"Velmora DB.vmdb"_s);
 
     QString path(const QString& relative = {}) const;
-    QString storePath() const { return path(QStringLiteral("Velmora.sqldb")); }
+    QString storePath() const { return path(u"Velmora.sqldb"_s); }
 
     // Adds a live card. Unless given, it has a cardID of its own ("CARD-1", "CARD-2", ...), an
     // accept date later than that of the card before, and a name.

@@ -9,6 +9,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 struct RecordingReceiver : DBCEventReceiver {
     void refreshProgress(const DBCEvent& event) override
     {
@@ -26,8 +28,7 @@ struct RecordingReceiver : DBCEventReceiver {
         QString line = event.publicName();
         const auto flag = [&](const char* name, const std::optional<bool>& value) {
             if (value)
-                line += u' ' + QString::fromLatin1(name) + u'='
-                    + (*value ? QStringLiteral("true") : QStringLiteral("false"));
+                line += u' ' + QString::fromLatin1(name) + u'=' + (*value ? u"true"_s : u"false"_s);
         };
         const auto count = [&](const char* name, const std::optional<qint64>& value) {
             if (value)

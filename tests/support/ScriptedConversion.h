@@ -17,6 +17,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 // What the substitutes do. Every hook may be empty; index counts from 0.
 struct ConversionScript {
     bool opens = true;
@@ -47,11 +49,11 @@ public:
         : _script(script)
     {
     }
-    ~ScriptedDataBase() override { _script.calls << QStringLiteral("close"); }
+    ~ScriptedDataBase() override { _script.calls << u"close"_s; }
 
     DBCResultCode backup() override
     {
-        _script.calls << QStringLiteral("backup");
+        _script.calls << u"backup"_s;
         if (_script.onBackup)
             _script.onBackup();
         setBackupDBPath(_script.backupPath);
@@ -59,24 +61,24 @@ public:
     }
     DBCResultCode restore() override
     {
-        _script.calls << QStringLiteral("restore");
+        _script.calls << u"restore"_s;
         return _script.restoreResult;
     }
     DBCResultCode save() override
     {
-        _script.calls << QStringLiteral("save");
+        _script.calls << u"save"_s;
         return _script.saveResult;
     }
     bool addDataToDataBase(const DBCRecord& record, const QString&, DBCError* errors) override
     {
-        _script.calls << QStringLiteral("add ") + record.textOrEmpty(DBCRecordKey::full_Name);
+        _script.calls << u"add "_s + record.textOrEmpty(DBCRecordKey::full_Name);
         const int index = _script.handled++;
         *errors = _script.onAdd ? _script.onAdd(index) : DBCError();
         return !*errors;
     }
     std::optional<std::vector<DBCRecord>> fetchCardDatas(DBCError* errors) override
     {
-        _script.calls << QStringLiteral("fetch");
+        _script.calls << u"fetch"_s;
         if (_script.fetchError)
             *errors = *_script.fetchError;
         if (_script.fetchesNothing)
@@ -86,7 +88,7 @@ public:
     std::optional<DBCRecord> exportData(
         const DBCRecord& record, const QString&, DBCError* errors) override
     {
-        _script.calls << QStringLiteral("export ") + record.textOrEmpty(DBCRecordKey::full_Name);
+        _script.calls << u"export "_s + record.textOrEmpty(DBCRecordKey::full_Name);
         const int index = _script.handled++;
         return _script.onExport ? _script.onExport(index, record, errors) : record;
     }
@@ -101,10 +103,10 @@ public:
         : _script(script)
     {
     }
-    ~ScriptedReader() override { _script.calls << QStringLiteral("release reader"); }
+    ~ScriptedReader() override { _script.calls << u"release reader"_s; }
     std::optional<std::vector<DBCRecord>> loadData(DBCError* error) override
     {
-        _script.calls << QStringLiteral("load");
+        _script.calls << u"load"_s;
         if (_script.onLoad)
             _script.onLoad();
         if (_script.loadError)
@@ -120,24 +122,23 @@ struct ScriptedConversion {
     explicit ScriptedConversion(OperationType type)
     {
         const bool isImport = type == OperationType::Import;
-        const QString chosen = home.makeFolder(QStringLiteral("interchange"));
-        package = home.makeFolder(QStringLiteral("Velmora DB.vmdb"));
+        const QString chosen = home.makeFolder(u"interchange"_s);
+        package = home.makeFolder(u"Velmora DB.vmdb"_s);
         controller = DBCConverterController::initWith(chosen, package, type);
-        folder = isImport ? chosen : chosen + u'/' + QStringLiteral("cards");
+        folder = isImport ? chosen : chosen + u'/' + u"cards"_s;
         controller->setFullPathFolder(folder);
         controller->setWindowController(&receiver);
         controller->setFactories(factories());
         if (isImport)
-            writeVersion(QStringLiteral("ACME\tV1.0L10\r\n"));
+            writeVersion(u"ACME\tV1.0L10\r\n"_s);
         else
-            home.makeFolder(QStringLiteral("interchange/cards"));
+            home.makeFolder(u"interchange/cards"_s);
     }
 
     // Has disk usage asked of a shell script instead of "du".
     void measuresBy(const QByteArray& shellCommands)
     {
-        const QString program
-            = home.writeFile(QStringLiteral("du"), "#!/bin/sh\n" + shellCommands + '\n');
+        const QString program = home.writeFile(u"du"_s, "#!/bin/sh\n" + shellCommands + '\n');
         if (!QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner))
             qFatal("cannot make the measuring script executable");
         host->diskUsageProgram = program;
@@ -147,7 +148,7 @@ struct ScriptedConversion {
     {
         return {
             .openDatabase = [this](const QString& path) -> std::unique_ptr<DBCDataBaseController> {
-                script.calls << QStringLiteral("open ") + QFileInfo(path).fileName();
+                script.calls << u"open "_s + QFileInfo(path).fileName();
                 if (script.onOpen)
                     script.onOpen();
                 if (!script.opens)
@@ -181,19 +182,16 @@ struct ScriptedConversion {
             bytes += static_cast<char>(unit.unicode() & 0xff);
             bytes += static_cast<char>(unit.unicode() >> 8);
         }
-        home.writeFile(QStringLiteral("interchange/Version.txt"), bytes);
+        home.writeFile(u"interchange/Version.txt"_s, bytes);
     }
 
     // A backup that a run would have made.
     void makesBackup()
     {
-        script.backupPath = home.makeFolder(QStringLiteral("Velmora DB_bak.vmdb"));
-        home.writeFile(QStringLiteral("Velmora DB_bak.vmdb/Velmora.sqldb"), "copy");
+        script.backupPath = home.makeFolder(u"Velmora DB_bak.vmdb"_s);
+        home.writeFile(u"Velmora DB_bak.vmdb/Velmora.sqldb"_s, "copy");
     }
-    bool hasBackup() const
-    {
-        return QFile::exists(home.path(QStringLiteral("Velmora DB_bak.vmdb")));
-    }
+    bool hasBackup() const { return QFile::exists(home.path(u"Velmora DB_bak.vmdb"_s)); }
 
     void cancelWhen(const QString& event)
     {
@@ -207,7 +205,7 @@ struct ScriptedConversion {
     // the further ones as they stand.
     QStringList log() const
     {
-        static const QRegularExpression head(QStringLiteral("^\\S+ \\S+ VelmoraConverter "));
+        static const QRegularExpression head(u"^\\S+ \\S+ VelmoraConverter "_s);
         QStringList lines = home.logText().split(u'\n', Qt::SkipEmptyParts);
         return lines.replaceInStrings(head, QString());
     }

@@ -7,12 +7,14 @@
 #include <QFile>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 TestHome::TestHome()
     : _oldHome(qgetenv("HOME"))
 {
     if (!_folder.isValid())
         qFatal("no temporary folder: %s", qPrintable(_folder.errorString()));
-    qputenv("HOME", QFile::encodeName(makeFolder(QStringLiteral("home"))));
+    qputenv("HOME", QFile::encodeName(makeFolder(u"home"_s)));
     DBCLocalizable::setLanguage(DBCLocalizable::Language::English);
 }
 
@@ -51,5 +53,5 @@ QByteArray TestHome::readFile(const QString& relative) const
 
 QString TestHome::logText() const
 {
-    return QString::fromUtf8(readFile(QStringLiteral("home/Library/Logs/VelmoraConverter.log")));
+    return QString::fromUtf8(readFile(u"home/Library/Logs/VelmoraConverter.log"_s));
 }
