@@ -5,7 +5,7 @@
 #include "cardimage/bitmap/DBCBitmapDrawing.h"
 #include "cardimage/jpeg/DBCJpegCodec.h"
 #include "cardimage/jpeg/DBCJpegProperties.h"
-#include "cardimage/pdf/DBCCardPdfDocument.h"
+#include "cardimage/pdf/DBCCardPageSize.h"
 #include "cardimage/pdf/DBCCardPdfWriter.h"
 #include "cardimage/pdf/DBCPdfMemory.h"
 #include "datafile/helpers/DBCCommonFunction.h"

@@ -29,11 +29,6 @@ std::optional<QString> composedAddress(const DBCRecord& record)
         record.textOrEmpty(DBCRecordKey::state));
 }
 
-bool isBlank(QStringView line)
-{
-    return isBlank(QString::fromRawData(line.data(), line.size()));
-}
-
 // What the items of each column are called in a warning.
 QStringList labelsFor(QStringList titles)
 {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "cardimage/jpeg/DBCJpegProperties.h"
-#include "cardimage/pdf/DBCCardPdfDocument.h"
+#include "cardimage/pdf/DBCCardPageSize.h"
 #include "fuzz/FuzzTarget.h"
 
 inline void judgeProperties(const std::optional<DBCJpegProperties>& properties)

@@ -36,16 +36,16 @@ QString stemOf(const QDateTime& started)
     return u"VelmoraConverter report "_s + QLocale::c().toString(started, u"yyyy-MM-dd HH.mm.ss"_s);
 }
 
-bool isTaken(const QString& stem)
+bool isStemTaken(const QString& stem)
 {
-    return ::isTaken(stem + pageSuffix()) || ::isTaken(stem + dataSuffix());
+    return isTaken(stem + pageSuffix()) || isTaken(stem + dataSuffix());
 }
 
 // Conversions may begin in the same second. "(02)", so that the names sort as they came.
 QString freeStem(const QString& stem)
 {
     QString candidate = stem;
-    for (int number = 2; isTaken(candidate); ++number)
+    for (int number = 2; isStemTaken(candidate); ++number)
         candidate = stem + u" (%1)"_s.arg(number, 2, 10, QChar(u'0'));
     return candidate;
 }

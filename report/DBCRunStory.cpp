@@ -70,7 +70,7 @@ void DBCRunStory::keep(const DBCLogEntry& entry)
         ++_leftOutCount;
 }
 
-DBCRunReport DBCRunStory::reportOf(const DBCConverterController::Outcome& outcome, Stop stop) const
+DBCRunReport DBCRunStory::reportOf(const DBCOutcome& outcome, Stop stop) const
 {
     DBCRunReport report;
     report.backupPath = outcome.backupPath;

@@ -23,7 +23,7 @@ public:
 
     enum class Stop : bool { NotAsked, Confirmed };
     // What the events and the log tell, to be completed with what was asked.
-    DBCRunReport reportOf(const DBCConverterController::Outcome& outcome, Stop stop) const;
+    DBCRunReport reportOf(const DBCOutcome& outcome, Stop stop) const;
 
 private:
     void take(const DBCLogEntry& entry) noexcept;

@@ -12,10 +12,6 @@
 
 struct DBCJpegProperties;
 
-// Points of the page that shows the picture at its resolution; its pixels where it tells none. A
-// picture whose Exif orientation is sideways has its page so, and is not turned itself.
-QSize pagePointSize(const DBCJpegProperties& properties);
-
 // The document of a card PDF, to be filled and written for one card after the other: making its
 // frame anew would take as long as writing it. The library's exceptions pass.
 class DBCCardPdfDocument {

@@ -5,6 +5,7 @@
 #include "datafile/records/DBCColumns.h"
 #include "datafile/records/DBCFileWriter.h"
 #include "fuzz/FuzzTarget.h"
+#include "text/DBCCharacterSets.h"
 
 #include <QStringView>
 
@@ -96,7 +97,7 @@ bool isPlain(const QString& value)
 bool isBlank(const DBCRecord& record)
 {
     return std::all_of(DBCColumns.begin(), DBCColumns.end(), [&record](const DBCColumn& column) {
-        return DBCChecker::isBlank(record.textOrEmpty(column.key).remove(u'\t'));
+        return isBlank(record.textOrEmpty(column.key).remove(u'\t'));
     });
 }
 

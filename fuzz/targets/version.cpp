@@ -3,13 +3,14 @@
 #include "datafile/helpers/DBCCommonFunction.h"
 #include "datafile/helpers/DBCTextEncoding.h"
 #include "fuzz/FuzzTarget.h"
+#include "text/DBCCharacterSets.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     static FuzzFile file("Version.txt");
     file.write(QByteArrayView(data, static_cast<qsizetype>(size)));
     const auto info = DBCCommonFunction::getVersionInfo(file.path());
-    const DBCResultCode code = DBCChecker::checkVersionInfo(info);
+    const DBCResultCode code = checkVersionInfo(info);
     if (!info) {
         mustHold(isFailure(code), "a file that cannot be read is refused");
         return 0;
@@ -24,6 +25,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     file.write(encodeText(QString(line).append(u"\r\nanother"), DBCTextEncoding::Utf16));
     mustHold(DBCCommonFunction::getVersionInfo(file.path()) == info,
         "the line that was written reads back the same");
-    mustHold(DBCChecker::checkVersionInfo(info) == code, "one version is judged alike");
+    mustHold(checkVersionInfo(info) == code, "one version is judged alike");
     return 0;
 }

@@ -10,20 +10,6 @@ using namespace Qt::StringLiterals;
 
 using Language = DBCLocalizable::Language;
 
-int main(int argc, char* argv[])
-{
-    QCoreApplication application(argc, argv);
-    // What a program started under another locale says, for environmentChoosesTheLanguage().
-    if (application.arguments().contains(u"--speak"_s)) {
-        const QString texts = getLocalString(u"IDS_BUTTON_MSG_YES"_s) + u'/'
-            + QCoreApplication::translate("QCommandLineParser", "Options:");
-        std::fputs(texts.toUtf8().constData(), stdout);
-        return 0;
-    }
-    tst_localizable test;
-    return QTest::qExec(&test, argc, argv);
-}
-
 class tst_localizable : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -186,5 +172,19 @@ private Q_SLOTS:
         QCOMPARE(getLocalString(key), key);
     }
 };
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication application(argc, argv);
+    // What a program started under another locale says, for environmentChoosesTheLanguage().
+    if (application.arguments().contains(u"--speak"_s)) {
+        const QString texts = getLocalString(u"IDS_BUTTON_MSG_YES"_s) + u'/'
+            + QCoreApplication::translate("QCommandLineParser", "Options:");
+        std::fputs(texts.toUtf8().constData(), stdout);
+        return 0;
+    }
+    tst_localizable test;
+    return QTest::qExec(&test, argc, argv);
+}
 
 #include "tst_localizable.moc"
