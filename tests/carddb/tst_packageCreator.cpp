@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCDataBaseController.h"
+#include "carddb/DBCPackageAttributes.h"
 #include "carddb/DBCPackageCreator.h"
 #include "carddb/store/DBCCard.h"
 #include "carddb/store/DBCManagedObjectContext.h"
@@ -42,7 +43,7 @@ private Q_SLOTS:
     void newPackageIsUsable()
     {
         QCOMPARE(DBCPackageCreator::create(packagePath()).outcome, Outcome::Created);
-        QCOMPARE(DBCChecker::checkDBAttributes(packagePath()), DBCResultCode::PackageUsable);
+        QCOMPARE(checkPackageAttributes(packagePath()), DBCResultCode::PackageUsable);
     }
 
     void versionFileNamesTheVersion()

@@ -638,7 +638,8 @@ private:
         return DBCManagedObjectContext::open(package.storePath(), _model);
     }
     // The cards' texts of one attribute, in the order of a fetch.
-    QStringList fetchTexts(const PackageFixture& package, Key key, DBCCardSelection selection) const
+    QStringList fetchTexts(const PackageFixture& package, Key key,
+        DBCCardSelection selection = DBCCardSelection::Live) const
     {
         QStringList texts;
         open(package)->fetchCards(selection, [&](const Card& card) {

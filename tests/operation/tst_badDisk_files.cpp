@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Copies, comparisons and questions about files where one kind of system call fails.
-#include "operation/DBCChecker.h"
 #include "operation/copy/DBCTreeComparison.h"
 #include "operation/copy/DBCTreeCopy.h"
 #include "system/DBCDescriptor.h"
@@ -8,6 +7,7 @@
 #include "system/DBCExtendedAttributes.h"
 #include "system/DBCHost.h"
 #include "system/DBCOpenInside.h"
+#include "system/DBCPathChecks.h"
 #include "system/DBCStandardDescriptors.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/FailingCall.h"
@@ -119,11 +119,10 @@ private Q_SLOTS:
         const Tree tree;
         const QString path = QFile::decodeName(tree.source);
         bool isTaken = false;
-        QVERIFY(
-            FailingCall(SYS_newfstatat, EIO).during([&] { isTaken = DBCChecker::isTaken(path); }));
+        QVERIFY(FailingCall(SYS_newfstatat, EIO).during([&] { isTaken = ::isTaken(path); }));
         QVERIFY(isTaken);
-        QVERIFY(!DBCChecker::isTaken(QFile::decodeName(tree.target)));
-        QVERIFY(!DBCChecker::isTaken(path + u"/file/below"_s));
+        QVERIFY(!::isTaken(QFile::decodeName(tree.target)));
+        QVERIFY(!::isTaken(path + u"/file/below"_s));
     }
 
     void ownerThatCannotBeKeptIsNoFailure()

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Stop = DBCRunStory::Stop;
-using Outcome = DBCConverterController::Outcome;
+using Outcome = DBCOutcome;
 
 struct Reports {
     Reports()

@@ -146,7 +146,8 @@ private:
 
     // What comes onto the terminal when the tabulator is pressed behind the program's name and
     // operands.
-    QString offered(const Shell& shell, const QString& operands, const QString& language) const
+    QString offered(
+        const Shell& shell, const QString& operands, const QString& language = u"en"_s) const
     {
         const QString completion = u"" VELMORA_SOURCE_DIR "/packaging/completions/%1"_s.arg(
             QLatin1String(shell.completion));
