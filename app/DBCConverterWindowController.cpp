@@ -3,9 +3,9 @@
 
 #include "app/DBCConverterWindowTexts.h"
 #include "app/DBCWindowFrame.h"
-#include "app/desktop/DBCFilePanels.h"
 #include "app/desktop/DBCPaths.h"
 #include "app/desktop/DBCWindowActivation.h"
+#include "app/dialogs/DBCFilePanels.h"
 #include "app/dialogs/DBCLocalizedWidgets.h"
 #include "app/dialogs/DBCLogViewer.h"
 #include "carddb/DBCPackageLayout.h"
