@@ -2,10 +2,10 @@
 #include "app/DBCConverterWindowController.h"
 
 #include "app/DBCConverterWindowTexts.h"
-#include "app/DBCMainWindowController.h"
-#include "app/desktop/DBCFilePanels.h"
+#include "app/DBCWindowFrame.h"
 #include "app/desktop/DBCPaths.h"
 #include "app/desktop/DBCWindowActivation.h"
+#include "app/dialogs/DBCFilePanels.h"
 #include "app/dialogs/DBCLocalizedWidgets.h"
 #include "app/dialogs/DBCLogViewer.h"
 #include "carddb/DBCPackageLayout.h"
@@ -55,7 +55,7 @@ QString standardPackage()
 } // namespace
 
 DBCConverterWindowController::DBCConverterWindowController(
-    DBCMainWindowController& mainWndCtrl, QAction& menuItemTerminate)
+    DBCWindowFrame& mainWndCtrl, QAction& menuItemTerminate)
     : _mainWndCtrl(mainWndCtrl)
     , _menuItemTerminate(menuItemTerminate)
     , _converterView(new QWidget(&mainWndCtrl))
@@ -265,7 +265,7 @@ void DBCConverterWindowController::return2MainWndAction()
 
 void DBCConverterWindowController::quitBtnAction()
 {
-    _mainWndCtrl.quitBtnAction();
+    _mainWndCtrl.close();
 }
 
 void DBCConverterWindowController::controlTextDidChange()

@@ -20,7 +20,7 @@
 
 class DBCBackupsDialog;
 class DBCCheckDialog;
-class DBCMainWindowController;
+class DBCWindowFrame;
 struct DBCConverterWindowTexts;
 class QAction;
 class QShortcut;
@@ -32,7 +32,7 @@ class DBCConverterView;
 class DBCConverterWindowController : public DBCEventReceiver {
 public:
     // Neither is owned; both outlive this object.
-    DBCConverterWindowController(DBCMainWindowController& mainWndCtrl, QAction& menuItemTerminate);
+    DBCConverterWindowController(DBCWindowFrame& mainWndCtrl, QAction& menuItemTerminate);
     ~DBCConverterWindowController() override;
 
     // Lays the screen out for the operation and shows it.
@@ -150,7 +150,7 @@ private:
     void _operationDidFinish(const DBCEvent& event);
     void _cancelWasAnswered(const DBCEvent& event);
 
-    DBCMainWindowController& _mainWndCtrl;
+    DBCWindowFrame& _mainWndCtrl;
     QAction& _menuItemTerminate;
     QWidget* _converterView; // owned by the window
     std::unique_ptr<Ui::DBCConverterView> _ui;

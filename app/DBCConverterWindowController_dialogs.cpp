@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The check of a folder and the list of backups, each in a dialog of its own.
 #include "app/DBCConverterWindowController.h"
-#include "app/DBCMainWindowController.h"
+#include "app/DBCWindowFrame.h"
 #include "app/dialogs/DBCBackupsDialog.h"
 #include "app/dialogs/DBCCheckDialog.h"
 #include "datafile/helpers/DBCLocalizable.h"

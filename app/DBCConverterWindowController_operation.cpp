@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // From the checks before an operation to its start, and its end when the program must end.
 #include "app/DBCConverterWindowController.h"
-#include "app/DBCMainWindowController.h"
+#include "app/DBCWindowFrame.h"
 #include "app/desktop/DBCPaths.h"
 #include "app/dialogs/DBCBackupsDialog.h"
 

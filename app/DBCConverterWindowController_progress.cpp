@@ -2,7 +2,7 @@
 // How the converter screen follows a running operation.
 #include "app/DBCConverterWindowController.h"
 #include "app/DBCConverterWindowTexts.h"
-#include "app/DBCMainWindowController.h"
+#include "app/DBCWindowFrame.h"
 #include "app/desktop/DBCDesktopNotification.h"
 #include "operation/log/DBCLog.h"
 #include "operation/messages/DBCMessage.h"

@@ -2,7 +2,7 @@
 // Which controls of the converter screen can be used when.
 #include "app/DBCConverterWindowController.h"
 #include "app/DBCConverterWindowTexts.h"
-#include "app/DBCMainWindowController.h"
+#include "app/DBCWindowFrame.h"
 #include "ui_DBCConverterView.h"
 
 #include <QAction>

@@ -2,9 +2,7 @@
 // The program's one window and its first screen: the choice between export and import.
 #pragma once
 
-#include "operation/DBCConverterController.h"
-
-#include <QMainWindow>
+#include "app/DBCWindowFrame.h"
 
 #include <memory>
 
@@ -16,22 +14,18 @@ namespace Ui {
 class DBCOperationView;
 }
 
-class DBCMainWindowController : public QMainWindow {
+class DBCMainWindowController final : public DBCWindowFrame {
     Q_OBJECT
 public:
     DBCMainWindowController();
     ~DBCMainWindowController() override;
 
-    // Shows the choice screen; its selection is kept.
-    void initMainWindow();
-    // Takes the screen that stands in the window away and puts view there; the window owns both.
-    void showView(QWidget* view);
+    void initMainWindow() override;
+    void showView(QWidget* view) override;
+    void setCloseBoxEnabled(bool isEnabled) override;
 
     void continueBtnAction();
     void quitBtnAction();
-
-    // While the close box is disabled the window cannot be closed, whoever asks.
-    void setCloseBoxEnabled(bool isEnabled);
 
     DBCConverterWindowController& converter() { return *_converterWndCtrl; }
 

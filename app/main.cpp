@@ -7,6 +7,7 @@
 #include "operation/log/DBCSettings.h"
 #include "system/DBCSignalWatcher.h"
 #include "system/DBCStandardDescriptors.h"
+#include "system/DBCUtf8Locale.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -76,7 +77,7 @@ int main(int argc, char** argv)
     // A terminal that goes away must not end an operation halfway.
     std::signal(SIGPIPE, SIG_IGN);
     const QByteArray activationToken = activationTokenOfStart();
-    const QApplication application(argc, argv);
+    const auto application = applicationInUtf8<QApplication>(argc, argv);
     QApplication::setApplicationName(u"VelmoraConverter"_s);
     QGuiApplication::setDesktopFileName(QString::fromLatin1(DBCSettings::bundleIdentifier));
 

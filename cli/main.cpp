@@ -7,6 +7,7 @@
 #include "cli/DBCTerminalPresenter.h"
 #include "operation/log/DBCLogObserver.h"
 #include "system/DBCStandardDescriptors.h"
+#include "system/DBCUtf8Locale.h"
 
 #include <QCoreApplication>
 
@@ -71,7 +72,7 @@ int main(int argc, char** argv)
     keepStandardDescriptorsOpen();
     // A reader of our output that goes away must not end an operation halfway.
     std::signal(SIGPIPE, SIG_IGN);
-    const QCoreApplication application(argc, argv);
+    const auto application = applicationInUtf8<QCoreApplication>(argc, argv);
 
     const auto parsed = parseCommandLine(QCoreApplication::arguments());
     const auto* request = std::get_if<DBCRequest>(&parsed);

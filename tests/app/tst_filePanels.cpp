@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The two panels that choose a path, as the screen opens them.
-#include "app/desktop/DBCFilePanels.h"
+#include "app/dialogs/DBCFilePanels.h"
 #include "tests/app/WindowFixture.h"
 
 #include <QDir>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/desktop/DBCFilePanels.h"
+#include "app/dialogs/DBCFilePanels.h"
 
 #include "app/desktop/DBCPaths.h"
 #include "carddb/DBCPackageLayout.h"

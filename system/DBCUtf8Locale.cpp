@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "system/DBCUtf8Locale.h"
+
+#include <QLocale>
+
+#include <clocale>
+#include <langinfo.h>
+
+namespace {
+
+constexpr const char* overrideVariable = "LC_ALL"; // comes before LC_CTYPE and LANG
+
+// The same question that the toolkit asks. A locale that is not installed counts as "C".
+bool isUserLocaleUtf8()
+{
+    std::setlocale(LC_ALL, "");
+    return qstricmp(nl_langinfo(CODESET), "UTF-8") == 0;
+}
+
+} // namespace
+
+DBCUtf8Locale::DBCUtf8Locale()
+{
+    if (isUserLocaleUtf8())
+        return;
+    // The first question makes the toolkit read the environment and keep the answer.
+    [[maybe_unused]] const QStringList languages = QLocale::system().uiLanguages();
+    if (qEnvironmentVariableIsSet(overrideVariable))
+        _userValue = qgetenv(overrideVariable);
+    qputenv(overrideVariable, "C.UTF-8");
+    _isReplaced = true;
+}
+
+DBCUtf8Locale::~DBCUtf8Locale()
+{
+    if (!_isReplaced)
+        return;
+    if (_userValue)
+        qputenv(overrideVariable, *_userValue);
+    else
+        qunsetenv(overrideVariable);
+}

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Creates the application object in a UTF-8 locale. The toolkit writes a warning to standard error
+// when the user's locale has another encoding or is not installed; our files and texts are UTF-8 in
+// every locale, so the warning would only disturb.
+#pragma once
+
+#include <QByteArray>
+
+#include <optional>
+
+// While an object lives, the environment names a UTF-8 locale if the user's own is none. Afterwards
+// the environment is as before, so that programs started later get the user's locale. The language
+// of the system locale is determined first and stays the user's. To be used on the main thread
+// before other threads are started.
+class DBCUtf8Locale {
+public:
+    DBCUtf8Locale();
+    ~DBCUtf8Locale();
+    DBCUtf8Locale(const DBCUtf8Locale&) = delete;
+    DBCUtf8Locale& operator=(const DBCUtf8Locale&) = delete;
+
+private:
+    bool _isReplaced = false;
+    std::optional<QByteArray> _userValue; // of LC_ALL; none: not set
+};
+
+// argc and argv have to outlive the application object.
+template <typename Application> Application applicationInUtf8(int& argc, char** argv)
+{
+    const DBCUtf8Locale locale;
+    return Application(argc, argv);
+}
