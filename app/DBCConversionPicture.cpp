@@ -195,7 +195,9 @@ void DBCConversionPicture::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     const QSize size = sizeHint();
     // Even numbers, as above.
-    painter.translate((width() - size.width()) / 4 * 2, (height() - size.height()) / 4 * 2);
+    const int left = (width() - size.width()) / 4 * 2;
+    const int top = (height() - size.height()) / 4 * 2;
+    painter.translate(left, top);
     const Pencil pencil(painter, palette());
     switch (_subject) {
     case Subject::Downwards:

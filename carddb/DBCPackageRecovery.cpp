@@ -26,7 +26,6 @@ using Search = DBCImportJournal::Search;
 
 DBCPackageRecovery::DBCPackageRecovery(const QString& package)
     : _package(DBCPackageLayout::withoutLink(package))
-    , _state(State::Nothing)
 {
     auto [search, journal] = DBCImportJournal::find(_package);
     if (search == Search::HeldByAnother)

@@ -41,5 +41,5 @@ private:
 
     QString _package;
     std::unique_ptr<DBCImportJournal> _journal; // null: none of a dead import
-    State _state;
+    State _state = State::Nothing;
 };

@@ -86,7 +86,7 @@ QString absolutePath(const QString& operand)
 {
     const QString path = QDir::current().absoluteFilePath(operand);
     if (path.split(u'/').contains(u".."_s)) {
-        const QString resolved = QFileInfo(path).canonicalFilePath();
+        QString resolved = QFileInfo(path).canonicalFilePath();
         if (!resolved.isEmpty())
             return resolved;
     }

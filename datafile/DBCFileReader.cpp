@@ -181,7 +181,7 @@ DBCError DBCFileReader::readNextRecord(Lengths lengths, std::optional<DBCRecord>
 // The title line, empty when there is none.
 QString DBCFileReader::readTitleLine()
 {
-    const QString line = _getNextLine().value_or(QStringView()).toString();
+    QString line = _getNextLine().value_or(QStringView()).toString();
     const QList<QStringView> items = _parseLineWithTab(line);
     if (items.isEmpty())
         return line;

@@ -30,7 +30,7 @@ namespace DBCPaths {
 
 QString usable(const QString& typedPath)
 {
-    const QString asTyped = DBCPreconditions::expandedPath(typedPath);
+    QString asTyped = DBCPreconditions::expandedPath(typedPath);
     if (QFileInfo::exists(asTyped))
         return asTyped;
     const QString trimmed = DBCPreconditions::expandedPath(typedPath.trimmed());

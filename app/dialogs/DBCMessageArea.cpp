@@ -51,8 +51,8 @@ void DBCMessageArea::showAttention(const QString& attention, const QString& text
 
 QColor DBCMessageArea::attentionColor(const QPalette& palette)
 {
-    return QColor(
-        palette.color(QPalette::Window).lightness() < middleLightness ? redOnDark : redOnLight);
+    const bool isDark = palette.color(QPalette::Window).lightness() < middleLightness;
+    return isDark ? redOnDark : redOnLight;
 }
 
 void DBCMessageArea::changeEvent(QEvent* event)

@@ -171,9 +171,9 @@ std::string DBCManagedObjectContext::insertStatement() const
         value += std::to_string(parameter++);
         const auto ownDefault = _description.columnDefaults.find(_model.columns()[i]);
         if (ownDefault != _description.columnDefaults.end())
-            value = "coalesce(" + value + ", (" + ownDefault->second + "))";
+            value.insert(0, "coalesce(").append(", (").append(ownDefault->second).append("))");
         if (DBCCardAttributes[i].kind == DBCAttributeKind::Number)
-            value = "coalesce(" + value + ", 0)";
+            value.insert(0, "coalesce(").append(", 0)");
         values.push_back(value);
     }
     return "INSERT INTO ZCARD (Z_PK, Z_ENT, Z_OPT, " + joined(_model.columns())

@@ -181,7 +181,7 @@ QString DBCFileWriter::cleaned(const QString& value)
 {
     static const QStringList deleted {u"\t"_s};
     static const QStringList replaced {u"\t"_s, u"\r\n"_s, u"\n"_s, u"\n"_s, u"\u2028"_s};
-    const QString trimmed = trimmedBy(value, blankAndNewLineCharacters()).toString();
+    QString trimmed = trimmedBy(value, blankAndNewLineCharacters()).toString();
     if (trimmed.isEmpty())
         return trimmed;
     return replaceSpecialChars(replaced, u" "_s, deleteSpecialCharater(deleted, trimmed));
