@@ -57,7 +57,7 @@ private Q_SLOTS:
             return true;
         };
         desk.press("restoreBtn");
-        QCOMPARE(stages.constFirst(), u"The backup [%1] is being looked at."_s.arg(desk.first));
+        QCOMPARE(stages.constFirst(), u"The backup [%1] is being read."_s.arg(desk.first));
         QVERIFY2(stages.contains(u"Restore of the card database is running."_s),
             qPrintable(stages.join(u'|')));
     }

@@ -152,7 +152,7 @@ private Q_SLOTS:
         QTest::addColumn<bool>("isJapanese");
         QTest::addColumn<QString>("title");
         QTest::newRow("English") << false << u"Check of the Interchange Folder"_s;
-        QTest::newRow("Japanese") << true << u"データフォルダのチェック"_s;
+        QTest::newRow("Japanese") << true << u"データフォルダーのチェック"_s;
     }
     void textsAreInTheLanguage()
     {

@@ -63,7 +63,7 @@ private Q_SLOTS:
     void folderThatIsNoDatabaseIsTold()
     {
         QVERIFY(problem(Subject::CardDatabase, _home->path())
-                    .startsWith(u"This folder is no card database."_s));
+                    .startsWith(u"This folder is not a card database."_s));
     }
 
     void hintFollowsTheTyping()

@@ -125,8 +125,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("fate");
         QTest::newRow("English") << Language::English << u"en"_s
                                  << u"Import finished, with warnings"_s
-                                 << QStringList({u"Line"_s, u"Name"_s, u"What was wrong"_s,
-                                        u"What became of it"_s})
+                                 << QStringList({u"Line"_s, u"Name"_s, u"Problem"_s,
+                                        u"Result"_s})
                                  << u"Transferred without this image."_s;
         QTest::newRow("Japanese") << Language::Japanese << u"ja"_s
                                   << text(u"インポートが終了しました (警告あり)")
@@ -243,7 +243,7 @@ private Q_SLOTS:
         const QMap<QString, QString> values = world.page().values;
         QCOMPARE(values.value(u"Interchange folder that was imported"_s), world.folder.path());
         QCOMPARE(values.value(u"Card database imported into"_s), world.package.path());
-        QCOMPARE(values.value(u"Backup from before"_s), world.backup());
+        QCOMPARE(values.value(u"Backup from before the operation"_s), world.backup());
         QCOMPARE(values.value(u"Log"_s), world.logs() + u"/VelmoraConverter.log"_s);
         QCOMPARE(values.value(u"Cards imported"_s), u"14 of 14"_s);
         QCOMPARE(values.value(u"Cards to look at"_s), u"12"_s);
@@ -288,7 +288,7 @@ private Q_SLOTS:
         QCOMPARE(page.title, u"Export finished, with warnings"_s);
         QCOMPARE(page.columns.constFirst(), u"Card"_s);
         QCOMPARE(page.values.value(u"Interchange folder exported to"_s), world.exported());
-        QVERIFY(!page.values.contains(u"Backup from before"_s));
+        QVERIFY(!page.values.contains(u"Backup from before the operation"_s));
         QCOMPARE(page.card(2).at(1), text(u"絵なし"));
         QCOMPARE(consequenceOf(world.data(), 2), u"withoutImages"_s);
         QVERIFY(world.data().value(u"backup"_s).isNull());
@@ -314,7 +314,7 @@ private Q_SLOTS:
             QString::number(world.presenter.numbers.constFirst())));
         QCOMPARE(page.card(MissingImage).at(3), u"Not imported."_s);
         QCOMPARE(page.card(NoNameAtAll + 1).at(1), text(u"最後"));
-        QCOMPARE(page.card(NoNameAtAll + 1).constLast(), u"Everything stopped here."_s);
+        QCOMPARE(page.card(NoNameAtAll + 1).constLast(), u"The operation stopped here."_s);
         const QJsonObject data = world.data();
         QCOMPARE(data.value(u"end"_s).toString(), u"failed"_s);
         QCOMPARE(data.value(u"messages"_s).toArray().first()[u"number"_s],
@@ -332,7 +332,7 @@ private Q_SLOTS:
         const QStringList card = world.page().card(3);
         QCOMPARE(card.size(), 4);
         QCOMPARE(card.at(1), u"(no name)"_s);
-        QCOMPARE(card.at(3), u"Everything stopped here."_s);
+        QCOMPARE(card.at(3), u"The operation stopped here."_s);
     }
 
     void cancelledImportSaysSo()
@@ -344,7 +344,7 @@ private Q_SLOTS:
 
         const ReadPage page = world.page();
         QCOMPARE(page.title, u"Import cancelled"_s);
-        QCOMPARE(page.values.value(u"Cards handled until then"_s), u"5 of 14"_s);
+        QCOMPARE(page.values.value(u"Cards processed before the end"_s), u"5 of 14"_s);
         QCOMPARE(page.card(MissingImage).at(3), u"Not imported."_s);
         QVERIFY(world.data().value(u"backup"_s).isNull());
     }

@@ -170,7 +170,7 @@ def restore_backup(window, package):
     window.reader.wait_until_hears(backup.name)
     press("alt+r")
     window.answer(RESTORE_BACKUP, "Return")
-    window.reader.wait_until_hears(f"is as it is in the backup [{backup.name}]")
+    window.reader.wait_until_hears(f"has been restored from the backup [{backup.name}]")
     assert cards_in(package) == cards_in(backup) == 0
     assert cards_in(package.with_name("Cards_bak1.vmdb")) == SAMPLE_CARDS
     wait_for("the backups in front", lambda: active_window() == "Backups")
