@@ -2,11 +2,11 @@
 #include "carddb/DBCBackupChange.h"
 
 #include "carddb/DBCBackupName.h"
-#include "carddb/DBCImportJournal.h"
 #include "carddb/DBCPackageAttributes.h"
 #include "carddb/DBCPackageBackups.h"
 #include "carddb/DBCPackageCopy.h"
 #include "carddb/DBCPackageGuard.h"
+#include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCPackageRecovery.h"
 #include "carddb/DBCPackageRestore.h"
@@ -30,7 +30,7 @@ namespace {
 
 using State = DBCPackageRecovery::State;
 using Use = DBCPackageGuard::Use;
-using Stage = DBCImportJournal::Stage;
+using Stage = DBCPackageJournal::Stage;
 using Outcome = DBCBackupChange::Outcome;
 
 DBCProblem problemAt(const QString& path, const char* key, const DBCMessageArguments& arguments)
@@ -186,10 +186,9 @@ DBCBackupChange::Problem DBCBackupChange::keepPackage()
 // The journal of the copy lets the next start clean up behind a program that was killed meanwhile.
 DBCBackupChange::Problem DBCBackupChange::copyPackageTo(const QString& target) const
 {
-    const auto journal = DBCImportJournal::begin(_package, target);
+    const auto journal = DBCPackageJournal::begin(_package, target);
     if (!journal)
-        return problemAt(
-            _package, "IDS_LOG_ERR_JOURNAL", {DBCHiddenName::importJournalOf(_package)});
+        return problemAt(_package, "IDS_LOG_ERR_JOURNAL", {DBCHiddenName::journalOf(_package)});
     const bool isCopied = DBCPackageCopy().copy(_package, target);
     if (!journal->end() || !isCopied)
         return problemAt(_package, "IDS_BACKUP_NOT_KEPT");
@@ -200,12 +199,11 @@ DBCBackupChange::Problem DBCBackupChange::copyPackageTo(const QString& target) c
 // program in between is asked whether to restore it.
 DBCBackupChange::Problem DBCBackupChange::putInPlace() const
 {
-    const auto journal = DBCImportJournal::begin(_package, _backup);
+    const auto journal = DBCPackageJournal::begin(_package, _backup);
     if (!journal || !journal->enter(Stage::Restore)) {
         if (journal)
             (void)journal->end();
-        return problemAt(
-            _package, "IDS_LOG_ERR_JOURNAL", {DBCHiddenName::importJournalOf(_package)});
+        return problemAt(_package, "IDS_LOG_ERR_JOURNAL", {DBCHiddenName::journalOf(_package)});
     }
     send(DBCEventName::DatabaseRestoreWillBegin);
     const bool isDone = DBCPackageRestore::restore(_package, _backup) == DBCResultCode::Success;

@@ -18,7 +18,7 @@
 
 class Card;
 class DBCCancelDelegate;
-class DBCImportJournal;
+class DBCPackageJournal;
 class DBCManagedObjectContext;
 class DBCManagedObjectModel;
 
@@ -127,5 +127,5 @@ private:
     QString _strDBPath;
     QString _strBackupDBPath;
     DBCCancelDelegate* _delegate = nullptr;
-    std::unique_ptr<DBCImportJournal> _journal; // null: no import has begun
+    std::unique_ptr<DBCPackageJournal> _journal; // null: no import has begun
 };

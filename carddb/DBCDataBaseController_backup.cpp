@@ -2,9 +2,9 @@
 #include "carddb/DBCDataBaseController.h"
 
 #include "carddb/DBCBackupName.h"
-#include "carddb/DBCImportJournal.h"
 #include "carddb/DBCPackageAttributes.h"
 #include "carddb/DBCPackageCopy.h"
+#include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCPackageRestore.h"
 #include "cardimage/DBCDiskUsage.h"
@@ -69,10 +69,10 @@ DBCResultCode DBCDataBaseController::backup()
 
 DBCResultCode DBCDataBaseController::backUpTo(const QString& target)
 {
-    _journal = DBCImportJournal::begin(_strDBPath, target);
+    _journal = DBCPackageJournal::begin(_strDBPath, target);
     if (!_journal) {
         DBCLog::error(
-            getLocalString(u"IDS_LOG_ERR_JOURNAL"_s, {DBCHiddenName::importJournalOf(_strDBPath)}));
+            getLocalString(u"IDS_LOG_ERR_JOURNAL"_s, {DBCHiddenName::journalOf(_strDBPath)}));
         return DBCResultCode::BackupFailure;
     }
     const bool isCopied = DBCPackageCopy(_delegate).copy(_strDBPath, target);
@@ -92,10 +92,10 @@ DBCResultCode DBCDataBaseController::restore()
         return DBCResultCode::GeneralFailure;
     // What the journal cannot take on a full disk leaves the stage before, which asks for the same.
     if (_journal)
-        (void)_journal->enter(DBCImportJournal::Stage::Restore);
+        (void)_journal->enter(DBCPackageJournal::Stage::Restore);
     const DBCResultCode code = DBCPackageRestore::restore(_strDBPath, _strBackupDBPath);
     if (_journal && code == DBCResultCode::Success)
-        (void)_journal->enter(DBCImportJournal::Stage::Restored);
+        (void)_journal->enter(DBCPackageJournal::Stage::Restored);
     return code;
 }
 
@@ -103,8 +103,8 @@ void DBCDataBaseController::endImport()
 {
     // No warning: the next start finds that all is well and removes it.
     if (_journal && !_journal->end()) {
-        DBCLog::info(getLocalString(
-            u"IDS_LOG_INF_JOURNAL_STAYS"_s, {DBCHiddenName::importJournalOf(_strDBPath)}));
+        DBCLog::info(
+            getLocalString(u"IDS_LOG_INF_JOURNAL_STAYS"_s, {DBCHiddenName::journalOf(_strDBPath)}));
     }
     _journal.reset();
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The card database where one kind of system call fails: a disk that goes bad at the worst moment.
-#include "carddb/DBCImportJournal.h"
 #include "carddb/DBCPackageCopy.h"
+#include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageRecovery.h"
 #include "carddb/DBCPackageRestore.h"
 #include "carddb/store/DBCCard.h"
@@ -20,7 +20,7 @@
 using namespace Qt::StringLiterals;
 
 using Key = DBCRecordKey;
-using Journal = DBCImportJournal;
+using Journal = DBCPackageJournal;
 
 namespace {
 
