@@ -3,7 +3,6 @@
 
 #include "carddb/DBCBackupName.h"
 #include "carddb/DBCPackageAttributes.h"
-#include "carddb/DBCPackageCopy.h"
 #include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCPackageRestore.h"
@@ -20,6 +19,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+using Outcome = DBCPackageCopy::Outcome;
 
 DBCResultCode checkSpaceForBackup(const QString& package, const QString& parent)
 {
@@ -64,26 +65,29 @@ DBCResultCode DBCDataBaseController::backup()
     const DBCResultCode spaceCode = checkSpaceForBackup(package, parent);
     if (spaceCode != DBCResultCode::Success)
         return spaceCode;
-    return backUpTo(*target);
+    const Outcome outcome = backUpTo(*target);
+    _isBackupCancelled = outcome == Outcome::Cancelled;
+    return outcome == Outcome::Copied ? DBCResultCode::Success : DBCResultCode::BackupFailure;
 }
 
-DBCResultCode DBCDataBaseController::backUpTo(const QString& target)
+DBCPackageCopy::Outcome DBCDataBaseController::backUpTo(const QString& target)
 {
     _journal = DBCPackageJournal::begin(_strDBPath, target);
     if (!_journal) {
         DBCLog::error(
             getLocalString(u"IDS_LOG_ERR_JOURNAL"_s, {DBCHiddenName::journalOf(_strDBPath)}));
-        return DBCResultCode::BackupFailure;
+        return Outcome::Failed;
     }
-    const bool isCopied = DBCPackageCopy(_delegate).copy(_strDBPath, target);
-    if (isCopied && _journal->enterImport(cardIDStart())) {
-        setBackupDBPath(target);
-        return DBCResultCode::Success;
-    }
-    if (isCopied)
+    Outcome outcome = DBCPackageCopy(_delegate).copy(_strDBPath, target);
+    if (outcome == Outcome::Copied && !_journal->enterImport(cardIDStart())) {
         DBCFileManager::defaultManager()->cleanFolder(target);
-    endImport();
-    return DBCResultCode::BackupFailure;
+        outcome = Outcome::Failed;
+    }
+    if (outcome == Outcome::Copied)
+        setBackupDBPath(target);
+    else
+        endImport();
+    return outcome;
 }
 
 DBCResultCode DBCDataBaseController::restore()

@@ -242,10 +242,10 @@ private Q_SLOTS:
         const TestHome home;
         const PackageFixture package(home);
         const QString copy = home.path(u"copy.vmdb"_s);
-        bool isCopied = true;
+        auto outcome = DBCPackageCopy::Outcome::Copied;
         QVERIFY(FailingCall(call, EIO).during(
-            [&] { isCopied = DBCPackageCopy().copy(package.path(), copy); }));
-        QVERIFY(!isCopied);
+            [&] { outcome = DBCPackageCopy().copy(package.path(), copy); }));
+        QCOMPARE(outcome, DBCPackageCopy::Outcome::Failed);
         QStringList names = entries(home.path());
         names.removeAll(u"home"_s);
         QCOMPARE(names, QStringList {u"Velmora DB.vmdb"_s});

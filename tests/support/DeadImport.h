@@ -22,7 +22,7 @@ struct DeadImport {
     explicit DeadImport(Stage stage)
     {
         package.card().withPdf(PdfBuilder::cardPdf({JpegBuilder(30, 20).bytes()}));
-        if (!DBCPackageCopy().copy(package.path(), backup))
+        if (DBCPackageCopy().copy(package.path(), backup) != DBCPackageCopy::Outcome::Copied)
             qFatal("no backup");
         original = snapshotOf(backup);
         const auto journal = DBCPackageJournal::begin(package.path(), backup);
