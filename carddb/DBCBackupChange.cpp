@@ -2,18 +2,18 @@
 #include "carddb/DBCBackupChange.h"
 
 #include "carddb/DBCBackupName.h"
-#include "carddb/DBCImportJournal.h"
 #include "carddb/DBCPackageAttributes.h"
 #include "carddb/DBCPackageBackups.h"
 #include "carddb/DBCPackageCopy.h"
 #include "carddb/DBCPackageGuard.h"
+#include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCPackageRecovery.h"
 #include "carddb/DBCPackageRestore.h"
 #include "carddb/DBCPackageVerifier.h"
 #include "cardimage/DBCDiskUsage.h"
 #include "datafile/helpers/DBCCommonFunction.h"
-#include "datafile/helpers/DBCLocalizable.h"
+#include "datafile/helpers/DBCProblemAt.h"
 #include "operation/base/DBCError.h"
 #include "operation/copy/DBCFileManager.h"
 #include "operation/copy/DBCTreeComparison.h"
@@ -30,17 +30,12 @@ namespace {
 
 using State = DBCPackageRecovery::State;
 using Use = DBCPackageGuard::Use;
-using Stage = DBCImportJournal::Stage;
+using Stage = DBCPackageJournal::Stage;
 using Outcome = DBCBackupChange::Outcome;
 
-DBCProblem problemAt(const QString& path, const char* key, const DBCMessageArguments& arguments)
+DBCProblem journalProblem(const QString& package)
 {
-    return {getLocalString(key, arguments), path};
-}
-
-DBCProblem problemAt(const QString& path, const char* key)
-{
-    return problemAt(path, key, {path});
+    return {getLocalString("IDS_LOG_ERR_JOURNAL", {DBCHiddenName::journalOf(package)}), package};
 }
 
 bool isLockedByMainApplication(const QString& package)
@@ -87,7 +82,7 @@ DBCBackupChange::Result DBCBackupChange::remove()
 DBCBackupChange::Problem DBCBackupChange::reasonNotToTouch()
 {
     if (_backup.isEmpty())
-        return problemAt(_package, "IDS_BACKUP_NO_SUCH", {_name, _package});
+        return DBCProblem {getLocalString("IDS_BACKUP_NO_SUCH", {_name, _package}), _package};
     // Before the guards, which it wants for itself.
     const State lastImport = DBCPackageRecovery(_package).state();
     if (lastImport == State::InUse)
@@ -108,14 +103,14 @@ DBCBackupChange::Problem DBCBackupChange::reasonNotToTouch()
 DBCBackupChange::Problem DBCBackupChange::reasonNotToRestore() const
 {
     if (auto damage = DBCPackageVerifier::verifyStore(_backup).firstProblem())
-        return problemAt(_backup, "IDS_BACKUP_DAMAGED", {_backup, damage->text});
+        return problemAt(_backup, "IDS_BACKUP_DAMAGED", {damage->text});
     // The package makes room before the backup is copied: no file of it may turn out to be
     // unreadable then.
     const QByteArray backup = QFile::encodeName(_backup);
     DBCTreeComparison reading;
     if (!reading.areEqual(backup, backup))
         return problemAt(
-            _backup, "IDS_BACKUP_UNREADABLE", {_backup, QFile::decodeName(reading.difference())});
+            _backup, "IDS_BACKUP_UNREADABLE", {QFile::decodeName(reading.difference())});
     if (checkPackageAttributes(_backup) != DBCResultCode::PackageUsable)
         return problemAt(_backup, "IDS_LOG_ERR_PACKAGE_ACCESS");
     return reasonNotToReplacePackage();
@@ -144,7 +139,7 @@ DBCBackupChange::Problem DBCBackupChange::checkSpace() const
         DBCError error;
         needed = std::max(needed, getSizeWithPath(path, &error));
         if (error)
-            return problemAt(path, "IDS_LOG_ERR_SIZE", {path, error.localizedDescription()});
+            return problemAt(path, "IDS_LOG_ERR_SIZE", {error.localizedDescription()});
     }
     const QString folder = QFileInfo(_package).path();
     if (!hasFreeBytes(folder, needed + DBCDiskSpaceMargin))
@@ -156,7 +151,7 @@ DBCBackupChange::Problem DBCBackupChange::reasonNotToRemove() const
 {
     if (isAnythingElseSound())
         return std::nullopt;
-    return problemAt(_backup, "IDS_BACKUP_LAST", {_backup, _package});
+    return problemAt(_backup, "IDS_BACKUP_LAST", {_package});
 }
 
 bool DBCBackupChange::isAnythingElseSound() const
@@ -186,12 +181,11 @@ DBCBackupChange::Problem DBCBackupChange::keepPackage()
 // The journal of the copy lets the next start clean up behind a program that was killed meanwhile.
 DBCBackupChange::Problem DBCBackupChange::copyPackageTo(const QString& target) const
 {
-    const auto journal = DBCImportJournal::begin(_package, target);
+    const auto journal = DBCPackageJournal::begin(_package, target);
     if (!journal)
-        return problemAt(
-            _package, "IDS_LOG_ERR_JOURNAL", {DBCHiddenName::importJournalOf(_package)});
-    const bool isCopied = DBCPackageCopy().copy(_package, target);
-    if (!journal->end() || !isCopied)
+        return journalProblem(_package);
+    const auto outcome = DBCPackageCopy().copy(_package, target);
+    if (!journal->end() || outcome != DBCPackageCopy::Outcome::Copied)
         return problemAt(_package, "IDS_BACKUP_NOT_KEPT");
     return std::nullopt;
 }
@@ -200,12 +194,11 @@ DBCBackupChange::Problem DBCBackupChange::copyPackageTo(const QString& target) c
 // program in between is asked whether to restore it.
 DBCBackupChange::Problem DBCBackupChange::putInPlace() const
 {
-    const auto journal = DBCImportJournal::begin(_package, _backup);
+    const auto journal = DBCPackageJournal::begin(_package, _backup);
     if (!journal || !journal->enter(Stage::Restore)) {
         if (journal)
             (void)journal->end();
-        return problemAt(
-            _package, "IDS_LOG_ERR_JOURNAL", {DBCHiddenName::importJournalOf(_package)});
+        return journalProblem(_package);
     }
     send(DBCEventName::DatabaseRestoreWillBegin);
     const bool isDone = DBCPackageRestore::restore(_package, _backup) == DBCResultCode::Success;
@@ -217,8 +210,8 @@ DBCBackupChange::Problem DBCBackupChange::putInPlace() const
     send(DBCEventName::DatabaseRestoreDidFinished, isDone);
     if (isDone)
         return std::nullopt;
-    return isBack ? problemAt(_backup, "IDS_BACKUP_PUT_BACK", {_backup, _package})
-                  : problemAt(_backup, "IDS_BACKUP_RESTORE_FAILED", {_backup, _package});
+    return isBack ? problemAt(_backup, "IDS_BACKUP_PUT_BACK", {_package})
+                  : problemAt(_backup, "IDS_BACKUP_RESTORE_FAILED", {_package});
 }
 
 bool DBCBackupChange::bringBackWhatStoodThere() const

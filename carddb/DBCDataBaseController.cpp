@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCDataBaseController.h"
 
-#include "carddb/DBCImportJournal.h"
+#include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/store/DBCManagedObjectContext.h"
 #include "carddb/store/DBCManagedObjectModel.h"

@@ -4,6 +4,7 @@
 // instance serves one operation on one thread; destroying it closes the store and the lock.
 #pragma once
 
+#include "carddb/DBCPackageCopy.h"
 #include "datafile/records/DBCRecord.h"
 #include "operation/base/DBCError.h"
 #include "text/DBCAddresses.h"
@@ -18,7 +19,7 @@
 
 class Card;
 class DBCCancelDelegate;
-class DBCImportJournal;
+class DBCPackageJournal;
 class DBCManagedObjectContext;
 class DBCManagedObjectModel;
 
@@ -83,6 +84,8 @@ public:
     // --- backup and restore ---
     std::optional<QString> _generateBackupDBPath() const;
     virtual DBCResultCode backup(); // Success, BackupFailure, NoSpaceForBackup or a measuring error
+    // Whether the last backup() failed because the delegate said to stop.
+    virtual bool isBackupCancelled() const { return _isBackupCancelled; }
     virtual DBCResultCode restore(); // Success, GeneralFailure (no backup) or RestoreFailure
     DBCResultCode removeBackupDB(); // always Success
     // Takes down the note of the import that backup() put up: nothing is left to restore, or
@@ -116,7 +119,7 @@ public:
 
 private:
     DBCError addCard(const DBCRecord& record, const QString& fromPath);
-    DBCResultCode backUpTo(const QString& target);
+    DBCPackageCopy::Outcome backUpTo(const QString& target);
     QString cardIDStart(); // of the cards that the open context makes
 
     std::unique_ptr<DBCManagedObjectModel> _managedObjectModel;
@@ -126,6 +129,7 @@ private:
     int _ilockFile = 0;
     QString _strDBPath;
     QString _strBackupDBPath;
+    bool _isBackupCancelled = false;
     DBCCancelDelegate* _delegate = nullptr;
-    std::unique_ptr<DBCImportJournal> _journal; // null: no import has begun
+    std::unique_ptr<DBCPackageJournal> _journal; // null: no import has begun
 };

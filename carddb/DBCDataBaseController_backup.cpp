@@ -2,9 +2,8 @@
 #include "carddb/DBCDataBaseController.h"
 
 #include "carddb/DBCBackupName.h"
-#include "carddb/DBCImportJournal.h"
 #include "carddb/DBCPackageAttributes.h"
-#include "carddb/DBCPackageCopy.h"
+#include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCPackageRestore.h"
 #include "cardimage/DBCDiskUsage.h"
@@ -20,6 +19,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+using Outcome = DBCPackageCopy::Outcome;
 
 DBCResultCode checkSpaceForBackup(const QString& package, const QString& parent)
 {
@@ -64,26 +65,29 @@ DBCResultCode DBCDataBaseController::backup()
     const DBCResultCode spaceCode = checkSpaceForBackup(package, parent);
     if (spaceCode != DBCResultCode::Success)
         return spaceCode;
-    return backUpTo(*target);
+    const Outcome outcome = backUpTo(*target);
+    _isBackupCancelled = outcome == Outcome::Cancelled;
+    return outcome == Outcome::Copied ? DBCResultCode::Success : DBCResultCode::BackupFailure;
 }
 
-DBCResultCode DBCDataBaseController::backUpTo(const QString& target)
+DBCPackageCopy::Outcome DBCDataBaseController::backUpTo(const QString& target)
 {
-    _journal = DBCImportJournal::begin(_strDBPath, target);
+    _journal = DBCPackageJournal::begin(_strDBPath, target);
     if (!_journal) {
         DBCLog::error(
-            getLocalString(u"IDS_LOG_ERR_JOURNAL"_s, {DBCHiddenName::importJournalOf(_strDBPath)}));
-        return DBCResultCode::BackupFailure;
+            getLocalString(u"IDS_LOG_ERR_JOURNAL"_s, {DBCHiddenName::journalOf(_strDBPath)}));
+        return Outcome::Failed;
     }
-    const bool isCopied = DBCPackageCopy(_delegate).copy(_strDBPath, target);
-    if (isCopied && _journal->enterImport(cardIDStart())) {
-        setBackupDBPath(target);
-        return DBCResultCode::Success;
-    }
-    if (isCopied)
+    Outcome outcome = DBCPackageCopy(_delegate).copy(_strDBPath, target);
+    if (outcome == Outcome::Copied && !_journal->enterImport(cardIDStart())) {
         DBCFileManager::defaultManager()->cleanFolder(target);
-    endImport();
-    return DBCResultCode::BackupFailure;
+        outcome = Outcome::Failed;
+    }
+    if (outcome == Outcome::Copied)
+        setBackupDBPath(target);
+    else
+        endImport();
+    return outcome;
 }
 
 DBCResultCode DBCDataBaseController::restore()
@@ -92,10 +96,10 @@ DBCResultCode DBCDataBaseController::restore()
         return DBCResultCode::GeneralFailure;
     // What the journal cannot take on a full disk leaves the stage before, which asks for the same.
     if (_journal)
-        (void)_journal->enter(DBCImportJournal::Stage::Restore);
+        (void)_journal->enter(DBCPackageJournal::Stage::Restore);
     const DBCResultCode code = DBCPackageRestore::restore(_strDBPath, _strBackupDBPath);
     if (_journal && code == DBCResultCode::Success)
-        (void)_journal->enter(DBCImportJournal::Stage::Restored);
+        (void)_journal->enter(DBCPackageJournal::Stage::Restored);
     return code;
 }
 
@@ -103,8 +107,8 @@ void DBCDataBaseController::endImport()
 {
     // No warning: the next start finds that all is well and removes it.
     if (_journal && !_journal->end()) {
-        DBCLog::info(getLocalString(
-            u"IDS_LOG_INF_JOURNAL_STAYS"_s, {DBCHiddenName::importJournalOf(_strDBPath)}));
+        DBCLog::info(
+            getLocalString(u"IDS_LOG_INF_JOURNAL_STAYS"_s, {DBCHiddenName::journalOf(_strDBPath)}));
     }
     _journal.reset();
 }

@@ -5,7 +5,7 @@
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCPackageVerifier.h"
 #include "cardimage/DBCDiskUsage.h"
-#include "datafile/helpers/DBCLocalizable.h"
+#include "datafile/helpers/DBCProblemAt.h"
 #include "operation/base/DBCError.h"
 #include "system/DBCFolderListing.h"
 
@@ -64,9 +64,7 @@ DBCBackupList DBCPackageBackups::list(const QString& givenPackage)
     const auto names = namesInFolder(folder, &error);
     if (!names) {
         const QString reason = QString::fromLocal8Bit(error.message().c_str());
-        return {{},
-            DBCProblem {
-                getLocalString(u"IDS_VERIFY_FOLDER_UNREADABLE"_s, {folder, reason}), folder}};
+        return {{}, problemAt(folder, "IDS_VERIFY_FOLDER_UNREADABLE", {reason})};
     }
     DBCBackupList found;
     for (const std::string& name : *names) {

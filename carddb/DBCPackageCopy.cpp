@@ -57,19 +57,52 @@ bool moveToFreeName(const QString& path, const QString& name)
 
 } // namespace
 
-bool DBCPackageCopy::copy(const QString& source, const QString& target)
+// Passes the questions of a copy on and remembers that an answer was to stop.
+class DBCPackageCopy::CancelWatch : public DBCCancelDelegate {
+public:
+    explicit CancelWatch(DBCCancelDelegate* delegate)
+        : _delegate(delegate)
+    {
+    }
+
+    bool isCancelled() const { return _isCancelled; }
+
+    bool checkIsNeedToConfirmCancelOperation() override
+    {
+        _isCancelled = _delegate && _delegate->checkIsNeedToConfirmCancelOperation();
+        return _isCancelled;
+    }
+    bool fileManager(
+        const DBCFileManager* manager, const QString& path, const QString& toPath) override
+    {
+        _isCancelled = _delegate && !_delegate->fileManager(manager, path, toPath);
+        return !_isCancelled;
+    }
+
+private:
+    DBCCancelDelegate* _delegate; // null: nobody is asked
+    bool _isCancelled = false;
+};
+
+DBCPackageCopy::Outcome DBCPackageCopy::copy(const QString& source, const QString& target)
+{
+    CancelWatch watch(_delegate);
+    cleanUpBeside(target);
+    if (copyWhole(source, target, watch))
+        return Outcome::Copied;
+    cleanUpBeside(target);
+    return watch.isCancelled() ? Outcome::Cancelled : Outcome::Failed;
+}
+
+bool DBCPackageCopy::copyWhole(const QString& source, const QString& target, CancelWatch& watch)
 {
     const QString unfinished = DBCHiddenName::unfinishedCopyOf(target);
-    cleanUpBeside(target);
-    const bool isWhole = copyFiles(source, unfinished) && isSame(source, unfinished)
-        && DBCDiskFlush::fileSystemOf(unfinished);
-    const bool hasMoved = isWhole && moveToFreeName(unfinished, target);
-    if (hasMoved && DBCDiskFlush::folder(QFileInfo(target).path()))
+    if (!copyFiles(source, unfinished, watch) || !isSame(source, unfinished, watch)
+        || !DBCDiskFlush::fileSystemOf(unfinished) || !moveToFreeName(unfinished, target))
+        return false;
+    if (DBCDiskFlush::folder(QFileInfo(target).path()))
         return true;
-
-    if (hasMoved)
-        DBCFileManager::defaultManager()->cleanFolder(target);
-    cleanUpBeside(target);
+    DBCFileManager::defaultManager()->cleanFolder(target);
     return false;
 }
 
@@ -83,30 +116,25 @@ void DBCPackageCopy::cleanUpBeside(const QString& target)
     }
 }
 
-bool DBCPackageCopy::copyFiles(const QString& source, const QString& target) const
+bool DBCPackageCopy::copyFiles(const QString& source, const QString& target, CancelWatch& watch)
 {
     DBCFileManager* manager = DBCFileManager::defaultManager();
     const auto putBack = qScopeGuard(
         [manager, previous = manager->delegate()] { manager->setDelegate(previous); });
-    manager->setDelegate(_delegate);
+    manager->setDelegate(&watch);
     const QFileInfo info(target);
     return manager->copyItemAtPath(source, info.path(), info.fileName(), 0, IsAsync::Yes, nullptr);
 }
 
-bool DBCPackageCopy::isSame(const QString& source, const QString& copy) const
+bool DBCPackageCopy::isSame(const QString& source, const QString& copy, CancelWatch& watch)
 {
-    bool isCancelled = false;
     DBCTreeComparison comparison({
-        .mayGoOn =
-            [&] {
-                isCancelled = _delegate && _delegate->checkIsNeedToConfirmCancelOperation();
-                return !isCancelled;
-            },
+        .mayGoOn = [&] { return !watch.checkIsNeedToConfirmCancelOperation(); },
         .mayDiffer = isIndexOfLog,
     });
     if (comparison.areEqual(QFile::encodeName(source), QFile::encodeName(copy)))
         return true;
-    if (!isCancelled) {
+    if (!watch.isCancelled()) {
         DBCLog::error(getLocalString(
             u"IDS_LOG_ERR_COPY_DIFFERS"_s, {source, QFile::decodeName(comparison.difference())}));
     }

@@ -16,16 +16,23 @@ public:
     {
     }
 
-    // False when the copy failed, was cancelled, or something stands at the target; the target's
-    // name and folder are then as they were.
-    bool copy(const QString& source, const QString& target);
+    enum class Outcome : quint8 {
+        Copied,
+        Cancelled, // the delegate said so; the target's name and folder are as they were
+        Failed, // something stands at the target, or the copy is not whole; as after a cancel
+    };
+
+    Outcome copy(const QString& source, const QString& target);
 
     // Removes what a killed program left of copies to this target.
     static void cleanUpBeside(const QString& target);
 
 private:
-    bool copyFiles(const QString& source, const QString& target) const;
-    bool isSame(const QString& source, const QString& copy) const;
+    class CancelWatch;
+
+    static bool copyWhole(const QString& source, const QString& target, CancelWatch& watch);
+    static bool copyFiles(const QString& source, const QString& target, CancelWatch& watch);
+    static bool isSame(const QString& source, const QString& copy, CancelWatch& watch);
 
     DBCCancelDelegate* _delegate;
 };

@@ -6,7 +6,7 @@
 #include "carddb/store/DBCManagedObjectModel.h"
 #include "datafile/helpers/DBCCommonFunction.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
-#include "datafile/helpers/DBCLocalizable.h"
+#include "datafile/helpers/DBCProblemAt.h"
 #include "datafile/helpers/DBCTextEncoding.h"
 #include "system/DBCPathChecks.h"
 
@@ -35,13 +35,6 @@ constexpr const char* emptyPropertyList
 std::filesystem::path nativePath(const QString& path)
 {
     return QFile::encodeName(path).toStdString();
-}
-
-DBCProblem problemAt(const QString& path, const char* key, const DBCMessageArguments& further = {})
-{
-    DBCMessageArguments arguments {path};
-    arguments.insert(arguments.end(), further.begin(), further.end());
-    return {getLocalString(key, arguments), path};
 }
 
 // The steps answer with the reason of their failure; empty: done.

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCPackageRecovery.h"
 
-#include "carddb/DBCImportJournal.h"
 #include "carddb/DBCPackageCopy.h"
 #include "carddb/DBCPackageGuard.h"
+#include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCPackageRestore.h"
 #include "carddb/store/DBCCard.h"
@@ -19,8 +19,8 @@
 
 namespace {
 
-using Stage = DBCImportJournal::Stage;
-using Search = DBCImportJournal::Search;
+using Stage = DBCPackageJournal::Stage;
+using Search = DBCPackageJournal::Search;
 
 } // namespace
 
@@ -28,7 +28,7 @@ DBCPackageRecovery::DBCPackageRecovery(const QString& package)
     : _package(DBCPackageLayout::withoutLink(package))
     , _state(State::Nothing)
 {
-    auto [search, journal] = DBCImportJournal::find(_package);
+    auto [search, journal] = DBCPackageJournal::find(_package);
     if (search == Search::HeldByAnother)
         _state = State::InUse;
     else if (search == Search::Unreadable)
@@ -43,7 +43,7 @@ DBCPackageRecovery::~DBCPackageRecovery() = default;
 
 QString DBCPackageRecovery::journalPath() const
 {
-    return DBCHiddenName::importJournalOf(_package);
+    return DBCHiddenName::journalOf(_package);
 }
 
 QString DBCPackageRecovery::backupPath() const

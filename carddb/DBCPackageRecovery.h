@@ -8,7 +8,7 @@
 
 #include <memory>
 
-class DBCImportJournal;
+class DBCPackageJournal;
 
 class DBCPackageRecovery {
 public:
@@ -40,6 +40,6 @@ private:
     bool cleanUp();
 
     QString _package;
-    std::unique_ptr<DBCImportJournal> _journal; // null: none of a dead import
+    std::unique_ptr<DBCPackageJournal> _journal; // null: none of a dead import
     State _state;
 };

@@ -40,7 +40,7 @@ try {
         return false;
     if (QFileInfo(package).isDir() && !DBCFileManager::defaultManager()->cleanFolder(package))
         return false;
-    return DBCPackageCopy().copy(backup, package);
+    return DBCPackageCopy().copy(backup, package) == DBCPackageCopy::Outcome::Copied;
 } catch (const std::exception&) {
     // Want of memory, mostly; the next attempt may have it.
     return false;

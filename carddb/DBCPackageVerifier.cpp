@@ -8,6 +8,7 @@
 #include "cardimage/pdf/DBCCardPdf.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
 #include "datafile/helpers/DBCLocalizable.h"
+#include "datafile/helpers/DBCProblemAt.h"
 #include "system/DBCFolderListing.h"
 #include "system/DBCHost.h"
 #include "system/DBCNameLookup.h"
@@ -49,13 +50,6 @@ QString messageOf(const std::error_code& error)
 QString messageOf(const SQLite::Exception& exception)
 {
     return QString::fromLocal8Bit(exception.what());
-}
-
-DBCProblem problemAt(const QString& path, const char* key, const QStringList& furtherArguments = {})
-{
-    DBCMessageArguments arguments {path};
-    arguments.insert(arguments.end(), furtherArguments.begin(), furtherArguments.end());
-    return {getLocalString(key, arguments), path};
 }
 
 // Asked of the standard library, because Qt takes the root folder where there is no other. A
@@ -324,13 +318,13 @@ void DBCPackageVerifier::checkForUnnamedEntries(
 }
 
 void DBCPackageVerifier::report(
-    const QString& path, const char* key, const QStringList& furtherArguments)
+    const QString& path, const char* key, const DBCMessageArguments& furtherArguments)
 {
     _problems.push_back(problemAt(path, key, furtherArguments));
 }
 
-void DBCPackageVerifier::reportCard(
-    const Card& card, const QString& path, const char* key, const QStringList& furtherArguments)
+void DBCPackageVerifier::reportCard(const Card& card, const QString& path, const char* key,
+    const DBCMessageArguments& furtherArguments)
 {
     DBCMessageArguments arguments {
         card.textOrEmpty(DBCRecordKey::full_Name), card.textOrEmpty(DBCRecordKey::cardID)};

@@ -5,10 +5,10 @@
 #pragma once
 
 #include "carddb/store/DBCManagedObjectModel.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "operation/base/DBCProblem.h"
 
 #include <QSet>
-#include <QStringList>
 
 #include <functional>
 
@@ -58,10 +58,11 @@ private:
     void noteNames(const Card& card);
     void checkForUnnamedEntries(const QString& folder, const QSet<QByteArray>& named);
 
-    void report(const QString& path, const char* key, const QStringList& furtherArguments = {});
+    void report(
+        const QString& path, const char* key, const DBCMessageArguments& furtherArguments = {});
     // The texts of cards take the card's name, its ID, and then the further arguments.
     void reportCard(const Card& card, const QString& path, const char* key,
-        const QStringList& furtherArguments);
+        const DBCMessageArguments& furtherArguments);
 
     QString _package;
     QString _storePath;

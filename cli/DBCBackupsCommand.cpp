@@ -2,7 +2,7 @@
 #include "cli/DBCCommands.h"
 
 #include "datafile/helpers/DBCLocalizable.h"
-#include "operation/DBCChosenBackup.h"
+#include "operation/DBCConfirmedBackupChange.h"
 
 #include <QFileInfo>
 
@@ -51,16 +51,16 @@ DBCCommandResult resultOf(const DBCBackupChange::Result& change, QStringList sum
 
 } // namespace
 
-DBCCommandResult keepBackups(const DBCRequest& request, DBCReporter& reporter)
+DBCCommandResult manageBackups(const DBCRequest& request, DBCReporter& reporter)
 {
     const QString package = request.paths.constFirst();
     if (const QString& name = request.backupToRestore; !name.isEmpty()) {
-        const auto change = restoreChosenBackup(
+        const auto change = restoreBackupIfConfirmed(
             package, name, [&](const DBCEvent& event) { reporter.event(event); });
         return resultOf(change, {getLocalString("IDS_BACKUP_RESTORED", {package, name})});
     }
     if (const QString& name = request.backupToDelete; !name.isEmpty())
         return resultOf(
-            deleteChosenBackup(package, name), {getLocalString("IDS_BACKUP_DELETED", {name})});
+            deleteBackupIfConfirmed(package, name), {getLocalString("IDS_BACKUP_DELETED", {name})});
     return listBackups(package, reporter);
 }

@@ -15,4 +15,4 @@ DBCCommandResult verifyPackage(const DBCRequest& request, DBCReporter& reporter)
 DBCCommandResult createPackage(const DBCRequest& request, DBCReporter& reporter);
 DBCCommandResult recoverPackage(const DBCRequest& request, DBCReporter& reporter);
 // Lists, restores or deletes.
-DBCCommandResult keepBackups(const DBCRequest& request, DBCReporter& reporter);
+DBCCommandResult manageBackups(const DBCRequest& request, DBCReporter& reporter);

@@ -40,7 +40,7 @@ DBCCommandResult runCommand(const DBCRequest& request, DBCReporter& reporter)
     case DBCCommand::Recover:
         return recoverPackage(request, reporter);
     case DBCCommand::Backups:
-        return keepBackups(request, reporter);
+        return manageBackups(request, reporter);
     }
     Q_UNREACHABLE();
 }

@@ -97,7 +97,7 @@ DBCError DBCConverterController::_backUp(DBCDataBaseController& database)
     _send({.name = DBCEventName::DatabaseBackupWillBegin});
     _logStart(backupLabel);
     const DBCResultCode result = database.backup();
-    if (_isStopRunning)
+    if (database.isBackupCancelled())
         return DBCError(DBCResultCode::CancelledByUser);
 
     const QString backupPath = database.backupDBPath();

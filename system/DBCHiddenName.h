@@ -13,6 +13,6 @@ QString unfinishedCopyOf(const QString& path);
 // What stood at path and is being removed.
 QString discarded(const QString& path);
 // The journal of an import into the package at path.
-QString importJournalOf(const QString& path);
+QString journalOf(const QString& path);
 
 } // namespace DBCHiddenName

@@ -5,7 +5,7 @@
 #include "app/dialogs/DBCLocalizedWidgets.h"
 #include "app/dialogs/DBCTableColumns.h"
 #include "datafile/helpers/DBCLocalizable.h"
-#include "operation/DBCChosenBackup.h"
+#include "operation/DBCConfirmedBackupChange.h"
 #include "ui_DBCBackupsView.h"
 
 #include <QScopedValueRollback>
@@ -151,8 +151,8 @@ void DBCBackupsDialog::start(Change change)
 Result DBCBackupsDialog::carryOut(Change change, const QString& package, const QString& name)
 {
     if (change == Change::Delete)
-        return deleteChosenBackup(package, name);
-    return restoreChosenBackup(package, name, [this](const DBCEvent& event) {
+        return deleteBackupIfConfirmed(package, name);
+    return restoreBackupIfConfirmed(package, name, [this](const DBCEvent& event) {
         QMetaObject::invokeMethod(this, [this, stage = event.name] { showStage(stage); });
     });
 }

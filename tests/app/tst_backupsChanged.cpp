@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What becomes of a package and its backups when one is restored or deleted in the window.
-#include "carddb/DBCImportJournal.h"
 #include "carddb/DBCPackageGuard.h"
+#include "carddb/DBCPackageJournal.h"
 #include "tests/app/BackupsDesk.h"
 
 #include <QDir>
@@ -148,7 +148,7 @@ private Q_SLOTS:
     {
         BackupsDesk desk;
         {
-            const auto journal = DBCImportJournal::begin(desk.package.path(), desk.backup);
+            const auto journal = DBCPackageJournal::begin(desk.package.path(), desk.backup);
             QVERIFY(journal->enterImport(u"NEW-"_s));
         }
         desk.presenter.answer = DBCAnswer::Alternate; // keep what is there, restore nothing

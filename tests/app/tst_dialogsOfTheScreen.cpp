@@ -26,7 +26,7 @@ struct Screen : WindowFixture {
     explicit Screen(OperationType type = OperationType::Import)
     {
         package.card();
-        if (!DBCPackageCopy().copy(package.path(), backup))
+        if (DBCPackageCopy().copy(package.path(), backup) != DBCPackageCopy::Outcome::Copied)
             qFatal("no backup");
         chosen = snapshotOf(backup);
         package.card();

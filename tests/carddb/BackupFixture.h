@@ -23,7 +23,8 @@ struct BackupFixture {
     // A copy of the package as it is now.
     QString backUp(const QString& name = u"Velmora DB_bak.vmdb"_s) const
     {
-        if (!DBCPackageCopy().copy(package.path(), home.path(name)))
+        if (DBCPackageCopy().copy(package.path(), home.path(name))
+            != DBCPackageCopy::Outcome::Copied)
             qFatal("no backup");
         return home.path(name);
     }

@@ -236,6 +236,7 @@ private Q_SLOTS:
         const QString pipe = _f->packagePath(u"zz-pipe"_s);
         QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
         QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
+        QVERIFY(!database().isBackupCancelled());
         expectNoBackup();
         QVERIFY(QFileInfo::exists(_f->package.storePath()));
     }
@@ -246,6 +247,7 @@ private Q_SLOTS:
         driver.cancels = true;
         database().setDelegate(&driver);
         QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
+        QVERIFY(database().isBackupCancelled());
         QVERIFY(driver.cancelQuestions > 0);
         expectNoBackup();
     }
@@ -256,6 +258,7 @@ private Q_SLOTS:
         driver.itemsAllowed = 2;
         database().setDelegate(&driver);
         QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
+        QVERIFY(database().isBackupCancelled());
         QCOMPARE(driver.items.size(), 3);
         expectNoBackup();
     }

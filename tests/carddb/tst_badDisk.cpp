@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The card database where one kind of system call fails: a disk that goes bad at the worst moment.
-#include "carddb/DBCImportJournal.h"
 #include "carddb/DBCPackageCopy.h"
+#include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageRecovery.h"
 #include "carddb/DBCPackageRestore.h"
 #include "carddb/store/DBCCard.h"
@@ -20,7 +20,7 @@
 using namespace Qt::StringLiterals;
 
 using Key = DBCRecordKey;
-using Journal = DBCImportJournal;
+using Journal = DBCPackageJournal;
 
 namespace {
 
@@ -242,10 +242,10 @@ private Q_SLOTS:
         const TestHome home;
         const PackageFixture package(home);
         const QString copy = home.path(u"copy.vmdb"_s);
-        bool isCopied = true;
+        auto outcome = DBCPackageCopy::Outcome::Copied;
         QVERIFY(FailingCall(call, EIO).during(
-            [&] { isCopied = DBCPackageCopy().copy(package.path(), copy); }));
-        QVERIFY(!isCopied);
+            [&] { outcome = DBCPackageCopy().copy(package.path(), copy); }));
+        QCOMPARE(outcome, DBCPackageCopy::Outcome::Failed);
         QStringList names = entries(home.path());
         names.removeAll(u"home"_s);
         QCOMPARE(names, QStringList {u"Velmora DB.vmdb"_s});

@@ -21,6 +21,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using Outcome = DBCPackageCopy::Outcome;
+
 // Does something before an item is copied, or when it is asked for a cancel.
 struct Meddler : DBCCancelDelegate {
     bool checkIsNeedToConfirmCancelOperation() override { return cancels && cancels(); }
@@ -42,7 +44,7 @@ struct Copying {
         before = everythingBeside();
     }
 
-    bool copy(DBCCancelDelegate* delegate = nullptr)
+    Outcome copy(DBCCancelDelegate* delegate = nullptr)
     {
         return DBCPackageCopy(delegate).copy(package.path(), target);
     }
@@ -77,7 +79,7 @@ private Q_SLOTS:
     void copyStandsUnderItsNameAndNothingElseIsLeft()
     {
         Copying copying;
-        QVERIFY(copying.copy());
+        QCOMPARE(copying.copy(), Outcome::Copied);
         QCOMPARE(snapshotOf(copying.target), snapshotOf(copying.package.path()));
         QCOMPARE(copying.everythingBeside(), copying.before + QStringList(u"copy.vmdb"_s));
         QVERIFY(copying.log.isEmpty());
@@ -93,7 +95,7 @@ private Q_SLOTS:
             QVERIFY(toPath.startsWith(copying.home.path(unfinished)));
             QVERIFY(!QFileInfo::exists(copying.target));
         };
-        QVERIFY(copying.copy(&meddler));
+        QCOMPARE(copying.copy(&meddler), Outcome::Copied);
         QVERIFY(items > 5);
     }
 
@@ -102,7 +104,7 @@ private Q_SLOTS:
         Copying copying;
         copying.home.writeFile(unfinished + u"/Velmora.sqldb"_s, "half");
         copying.home.writeFile(discarded + u"/Velmora.sqldb"_s, "old");
-        QVERIFY(copying.copy());
+        QCOMPARE(copying.copy(), Outcome::Copied);
         QCOMPARE(snapshotOf(copying.target), snapshotOf(copying.package.path()));
         QCOMPARE(copying.everythingBeside(), copying.before + QStringList(u"copy.vmdb"_s));
     }
@@ -111,7 +113,7 @@ private Q_SLOTS:
     {
         Copying copying;
         copying.home.writeFile(u"copy.vmdb/mine"_s, "mine");
-        QVERIFY(!copying.copy());
+        QCOMPARE(copying.copy(), Outcome::Failed);
         QCOMPARE(QDir(copying.target).entryList(QDir::Files), QStringList {u"mine"_s});
         QCOMPARE(copying.everythingBeside(), copying.before + QStringList(u"copy.vmdb"_s));
     }
@@ -121,7 +123,7 @@ private Q_SLOTS:
         Copying copying;
         Meddler meddler;
         meddler.cancels = [] { return true; };
-        QVERIFY(!copying.copy(&meddler));
+        QCOMPARE(copying.copy(&meddler), Outcome::Cancelled);
         QCOMPARE(copying.everythingBeside(), copying.before);
         QVERIFY(copying.log.isEmpty());
     }
@@ -136,7 +138,7 @@ private Q_SLOTS:
             return last.exists()
                 && last.lastModified() == QFileInfo(copying.package.path()).lastModified();
         };
-        QVERIFY(!copying.copy(&meddler));
+        QCOMPARE(copying.copy(&meddler), Outcome::Cancelled);
         QCOMPARE(copying.everythingBeside(), copying.before);
         QVERIFY(copying.log.isEmpty());
     }
@@ -155,7 +157,7 @@ private Q_SLOTS:
             QFile::remove(copying.home.path(unfinished) + u"/Images/new.pdf"_s);
             return false;
         };
-        QVERIFY(!copying.copy(&meddler));
+        QCOMPARE(copying.copy(&meddler), Outcome::Failed);
         QCOMPARE(copying.everythingBeside(), copying.before);
         QCOMPARE(copying.log.errors,
             QStringList {TransferFixture::text(
@@ -167,7 +169,7 @@ private Q_SLOTS:
         Copying copying;
         {
             const FileSizeLimit full(2000);
-            QVERIFY(!copying.copy());
+            QCOMPARE(copying.copy(), Outcome::Failed);
         }
         QCOMPARE(copying.everythingBeside(), copying.before);
     }
@@ -178,7 +180,7 @@ private Q_SLOTS:
         Copying copying;
         copying.target = copying.home.makeFolder(u"closed"_s) + u"/copy"_s;
         const ScopedMode mode(copying.home.path(u"closed"_s), S_IRUSR | S_IXUSR);
-        QVERIFY(!copying.copy());
+        QCOMPARE(copying.copy(), Outcome::Failed);
         QVERIFY(!QFileInfo::exists(copying.target));
     }
 
@@ -187,7 +189,7 @@ private Q_SLOTS:
         const AsOrdinaryUser user;
         Copying copying;
         const ScopedMode mode(copying.package.path(u"Files/CARD-1/a.txt"_s), 0);
-        QVERIFY(!copying.copy());
+        QCOMPARE(copying.copy(), Outcome::Failed);
         QCOMPARE(copying.everythingBeside(), copying.before);
     }
 
@@ -197,7 +199,7 @@ private Q_SLOTS:
         Meddler own;
         Meddler other;
         DBCFileManager::defaultManager()->setDelegate(&own);
-        QVERIFY(copying.copy(&other));
+        QCOMPARE(copying.copy(&other), Outcome::Copied);
         QCOMPARE(DBCFileManager::defaultManager()->delegate(), &own);
         DBCFileManager::defaultManager()->setDelegate(nullptr);
     }

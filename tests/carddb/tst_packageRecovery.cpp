@@ -14,7 +14,7 @@
 
 using namespace Qt::StringLiterals;
 
-using Stage = DBCImportJournal::Stage;
+using Stage = DBCPackageJournal::Stage;
 using State = DBCPackageRecovery::State;
 
 namespace {
@@ -219,7 +219,7 @@ private Q_SLOTS:
         const StandardInputKeeper keeper;
         const TestHome home;
         const PackageFixture package(home);
-        const auto journal = DBCImportJournal::begin(package.path(), home.path(u"bak.vmdb"_s));
+        const auto journal = DBCPackageJournal::begin(package.path(), home.path(u"bak.vmdb"_s));
         QCOMPARE(DBCPackageRecovery(package.path()).state(), State::InUse);
     }
 

@@ -32,7 +32,8 @@ struct Desk {
     }
     void backUp(const QString& name) const
     {
-        if (!DBCPackageCopy().copy(package.path(), home.path(name)))
+        if (DBCPackageCopy().copy(package.path(), home.path(name))
+            != DBCPackageCopy::Outcome::Copied)
             qFatal("no backup");
     }
     ProgramRun backups(const QStringList& options = {}) const

@@ -8,7 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-using Stage = DBCImportJournal::Stage;
+using Stage = DBCPackageJournal::Stage;
 
 namespace {
 
@@ -82,7 +82,7 @@ private Q_SLOTS:
     {
         const TestHome home;
         const PackageFixture package(home);
-        const auto running = DBCImportJournal::begin(package.path(), home.path(u"bak.vmdb"_s));
+        const auto running = DBCPackageJournal::begin(package.path(), home.path(u"bak.vmdb"_s));
         const ProgramRun run = ConvertProgram(home).run({u"recover"_s, package.path(), yes});
         QCOMPARE(run.exitCode, 3);
         QVERIFY(run.errors.contains(package.path()));

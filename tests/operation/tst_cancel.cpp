@@ -184,6 +184,7 @@ private Q_SLOTS:
         conversion.script.onBackup
             = [&] { QVERIFY(!conversion.controller->fileManager(nullptr, QString(), QString())); };
         conversion.script.backupResult = DBCResultCode::BackupFailure;
+        conversion.script.isBackupCancelled = true;
 
         QVERIFY(runOnItsOwnThread(*conversion.controller));
 
@@ -197,7 +198,7 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(conversion.package));
     }
 
-    void importCancelledAfterTheBackupWasWhole()
+    void importCancelledDuringTheBackupRemovesWhatIsAtTheBackupPath()
     {
         ScriptedConversion conversion(OperationType::Import);
         conversion.makesBackup();
@@ -206,6 +207,7 @@ private Q_SLOTS:
             conversion.controller->setConfirmCancelOperation(true);
             conversion.controller->checkIsNeedToConfirmCancelOperation();
         };
+        conversion.script.isBackupCancelled = true;
 
         QVERIFY(runOnItsOwnThread(*conversion.controller));
 

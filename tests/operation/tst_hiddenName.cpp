@@ -16,7 +16,7 @@ private:
     static QStringList namesFor(const QString& path)
     {
         return {DBCHiddenName::unfinishedCopyOf(path), DBCHiddenName::discarded(path),
-            DBCHiddenName::importJournalOf(path)};
+            DBCHiddenName::journalOf(path)};
     }
 
 private Q_SLOTS:

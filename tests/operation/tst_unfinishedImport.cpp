@@ -12,7 +12,7 @@
 
 using namespace Qt::StringLiterals;
 
-using Stage = DBCImportJournal::Stage;
+using Stage = DBCPackageJournal::Stage;
 
 namespace {
 
@@ -125,7 +125,7 @@ private Q_SLOTS:
         const TestHome home;
         const RecordingPresenter presenter;
         const PackageFixture package(home);
-        const auto journal = DBCImportJournal::begin(package.path(), home.path(u"bak.vmdb"_s));
+        const auto journal = DBCPackageJournal::begin(package.path(), home.path(u"bak.vmdb"_s));
         QCOMPARE(settleUnfinishedImport(package.path()), DBCSettlement::InUse);
         QVERIFY(presenter.questions.isEmpty());
     }

@@ -110,7 +110,7 @@ class DocumentedFacts(unittest.TestCase):
             self.assertTrue(list((self.world.path / block.argument).glob(pattern)), name)
 
     def _journal(self, block):
-        source = text_of("carddb/DBCImportJournal.cpp")
+        source = text_of("carddb/DBCPackageJournal.cpp")
         stages = re.findall(r'StageName \{Stage::\w+, QLatin1StringView\("(\w+)"\)', source)
         keys = re.findall(r'constexpr QLatin1StringView \w+Key\("(\w+)"\)', source)
         entries = [json.JSONDecoder().raw_decode(line)[0] for line in block.lines]

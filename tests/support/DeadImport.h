@@ -2,8 +2,8 @@
 // What an import that was killed leaves behind.
 #pragma once
 
-#include "carddb/DBCImportJournal.h"
 #include "carddb/DBCPackageCopy.h"
+#include "carddb/DBCPackageJournal.h"
 #include "tests/support/FolderSnapshot.h"
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/PackageFixture.h"
@@ -17,15 +17,15 @@ using namespace Qt::StringLiterals;
 
 // A package with a card, its backup, and what a program that died left of an import.
 struct DeadImport {
-    using Stage = DBCImportJournal::Stage;
+    using Stage = DBCPackageJournal::Stage;
 
     explicit DeadImport(Stage stage)
     {
         package.card().withPdf(PdfBuilder::cardPdf({JpegBuilder(30, 20).bytes()}));
-        if (!DBCPackageCopy().copy(package.path(), backup))
+        if (DBCPackageCopy().copy(package.path(), backup) != DBCPackageCopy::Outcome::Copied)
             qFatal("no backup");
         original = snapshotOf(backup);
-        const auto journal = DBCImportJournal::begin(package.path(), backup);
+        const auto journal = DBCPackageJournal::begin(package.path(), backup);
         const bool isNoted = stage == Stage::Backup || journal->enterImport(u"NEW-"_s);
         if (!isNoted
             || (stage != Stage::Import && stage != Stage::Backup && !journal->enter(stage)))

@@ -28,6 +28,7 @@ struct ConversionScript {
     std::optional<DBCError> fetchError;
     QString backupPath; // none: the backup leaves no path
     DBCResultCode backupResult = DBCResultCode::Success;
+    bool isBackupCancelled = false;
     DBCResultCode restoreResult = DBCResultCode::Success;
     DBCResultCode saveResult = DBCResultCode::Success;
 
@@ -59,6 +60,7 @@ public:
         setBackupDBPath(_script.backupPath);
         return _script.backupResult;
     }
+    bool isBackupCancelled() const override { return _script.isBackupCancelled; }
     DBCResultCode restore() override
     {
         _script.calls << u"restore"_s;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCChosenBackup.h"
+#include "operation/DBCConfirmedBackupChange.h"
 
 #include "carddb/DBCPackageBackups.h"
 #include "operation/DBCUnfinishedImport.h"
@@ -45,7 +45,7 @@ Result logged(const char* label, const QString& name, const std::function<Result
 
 } // namespace
 
-Result restoreChosenBackup(
+Result restoreBackupIfConfirmed(
     const QString& package, const QString& name, const DBCBackupChange::Events& events)
 {
     switch (settleUnfinishedImport(package)) {
@@ -67,7 +67,7 @@ Result restoreChosenBackup(
         "IDS_LBL_RESTORE", name, [&] { return DBCBackupChange(package, name).restore(events); });
 }
 
-Result deleteChosenBackup(const QString& package, const QString& name)
+Result deleteBackupIfConfirmed(const QString& package, const QString& name)
 {
     const auto backup = find(package, name);
     if (backup && !isConfirmed("IDS_MSG_BACKUP_DELETE", package, *backup))

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "carddb/DBCImportJournal.h"
+#include "carddb/DBCPackageJournal.h"
 
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/FileSizeLimit.h"
@@ -19,11 +19,11 @@
 
 using namespace Qt::StringLiterals;
 
-using Journal = DBCImportJournal;
-using Stage = DBCImportJournal::Stage;
-using Search = DBCImportJournal::Search;
+using Journal = DBCPackageJournal;
+using Stage = DBCPackageJournal::Stage;
+using Search = DBCPackageJournal::Search;
 
-class tst_importJournal : public QObject {
+class tst_packageJournal : public QObject {
     Q_OBJECT
 
 private:
@@ -263,5 +263,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_importJournal)
-#include "tst_importJournal.moc"
+QTEST_GUILESS_MAIN(tst_packageJournal)
+#include "tst_packageJournal.moc"

@@ -13,7 +13,7 @@
 
 #include <memory>
 
-class DBCImportJournal {
+class DBCPackageJournal {
 public:
     enum class Stage : quint8 {
         None, // nothing has been changed
@@ -25,12 +25,12 @@ public:
 
     // Begins an import's journal and holds it for as long as the object lives. Null when there is
     // one already, or it could not be brought to the disk.
-    static std::unique_ptr<DBCImportJournal> begin(const QString& package, const QString& backup);
+    static std::unique_ptr<DBCPackageJournal> begin(const QString& package, const QString& backup);
 
     enum class Search : quint8 { None, HeldByAnother, Unreadable, Found };
     struct SearchResult {
         Search search;
-        std::unique_ptr<DBCImportJournal> journal; // held; null unless found
+        std::unique_ptr<DBCPackageJournal> journal; // held; null unless found
     };
     static SearchResult find(const QString& package);
 
@@ -47,7 +47,7 @@ public:
     QString cardIDStart() const { return _cardIDStart; }
 
 private:
-    DBCImportJournal(const QString& path, int descriptor);
+    DBCPackageJournal(const QString& path, int descriptor);
 
     bool append(const QByteArray& line);
     bool readStages();

@@ -6,7 +6,7 @@
 #include "carddb/DBCBackupChange.h"
 
 // An import that did not finish is settled first, which may ask, too.
-DBCBackupChange::Result restoreChosenBackup(
+DBCBackupChange::Result restoreBackupIfConfirmed(
     const QString& package, const QString& name, const DBCBackupChange::Events& events);
 
-DBCBackupChange::Result deleteChosenBackup(const QString& package, const QString& name);
+DBCBackupChange::Result deleteBackupIfConfirmed(const QString& package, const QString& name);
