@@ -234,9 +234,8 @@ void DBCConverterWindowController::_allCardsAreDone(const DBCEvent& event)
 void DBCConverterWindowController::_askToQuit(const DBCEvent& event)
 {
     _notifyUnwatched();
-    const DBCAnswer answer
-        = DBCMessage::ShowInfoMessage(QString::fromLatin1(_texts().quitQuestion.name),
-            DBCButton::Yes, DBCButton::No, QString(), {event.finishedCount.value_or(0)});
+    const DBCAnswer answer = DBCMessage::ShowInfoMessage(DBCMessage::keyOf(_texts().quitQuestion),
+        DBCButton::Yes, DBCButton::No, QString(), {event.finishedCount.value_or(0)});
     _IsCloseApp = answer == DBCAnswer::Default;
 }
 

@@ -23,7 +23,7 @@ struct DBCConverterWindowTexts {
     Key label; // the operation's name
     Key progress; // %1: percentage
     Key finishedCount; // %L1: count
-    Key quitQuestion; // %L1: count
+    DBCQuestionId quitQuestion;
 
     // Import's for any type but export.
     static const DBCConverterWindowTexts& of(OperationType type);

@@ -32,9 +32,7 @@ DBCAnswer answerOf(const QMessageBox& box)
 
 DBCAnswer unattendedAnswer(const DBCQuestion& question)
 {
-    const bool asksToCancel = question.key == QLatin1StringView("IDS_MSG_ERR_0315")
-        || question.key == QLatin1StringView("IDS_MSG_ERR_0210");
-    return asksToCancel ? DBCAnswer::Default : DBCAnswer::Alternate;
+    return question.asksToCancel() ? DBCAnswer::Default : DBCAnswer::Alternate;
 }
 
 } // namespace
@@ -84,7 +82,10 @@ DBCAnswer DBCWindowPresenter::askQuestion(const DBCQuestion& question)
 void DBCWindowPresenter::showErrorSheet(QWindow* /*window*/, quint32 /*number*/,
     const QString& title, const QString& text, const std::function<void()>& ended)
 {
-    openSheet(makeErrorBox(title, text), [ended](int) { ended(); });
+    openSheet(makeErrorBox(title, text), [ended](int) {
+        if (ended)
+            ended();
+    });
 }
 
 void DBCWindowPresenter::askQuestionSheet(QWindow* /*window*/, const DBCQuestion& question,
@@ -93,7 +94,8 @@ void DBCWindowPresenter::askQuestionSheet(QWindow* /*window*/, const DBCQuestion
     auto box = makeQuestionBox(question);
     const QMessageBox* const asked = box.get();
     openSheet(std::move(box), [asked, ended, dismissed](int) {
-        ended(answerOf(*asked));
+        if (ended)
+            ended(answerOf(*asked));
         if (dismissed)
             dismissed();
     });

@@ -25,10 +25,11 @@ std::optional<DBCBackup> find(const QString& package, const QString& name)
     return path ? std::optional(DBCPackageBackups::describe(*path)) : std::nullopt;
 }
 
-bool isConfirmed(const char* key, const QString& package, const DBCBackup& backup)
+bool isConfirmed(DBCQuestionId question, const QString& package, const DBCBackup& backup)
 {
-    const DBCAnswer answer = DBCMessage::ShowInfoMessage(QString::fromLatin1(key), DBCButton::Yes,
-        DBCButton::No, {}, {backup.name(), backup.dateText(), cardsIn(backup), package});
+    const DBCAnswer answer
+        = DBCMessage::ShowInfoMessage(DBCMessage::keyOf(question), DBCButton::Yes, DBCButton::No,
+            {}, {backup.name(), backup.dateText(), cardsIn(backup), package});
     return answer == DBCAnswer::Default;
 }
 
@@ -61,7 +62,8 @@ Result restoreBackupIfConfirmed(
     }
     // What is missing or damaged is refused, so that there is nothing to ask.
     const auto backup = find(package, name);
-    if (backup && !backup->isDamaged() && !isConfirmed("IDS_MSG_BACKUP_RESTORE", package, *backup))
+    if (backup && !backup->isDamaged()
+        && !isConfirmed(DBCQuestionId::RestoreBackup, package, *backup))
         return {Outcome::NotConfirmed};
     return logged(
         "IDS_LBL_RESTORE", name, [&] { return DBCBackupChange(package, name).restore(events); });
@@ -70,7 +72,7 @@ Result restoreBackupIfConfirmed(
 Result deleteBackupIfConfirmed(const QString& package, const QString& name)
 {
     const auto backup = find(package, name);
-    if (backup && !isConfirmed("IDS_MSG_BACKUP_DELETE", package, *backup))
+    if (backup && !isConfirmed(DBCQuestionId::DeleteBackup, package, *backup))
         return {Outcome::NotConfirmed};
     return logged(
         "IDS_LBL_DELETE_BACKUP", name, [&] { return DBCBackupChange(package, name).remove(); });

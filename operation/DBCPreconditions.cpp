@@ -82,7 +82,7 @@ DBCPreconditions::DBCPreconditions(
 bool DBCPreconditions::_checkPrecondition()
 {
     _refusal = Refusal::None;
-    if (!checkMainApplicationVersion() || !ask(u"IDS_MSG_ERR_0106"_s))
+    if (!checkMainApplicationVersion() || !ask(DBCQuestionId::BeginOperation))
         return false;
     if (!settleLastImport())
         return false;
@@ -154,7 +154,7 @@ bool DBCPreconditions::checkExportFolder()
 
 bool DBCPreconditions::removeOldExportFolder()
 {
-    if (!ask(u"IDS_MSG_ERR_0205"_s, {_exportFolder}))
+    if (!ask(DBCQuestionId::ReplaceExport, {_exportFolder}))
         return false;
     // Somebody who keeps the package there agreed to lose an old export, not the cards.
     const bool holdsThePackage = isInside(_databasePath, _exportFolder);
@@ -217,10 +217,10 @@ bool DBCPreconditions::refuse(quint32 number, const DBCMessageArguments& argumen
     return false;
 }
 
-bool DBCPreconditions::ask(const QString& messageKey, const DBCMessageArguments& arguments)
+bool DBCPreconditions::ask(DBCQuestionId question, const DBCMessageArguments& arguments)
 {
     const DBCAnswer answer = DBCMessage::ShowInfoMessage(
-        messageKey, DBCButton::Yes, DBCButton::No, QString(), arguments);
+        DBCMessage::keyOf(question), DBCButton::Yes, DBCButton::No, QString(), arguments);
     if (answer == DBCAnswer::Default)
         return true;
     _refusal = answer == DBCAnswer::NotShown ? Refusal::ByCheck : Refusal::ByUser;

@@ -53,7 +53,7 @@ private:
     bool checkPackage();
 
     bool refuse(quint32 number, const DBCMessageArguments& arguments = {});
-    bool ask(const QString& messageKey, const DBCMessageArguments& arguments = {});
+    bool ask(DBCQuestionId question, const DBCMessageArguments& arguments = {});
     bool isImport() const { return _operationType == OperationType::Import; }
 
     QString _dataPath;

@@ -11,8 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
-// In place of the one that starts "du": until it has become that program, a child process shares
-// its parent's memory, and the thread sanitizer takes what it does for this thread's doing.
+// Replaces the function that starts "du". A child process shares its parent's memory until it has
+// become that program, and the thread sanitizer takes the child's accesses for this thread's.
 quint64 getSizeWithPath(const QString& /*path*/, DBCError* /*outError*/)
 {
     return 0;
@@ -221,6 +221,7 @@ private Q_SLOTS:
     void cancelledImportThatCannotBeRestoredIsAnError()
     {
         ScriptedConversion conversion(OperationType::Import);
+        const DBCLocalizable::Substitute texts(shortTexts());
         conversion.makesBackup();
         conversion.hasCards(threeNames());
         conversion.presenter.answer = DBCAnswer::Default;
@@ -232,6 +233,7 @@ private Q_SLOTS:
         QCOMPARE(conversion.controller->outcome().code, DBCResultCode::RestoreFailure);
         QCOMPARE(conversion.presenter.numbers, QList<quint32> {311});
         QVERIFY(conversion.hasBackup());
+        QVERIFY(conversion.log().filter(u"end IMPORT"_s).isEmpty());
         QCOMPARE(conversion.receiver.events.mid(6),
             QStringList({u"DBC_DatabaseRestoreWillBeginNotification"_s,
                 u"DBC_DatabaseRestoreDidFinishedNotification ok=false"_s,

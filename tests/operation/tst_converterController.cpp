@@ -176,6 +176,51 @@ private Q_SLOTS:
         QVERIFY(conversion.log().isEmpty());
     }
 
+    void endLineMentionsWarningsOfTheDefaultLogOnly_data()
+    {
+        QTest::addColumn<bool>("isDefault");
+        QTest::addColumn<QString>("endLine");
+        QTest::newRow("warning in the default log") << true << u"end IMPORT|SEE LOG|1|1"_s;
+        QTest::newRow("warning in the operation's own") << false << u"end IMPORT| |1|1"_s;
+    }
+    void endLineMentionsWarningsOfTheDefaultLogOnly()
+    {
+        QFETCH(bool, isDefault);
+        QFETCH(QString, endLine);
+        ScriptedConversion conversion(OperationType::Import);
+        const DBCLocalizable::Substitute texts(shortTexts());
+        conversion.makesBackup();
+        conversion.hasCards({u"Sato"_s});
+        const QString own = conversion.home.path(u"other.log"_s);
+        conversion.controller->setLogFilePath(own);
+        conversion.script.onAdd = [&](int) {
+            DBCLog* const log = isDefault ? DBCLog::logInstance() : DBCLog::logInstance(own);
+            log->logWarning(u"no such image"_s);
+            return DBCError();
+        };
+
+        QVERIFY(conversion.controller->run());
+
+        const QString text = QString::fromUtf8(conversion.home.readFile(u"other.log"_s));
+        QVERIFY2(text.endsWith(endLine + u'\n'), qPrintable(text));
+    }
+
+    void operationIsFinishedOnlyAfterItsLastEvent()
+    {
+        ScriptedConversion conversion(OperationType::Import);
+        conversion.makesBackup();
+        QStringList early;
+        conversion.receiver.onEvent = [&](const DBCEvent& event) {
+            if (conversion.controller->isOperationFinished())
+                early << RecordingReceiver::describe(event);
+        };
+
+        QVERIFY(conversion.controller->run());
+
+        QCOMPARE(early, QStringList());
+        QVERIFY(conversion.controller->isOperationFinished());
+    }
+
     void exceptionEscapingASequenceIsMessage102()
     {
         ScriptedConversion conversion(OperationType::Import);

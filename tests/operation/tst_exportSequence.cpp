@@ -1,40 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The export's steps with a scripted database: what is sent, logged, shown, written and cleaned up
-// in each situation.
-#include "datafile/helpers/DBCInterchangeNames.h"
-#include "datafile/helpers/DBCLocalizable.h"
+// The steps of an export with a scripted database: what it sends, logs, shows, writes and removes.
 #include "operation/log/DBCLog.h"
-#include "tests/support/ScriptedConversion.h"
+#include "tests/operation/ScriptedExport.h"
 
 #include <QtTest>
 
 #include <stdexcept>
 
+#include <sys/syscall.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
+
+using Export = ScriptedExport;
 
 namespace {
 
-const QString exportBegins = u"DBC_ExportWillBeginNotification"_s;
-const QString endedWell = u"DBC_OperationDidFinishedNotification ok=true"_s;
-const QString endedBadly = u"DBC_OperationDidFinishedNotification ok=false"_s;
+// The export folder as it was when its file system was flushed.
+struct Flush {
+    QStringList names;
+    QByteArray data; // the data file
+};
 
-QString fetched(int max)
-{
-    return u"DBC_ExportDataFetchDidFinishedNotification max=%1 finished=0"_s.arg(max);
-}
-
-QString running(int max, int finished)
-{
-    return u"DBC_ExportIsRunningNotification max=%1 finished=%2"_s.arg(max).arg(finished);
-}
-
-QString finished(bool ok, int max, int count)
-{
-    return u"DBC_ExportDidFinishedNotification ok=%1 max=%2 finished=%3"_s
-        .arg(ok ? u"true"_s : u"false"_s)
-        .arg(max)
-        .arg(count);
-}
+std::vector<Flush>* flushes = nullptr; // null: they are not watched
+const ScriptedExport* watched = nullptr;
 
 // The bytes of a text in the data file's encoding, its mark included.
 QByteArray marked(const QString& text)
@@ -47,50 +36,17 @@ QByteArray marked(const QString& text)
     return bytes;
 }
 
-struct Export : ScriptedConversion {
-    Export()
-        : ScriptedConversion(OperationType::Export)
-    {
-    }
-    DBCLocalizable::Substitute texts {shortTexts()};
-
-    DBCResultCode code() const { return controller->outcome().code; }
-    QString startLine() const
-    {
-        return u"[Info] begin EXPORT From:[%1]  To:[%2]"_s.arg(package, folder);
-    }
-    QStringList logAfterSeparator() const { return log().mid(1); }
-    QString versionPath() const { return folder + u"/Version.txt"_s; }
-    QString dataPath() const { return DBCInterchangeNames::dataFile(folder); }
-    // The data file's lines; empty when there is none.
-    QStringList rows() const
-    {
-        const QByteArray bytes = bytesOf(dataPath());
-        const QString text = QString::fromUtf16(
-            reinterpret_cast<const char16_t*>(bytes.constData()), bytes.size() / 2);
-        return text.split(u"\r\n"_s, Qt::SkipEmptyParts);
-    }
-    static QByteArray bytesOf(const QString& path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-};
-
-// 10 KiB in images and 20 KiB in attachments; a path with "bad" in it cannot be measured.
-constexpr const char* tenKiBImagesTwentyKiBAttachments
-    = "case \"$3\" in *bad*) exit 1;; */Images/*) k=10;; */Files/*) k=20;; *) k=999;; esac\n"
-      "printf '%s\\t%s\\n' \"$k\" \"$3\"";
-
-DBCRecord storedCard(const QString& cardID)
-{
-    DBCRecord card;
-    card.setValue(DBCRecordKey::cardID, cardID);
-    card.setValue(DBCRecordKey::face_Image_File, QString());
-    return card;
-}
-
 } // namespace
+
+// Takes the place of the system's function in this program, and calls it.
+extern "C" int syncfs(int descriptor) noexcept
+{
+    if (flushes) {
+        flushes->push_back({QDir(watched->folder).entryList(QDir::Files, QDir::Name),
+            ScriptedExport::bytesOf(watched->dataPath())});
+    }
+    return static_cast<int>(syscall(SYS_syncfs, descriptor));
+}
 
 class tst_exportSequence : public QObject {
     Q_OBJECT
@@ -119,6 +75,24 @@ private Q_SLOTS:
         QCOMPARE(rows.at(1).section(u'\t', 3, 3), u"Sato"_s);
         QCOMPARE(rows.at(2).section(u'\t', 3, 3), u"Suzuki"_s);
         QCOMPARE(Export::bytesOf(exporting.versionPath()), marked(u"TELKA\tV1.0L10\r\n"_s));
+    }
+
+    void dataFileIsOnTheDiskBeforeTheVersionFileIsWritten()
+    {
+        Export exporting;
+        exporting.hasCards({u"Sato"_s});
+        std::vector<Flush> seen;
+        watched = &exporting;
+        flushes = &seen;
+
+        const bool isDone = exporting.controller->run();
+        flushes = nullptr;
+
+        QVERIFY(isDone);
+        QCOMPARE(seen.size(), std::size_t(2));
+        QCOMPARE(seen[0].names, QStringList(DBCInterchangeNames::dataFileName()));
+        QCOMPARE(seen[0].data, Export::bytesOf(exporting.dataPath()));
+        QVERIFY(seen[1].names.contains(u"Version.txt"_s));
     }
 
     void zeroCardsGiveAVersionFileAndNoTitleLine()
@@ -212,21 +186,6 @@ private Q_SLOTS:
         QVERIFY(exporting.presenter.numbers.isEmpty());
     }
 
-    void cardThatCannotBeMeasuredEndsTheExport()
-    {
-        Export exporting;
-        exporting.hasCards({u"Sato"_s});
-        exporting.script.records.at(0).setValue(DBCRecordKey::cardID, u"ID"_s);
-        exporting.home.writeFile(u"Velmora DB.vmdb/Files/ID/a.txt"_s, "a");
-        exporting.measuresBy("exit 1");
-
-        QVERIFY(!exporting.controller->run());
-
-        QCOMPARE(exporting.code(), DBCResultCode::SizeMeasureFailure);
-        QCOMPARE(exporting.presenter.numbers, QList<quint32> {208});
-        QVERIFY(!exporting.receiver.events.contains(fetched(1)));
-    }
-
     void missingExportFolderIsAnError()
     {
         Export exporting;
@@ -237,21 +196,6 @@ private Q_SLOTS:
 
         QCOMPARE(exporting.code(), DBCResultCode::FolderNotExist);
         QVERIFY(!QFile::exists(exporting.folder));
-    }
-
-    void tooLittleSpaceIsAnError()
-    {
-        Export exporting;
-        exporting.hasCards({u"Sato"_s});
-        exporting.host.setFreeBytes(0x80000 + 2843);
-        QVERIFY(!exporting.controller->run());
-        QCOMPARE(exporting.code(), DBCResultCode::NoSpace);
-        QCOMPARE(exporting.presenter.numbers, QList<quint32> {103});
-
-        Export enough;
-        enough.hasCards({u"Sato"_s});
-        enough.host.setFreeBytes(0x80000 + 2844);
-        QVERIFY(enough.controller->run());
     }
 
     void titleLineThatCannotBeWrittenIsAnError()
@@ -412,67 +356,6 @@ private Q_SLOTS:
         QVERIFY(!exporting.controller->_doExport(nullptr));
         QVERIFY(exporting.receiver.events.isEmpty());
         QVERIFY(exporting.log().isEmpty());
-    }
-
-    void estimateCountsRowImagesAndAttachments()
-    {
-        Export exporting;
-        exporting.measuresBy(tenKiBImagesTwentyKiBAttachments);
-        exporting.home.writeFile(u"Velmora DB.vmdb/Images/A_N1.pdf"_s, "pdf");
-        exporting.home.makeFolder(u"Velmora DB.vmdb/Files/A"_s);
-        DBCError error;
-
-        QCOMPARE(exporting.controller->estimateDiskSpaceForExport(
-                     {storedCard(u"A"_s), storedCard(u"B"_s)}, &error),
-            quint64 {2844 + 10240 + 20480 + 2844});
-        QVERIFY(!error);
-    }
-
-    void estimateLeavesOutWhatACardDoesNotName()
-    {
-        Export exporting;
-        exporting.measuresBy(tenKiBImagesTwentyKiBAttachments);
-        exporting.home.makeFolder(u"Velmora DB.vmdb/Images"_s);
-        exporting.home.makeFolder(u"Velmora DB.vmdb/Files"_s);
-        DBCError error;
-
-        QCOMPARE(exporting.controller->estimateDiskSpaceForExport(
-                     {DBCRecord(), storedCard(QString())}, &error),
-            quint64 {2844 + 2844});
-        QVERIFY(!error);
-    }
-
-    void estimateNeverLeavesThePackage()
-    {
-        Export exporting;
-        exporting.measuresBy(tenKiBImagesTwentyKiBAttachments);
-        exporting.home.makeFolder(u"Velmora DB.vmdb/Images"_s);
-        DBCRecord card = storedCard(u".."_s);
-        card.setValue(DBCRecordKey::face_Image_File, u"../../../.."_s);
-        DBCError error;
-
-        QCOMPARE(exporting.controller->estimateDiskSpaceForExport({card}, &error), quint64 {2844});
-    }
-
-    void estimateStopsAtTheFirstErrorWithTheCardsSoFar()
-    {
-        Export exporting;
-        exporting.measuresBy(tenKiBImagesTwentyKiBAttachments);
-        exporting.home.makeFolder(u"Velmora DB.vmdb/Files/bad"_s);
-        exporting.home.makeFolder(u"Velmora DB.vmdb/Files/C"_s);
-        DBCError error;
-
-        QCOMPARE(exporting.controller->estimateDiskSpaceForExport(
-                     {storedCard(u"A"_s), storedCard(u"bad"_s), storedCard(u"C"_s)}, &error),
-            quint64 {2844});
-        QCOMPARE(error.code(), DBCResultCode::SizeMeasureFailure);
-    }
-
-    void estimateWithoutErrorSlotIsZero()
-    {
-        Export exporting;
-        QCOMPARE(exporting.controller->estimateDiskSpaceForExport({storedCard(QString())}, nullptr),
-            0ULL);
     }
 
     void errorsBecomeTheirMessages_data()
