@@ -8,6 +8,7 @@
 #include "datafile/helpers/DBCProblemAt.h"
 #include "operation/base/DBCError.h"
 #include "system/DBCFolderListing.h"
+#include "system/DBCPathChecks.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,12 +20,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool isFolderItself(const QString& path)
-{
-    const QFileInfo info(path);
-    return info.isDir() && !info.isSymLink();
-}
 
 QDateTime timeOfMaking(const QFileInfo& folder)
 {
@@ -81,7 +76,7 @@ std::optional<QString> DBCPackageBackups::pathOf(const QString& givenPackage, co
     if (package.isEmpty() || !DBCBackupName::isOf(package, name))
         return std::nullopt;
     const QString path = QDir::cleanPath(QFileInfo(package).path() + u'/' + name);
-    return isFolderItself(path) ? std::optional(path) : std::nullopt;
+    return isFolderNotLink(path) ? std::optional(path) : std::nullopt;
 }
 
 DBCBackup DBCPackageBackups::describe(const QString& path)

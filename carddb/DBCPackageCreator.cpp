@@ -9,6 +9,7 @@
 #include "datafile/helpers/DBCProblemAt.h"
 #include "datafile/helpers/DBCTextEncoding.h"
 #include "system/DBCPathChecks.h"
+#include "system/DBCPathNames.h"
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Exception.h>
@@ -16,7 +17,6 @@
 #include <SQLiteCpp/Transaction.h>
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QUuid>
 
@@ -31,11 +31,6 @@ constexpr const char* cardEntityNumber = "1";
 // What the main application would note about its model is not known here; it adds that itself.
 constexpr const char* emptyPropertyList
     = R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict/></plist>)";
-
-std::filesystem::path nativePath(const QString& path)
-{
-    return QFile::encodeName(path).toStdString();
-}
 
 // The steps answer with the reason of their failure; empty: done.
 

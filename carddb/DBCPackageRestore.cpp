@@ -20,18 +20,11 @@ namespace {
 // A single refusal of the system is no reason to leave somebody without a package.
 constexpr int attempts = 2;
 
-bool isSameOrInside(const QString& path, const QString& folder)
-{
-    const QString inner = QFileInfo(path).canonicalFilePath();
-    const QString outer = QFileInfo(folder).canonicalFilePath();
-    return !outer.isEmpty() && (inner == outer || inner.startsWith(outer + u'/'));
-}
-
 // Removing the package would take a backup inside it along.
 bool isRestorable(const QString& backup, const QString& package)
 {
     return checkPackageAttributes(backup) == DBCResultCode::PackageUsable
-        && !isSameOrInside(backup, package);
+        && !isSameOrInside(package, backup);
 }
 
 bool tryToRestore(const QString& package, const QString& backup)

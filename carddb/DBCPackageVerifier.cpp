@@ -13,6 +13,7 @@
 #include "system/DBCHost.h"
 #include "system/DBCNameLookup.h"
 #include "system/DBCPathChecks.h"
+#include "system/DBCPathNames.h"
 #include "text/DBCCharacterSets.h"
 
 #include <SQLiteCpp/Database.h>
@@ -36,11 +37,6 @@ constexpr std::array storeFileSuffixes {"", "-wal", "-journal"};
 
 // A damaged store can yield thousands of findings; nobody needs more than the first.
 constexpr const char* integrityCheck = "PRAGMA integrity_check(5)";
-
-std::filesystem::path nativePath(const QString& path)
-{
-    return QFile::encodeName(path).toStdString();
-}
 
 QString messageOf(const std::error_code& error)
 {

@@ -13,6 +13,7 @@
 #include "operation/messages/DBCMessage.h"
 #include "system/DBCHost.h"
 #include "system/DBCMountTable.h"
+#include "system/DBCPathChecks.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -25,13 +26,6 @@ namespace {
 bool isFolder(const QString& path)
 {
     return !path.isEmpty() && QFileInfo(path).isDir();
-}
-
-// A folder inside itself is inside, too.
-bool isInside(const QString& path, const QString& folder)
-{
-    return (QFileInfo(path).canonicalFilePath() + u'/')
-        .startsWith(QFileInfo(folder).canonicalFilePath() + u'/');
 }
 
 QString joined(const QString& folder, const QString& name)
@@ -157,7 +151,7 @@ bool DBCPreconditions::removeOldExportFolder()
     if (!ask(DBCQuestionId::ReplaceExport, {_exportFolder}))
         return false;
     // Somebody who keeps the package there agreed to lose an old export, not the cards.
-    const bool holdsThePackage = isInside(_databasePath, _exportFolder);
+    const bool holdsThePackage = isSameOrInside(_exportFolder, _databasePath);
     return (!holdsThePackage && DBCFileManager::defaultManager()->cleanFolder(_exportFolder))
         || refuse(204, {_exportFolder});
 }

@@ -13,7 +13,7 @@
 
 namespace {
 
-bool isFolderItself(const char* name)
+bool isDotName(const char* name)
 {
     return qstrcmp(name, ".") == 0 || qstrcmp(name, "..") == 0;
 }
@@ -37,7 +37,7 @@ std::optional<std::vector<DBCFolderEntry>> entriesOfFolder(int folder)
     std::vector<DBCFolderEntry> entries;
     errno = 0; // readdir tells its end from an error by this alone
     while (const dirent* entry = readdir(listing.get())) {
-        if (!isFolderItself(entry->d_name))
+        if (!isDotName(entry->d_name))
             entries.push_back({entry->d_ino, entry->d_name});
         errno = 0;
     }

@@ -2,6 +2,7 @@
 #include "system/DBCNameLookup.h"
 
 #include "system/DBCFolderListing.h"
+#include "system/DBCPathNames.h"
 
 #include <QDir>
 #include <QFile>
@@ -29,11 +30,6 @@ QString foldedName(const QString& name)
         .normalized(QString::NormalizationForm_C);
 }
 
-bool isInside(const QString& path, const QString& folder)
-{
-    return path.startsWith(folder == QLatin1String("/") ? folder : folder + u'/');
-}
-
 // Judges one candidate after the other against the folder that must not be left.
 class CandidateCheck {
 public:
@@ -56,7 +52,7 @@ public:
         const QString resolved = QFileInfo(candidate).canonicalFilePath();
         if (resolved.isEmpty())
             return std::nullopt;
-        if (!isInside(resolved, QFileInfo(_folder).canonicalFilePath())) {
+        if (!pathBelow(QFileInfo(_folder).canonicalFilePath(), resolved)) {
             _ledOut = true;
             return std::nullopt;
         }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "system/DBCOpenInside.h"
 
+#include "system/DBCPathNames.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -12,12 +14,6 @@
 #include <sys/syscall.h>
 
 namespace {
-
-std::optional<QString> below(const QString& folder, const QString& path)
-{
-    const QString start = folder.endsWith(u'/') ? folder : folder + u'/';
-    return path.startsWith(start) ? std::optional(path.sliced(start.size())) : std::nullopt;
-}
 
 // The C library has no name for this call yet.
 int openBeneath(int folder, const QByteArray& path, int flags)
@@ -36,9 +32,9 @@ int openBeneath(int folder, const QByteArray& path, int flags)
 
 DBCDescriptor openInside(const QString& folder, const QString& path, int flags)
 {
-    std::optional<QString> rest = below(folder, path);
+    std::optional<QString> rest = pathBelow(folder, path);
     if (!rest)
-        rest = below(QFileInfo(folder).canonicalFilePath(), path);
+        rest = pathBelow(QFileInfo(folder).canonicalFilePath(), path);
     if (!rest) {
         errno = EXDEV;
         return DBCDescriptor(-1);

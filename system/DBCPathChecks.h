@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Questions about a path and the disk below it. None of them changes or reports anything.
+// Questions about a path that are answered by a look at the disk. None of them changes or reports
+// anything. Where a function takes two paths, the folder comes first.
 #pragma once
 
 #include <QString>
@@ -8,11 +9,19 @@
 // at all.
 bool hasFreeBytes(const QString& path, quint64 bytes);
 
-// Something stands at the path, be it a link that leads nowhere: nothing can be made there. True as
-// well when a failing disk cannot tell, because what may be there must not be taken for absent.
+// True when the path exists, even as a link that leads nowhere: nothing new can be made there. Also
+// true when a failing disk cannot answer, because a file that may be there must not count as
+// absent.
 bool isTaken(const QString& path);
 
 bool isWritableFolder(const QString& path);
+
+// True for a folder, false for a link to one.
+bool isFolderNotLink(const QString& path);
+
+// True when path is the folder or lies in it at any depth, once the links of both are resolved;
+// false when one of them does not exist.
+bool isSameOrInside(const QString& folder, const QString& path);
 
 // True when another process holds an flock() on the file; false for a missing file.
 bool isLockedByAnother(const QString& path);

@@ -4,6 +4,8 @@
 #include "operation/base/DBCCancelDelegate.h"
 #include "operation/copy/DBCTreeCopy.h"
 #include "system/DBCHiddenName.h"
+#include "system/DBCPathChecks.h"
+#include "system/DBCPathNames.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -32,15 +34,6 @@ bool isName(const QString& name)
     return !name.isEmpty() && name != u"." && name != u".." && !name.contains(u'/');
 }
 
-// Such a copy would never come to an end.
-bool isInside(const QString& folder, const QString& path)
-{
-    const auto canonical = [](const QString& name) {
-        return withoutTrailingSlashes(QFileInfo(name).canonicalFilePath()) + u'/';
-    };
-    return canonical(folder).startsWith(canonical(path));
-}
-
 // Where the copy goes; none when source and destination do not allow one.
 std::optional<QString> targetOfCopy(
     const QString& path, const QString& toPath, const QString& dstFileName)
@@ -48,20 +41,12 @@ std::optional<QString> targetOfCopy(
     const QString name = nameForCopy(path, dstFileName);
     if (path.isEmpty() || toPath.isEmpty() || !isName(name))
         return std::nullopt;
-    if (!QFileInfo::exists(path) || !QFileInfo(toPath).isDir() || isInside(toPath, path))
+    if (!QFileInfo::exists(path) || !QFileInfo(toPath).isDir())
+        return std::nullopt;
+    // The copy of a folder into itself would copy its own growing result and never end.
+    if (isSameOrInside(path, toPath))
         return std::nullopt;
     return withoutTrailingSlashes(toPath) + u'/' + name;
-}
-
-std::filesystem::path nativePath(const QString& path)
-{
-    return QFile::encodeName(path).toStdString();
-}
-
-bool isFolderItself(const std::filesystem::path& path)
-{
-    std::error_code error;
-    return std::filesystem::is_directory(std::filesystem::symlink_status(path, error));
 }
 
 bool removeAll(const std::filesystem::path& path)
@@ -116,10 +101,10 @@ bool DBCFileManager::copyWhileAsking(const QByteArray& source, const QByteArray&
 // NOLINTNEXTLINE(readability-convert-member-functions-to-static): asked of the shared instance
 bool DBCFileManager::cleanFolder(const QString& path)
 {
+    if (!isFolderNotLink(withoutTrailingSlashes(path)))
+        return false;
     const std::filesystem::path folder = nativePath(withoutTrailingSlashes(path));
     const std::filesystem::path discarded = nativePath(DBCHiddenName::discarded(path));
-    if (!isFolderItself(folder))
-        return false;
     // Out of the way first: whoever kills the program in the middle finds the folder whole or not
     // at all.
     std::error_code error;
