@@ -29,6 +29,10 @@ constexpr qint32 fullTurn = 360;
 std::optional<QSizeF> pageSizeOf(QPDFObjectHandle page)
 {
     QPDFObjectHandle box = page.getKey("/MediaBox");
+    // From version 12 on, the library gives a page without a usable box one of its own, which was
+    // never parsed.
+    if (box.getParsedOffset() < 0)
+        return std::nullopt;
     std::array<double, 4> sides {};
     for (size_t i = 0; i < sides.size(); ++i) {
         if (!box.isArray() || static_cast<int>(i) >= box.getArrayNItems())

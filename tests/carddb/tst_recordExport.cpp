@@ -11,6 +11,7 @@
 #include "tests/support/StandardInputKeeper.h"
 
 #include <QFileInfo>
+#include <QTimeZone>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -239,9 +240,9 @@ private Q_SLOTS:
         const DBCRecord& record = cards->front();
         QVERIFY(*record.value(Key::status) == DBCValue(qint64 {7}));
         QCOMPARE(std::get<QDateTime>(*record.value(Key::register_Date)).toUTC(),
-            QDateTime({2009, 1, 1}, QTime(0, 0), Qt::UTC));
+            QDateTime({2009, 1, 1}, QTime(0, 0), QTimeZone::utc()));
         QCOMPARE(std::get<QDateTime>(*record.value(Key::accept_Date)).toUTC(),
-            QDateTime({2001, 1, 1}, QTime(0, 0, 1, 500), Qt::UTC));
+            QDateTime({2001, 1, 1}, QTime(0, 0, 1, 500), QTimeZone::utc()));
     }
 
     void missingAcceptDateIsTheTimeOfTheExport()

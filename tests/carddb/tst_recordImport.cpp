@@ -11,6 +11,7 @@
 
 #include <QRegularExpression>
 #include <QSet>
+#include <QTimeZone>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -394,7 +395,7 @@ private Q_SLOTS:
         const ScopedTimeZone tokyo("JST-9");
         const Card card = cardOf(record({{Key::register_Date, u"2009/03/05"_s}}));
         QCOMPARE(dateOf(card, Key::register_Date).toUTC(),
-            QDateTime({2009, 3, 4}, QTime(15, 0), Qt::UTC));
+            QDateTime({2009, 3, 4}, QTime(15, 0), QTimeZone::utc()));
     }
 
     void registerDateOfADayWithoutMidnightIsItsFirstMoment()
@@ -404,7 +405,7 @@ private Q_SLOTS:
         const Card card = cardOf(record({{Key::register_Date, u"2018/11/04"_s}}));
         const QDateTime date = dateOf(card, Key::register_Date);
         QCOMPARE(date.date(), QDate(2018, 11, 4));
-        QCOMPARE(date.toUTC(), QDateTime({2018, 11, 4}, QTime(3, 0), Qt::UTC));
+        QCOMPARE(date.toUTC(), QDateTime({2018, 11, 4}, QTime(3, 0), QTimeZone::utc()));
     }
 
     void registerDateThatParses_data()

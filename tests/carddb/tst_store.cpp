@@ -23,7 +23,7 @@ const auto live = DBCCardSelection::Live;
 
 QDateTime utc(int year, int month, int day, int milliseconds = 0)
 {
-    return QDateTime({year, month, day}, QTime(0, 0), Qt::UTC).addMSecs(milliseconds);
+    return QDateTime({year, month, day}, QTime(0, 0), QTimeZone::utc()).addMSecs(milliseconds);
 }
 
 Card* addCard(DBCManagedObjectContext& context, const QString& cardID)
@@ -580,7 +580,7 @@ private Q_SLOTS:
         const DBCValue expected = isText ? DBCValue(column)
             : type == u"INTEGER"_s
             ? DBCValue(qint64 {252'460'800})
-            : DBCValue(QDateTime({2009, 1, 1}, QTime(0, 0), Qt::UTC).toLocalTime());
+            : DBCValue(QDateTime({2009, 1, 1}, QTime(0, 0), QTimeZone::utc()).toLocalTime());
         QVERIFY(value);
         QVERIFY(*value == expected);
     }

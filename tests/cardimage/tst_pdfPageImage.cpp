@@ -203,6 +203,18 @@ private Q_SLOTS:
         QCOMPARE(acquire(bytes).code, DBCResultCode::NoImageInPdf);
     }
 
+    void damagedDocumentIsMendedButForAMissingMediaBox()
+    {
+        PdfBuilder pdf;
+        PdfPage page = PdfPage::ofImage(pdf.jpegImage(jpeg()));
+        const auto damaged
+            = [](QByteArray bytes) { return bytes.replace("startxref", "startxxxx"); };
+        QCOMPARE(acquire(damaged(PdfBuilder(pdf).page(page).bytes())).code, DBCResultCode::Success);
+        page.mediaBox.clear();
+        QCOMPARE(
+            acquire(damaged(PdfBuilder(pdf).page(page).bytes())).code, DBCResultCode::NoImageInPdf);
+    }
+
     void entriesOfTheParentsAreNotLookedUp_data()
     {
         QTest::addColumn<bool>("isMediaBox");

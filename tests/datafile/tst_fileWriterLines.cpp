@@ -5,6 +5,7 @@
 #include "tests/support/RecordKeys.h"
 #include "tests/support/ScopedTimeZone.h"
 
+#include <QTimeZone>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -125,7 +126,7 @@ private Q_SLOTS:
 
     void registerDateGivenInAnotherTimeZoneIsLocal()
     {
-        const QDateTime evening(QDate(2009, 3, 4), QTime(15, 30), Qt::UTC);
+        const QDateTime evening(QDate(2009, 3, 4), QTime(15, 30), QTimeZone::utc());
         {
             const ScopedTimeZone tokyo("JST-9");
             QCOMPARE(writtenItem(DBCRecordKey::register_Date, evening), u"2009/03/05"_s);

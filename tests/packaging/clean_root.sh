@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# The package's life on a clean system: clean_root.sh ROOT PACKAGE CARDS, in a mount and process
-# namespace of its own. Changes ROOT.
+# The package's life on a clean system: clean_root.sh ROOT PACKAGE CARDS RELEASE, in a mount and
+# process namespace of its own. Changes ROOT, a Debian of that release ("bookworm").
 set -euo pipefail
 
 root=$(realpath "$1")
 package=$2
 cards=$3
+release=$4
 name=velmora-converter
 user=hanako
 home=/home/$user
@@ -43,7 +44,7 @@ prepare_root()
     cp /etc/resolv.conf /etc/hosts "$root/etc/"
     # shellcheck disable=SC2016 # apt-get fills them in
     apt-get indextargets --format 'deb $(REPO_URI) $(RELEASE) $(COMPONENT)' 'Origin: Debian' |
-        grep bookworm | sort -u >"$root/etc/apt/sources.list"
+        grep -w "$release" | sort -u >"$root/etc/apt/sources.list"
     in_root useradd --create-home "$user"
     install -d -o 1000 -g 1000 -m 700 "$root/run/user/1000"
     cp "$package" "$root/package.deb"

@@ -8,10 +8,13 @@
 #include <QCoreApplication>
 #include <QThread>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include <linux/filter.h>
 #include <linux/seccomp.h>
@@ -22,9 +25,14 @@ class FailingCall {
 public:
     // number: SYS_...; error: what errno becomes.
     FailingCall(long number, int error)
-        : _number(static_cast<unsigned>(number))
-        , _error(static_cast<unsigned>(error))
+        : FailingCall(std::vector<long> {number}, error)
     {
+    }
+
+    // Looking at an open file, for which C libraries make one call or the other.
+    static FailingCall lookingAtAFile(int error)
+    {
+        return FailingCall(std::vector<long> {SYS_newfstatat, SYS_fstat}, error);
     }
 
     // Does the work on a thread of its own, on which the call fails each time, and for the programs
@@ -47,12 +55,24 @@ public:
     }
 
 private:
-    // The kernel's filter: it stays with the thread for good and ends with it.
+    FailingCall(std::vector<long> numbers, int error)
+        : _numbers(std::move(numbers))
+        , _error(static_cast<unsigned>(error))
+    {
+    }
+
     bool setUp() const
+    {
+        return std::all_of(_numbers.begin(), _numbers.end(),
+            [this](long number) { return addFilter(static_cast<unsigned>(number)); });
+    }
+
+    // The kernel's filter: it stays with the thread for good and ends with it.
+    bool addFilter(unsigned number) const
     {
         std::array<sock_filter, 4> steps {{
             {BPF_LD | BPF_W | BPF_ABS, 0, 0, offsetof(seccomp_data, nr)},
-            {BPF_JMP | BPF_JEQ | BPF_K, 0, 1, _number},
+            {BPF_JMP | BPF_JEQ | BPF_K, 0, 1, number},
             {BPF_RET | BPF_K, 0, 0, SECCOMP_RET_ERRNO | _error},
             {BPF_RET | BPF_K, 0, 0, SECCOMP_RET_ALLOW},
         }};
@@ -63,6 +83,6 @@ private:
 
     static constexpr unsigned long pollInterval = 2; // ms
 
-    unsigned _number;
+    std::vector<long> _numbers;
     unsigned _error;
 };
