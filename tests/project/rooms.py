@@ -95,32 +95,38 @@ def fault_of_include(floors, include):
     return f"{place} of {there}/ (floor {floors[there]}), {where}"
 
 
-def ring(found):
-    """One ring of units that include each other, as a list of lines; empty when there is none."""
-    places = {}
-    for include in found:
-        here, there = unit_of(include.source), unit_of(include.target)
-        if here != there:
-            places.setdefault((here, there), include)
+def next_ring(edges):
+    """The edges of one ring, each from a unit to one that it includes; none when there is none."""
     graph = collections.defaultdict(set)
-    for here, there in places:
+    for here, there in edges:
         graph[here].add(there)
     try:
         graphlib.TopologicalSorter(graph).prepare()
     except graphlib.CycleError as error:
-        # The sorter lists a ring from what is included to what includes it.
-        members = list(reversed(error.args[1]))
-        steps = (places[step] for step in zip(members, members[1:]))
-        return ["these units include each other in a ring:",
-                *(f"    {step.source}:{step.line} includes {step.target}" for step in steps)]
+        # The sorter names a ring from each unit to the one that includes it.
+        members = error.args[1][::-1]
+        return list(zip(members, members[1:]))
     return []
+
+
+def rings(found):
+    """The rings of units that include each other, each broken up before the next is looked for."""
+    edges = {}
+    for include in found:
+        here, there = unit_of(include.source), unit_of(include.target)
+        if here != there:
+            edges.setdefault((here, there), include)
+    while ring := next_ring(edges):
+        yield "these units include each other in a ring:"
+        for step in map(edges.pop, ring):
+            yield f"    {step.source}:{step.line} includes {step.target}"
 
 
 def faults(root):
     floors, files = floors_of_rooms(root), list(sources(root))
     found = [include for file in files for include in includes(root, file)]
     wrong = (fault_of_include(floors, include) for include in found)
-    return [*faults_of_the_table(floors, files), *filter(None, wrong), *ring(found)]
+    return [*faults_of_the_table(floors, files), *filter(None, wrong), *rings(found)]
 
 
 class Rooms(unittest.TestCase):
