@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Asked only after a signal, which is as good as a yes where nobody can be asked.
+// This question is asked only after a signal. If nobody can answer it, the signal counts as a yes.
 bool asksToConfirmCancel(const DBCQuestion& question)
 {
     return question.key == QLatin1StringView("IDS_MSG_ERR_0315")
