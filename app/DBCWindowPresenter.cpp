@@ -10,7 +10,7 @@
 
 namespace {
 
-// Buttons are told apart by their role, since the box may show them in any order.
+// Buttons are identified by their role, because the box may show them in any order.
 constexpr QMessageBox::ButtonRole defaultRole = QMessageBox::YesRole;
 constexpr QMessageBox::ButtonRole alternateRole = QMessageBox::NoRole;
 constexpr QMessageBox::ButtonRole otherRole = QMessageBox::ActionRole;
@@ -39,7 +39,7 @@ DBCAnswer unattendedAnswer(const DBCQuestion& question)
 
 class DBCWindowPresenter::Request {
 public:
-    // The first answer counts.
+    // Only the first answer counts.
     void give(DBCAnswer answer)
     {
         DBCAnswer none = DBCAnswer::NotShown;
@@ -162,8 +162,8 @@ DBCAnswer DBCWindowPresenter::answerOn(DBCAnswer unattended, const std::function
         _waiting = request;
         _waitingAnswer = unattended;
     }
-    // Not a blocking call: the window may have to end while the box is open, and the other thread
-    // must then be able to go on before the box is closed.
+    // The call is queued and not blocking, because the window may have to end while the box is
+    // open. The other thread must then go on before the box is closed.
     if (thread() == QThread::currentThread())
         request->give(show());
     else

@@ -20,7 +20,7 @@ DBCCommandResult listBackups(const QString& package, DBCReporter& reporter)
         reporter.message({}, list.couldNotLook->text);
         return failed(DBCExitCode::Failed);
     }
-    // Backups of a package that is gone are all the more welcome.
+    // A missing package is an error only without backups: with them it can still be restored.
     if (list.backups.empty() && !QFileInfo(package).isDir()) {
         reporter.message({}, getLocalString("IDS_VERIFY_NO_FOLDER", {package}));
         return failed(DBCExitCode::Refused);
@@ -30,7 +30,7 @@ DBCCommandResult listBackups(const QString& package, DBCReporter& reporter)
     return {.summary = {getLocalString("IDS_BACKUP_COUNT", {package, count})}};
 }
 
-// What went wrong has been logged, and an error that is logged is shown.
+// The reason for a failure has already been logged, and the reporter shows logged errors.
 DBCCommandResult resultOf(const DBCBackupChange::Result& change, QStringList summary)
 {
     switch (change.outcome) {

@@ -70,7 +70,7 @@ DBCExitCode show(const DBCUsage& usage)
 int main(int argc, char** argv)
 {
     keepStandardDescriptorsOpen();
-    // A reader of our output that goes away must not end an operation halfway.
+    // If the reader of our output ends, for example a pager, the operation must continue.
     std::signal(SIGPIPE, SIG_IGN);
     const auto application = applicationInUtf8<QCoreApplication>(argc, argv);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What becomes of a package and its backups when one is restored or deleted in the window.
+// Restores and deletes backups in the window and looks at the package and its backups afterwards.
 #include "carddb/DBCPackageGuard.h"
 #include "carddb/DBCPackageJournal.h"
 #include "tests/app/BackupsDesk.h"
@@ -49,7 +49,8 @@ private Q_SLOTS:
         BackupsDesk desk;
         desk.presenter.answer = DBCAnswer::Default;
         desk.list();
-        // A restore asks for the rights at its beginning, and again when the package has been kept.
+        // A restore checks the access rights at its beginning, and again after it has backed up the
+        // package.
         QStringList stages;
         desk.host->isWritable = [&](const QString&) {
             QMetaObject::invokeMethod(
@@ -151,7 +152,7 @@ private Q_SLOTS:
             const auto journal = DBCPackageJournal::begin(desk.package.path(), desk.backup);
             QVERIFY(journal->enterImport(u"NEW-"_s));
         }
-        desk.presenter.answer = DBCAnswer::Alternate; // keep what is there, restore nothing
+        desk.presenter.answer = DBCAnswer::Alternate; // keep the package as it is
         desk.list();
         desk.press("restoreBtn");
         QCOMPARE(desk.presenter.questions.size(), 2);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the converter screen shows at each event of an operation.
+// Tests what the converter screen shows at each event of an operation.
 #include "operation/log/DBCLog.h"
 #include "tests/app/WindowFixture.h"
 
@@ -16,16 +16,16 @@ DBCEvent counted(DBCEventName name, qint64 maxCount, qint64 finishedCount)
     return {.name = name, .maxCount = maxCount, .finishedCount = finishedCount};
 }
 
-// The events of the two operations side by side.
+// The events and texts that differ between the two operations.
 struct Names {
     OperationType type;
     DBCEventName willBegin;
     DBCEventName known;
     DBCEventName running;
     DBCEventName finished;
-    QString hint; // in front of the percentage
+    QString hint; // text before the percentage
     QString label;
-    QString count; // in front of the number
+    QString count; // text before the number
 };
 
 const Names importNames {OperationType::Import, DBCEventName::ImportWillBegin,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Boxes over the window, asked for from the window's thread and from the operation's.
+// Tests the boxes over the window, requested by the window's thread and by the operation's thread.
 #include "app/DBCWindowPresenter.h"
 #include "tests/support/TestHome.h"
 
@@ -20,7 +20,7 @@ QMessageBox* openBox()
     return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
 }
 
-// Does what a user does as soon as a box stands on the screen.
+// Acts for the user as soon as a box is on the screen.
 void whenABoxOpens(const std::function<void(QMessageBox&)>& act)
 {
     auto* const timer = new QTimer(qApp);
@@ -164,7 +164,7 @@ private Q_SLOTS:
         QVERIFY(isDismissed);
     }
 
-    // Behind a box the focus goes back to the window that it came over.
+    // When a box closes, the window below it gets the focus back.
     void boxesComeOverTheWindowInFront()
     {
         DBCWindowPresenter presenter(_window);
@@ -200,7 +200,7 @@ private Q_SLOTS:
         QCOMPARE(ask(u"IDS_MSG_ERR_0317"_s), DBCAnswer::Alternate);
     }
 
-    // The window's thread may be on its way out of the program and turn no event loop any more.
+    // The window's thread may be ending the program and run no event loop any more.
     void openQuestionOfAnotherThreadEndsWhenNobodyIsThere()
     {
         DBCWindowPresenter presenter(_window);
@@ -220,7 +220,7 @@ private:
     {
         return DBCMessage::ShowInfoMessage(key, DBCButton::Yes, DBCButton::No);
     }
-    // The answer that a thread of its own gets, while this one's event loop runs.
+    // Asks on a separate thread while the event loop of this one runs, and returns the answer.
     static DBCAnswer askOnAnotherThread(const QString& key)
     {
         auto answer = std::async(std::launch::async, [key] { return ask(key); });

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// velmora-convert recover, and what the other commands do about an import that did not finish.
+// Tests "velmora-convert recover", and how the other commands treat an import that did not finish.
 #include "tests/cli/ConvertProgram.h"
 #include "tests/support/DeadImport.h"
 

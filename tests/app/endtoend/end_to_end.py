@@ -34,7 +34,7 @@ class Window:
         wait_for("the window in front", lambda: active_window() == PROGRAM)
 
     def start_again(self):
-        """The exit code of a second copy."""
+        """Starts a second copy and returns its exit code."""
         return subprocess.run(self._command, stdin=subprocess.DEVNULL, check=False).returncode
 
     def has_ended(self):
@@ -50,7 +50,7 @@ class Window:
         self.reader.find("Back")
 
     def fill(self, first, second, keys_between=("Tab", "Tab")):
-        """The two paths, source first, from the field that has the focus."""
+        """Types the two paths, the source first, beginning in the field that has the focus."""
         for number, path in enumerate((first, second)):
             if number:
                 press(*keys_between)
