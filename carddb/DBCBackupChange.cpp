@@ -83,7 +83,8 @@ DBCBackupChange::Problem DBCBackupChange::reasonNotToTouch()
 {
     if (_backup.isEmpty())
         return DBCProblem {getLocalString("IDS_BACKUP_NO_SUCH", {_name, _package}), _package};
-    // Before the guards, which it wants for itself.
+    // This comes before the guards are taken, because the recovery takes the package's guard
+    // itself.
     const State lastImport = DBCPackageRecovery(_package).state();
     if (lastImport == State::InUse)
         return problemAt(_package, "IDS_BACKUP_IN_USE");
@@ -104,8 +105,8 @@ DBCBackupChange::Problem DBCBackupChange::reasonNotToRestore() const
 {
     if (auto damage = DBCPackageVerifier::verifyStore(_backup).firstProblem())
         return problemAt(_backup, "IDS_BACKUP_DAMAGED", {damage->text});
-    // The package makes room before the backup is copied: no file of it may turn out to be
-    // unreadable then.
+    // The package is removed before the backup is copied, so every file of the backup must be
+    // readable. Comparing the backup with itself reads them all.
     const QByteArray backup = QFile::encodeName(_backup);
     DBCTreeComparison reading;
     if (!reading.areEqual(backup, backup))
@@ -123,15 +124,15 @@ DBCBackupChange::Problem DBCBackupChange::reasonNotToReplacePackage() const
         return problemAt(folder, "IDS_BACKUP_FOLDER_READ_ONLY");
     if (isTaken(_package) && !QFileInfo(_package).isDir())
         return problemAt(_package, "IDS_VERIFY_NO_FOLDER");
-    // A package without store is what a backup is there for.
+    // A package without a store may be replaced: restoring a backup repairs exactly that.
     const DBCResultCode state = checkPackageAttributes(_package);
     if (state != DBCResultCode::PackageUsable && state != DBCResultCode::PackageNotExist)
         return problemAt(_package, "IDS_LOG_ERR_PACKAGE_ACCESS");
     return checkSpace();
 }
 
-// The package that stands there is copied, and removed before the backup is: at no time is there
-// more than the larger of the two to be added.
+// The present package is copied first, then removed, and the backup is copied last. So at no time
+// is more extra space needed than the larger of the two takes.
 DBCBackupChange::Problem DBCBackupChange::checkSpace() const
 {
     quint64 needed = 0;
@@ -178,7 +179,7 @@ DBCBackupChange::Problem DBCBackupChange::keepPackage()
     return failure;
 }
 
-// The journal of the copy lets the next start clean up behind a program that was killed meanwhile.
+// If the program is killed during the copy, the journal lets the next start remove what is left.
 DBCBackupChange::Problem DBCBackupChange::copyPackageTo(const QString& target) const
 {
     const auto journal = DBCPackageJournal::begin(_package, target);
@@ -190,8 +191,8 @@ DBCBackupChange::Problem DBCBackupChange::copyPackageTo(const QString& target) c
     return std::nullopt;
 }
 
-// From the first change to the last the journal names the chosen backup, so that whoever kills the
-// program in between is asked whether to restore it.
+// The journal names the chosen backup from the first change to the last, so that after a kill in
+// between the next start asks whether to restore it.
 DBCBackupChange::Problem DBCBackupChange::putInPlace() const
 {
     const auto journal = DBCPackageJournal::begin(_package, _backup);

@@ -49,8 +49,8 @@ std::optional<QString> DBCDataBaseController::_generateBackupDBPath() const
 
 DBCResultCode DBCDataBaseController::backup()
 {
-    // From here on the package is the folder itself: a restore has to remove what stands at the
-    // package's path, and nothing is ever removed through a link.
+    // If the path is a link, work on its target from here on: a restore removes the package folder,
+    // and nothing is ever removed through a link.
     const QString package = DBCPackageLayout::withoutLink(_strDBPath);
     if (!isUsablePackage(package))
         return DBCResultCode::BackupFailure;
@@ -94,7 +94,8 @@ DBCResultCode DBCDataBaseController::restore()
 {
     if (_strBackupDBPath.isEmpty())
         return DBCResultCode::GeneralFailure;
-    // What the journal cannot take on a full disk leaves the stage before, which asks for the same.
+    // If the disk is too full to record this stage, the previous one remains and leads to the same
+    // recovery question.
     if (_journal)
         (void)_journal->enter(DBCPackageJournal::Stage::Restore);
     const DBCResultCode code = DBCPackageRestore::restore(_strDBPath, _strBackupDBPath);
@@ -105,7 +106,8 @@ DBCResultCode DBCDataBaseController::restore()
 
 void DBCDataBaseController::endImport()
 {
-    // No warning: the next start finds that all is well and removes it.
+    // This is not worth a warning: the next start sees that the import was complete and removes the
+    // journal.
     if (_journal && !_journal->end()) {
         DBCLog::info(
             getLocalString(u"IDS_LOG_INF_JOURNAL_STAYS"_s, {DBCHiddenName::journalOf(_strDBPath)}));

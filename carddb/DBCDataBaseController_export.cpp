@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// An export step that gives neither a result nor an error has failed, too.
+// A step that returns neither a result nor an error counts as failed.
 template <typename Result>
 DBCError stepError(const std::optional<Result>& result, const DBCError& error)
 {
@@ -36,6 +36,7 @@ std::optional<std::vector<DBCRecord>> DBCDataBaseController::fetchCardDatas(DBCE
     DBCError error;
     try {
         context->fetchCards(DBCCardSelection::Live, [&](const Card& card) {
+            // Asked only for a caller that set a delegate; the export sets none.
             if (_delegate && _delegate->checkIsNeedToConfirmCancelOperation()) {
                 error = DBCError(DBCResultCode::CancelledByUser);
                 return false;
@@ -99,7 +100,7 @@ std::optional<DBCRecord> DBCDataBaseController::exportData(
         return std::nullopt;
     }
 
-    // An error that the caller left in the slot spoils the card as well.
+    // An error that the caller passed in also fails the card.
     if (*errors)
         return std::nullopt;
 

@@ -23,15 +23,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// SQLite's index of a write-ahead log: every reader writes into it, and it is made anew when
-// needed.
+// Whether this is SQLite's index of a write-ahead log. Every reader writes into it, and SQLite
+// rebuilds it when needed, so it may differ between package and copy.
 bool isIndexOfLog(const QByteArray& path)
 {
     return path.endsWith("-shm");
 }
 
-// File systems in user space may not know the flag (NTFS disks, mostly), old systems and some
-// containers not the call.
+// Some file systems in user space (mostly for NTFS disks) do not know RENAME_NOREPLACE, and old
+// kernels and some containers do not know renameat2().
 bool isUnknownToTheSystem(int error)
 {
     return error == EINVAL || error == ENOSYS || error == EPERM;
@@ -43,8 +43,8 @@ bool isFree(const QByteArray& name)
     return lstat(name.constData(), &status) != 0 && errno == ENOENT;
 }
 
-// Never onto something that came to stand at the name in the meantime, as far as the system can
-// tell.
+// Fails if something has appeared at the name meanwhile. Where the system has no such rename, the
+// name is checked first, which leaves a gap of a few instructions.
 bool moveToFreeName(const QString& path, const QString& name)
 {
     const QByteArray from = QFile::encodeName(path);
@@ -57,7 +57,7 @@ bool moveToFreeName(const QString& path, const QString& name)
 
 } // namespace
 
-// Passes the questions of a copy on and remembers that an answer was to stop.
+// Forwards the questions of a copy and remembers whether the last answer was to stop.
 class DBCPackageCopy::CancelWatch : public DBCCancelDelegate {
 public:
     explicit CancelWatch(DBCCancelDelegate* delegate)
@@ -110,7 +110,8 @@ void DBCPackageCopy::cleanUpBeside(const QString& target)
 {
     for (const QString& path :
         {DBCHiddenName::unfinishedCopyOf(target), DBCHiddenName::discarded(target)}) {
-        // What stays is in nobody's way, and the next start finds it again.
+        // A failure does no harm: hidden folders are in nobody's way, and the next copy tries
+        // again.
         std::error_code ignored;
         std::filesystem::remove_all(QFile::encodeName(path).toStdString(), ignored);
     }

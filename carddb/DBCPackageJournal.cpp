@@ -22,7 +22,7 @@ namespace {
 
 using Stage = DBCPackageJournal::Stage;
 
-constexpr qsizetype sizeLimit = 0x10000; // bytes; four lines take a few hundred
+constexpr qsizetype sizeLimit = 0x10000; // bytes that are read; four lines take a few hundred
 constexpr mode_t journalMode = S_IRUSR | S_IWUSR;
 
 struct StageName {
@@ -108,7 +108,8 @@ DBCPackageJournal::SearchResult DBCPackageJournal::find(const QString& package)
         return {Search::Unreadable, nullptr};
     if (flock(journal->_file.get(), LOCK_EX | LOCK_NB) != 0)
         return {Search::HeldByAnother, nullptr};
-    // Whoever held it may have ended it just now; then it bears no name any more.
+    // The process that held it may have removed it between open() and flock(); then the file has no
+    // name any more.
     struct stat status { };
     if (fstat(journal->_file.get(), &status) != 0 || status.st_nlink == 0)
         return {Search::None, nullptr};
@@ -129,7 +130,7 @@ try {
     _stage = stage;
     return true;
 } catch (const std::bad_alloc&) {
-    // A restore goes on without the note: the stage before leads to the same question.
+    // A restore goes on without the line: the previous stage leads to the same recovery question.
     return false;
 }
 
@@ -151,7 +152,7 @@ QString DBCPackageJournal::backupPath() const
 
 bool DBCPackageJournal::append(const QByteArray& line)
 {
-    // The first line end closes off what a full disk may have cut short before.
+    // The leading line end separates this line from one that a full disk cut short.
     return writeWhole(_file.get(), '\n' + line + '\n') && DBCDiskFlush::file(_file.get());
 }
 
@@ -177,7 +178,8 @@ void DBCPackageJournal::takeLine(const QByteArray& line)
     if (row == stageNames.end())
         return;
     _stage = row->stage;
-    // Only a name in the package's own folder: a line that somebody forged leads nowhere else.
+    // Accept only names without a path, so that a forged line cannot lead out of the package's
+    // folder.
     if (const QString backup = object.value(backupKey).toString(); !backup.contains(u'/'))
         _backupName = backup.isEmpty() ? _backupName : backup;
     if (object.contains(cardsKey))

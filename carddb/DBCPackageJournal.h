@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A small file beside a package that says that an import into it has begun, where the backup is and
-// how far the import came. It is written before the first change and removed after the last one, so
-// one that is found and that nobody holds tells of an import that did not finish.
-//
-// One line of JSON a stage, each on the disk before the stage begins; a line that was cut short
-// counts as not written. Names only, no paths: the folder may have been moved since.
+// A small hidden file beside a package that records how far an import or a restore has come and
+// which backup belongs to it. A journal that no process holds comes from one that did not finish.
 #pragma once
 
 #include "system/DBCDescriptor.h"
@@ -13,38 +9,60 @@
 
 #include <memory>
 
+// The file ".<package name>.velmora-import" is created before the first change to the package and
+// removed after the last. It holds one line of JSON for each stage:
+//   {"stage":"backup","backup":"<folder name of the backup>"}
+//   {"stage":"import","cards":"<prefix of the card IDs of this import>"}
+//   {"stage":"restore"}
+//   {"stage":"restored"}
+// Each line is flushed to the disk before its stage begins. The last complete line counts; a line
+// without its end, or one that is no such object, is ignored. The backup is a name without a path,
+// because the folder may have been moved since.
+//
+// The object holds an flock() on the file from begin() or find() until it is destroyed, so that
+// other processes can tell a running operation from one that was killed. One thread at a time.
 class DBCPackageJournal {
 public:
+    // The state of the disk if the process is killed while this stage is the last one recorded.
     enum class Stage : quint8 {
-        None, // nothing has been changed
-        Backup, // the backup is being made, the package untouched
-        Import, // the backup is whole; cards are being added
-        Restore, // the backup is being put back
-        Restored, // the package is as before the import
+        None, // no line is complete: nothing has been changed
+        Backup, // the package is untouched; the backup is missing, incomplete under a hidden name,
+                // or whole
+        Import, // the backup is whole, and the package may hold files of the import
+        Restore, // the backup is whole, and the package may be missing or incomplete
+        Restored, // the package equals its backup again
     };
 
-    // Begins an import's journal and holds it for as long as the object lives. Null when there is
-    // one already, or it could not be brought to the disk.
+    // Creates the journal with the stage Backup and holds it. backup is a path of which only the
+    // last component is recorded. Null when a journal exists already or when it could not be
+    // written to the disk; in the second case the file is removed.
     static std::unique_ptr<DBCPackageJournal> begin(const QString& package, const QString& backup);
 
-    enum class Search : quint8 { None, HeldByAnother, Unreadable, Found };
+    enum class Search : quint8 {
+        None, // there is no journal
+        HeldByAnother, // an operation is running
+        Unreadable, // there is one, but it cannot be opened or read, or is no regular file
+        Found, // nobody held it
+    };
     struct SearchResult {
         Search search;
-        std::unique_ptr<DBCPackageJournal> journal; // held; null unless found
+        std::unique_ptr<DBCPackageJournal> journal; // held by the caller now; null unless Found
     };
+    // Looks for the journal of an operation that did not finish.
     static SearchResult find(const QString& package);
 
-    // False when the line could not be brought to the disk; the stage before then stands.
+    // Records a stage. False when the line could not be flushed to the disk; the journal then keeps
+    // the previous stage.
     bool enter(Stage stage);
-    // cardIDStart: what the IDs of the import's cards begin with; they are in the store once the
-    // import has been saved.
+    // Records the stage Import. cardIDStart is the prefix of the IDs of all cards that the import
+    // adds; a card with it in the store proves that the import was saved.
     bool enterImport(const QString& cardIDStart);
-    // False when the file could not be removed for good.
+    // Removes the file and flushes its folder. False when either fails.
     bool end();
 
     Stage stage() const { return _stage; }
-    QString backupPath() const; // empty: none noted
-    QString cardIDStart() const { return _cardIDStart; }
+    QString backupPath() const; // in the journal's own folder; empty when no line names a backup
+    QString cardIDStart() const { return _cardIDStart; } // empty before the stage Import
 
 private:
     DBCPackageJournal(const QString& path, int descriptor);
@@ -54,7 +72,7 @@ private:
     void takeLine(const QByteArray& line);
 
     QString _path;
-    DBCDescriptor _file; // locked
+    DBCDescriptor _file; // locked with flock()
     Stage _stage = Stage::None;
     QString _backupName;
     QString _cardIDStart;

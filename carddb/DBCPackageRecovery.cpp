@@ -70,8 +70,8 @@ DBCPackageRecovery::State DBCPackageRecovery::settleWhatNeedsNoDecision()
     return State::Unfinished;
 }
 
-// All cards of an import reach the store at once, after everything they name: one of them there
-// says that the import had come to its end.
+// All cards of an import are committed in one transaction, after the files that they name. One of
+// them in the store therefore proves that the import was complete.
 bool DBCPackageRecovery::wasSaved() const
 {
     const QString start = _journal->cardIDStart();
@@ -89,7 +89,7 @@ bool DBCPackageRecovery::wasSaved() const
             });
         }
     } catch (const SQLite::Exception&) {
-        // A store that cannot be read is a matter for somebody to decide.
+        // If the store cannot be read, the user has to decide.
         return false;
     }
     return isFound;

@@ -17,10 +17,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A single refusal of the system is no reason to leave somebody without a package.
+// A second attempt, because one failed system call should not leave the user without a package.
 constexpr int attempts = 2;
 
-// Removing the package would take a backup inside it along.
+// A backup inside the package would be removed together with the package.
 bool isRestorable(const QString& backup, const QString& package)
 {
     return checkPackageAttributes(backup) == DBCResultCode::PackageUsable
@@ -35,7 +35,7 @@ try {
         return false;
     return DBCPackageCopy().copy(backup, package) == DBCPackageCopy::Outcome::Copied;
 } catch (const std::exception&) {
-    // Want of memory, mostly; the next attempt may have it.
+    // Mostly out of memory; the next attempt may get it.
     return false;
 }
 

@@ -58,9 +58,9 @@ Result restoreBackupIfConfirmed(
         return {Outcome::NotConfirmed};
     case DBCSettlement::InUse:
     case DBCSettlement::Failed:
-        break; // the change refuses, and says why
+        break; // DBCBackupChange refuses and gives the reason
     }
-    // What is missing or damaged is refused, so that there is nothing to ask.
+    // A backup that is missing or damaged will be refused, so there is nothing to confirm.
     const auto backup = find(package, name);
     if (backup && !backup->isDamaged()
         && !isConfirmed(DBCQuestionId::RestoreBackup, package, *backup))

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Asks before a chosen backup takes its package's place or is deleted, and sees to it. What is done
-// is logged; showing what went wrong is the caller's.
+// Restores or deletes a backup after the user has confirmed it. Both are logged; the caller shows
+// the problem of a result other than Done.
 #pragma once
 
 #include "carddb/DBCBackupChange.h"
 
-// An import that did not finish is settled first, which may ask, too.
+// name is the backup's folder name. An import that did not finish is settled first, which may ask a
+// question of its own. A backup that is missing or damaged is refused without a question. events
+// may be empty.
 DBCBackupChange::Result restoreBackupIfConfirmed(
     const QString& package, const QString& name, const DBCBackupChange::Events& events);
 

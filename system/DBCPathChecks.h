@@ -5,13 +5,13 @@
 
 #include <QString>
 
-// True when the file system that holds the existing path has at least this many bytes free, and any
-// at all.
+// True when the file system that holds the existing path has at least this many bytes free, and at
+// least one. False when the free space cannot be read.
 bool hasFreeBytes(const QString& path, quint64 bytes);
 
-// True when the path exists, even as a link that leads nowhere: nothing new can be made there. Also
-// true when a failing disk cannot answer, because a file that may be there must not count as
-// absent.
+// True when something exists at the path, even a link that leads nowhere, so that nothing can be
+// created there. Also true when a failing disk gives no answer, because a folder that may be there
+// must not be treated as absent.
 bool isTaken(const QString& path);
 
 bool isWritableFolder(const QString& path);
@@ -26,5 +26,5 @@ bool isSameOrInside(const QString& folder, const QString& path);
 // True when another process holds an flock() on the file; false for a missing file.
 bool isLockedByAnother(const QString& path);
 
-// The path's UTF-8 form has at most this many bytes; false for an empty path.
+// True when the path's UTF-8 form has at most this many bytes; false for an empty path.
 bool isPathWithin(const QString& path, quint32 bytes);

@@ -16,7 +16,7 @@
 
 namespace {
 
-// With a slash at its end, the path of a link means what the link points at.
+// A path with a trailing slash refers to a link's target instead of the link.
 QString withoutTrailingSlashes(QString path)
 {
     while (path.endsWith(u'/'))
@@ -34,7 +34,7 @@ bool isName(const QString& name)
     return !name.isEmpty() && name != u"." && name != u".." && !name.contains(u'/');
 }
 
-// Where the copy goes; none when source and destination do not allow one.
+// The full path of the copy; none when source and destination do not allow a copy.
 std::optional<QString> targetOfCopy(
     const QString& path, const QString& toPath, const QString& dstFileName)
 {
@@ -93,7 +93,8 @@ bool DBCFileManager::copyWhileAsking(const QByteArray& source, const QByteArray&
     if (!copy.copy(source, target))
         return false;
     callbackFileOperationStatus(copy.status(), &outcome);
-    // A file that shrank while it was read makes a copy that nobody can rely on.
+    // Fewer bytes than announced mean that a file shrank while it was read, so the copy is not
+    // reliable.
     return outcome.stage == DBCFileOperationStatus::stageComplete
         && copy.status().bytesComplete >= copy.status().totalBytes;
 }
@@ -105,8 +106,8 @@ bool DBCFileManager::cleanFolder(const QString& path)
         return false;
     const std::filesystem::path folder = nativePath(withoutTrailingSlashes(path));
     const std::filesystem::path discarded = nativePath(DBCHiddenName::discarded(path));
-    // Out of the way first: whoever kills the program in the middle finds the folder whole or not
-    // at all.
+    // Rename the folder first, so that a program killed in the middle leaves it complete or not at
+    // all under its own name.
     std::error_code error;
     std::filesystem::remove_all(discarded, error);
     std::filesystem::rename(folder, discarded, error);
@@ -114,7 +115,7 @@ bool DBCFileManager::cleanFolder(const QString& path)
         return removeAll(folder);
     if (removeAll(discarded))
         return true;
-    // What cannot be removed is not to vanish under a name that nobody looks for.
+    // Give the rest its name back, so that it is not lost under a hidden name.
     std::filesystem::rename(discarded, folder, error);
     return false;
 }

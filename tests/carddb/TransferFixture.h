@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An open package, an interchange folder, and what the log was told.
+// An open package, an interchange folder, and a record of the log messages.
 #pragma once
 
 #include "carddb/DBCDataBaseController.h"
@@ -36,7 +36,7 @@ private:
     }};
 };
 
-// What the system says a folder takes, in bytes.
+// The disk space that a folder takes according to the system, in bytes.
 inline quint64 diskUsage(const QString& folder)
 {
     QProcess process;
@@ -48,7 +48,7 @@ inline quint64 diskUsage(const QString& folder)
 struct TransferFixture {
     using Values = std::initializer_list<std::pair<DBCRecordKey, QString>>;
 
-    // As the reader makes it: number and line of the record are texts.
+    // A record as the reader makes it, with the record number and the line as texts.
     static DBCRecord record(const Values& values)
     {
         DBCRecord record;

@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Answers both questions of a copy and counts them.
+// A cancel delegate that counts the questions and answers them as told.
 struct Driver : DBCCancelDelegate {
     bool checkIsNeedToConfirmCancelOperation() override
     {
@@ -50,7 +50,7 @@ private:
     DBCDataBaseController& database() { return *_f->database; }
     void makeFile(const QString& name) const { _f->home.writeFile(name, "x"); }
 
-    // The name that a package of this path would be backed up under.
+    // The backup name that a package at this path would get.
     static std::optional<QString> nameFor(const QString& package)
     {
         StandardInputKeeper keeper;

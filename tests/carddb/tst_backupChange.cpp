@@ -265,7 +265,7 @@ private Q_SLOTS:
         QVERIFY(!world.hasJournal());
     }
 
-    // The disk may let the backup down at the last moment.
+    // A file of the backup becomes unreadable after all checks have passed.
     void restoreThatFailsBringsBackWhatStoodThere()
     {
         const AsOrdinaryUser user;
@@ -301,7 +301,7 @@ private Q_SLOTS:
         QCOMPARE(snapshotOf(world.package.path()), world.chosen);
     }
 
-    // Killed between the first change and the last: what the journal says by then.
+    // Looks at the journal as a kill between the first and the last change would leave it.
     void restoreIsNotedForAsLongAsThePackageChanges()
     {
         const World world;

@@ -23,7 +23,7 @@ namespace {
 
 using Outcome = DBCPackageCopy::Outcome;
 
-// Does something before an item is copied, or when it is asked for a cancel.
+// A cancel delegate that runs test code before an item is copied, or when it is asked for a cancel.
 struct Meddler : DBCCancelDelegate {
     bool checkIsNeedToConfirmCancelOperation() override { return cancels && cancels(); }
     bool fileManager(const DBCFileManager*, const QString& path, const QString& toPath) override
@@ -48,7 +48,8 @@ struct Copying {
     {
         return DBCPackageCopy(delegate).copy(package.path(), target);
     }
-    // The names beside the package, hidden ones included, the user's home aside.
+    // The names of everything beside the package, hidden names included, except the user's home
+    // folder.
     QStringList everythingBeside() const
     {
         QStringList names
@@ -134,7 +135,7 @@ private Q_SLOTS:
         Meddler meddler;
         meddler.cancels = [&] {
             const QFileInfo last(copying.home.path(unfinished));
-            // Its own attributes come last: from then on the copy is compared.
+            // The copy's attributes are set last, so from then on it is being compared.
             return last.exists()
                 && last.lastModified() == QFileInfo(copying.package.path()).lastModified();
         };
@@ -151,8 +152,8 @@ private Q_SLOTS:
             if (path.endsWith(u"a.txt"_s))
                 copying.package.writeFile(u"Images/new.pdf"_s, "x");
         };
-        // Whether the new file is copied depends on the order on the disk, so the copy is changed,
-        // too.
+        // Whether the new file is copied depends on the order on the disk, so the file is also
+        // removed from the copy.
         meddler.cancels = [&] {
             QFile::remove(copying.home.path(unfinished) + u"/Images/new.pdf"_s);
             return false;

@@ -28,7 +28,7 @@ class tst_packageJournal : public QObject {
 
 private:
     std::unique_ptr<Journal> begin() const { return Journal::begin(_package, _backup); }
-    // A program that died with the journal in this state.
+    // Leaves a journal as a program does that died in this stage.
     void leaveBehind(Stage stage) const
     {
         const auto journal = begin();
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QCOMPARE(found.journal->stage(), Stage::Import);
         QCOMPARE(found.journal->backupPath(), _backup);
         QCOMPARE(found.journal->cardIDStart(), u"0A1B-"_s);
-        QCOMPARE(search(), Search::HeldByAnother); // by whoever found it
+        QCOMPARE(search(), Search::HeldByAnother); // the object in found holds it
     }
 
     void deadImportKeepsANewOneFromBeginning()
@@ -196,7 +196,7 @@ private Q_SLOTS:
     void endlessJournalIsReadToALimit()
     {
         leaveBehind(Stage::Import);
-        QVERIFY(QFile::resize(_path, qint64(1) << 36)); // sparse: takes no space
+        QVERIFY(QFile::resize(_path, qint64(1) << 36)); // a sparse file, which takes no space
         const auto found = Journal::find(_package);
         QCOMPARE(found.search, Search::Found);
         QCOMPARE(found.journal->stage(), Stage::Import);

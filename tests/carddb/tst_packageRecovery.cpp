@@ -92,7 +92,7 @@ private Q_SLOTS:
         QVERIFY(QDir(dead.package.path()).removeRecursively());
         DBCPackageRecovery recovery(dead.package.path());
         QCOMPARE(recovery.state(), State::Unfinished);
-        QVERIFY(!recovery.keep()); // there is nothing to keep
+        QVERIFY(!recovery.keep()); // there is no package to keep
         QCOMPARE(recovery.restore(), DBCResultCode::Success);
         QCOMPARE(snapshotOf(dead.package.path()), dead.original);
     }
@@ -101,7 +101,7 @@ private Q_SLOTS:
     {
         DeadImport dead(Stage::Import);
         dead.hasNewCards(100);
-        // The last cards; what opening looks at stays sound.
+        // Damages the page of the last cards; the pages that opening a store reads stay sound.
         constexpr qsizetype page = 4096;
         const QByteArray store = dead.package.readFile(u"Velmora.sqldb"_s);
         dead.package.writeFile(u"Velmora.sqldb"_s, store.chopped(page) + QByteArray(page, '\xFF'));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What an import that was killed leaves behind.
+// Sets up the files that an import leaves behind when it is killed.
 #pragma once
 
 #include "carddb/DBCPackageCopy.h"
@@ -15,7 +15,8 @@
 
 using namespace Qt::StringLiterals;
 
-// A package with a card, its backup, and what a program that died left of an import.
+// A package with one card, its backup, and the journal of an import that was killed in the given
+// stage.
 struct DeadImport {
     using Stage = DBCPackageJournal::Stage;
 
@@ -32,7 +33,7 @@ struct DeadImport {
             qFatal("no journal");
     }
 
-    // Cards and files of the import, as far as it came.
+    // Adds the cards and files that the import had written by then.
     void hasNewCards(int count)
     {
         for (int number = 1; number <= count; ++number)
