@@ -323,8 +323,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<OperationType>("type");
         QTest::addColumn<QString>("key");
-        QTest::newRow("import") << OperationType::Import << u"IDS_MSG_ERR_0315"_s;
-        QTest::newRow("export") << OperationType::Export << u"IDS_MSG_ERR_0210"_s;
+        QTest::newRow("import") << OperationType::Import
+                                << DBCMessage::keyOf(DBCQuestionId::CancelImport);
+        QTest::newRow("export") << OperationType::Export
+                                << DBCMessage::keyOf(DBCQuestionId::CancelExport);
     }
     void confirmedCancelStops()
     {

@@ -246,7 +246,7 @@ inline QHash<QString, std::optional<QString>> shortTexts()
         {key("IDS_MSG_ERR_0207"), key("message 207")},
         {key("IDS_MSG_ERR_0208"), key("message 208")},
         {key("IDS_MSG_ERR_0209"), key("message 209")},
-        {key("IDS_MSG_ERR_0210"), key("stop exporting?")},
+        {DBCMessage::keyOf(DBCQuestionId::CancelExport), key("stop exporting?")},
         {key("IDS_MSG_ERR_0301"), key("message 301")},
         {key("IDS_MSG_ERR_0306"), key("message 306")},
         {key("IDS_MSG_ERR_0307"), key("message 307 line %1")},
@@ -254,7 +254,7 @@ inline QHash<QString, std::optional<QString>> shortTexts()
         {key("IDS_MSG_ERR_0311"), key("message 311 %1%2")},
         {key("IDS_MSG_ERR_0313"), key("message 313")},
         {key("IDS_MSG_ERR_0314"), key("message 314")},
-        {key("IDS_MSG_ERR_0315"), key("stop importing?")},
+        {DBCMessage::keyOf(DBCQuestionId::CancelImport), key("stop importing?")},
         {key("IDS_MSG_ERR_0316"), key("message 316")},
     };
 }
