@@ -36,7 +36,8 @@ std::optional<std::vector<DBCRecord>> DBCDataBaseController::fetchCardDatas(DBCE
     DBCError error;
     try {
         context->fetchCards(DBCCardSelection::Live, [&](const Card& card) {
-            // Asked only for a caller that set a delegate; the export sets none.
+            // A caller that has set a delegate can cancel here. The conversion driver sets none for
+            // an export: it asks about a cancel itself, while it measures and before each card.
             if (_delegate && _delegate->checkIsNeedToConfirmCancelOperation()) {
                 error = DBCError(DBCResultCode::CancelledByUser);
                 return false;

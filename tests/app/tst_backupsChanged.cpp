@@ -20,7 +20,8 @@ private Q_SLOTS:
         const QStringList before = desk.everything().filter(u"vmdb"_s);
         desk.press("restoreBtn");
         QCOMPARE(desk.presenter.questions.size(), 1);
-        QCOMPARE(desk.presenter.questions.constFirst().key, u"IDS_MSG_BACKUP_RESTORE"_s);
+        QCOMPARE(desk.presenter.questions.constFirst().key,
+            DBCMessage::keyOf(DBCQuestionId::RestoreBackup));
         QVERIFY(desk.presenter.questions.constFirst().text.contains(desk.first));
         QCOMPARE(desk.everything().filter(u"vmdb"_s), before);
         QCOMPARE(desk.status(), QString());
@@ -95,7 +96,8 @@ private Q_SLOTS:
         desk.list();
         desk.press("deleteBtn");
         QCOMPARE(desk.presenter.questions.size(), 1);
-        QCOMPARE(desk.presenter.questions.constFirst().key, u"IDS_MSG_BACKUP_DELETE"_s);
+        QCOMPARE(desk.presenter.questions.constFirst().key,
+            DBCMessage::keyOf(DBCQuestionId::DeleteBackup));
         QCOMPARE(snapshotOf(desk.backup), desk.chosen);
     }
 
@@ -156,7 +158,8 @@ private Q_SLOTS:
         desk.list();
         desk.press("restoreBtn");
         QCOMPARE(desk.presenter.questions.size(), 2);
-        QCOMPARE(desk.presenter.questions.constFirst().key, u"IDS_MSG_UNFINISHED_IMPORT"_s);
+        QCOMPARE(desk.presenter.questions.constFirst().key,
+            DBCMessage::keyOf(DBCQuestionId::SettleUnfinishedImport));
         QVERIFY(!desk.hasJournal());
     }
 };

@@ -164,7 +164,8 @@ private Q_SLOTS:
         conversion.start();
         QTRY_VERIFY(conversion.hasEnded());
         QVERIFY(!isEnabledAfterPress);
-        QCOMPARE(conversion.presenter.questions.value(1).key, u"IDS_MSG_ERR_0315"_s);
+        QCOMPARE(conversion.presenter.questions.value(1).key,
+            DBCMessage::keyOf(DBCQuestionId::CancelImport));
         QCOMPARE(conversion.cards(), 4);
         QCOMPARE(conversion.message(), u"Import has finished.\nCards: 3, imported: 3"_s);
     }

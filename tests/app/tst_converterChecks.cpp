@@ -20,8 +20,8 @@ namespace {
 constexpr quint64 margin = 0x80000; // bytes
 constexpr qsizetype longestDataPath = 520; // bytes
 
-const QString mainApplicationMustNotRun = u"IDS_MSG_ERR_0106"_s;
-const QString oldExportGoes = u"IDS_MSG_ERR_0205"_s;
+const QString mainApplicationMustNotRun = DBCMessage::keyOf(DBCQuestionId::BeginOperation);
+const QString oldExportGoes = DBCMessage::keyOf(DBCQuestionId::ReplaceExport);
 
 // A screen with two good paths, on a machine where every check passes, and a user who answers Yes.
 struct Situation : WindowFixture {

@@ -158,7 +158,9 @@ private Q_SLOTS:
         QCOMPARE(_fixture->presenter.questions.size(), 1);
         const DBCQuestion& question = _fixture->presenter.questions.first();
         QCOMPARE(question.key,
-            names().type == OperationType::Import ? u"IDS_MSG_ERR_0317"_s : u"IDS_MSG_ERR_0211"_s);
+            names().type == OperationType::Import
+                ? DBCMessage::keyOf(DBCQuestionId::QuitAfterImport)
+                : DBCMessage::keyOf(DBCQuestionId::QuitAfterExport));
         QVERIFY2(question.text.contains(u"97"_s), qPrintable(question.text));
         QCOMPARE(question.defaultButton, u"Yes"_s);
         QCOMPARE(question.alternateButton, u"No"_s);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The two threads of a conversion: events that cross over, and a cancel that is asked for on one
-// thread and found on the other.
+// A conversion on two threads: events go from the operation thread to this one, and a cancel that
+// is asked for on this thread is noticed on the operation thread.
 #include "cardimage/DBCDiskUsage.h"
 #include "datafile/helpers/DBCLocalizable.h"
 #include "tests/support/ScriptedConversion.h"
@@ -36,7 +36,7 @@ QStringList threeNames()
     return {u"Sato"_s, u"Suzuki"_s, u"Tanaka"_s};
 }
 
-// Runs the conversion on a thread of its own, as a window does, with events handled here.
+// Runs the conversion on a new thread, as a window does. The events are handled on this thread.
 bool runOnItsOwnThread(DBCConverterController& controller)
 {
     bool isOk = false;
@@ -180,7 +180,7 @@ private Q_SLOTS:
         conversion.hasCards(threeNames());
         conversion.presenter.answer = DBCAnswer::Default;
         conversion.cancelWhen(backupBegins);
-        // The copy asks, is told to stop, and leaves nothing.
+        // The copy asks whether it may go on, gets a no, and leaves nothing behind.
         conversion.script.onBackup
             = [&] { QVERIFY(!conversion.controller->fileManager(nullptr, QString(), QString())); };
         conversion.script.backupResult = DBCResultCode::BackupFailure;

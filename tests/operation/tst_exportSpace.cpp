@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The export's look at its space: the estimate, what too little space leads to, and a cancel while
-// a long measuring goes on.
+// The disk space of an export: the estimate, the error if there is too little space, and a cancel
+// while a long measuring goes on.
 #include "tests/operation/ScriptedExport.h"
 
 #include <QtTest>
@@ -11,12 +11,13 @@ using Export = ScriptedExport;
 
 namespace {
 
-// 10 KiB in images and 20 KiB in attachments; a path with "bad" in it cannot be measured.
+// Every image file has 10 KiB and every attachment folder 20 KiB. A path with "bad" in it cannot be
+// measured.
 constexpr const char* tenKiBImagesTwentyKiBAttachments
     = "case \"$3\" in *bad*) exit 1;; */Images/*) k=10;; */Files/*) k=20;; *) k=999;; esac\n"
       "printf '%s\\t%s\\n' \"$k\" \"$3\"";
 
-// Takes longer for one card than the export waits before it asks about a cancel.
+// Measuring one card takes longer than the half second after which the export asks about a cancel.
 constexpr const char* sixTenthsOfASecondForEachCard = "sleep 0.6; printf '1\\t%s\\n' \"$3\"";
 
 const QString cancelConfirmed = u"DBC_OperationDidCanceledNotification cancel=true"_s;

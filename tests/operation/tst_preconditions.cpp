@@ -25,7 +25,8 @@ private Q_SLOTS:
         QVERIFY(preconditions._checkPrecondition());
         QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::None);
         QCOMPARE(situation.presenter.numbers, nothingShown);
-        QCOMPARE(situation.questionKeys(), QStringList(u"IDS_MSG_ERR_0106"_s));
+        QCOMPARE(situation.questionKeys(),
+            QStringList(DBCMessage::keyOf(DBCQuestionId::BeginOperation)));
     }
 
     void questionOffersYesAndNoAndNoThirdButton()
@@ -59,7 +60,8 @@ private Q_SLOTS:
     void questionThatCannotBeAskedRefuses()
     {
         Situation situation(OperationType::Export);
-        const DBCLocalizable::Substitute texts({{u"IDS_MSG_ERR_0106"_s, std::nullopt}});
+        const DBCLocalizable::Substitute texts(
+            {{DBCMessage::keyOf(DBCQuestionId::BeginOperation), std::nullopt}});
         DBCPreconditions preconditions = situation.preconditions();
         QVERIFY(!preconditions._checkPrecondition());
         QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::ByCheck);
@@ -310,8 +312,9 @@ private Q_SLOTS:
         Situation situation(OperationType::Export);
         situation.makeOldExport();
         QVERIFY(situation.check());
-        QCOMPARE(
-            situation.questionKeys(), QStringList({u"IDS_MSG_ERR_0106"_s, u"IDS_MSG_ERR_0205"_s}));
+        QCOMPARE(situation.questionKeys(),
+            QStringList({DBCMessage::keyOf(DBCQuestionId::BeginOperation),
+                DBCMessage::keyOf(DBCQuestionId::ReplaceExport)}));
         QVERIFY(!situation.oldExportStands());
         QVERIFY(QFileInfo(situation.exportFolder()).isDir());
     }

@@ -30,7 +30,8 @@ struct Unfinished : Situation {
     QString backup;
 };
 
-const QStringList bothQuestions {u"IDS_MSG_ERR_0106"_s, u"IDS_MSG_UNFINISHED_IMPORT"_s};
+const QStringList bothQuestions {DBCMessage::keyOf(DBCQuestionId::BeginOperation),
+    DBCMessage::keyOf(DBCQuestionId::SettleUnfinishedImport)};
 
 } // namespace
 

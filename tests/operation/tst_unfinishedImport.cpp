@@ -67,7 +67,7 @@ private Q_SLOTS:
         settling.settle();
         QCOMPARE(settling.presenter.questions.size(), 1);
         const DBCQuestion question = settling.presenter.questions.constFirst();
-        QCOMPARE(question.key, u"IDS_MSG_UNFINISHED_IMPORT"_s);
+        QCOMPARE(question.key, DBCMessage::keyOf(DBCQuestionId::SettleUnfinishedImport));
         QVERIFY(question.text.contains(settling.dead.package.path()));
         QVERIFY(question.text.contains(settling.dead.backup));
         QCOMPARE(question.defaultButton, DBCMessage::btnLableString(DBCButton::Yes));
@@ -115,7 +115,8 @@ private Q_SLOTS:
     void questionWithoutItsTextIsNotAnswered()
     {
         Settling settling(DBCAnswer::Default);
-        const DBCLocalizable::Substitute texts({{u"IDS_MSG_UNFINISHED_IMPORT"_s, std::nullopt}});
+        const DBCLocalizable::Substitute texts(
+            {{DBCMessage::keyOf(DBCQuestionId::SettleUnfinishedImport), std::nullopt}});
         QCOMPARE(settling.settle(), DBCSettlement::NotAnswered);
         QVERIFY(settling.dead.hasJournal());
     }
