@@ -219,9 +219,16 @@ private Q_SLOTS:
         if (QStandardPaths::findExecutable(validator).isEmpty())
             QSKIP("appstreamcli is not installed");
         int exitCode = -1;
-        const QString complaints = run(
-            validator, {u"validate"_s, u"--no-net"_s, u"--strict"_s, metainfoFile()}, &exitCode);
-        QVERIFY2(exitCode == 0, qPrintable(complaints));
+        const QString answer
+            = run(validator, {u"validate"_s, u"--no-net"_s, metainfoFile()}, &exitCode);
+        QVERIFY2(exitCode == 0, qPrintable(answer));
+        // Each validator knows one of the two ways to name the developers.
+        QStringList remarks = answer.split(u'\n').filter(u"I: "_s);
+        remarks.removeIf([](const QString& remark) {
+            return remark.contains(u": unknown-tag developer"_s)
+                || remark.contains(u": developer-name-tag-deprecated"_s);
+        });
+        QCOMPARE(remarks, QStringList());
     }
 };
 
