@@ -10,7 +10,6 @@
 #include "report/DBCRunStory.h"
 #include "system/DBCStandardDescriptors.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QThread>
 
@@ -39,9 +38,8 @@ QString cancelQuestionKey(OperationType type)
 
 QString folderFor(const QString& fullPathFolder, OperationType type)
 {
-    return type == OperationType::Export
-        ? QDir(fullPathFolder).filePath(DBCInterchangeNames::rootFolderName())
-        : fullPathFolder;
+    return type == OperationType::Export ? DBCInterchangeNames::exportFolder(fullPathFolder)
+                                         : fullPathFolder;
 }
 
 } // namespace
