@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Attachments that somebody takes away while a card's folder is being copied. The moment is that of
-// the warning about a name that is left out, which comes before the names behind it.
+// Attachments that are removed while a card's folder is being copied. The tests remove them at the
+// warning about a bad name, after which further names are still to be copied.
 #include "tests/carddb/AttachmentFixture.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/ScopedMode.h"

@@ -73,7 +73,7 @@ private Q_SLOTS:
         QTest::addColumn<OperationType>("type");
         QTest::addColumn<Change>("change");
         QTest::addColumn<quint32>("number");
-        QTest::addColumn<QString>("place"); // relative to the home of the situation
+        QTest::addColumn<QString>("place"); // relative to the situation's home folder
         const auto row = [](quint32 number, OperationType type, const char* place, Change change) {
             QTest::addRow("%u", number)
                 << type << std::move(change) << number << QString::fromUtf8(place);
@@ -109,7 +109,7 @@ private Q_SLOTS:
         QVERIFY2(!text.contains(u'%'), qPrintable(text));
     }
 
-    // The main application's version
+    // Tests of the check for the main application's version.
 
     void versionOfTheMainApplicationIsComparedAsText_data()
     {
@@ -158,7 +158,7 @@ private Q_SLOTS:
         QVERIFY(situation.check());
     }
 
-    // Order
+    // Tests of the order of the checks.
 
     void sourceOfTheOperationIsCheckedFirst_data() { bothOperations(); }
     void sourceOfTheOperationIsCheckedFirst()
@@ -180,7 +180,7 @@ private Q_SLOTS:
         QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::ByCheck);
     }
 
-    // The data path of an import
+    // Tests of the data path of an import.
 
     void importFolderPathOf520BytesIsTheLongest()
     {
@@ -244,7 +244,7 @@ private Q_SLOTS:
         QCOMPARE(situation.presenter.numbers, QList<quint32> {309});
     }
 
-    // The data path of an export
+    // Tests of the data path of an export.
 
     void newExportFolderAndItsTwoFoldersAreMade()
     {
@@ -331,7 +331,8 @@ private Q_SLOTS:
     void olderExportThatCannotBeRemovedIsAnError()
     {
         Situation situation(OperationType::Export);
-        QVERIFY(QFile::link(situation.interchange, situation.exportFolder())); // never followed
+        QVERIFY(QFile::link(
+            situation.interchange, situation.exportFolder())); // the removal must not follow it
         QVERIFY(!situation.preconditions()._dataPathCheck());
         QCOMPARE(situation.presenter.numbers, QList<quint32> {204});
         QVERIFY(QFileInfo::exists(DBCInterchangeNames::dataFile(situation.interchange)));
@@ -378,7 +379,7 @@ private Q_SLOTS:
         QCOMPARE(situation.presenter.numbers, QList<quint32> {204});
     }
 
-    // Volumes
+    // Tests of the check for network volumes.
 
     void localAndNetworkVolumesAreTold_data()
     {
@@ -438,7 +439,7 @@ private Q_SLOTS:
             DBCPreconditions::_networkPathCheck(situation.package), DBCResultCode::GeneralFailure);
     }
 
-    // Paths
+    // Tests of expandedPath() and the default paths.
 
     void homeSignInFrontIsExpanded()
     {

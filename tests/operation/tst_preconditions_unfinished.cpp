@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The checks before an operation on a package whose last import did not finish.
+// The checks before an operation when the last import into the package did not finish.
 #include "carddb/DBCImportJournal.h"
 #include "tests/operation/PreconditionSituation.h"
 
