@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which entries of an attachment folder are copied. An import, an export and the check of a folder
-// ask here and report the verdict each in its own way.
+// Decides which entries of an attachment folder are copied. An import, an export and the check of a
+// folder all ask here, and each reports the verdict in its own way.
 #pragma once
 
 #include <QByteArray>
 #include <QString>
 
-// What an entry of a folder is itself; links are not followed.
+// The kind of a folder's entry. A link is a kind of its own; it is not followed.
 enum class DBCEntryKind : quint8 {
     RegularFile,
     Folder,

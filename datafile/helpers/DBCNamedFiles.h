@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Finds the images and the attachment folder that a line of the data file names. An import and the
-// check of a folder ask here and report the outcome each in its own way.
+// check of a folder both ask here, and each reports the outcome in its own way.
 #pragma once
 
 #include "system/DBCDescriptor.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which items of a record have a maximum length, and whether they keep to it. The data file's
-// reader logs the items that are too long and the check of a folder lists them; both ask here.
+// Decides which items of a record are too long. The data file's reader logs these items and the
+// check of a folder lists them; both ask here.
 #pragma once
 
 #include "datafile/records/DBCRecord.h"
@@ -20,6 +20,6 @@ struct DBCMeasuredItem {
     QString label() const;
 };
 
-// All items with a maximum, in column order. State, city, street and address are measured as the
-// one text in which they are stored, which stands under the key and at the place of the address.
+// Returns all items that have a maximum length, in column order. State, city, street and address
+// are stored as one text, so that text is measured; it has the key and the place of the address.
 std::vector<DBCMeasuredItem> measuredItems(const DBCRecord& record);

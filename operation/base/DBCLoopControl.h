@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a callback answers to the loop that called it: whether the loop goes on to its next item.
+// The answer of a callback to the loop that calls it: whether the loop goes on to its next item.
 #pragma once
 
 enum class DBCLoopControl : bool { Stop, Continue };
