@@ -26,10 +26,7 @@ struct Conversion {
     {
     }
     bool isImport() const { return type == OperationType::Import; }
-    QString exportedFolder() const
-    {
-        return dataPath + u'/' + DBCInterchangeNames::rootFolderName();
-    }
+    QString exportedFolder() const { return DBCInterchangeNames::exportFolder(dataPath); }
 };
 
 // Passes the operation's events to the reporter.

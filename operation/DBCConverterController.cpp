@@ -10,7 +10,6 @@
 #include "report/DBCRunStory.h"
 #include "system/DBCStandardDescriptors.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QThread>
 
@@ -25,9 +24,8 @@ constexpr qsizetype separatorLength = 66;
 
 QString folderFor(const QString& fullPathFolder, OperationType type)
 {
-    return type == OperationType::Export
-        ? QDir(fullPathFolder).filePath(DBCInterchangeNames::rootFolderName())
-        : fullPathFolder;
+    return type == OperationType::Export ? DBCInterchangeNames::exportFolder(fullPathFolder)
+                                         : fullPathFolder;
 }
 
 } // namespace

@@ -33,7 +33,7 @@ QString joined(const QString& folder, const QString& name)
     return folder.isEmpty() || folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
 }
 
-// None when the main application is not installed or does not tell.
+// None when the main application is not installed or its version cannot be read.
 std::optional<QString> mainApplicationVersion(const DBCHost& host)
 {
     const QString list = DBCMainApplication::versionList(host.applicationsFolder);
@@ -45,7 +45,7 @@ std::optional<QString> mainApplicationVersion(const DBCHost& host)
                                              : std::nullopt;
 }
 
-// Why a package cannot be used: message 301 is the same for all reasons, the log tells them apart.
+// The log text for the reason why a package cannot be used; message 301 does not name the reason.
 const char* reasonKey(DBCResultCode state)
 {
     switch (state) {
@@ -69,7 +69,7 @@ DBCPreconditions::DBCPreconditions(
     : _dataPath(dataPath)
     , _databasePath(databasePath)
     , _operationType(operationType)
-    , _exportFolder(joined(dataPath, DBCInterchangeNames::rootFolderName()))
+    , _exportFolder(DBCInterchangeNames::exportFolder(dataPath))
 {
 }
 
@@ -80,13 +80,13 @@ bool DBCPreconditions::_checkPrecondition()
         return false;
     if (!settleLastImport())
         return false;
-    // The source of the operation first.
+    // The operation's source is checked before its target.
     return isImport() ? _dataPathCheck() && _vmdbPathCheck() : _vmdbPathCheck() && _dataPathCheck();
 }
 
 bool DBCPreconditions::settleLastImport()
 {
-    // An empty path is refused later, by name.
+    // An empty path is refused later with a message of its own.
     if (_databasePath.isEmpty())
         return true;
     switch (settleUnfinishedImport(_databasePath)) {
@@ -150,7 +150,8 @@ bool DBCPreconditions::removeOldExportFolder()
 {
     if (!ask(DBCQuestionId::ReplaceExport, {_exportFolder}))
         return false;
-    // Somebody who keeps the package there agreed to lose an old export, not the cards.
+    // The user agreed to remove an old export. If the package lies in that folder, it must not be
+    // removed along with it.
     const bool holdsThePackage = isSameOrInside(_exportFolder, _databasePath);
     return (!holdsThePackage && DBCFileManager::defaultManager()->cleanFolder(_exportFolder))
         || refuse(204, {_exportFolder});

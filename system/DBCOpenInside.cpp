@@ -15,14 +15,14 @@
 
 namespace {
 
-// The C library has no name for this call yet.
+// The C library has no function for this system call yet.
 int openBeneath(int folder, const QByteArray& path, int flags)
 {
     struct open_how how { };
     how.flags = static_cast<__u64>(flags);
     how.resolve = RESOLVE_BENEATH | RESOLVE_NO_MAGICLINKS;
     const long opened = syscall(SYS_openat2, folder, path.constData(), &how, sizeof how);
-    // Systems that do not know the call get no links at the end, at least.
+    // Without this system call, links in the last component at least are not followed.
     if (opened < 0 && (errno == ENOSYS || errno == EPERM))
         return openat(folder, path.constData(), flags | O_NOFOLLOW);
     return static_cast<int>(opened);

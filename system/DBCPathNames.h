@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the text of a path says, without a look at the disk (system/DBCPathChecks.h looks there).
+// Functions on the text of a path, which do not look at the disk; system/DBCPathChecks.h has those
+// that do.
 // Where a function takes two paths, the folder comes first.
 #pragma once
 

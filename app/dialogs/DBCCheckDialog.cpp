@@ -23,8 +23,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Looking = DBCFolderInspector::Looking;
-
 constexpr int millisecondsBetweenSteps = 50;
 constexpr QSize usualSize {780, 480}; // device-independent pixels
 constexpr int linesOfSummary = 2;
@@ -159,7 +157,7 @@ DBCFolderInspector::Progress DBCCheckDialog::progressFor(const StopFlag& isStopW
                     showProgress(finished, max);
             });
         }
-        return *isStopWanted ? Looking::Stop : Looking::GoOn;
+        return *isStopWanted ? DBCLoopControl::Stop : DBCLoopControl::Continue;
     };
 }
 

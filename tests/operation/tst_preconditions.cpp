@@ -75,7 +75,7 @@ private Q_SLOTS:
         QTest::addColumn<OperationType>("type");
         QTest::addColumn<Change>("change");
         QTest::addColumn<quint32>("number");
-        QTest::addColumn<QString>("place"); // relative to the home of the situation
+        QTest::addColumn<QString>("place"); // relative to the situation's home folder
         const auto row = [](quint32 number, OperationType type, const char* place, Change change) {
             QTest::addRow("%u", number)
                 << type << std::move(change) << number << QString::fromUtf8(place);
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QVERIFY2(!text.contains(u'%'), qPrintable(text));
     }
 
-    // The main application's version
+    // Tests of the check for the main application's version.
 
     void versionOfTheMainApplicationIsComparedAsText_data()
     {
@@ -160,7 +160,7 @@ private Q_SLOTS:
         QVERIFY(situation.check());
     }
 
-    // Order
+    // Tests of the order of the checks.
 
     void sourceOfTheOperationIsCheckedFirst_data() { bothOperations(); }
     void sourceOfTheOperationIsCheckedFirst()
@@ -182,7 +182,7 @@ private Q_SLOTS:
         QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::ByCheck);
     }
 
-    // The data path of an import
+    // Tests of the data path of an import.
 
     void importFolderPathOf520BytesIsTheLongest()
     {
@@ -246,7 +246,7 @@ private Q_SLOTS:
         QCOMPARE(situation.presenter.numbers, QList<quint32> {309});
     }
 
-    // The data path of an export
+    // Tests of the data path of an export.
 
     void newExportFolderAndItsTwoFoldersAreMade()
     {
@@ -334,7 +334,8 @@ private Q_SLOTS:
     void olderExportThatCannotBeRemovedIsAnError()
     {
         Situation situation(OperationType::Export);
-        QVERIFY(QFile::link(situation.interchange, situation.exportFolder())); // never followed
+        QVERIFY(QFile::link(
+            situation.interchange, situation.exportFolder())); // the removal must not follow it
         QVERIFY(!situation.preconditions()._dataPathCheck());
         QCOMPARE(situation.presenter.numbers, QList<quint32> {204});
         QVERIFY(QFileInfo::exists(DBCInterchangeNames::dataFile(situation.interchange)));
@@ -381,7 +382,7 @@ private Q_SLOTS:
         QCOMPARE(situation.presenter.numbers, QList<quint32> {204});
     }
 
-    // Volumes
+    // Tests of the check for network volumes.
 
     void localAndNetworkVolumesAreTold_data()
     {
@@ -441,7 +442,7 @@ private Q_SLOTS:
             DBCPreconditions::_networkPathCheck(situation.package), DBCResultCode::GeneralFailure);
     }
 
-    // Paths
+    // Tests of expandedPath() and the default paths.
 
     void homeSignInFrontIsExpanded()
     {
