@@ -92,7 +92,7 @@ def type_text(text):
 
 
 class ScreenReader:
-    """The view that assistive programs have of a program. Import it only when the session is running."""
+    """The view that assistive programs have of a program. Needs a running session."""
 
     def __init__(self, program):
         import gi

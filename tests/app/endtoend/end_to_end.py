@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The window as a user has it, from the first key to the last: end_to_end.py PROGRAM CONVERT SAMPLES.
+"""Uses the window as a user does, from start to end: end_to_end.py PROGRAM CONVERT SAMPLES.
 
-Nothing but keys, mouse clicks and what a screen reader is told; what must have happened is then
-looked for on the disk."""
+The test uses only keys, mouse clicks and the texts that a screen reader gets. Afterwards it checks
+the results on the disk."""
 
 import shutil
 import sqlite3
