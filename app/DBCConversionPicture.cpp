@@ -8,8 +8,8 @@
 
 namespace {
 
-// Everything here is in device-independent pixels, and straight lines lie on even numbers: those
-// are whole pixels at 100, 150 and 200 %.
+// All sizes are device-independent pixels. Straight lines have even coordinates, because these are
+// whole pixels at 100, 150 and 200 %.
 constexpr QSize sizeOfConversion {156, 60};
 constexpr QSize sizeOfArrow {30, 24};
 
@@ -50,8 +50,8 @@ public:
     void drawArrow(const QPointF& from, const QPointF& to) const;
 
 private:
-    // A pen of whole pixels, and the way from an even number to where it covers whole pixels:
-    // anything else would be lines of twice the width and half the shade.
+    // The pen is a whole number of pixels wide, and shift() moves a line from an even coordinate to
+    // where it covers whole pixels. Otherwise the line would look twice as wide and half as dark.
     QPen sharpPen(const QColor& color, qreal width) const
     {
         return {color, pixels(width) / _scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
@@ -87,7 +87,7 @@ void Pencil::line(const QPointF& from, const QPointF& to, const QColor& color, q
     _painter.drawLine(from + shift(width), to + shift(width));
 }
 
-// A name in the accent's colour and two lines below it, as far as the card shows.
+// Draws a short line in the accent colour for the name and a grey line below it.
 void Pencil::drawCard(const QRectF& place) const
 {
     QPainterPath edge;
@@ -121,7 +121,7 @@ void Pencil::drawDatabase() const
     for (int tier = 1; tier < tiers; ++tier)
         outline(rim(depth * tier / tiers), Qt::transparent);
 
-    // A margin sets the card apart from the drum.
+    // A margin in the window's colour separates the card from the drum.
     constexpr qreal margin = 3;
     QPainterPath around;
     around.addRoundedRect(
@@ -194,7 +194,7 @@ void DBCConversionPicture::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     const QSize size = sizeHint();
-    // Even numbers, as above.
+    // The offset is even, so that the lines keep even coordinates.
     const int left = (width() - size.width()) / 4 * 2;
     const int top = (height() - size.height()) / 4 * 2;
     painter.translate(left, top);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A small drawing of what goes where, in the colours of the palette and sharp at every scale. It
-// only adorns the texts beside it, which say the same, and so says nothing to a screen reader.
+// A small drawing that shows the direction of an operation, in the colours of the palette and sharp
+// at every scale. The texts beside it say the same, so it has no name for a screen reader.
 #pragma once
 
 #include <QWidget>
@@ -11,7 +11,7 @@ public:
     enum class Subject : quint8 {
         Export, // from the card database into a folder
         Import, // from a folder into the card database
-        Downwards, // from what stands above to what stands below
+        Downwards, // an arrow from the box above to the box below
     };
     explicit DBCConversionPicture(QWidget* parent = nullptr);
 

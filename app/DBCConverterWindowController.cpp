@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Places in the path area: the source on top, an arrow, the target.
+// Positions in the path area: the source is on top, then comes an arrow, then the target.
 constexpr int upperPlace = 0;
 constexpr int lowerPlace = 2;
 
@@ -34,11 +34,12 @@ bool isFolder(const QString& path)
     return !path.isEmpty() && QFileInfo(path).isDir();
 }
 
-// Room for texts that come and go, so that nothing else moves when they do.
+// Reserves the height of so many lines, so that nothing else moves when the text appears or
+// disappears.
 void reserveLines(QLabel& label, int lines)
 {
-    // Laid out rather than multiplied: letters that come from another font make a line higher, and
-    // cards have Japanese names in every language.
+    // A sample text is laid out, because a line is higher when letters come from another font.
+    // Cards have Japanese names in every language of the program.
     const bool isRich = label.textFormat() == Qt::RichText;
     const QStringList sample(lines, u"No. 1 \u540D\u523A"_s);
     label.setText(sample.join(isRich ? u"<br>"_s : u"\n"_s));
@@ -69,7 +70,7 @@ DBCConverterWindowController::DBCConverterWindowController(
     localizeWidgets(*_converterView);
     _dataPathHint = std::make_unique<DBCPathHint>(*_ui->_dataPathTextField, *_ui->dataPathReason);
     _vmdbPathHint = std::make_unique<DBCPathHint>(*_ui->_vmdbPathTextField, *_ui->vmdbPathReason);
-    // Fields that begin and end at the same places, whatever the buttons are called.
+    // Buttons of one width make all fields begin and end at the same places.
     const int width = std::max({_ui->_dataPathSelectionBtn->sizeHint().width(),
         _ui->_vmdbPathSelectionBtn->sizeHint().width(), _ui->backupsBtn->sizeHint().width()});
     _ui->_dataPathSelectionBtn->setMinimumWidth(width);
@@ -196,7 +197,7 @@ std::optional<QString> DBCConverterWindowController::_getDefaultDataFilePath()
     return DBCPreconditions::_getDefaultDataFilePath();
 }
 
-// Down in the empty field takes what its placeholder offers.
+// Called for the Down key: an empty field takes over the path that its placeholder shows.
 void DBCConverterWindowController::_takeLastDataPath()
 {
     if (_ui->_dataPathTextField->text().isEmpty())

@@ -52,12 +52,14 @@ public:
     void quitBtnAction();
     void controlTextDidChange();
 
-    // A folder dropped on the window: a package goes into the database field, any other folder into
-    // the data field. canTakeDrop is false while neither may be changed.
+    // Takes a folder that was dropped on the window: a package goes into the database field, any
+    // other folder into the data field. canTakeDrop() is false for anything but an existing folder
+    // and while the fields cannot be changed.
     bool canTakeDrop(const QString& path) const;
     void takeDrop(const QString& path);
 
-    // The checks; each shows its one message and returns true to go on.
+    // The checks before an operation. Each returns true to go on; otherwise it has shown its
+    // message or the user has answered No. _networkPathCheck only returns its result.
     bool _checkPrecondition() const;
     bool _dataPathCheck() const;
     bool _vmdbPathCheck() const;
@@ -68,16 +70,19 @@ public:
     void setLogFilePath(const QString& path) { _logPathString = path; }
 
     bool isRunning() const { return _isOperationRunning; }
-    // Whether a card database is being changed, be it by an operation or from the list of backups.
+    // Whether an operation is running or a backup is being restored or deleted.
     bool isBusy() const;
+    // Shows a tool tip that says why the window does not close.
     void explainWhyItStaysOpen() const;
-    // For a program that is asked to end: cancels a running operation without asking, lets a backup
-    // be restored to its end, and closes the window when the card database is whole again.
+    // Called when the program is asked to end: cancels a running operation without a question, lets
+    // a running restore finish, and closes the window once the card database is complete again.
+    // Returns at once.
     void endSoon();
-    // The same for a program that ends when this returns. Needs no event loop.
+    // Does the same, but returns only when everything has ended. It works without an event loop, so
+    // the program may exit afterwards.
     void windDown();
 
-    // How the driver comes by its collaborators; a test substitutes its own.
+    // Creates the driver's collaborators; a test sets its own.
     void setFactories(DBCConversionFactories factories) { _factories = std::move(factories); }
 
 private:
@@ -92,7 +97,8 @@ private:
 
     bool _isImport() const { return _operationType == OperationType::Import; }
     DBCPreconditions _preconditions() const;
-    QString _dataPath() const; // as the operation gets it
+    // The typed paths in the form in which the operation gets them.
+    QString _dataPath() const;
     QString _databasePath() const;
 
     // --- set-up ---
@@ -158,8 +164,8 @@ private:
     std::unique_ptr<DBCPathHint> _dataPathHint;
     std::unique_ptr<DBCPathHint> _vmdbPathHint;
     DBCWindowPresenter _presenter;
-    DBCCheckDialog* _checkDialog = nullptr; // owned by the window, made when it is wanted
-    DBCBackupsDialog* _backupsDialog = nullptr; // the same
+    DBCCheckDialog* _checkDialog = nullptr; // owned by the window, created when first needed
+    DBCBackupsDialog* _backupsDialog = nullptr; // owned and created likewise
 
     OperationType _operationType = OperationType::None;
     QString _logPathString;
@@ -169,11 +175,12 @@ private:
     std::unique_ptr<DBCConverterController> _ctrlDBCConverterController;
     std::unique_ptr<QThread> _operationThread;
     bool _isOperationRunning = false; // from its start to its last event
-    bool _isReacting = false; // an event is being handled, and the operation waits for it
-    bool _isEnding = false; // the window closes with the operation's end
+    bool _isReacting = false; // an event is being handled while the operation's thread waits
+    bool _isEnding = false; // the window closes when the operation or restore has ended
     QString _lastDataPath; // of this operation's type; empty: none
 
-    // Events of single cards come faster than eyes and screens follow; the newest is shown.
+    // Events of single cards come faster than a screen is repainted, so only the newest one is
+    // shown each time the timer fires.
     QTimer _runningTimer;
     std::optional<DBCEvent> _newestRunning;
     DBCRemainingTime _remainingTime;

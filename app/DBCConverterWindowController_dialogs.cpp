@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The check of a folder and the list of backups, each in a dialog of its own.
+// Opens the dialogs of the converter screen: the check of a folder and the list of backups.
 #include "app/DBCConverterWindowController.h"
 #include "app/DBCWindowFrame.h"
 #include "app/dialogs/DBCBackupsDialog.h"
@@ -46,7 +46,8 @@ void DBCConverterWindowController::_backupChangeDidEnd(bool isRestored)
     _inhibitor.release();
     _enableMenuItem();
     _enableWindowsCloseBtnWith(true);
-    // What was imported just now may be wanted in the other card database, too.
+    // After an import the Convert button is disabled. The restored card database is another one, so
+    // the same import may be wanted again.
     if (isRestored)
         _setBtnStatus();
     if (_isEnding)

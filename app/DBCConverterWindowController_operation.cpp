@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// From the checks before an operation to its start, and its end when the program must end.
+// Checks and starts an operation, and ends it when the program has to end.
 #include "app/DBCConverterWindowController.h"
 #include "app/DBCWindowFrame.h"
 #include "app/desktop/DBCPaths.h"
@@ -91,13 +91,14 @@ void DBCConverterWindowController::windDown()
     _presenter.leaveUnattended();
     if (_backupsDialog)
         _backupsDialog->waitUntilChanged();
-    // An event is handled further down the stack and asks whether to quit: everything is on the
-    // disk by then, and the operation could not go on before this returns.
+    // During an event the operation's thread waits for a function further down this stack and could
+    // not end before this function returns. The event that takes so long is the question whether to
+    // quit, and by then all data is on the disk.
     if (!_operationThread || _isReacting)
         return;
     _ctrlDBCConverterController->setConfirmCancelOperation(true);
-    // The operation thread waits until each event is handled, and there may be no event loop left
-    // that would do it.
+    // The operation's thread waits until each event is handled. No event loop may be running any
+    // more, so the events are delivered here.
     while (!_operationThread->wait(QDeadlineTimer(millisecondsBetweenAnswers)))
         QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
     _isOperationRunning = false;

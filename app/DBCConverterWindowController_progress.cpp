@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How the converter screen follows a running operation.
+// Shows the events of a running operation on the converter screen.
 #include "app/DBCConverterWindowController.h"
 #include "app/DBCConverterWindowTexts.h"
 #include "app/DBCWindowFrame.h"
@@ -20,7 +20,7 @@ namespace {
 // Loading the data file or fetching the cards counts as two cards.
 constexpr qint64 stepsBeforeCards = 2;
 
-// The screen is painted at most so often while cards go by.
+// The shortest time between two updates of the screen while cards are processed.
 constexpr int millisecondsBetweenPaints = 50;
 
 constexpr qint64 secondsPerMinute = 60;
@@ -104,7 +104,8 @@ void DBCConverterWindowController::_resetProgressAreaStatus()
     _redrawProgressBox();
 }
 
-// Cards that are still to be shown, the name of the current one and the time that is left.
+// Clears the name of the current card and the remaining time, and drops an event that is still to
+// be shown.
 void DBCConverterWindowController::_forgetCards()
 {
     _runningTimer.stop();
@@ -114,7 +115,7 @@ void DBCConverterWindowController::_forgetCards()
     _ui->remainingTime->clear();
 }
 
-// A bar without any steps would move to and fro, so one that has none gets one to wait for.
+// A range of 0 to 0 makes the bar move to and fro, so a maximum of 0 becomes 1.
 void DBCConverterWindowController::_showBar(qint64 value, qint64 maximum)
 {
     _ui->_progressBar->setRange(0, std::max(1, barValue(maximum)));
@@ -167,7 +168,8 @@ void DBCConverterWindowController::_updateProgressMessageResult(
         _ui->_messageArea->showTexts(status + u'\n' + counts);
 }
 
-// Painted with the next turn of the event loop, which comes before the operation's next step.
+// The box is painted in the next turn of the event loop, which comes before the operation's next
+// step.
 void DBCConverterWindowController::_redrawProgressBox()
 {
     _ui->_progressBox->update();
@@ -234,9 +236,8 @@ void DBCConverterWindowController::_allCardsAreDone(const DBCEvent& event)
 void DBCConverterWindowController::_askToQuit(const DBCEvent& event)
 {
     _notifyUnwatched();
-    const DBCAnswer answer
-        = DBCMessage::ShowInfoMessage(QString::fromLatin1(_texts().quitQuestion.name),
-            DBCButton::Yes, DBCButton::No, QString(), {event.finishedCount.value_or(0)});
+    const DBCAnswer answer = DBCMessage::ShowInfoMessage(DBCMessage::keyOf(_texts().quitQuestion),
+        DBCButton::Yes, DBCButton::No, QString(), {event.finishedCount.value_or(0)});
     _IsCloseApp = answer == DBCAnswer::Default;
 }
 
@@ -313,7 +314,7 @@ void DBCConverterWindowController::_operationDidFinish(const DBCEvent& event)
         _notifyUnwatched();
 }
 
-// Tells somebody who works elsewhere meanwhile how it went.
+// Shows the result as a note on the desktop if the user is working in another window.
 void DBCConverterWindowController::_notifyUnwatched()
 {
     if (!_mainWndCtrl.isActiveWindow())

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which controls of the converter screen can be used when.
+// Enables and disables the controls of the converter screen.
 #include "app/DBCConverterWindowController.h"
 #include "app/DBCConverterWindowTexts.h"
 #include "app/DBCWindowFrame.h"

@@ -11,7 +11,7 @@ constexpr DBCConverterWindowTexts importTexts {
     .label = {"IDS_LBL_IMPORT"},
     .progress = {"IDS_MSG_IMPORT_PROGRESS"},
     .finishedCount = {"IDS_MSG_IMPORT_COUNT"},
-    .quitQuestion = {"IDS_MSG_ERR_0317"},
+    .quitQuestion = DBCQuestionId::QuitAfterImport,
 };
 
 constexpr DBCConverterWindowTexts exportTexts {
@@ -22,7 +22,7 @@ constexpr DBCConverterWindowTexts exportTexts {
     .label = {"IDS_LBL_EXPORT"},
     .progress = {"IDS_MSG_EXPORT_PROGRESS"},
     .finishedCount = {"IDS_MSG_EXPORT_COUNT"},
-    .quitQuestion = {"IDS_MSG_ERR_0211"},
+    .quitQuestion = DBCQuestionId::QuitAfterExport,
 };
 
 } // namespace

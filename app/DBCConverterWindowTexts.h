@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the converter screen says of each operation, as keys of the strings table.
+// The texts of the converter screen that differ between import and export, as keys of the strings
+// table.
 #pragma once
 
 #include "datafile/helpers/DBCLocalizable.h"
@@ -23,8 +24,8 @@ struct DBCConverterWindowTexts {
     Key label; // the operation's name
     Key progress; // %1: percentage
     Key finishedCount; // %L1: count
-    Key quitQuestion; // %L1: count
+    DBCQuestionId quitQuestion;
 
-    // Import's for any type but export.
+    // Returns the texts of an import for every type except Export.
     static const DBCConverterWindowTexts& of(OperationType type);
 };

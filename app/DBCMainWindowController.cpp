@@ -25,7 +25,7 @@ namespace {
 constexpr int exportRow = 0;
 constexpr int importRow = 1;
 
-// The one local path of a drop; empty when it is anything else.
+// The path of a drop of exactly one local file or folder; empty for any other drop.
 QString droppedPath(const QMimeData* data)
 {
     const QList<QUrl> urls = data->urls();
@@ -96,8 +96,8 @@ void DBCMainWindowController::showView(QWidget* view)
         former->setParent(this);
         former->hide();
     }
-    // Wrapped texts need more lines the narrower the window is, which a smallest size made from
-    // single widgets does not know.
+    // Wrapped texts need more lines in a narrower window. The minimum size that the layout computes
+    // from its widgets does not consider that.
     const QLayout& layout = *view->layout();
     if (layout.hasHeightForWidth())
         view->setMinimumHeight(layout.totalHeightForWidth(layout.totalMinimumSize().width()));
@@ -137,7 +137,7 @@ void DBCMainWindowController::windowWillClose()
     Q_EMIT terminateRequested();
 }
 
-// The session's end would kill the operation halfway; the user is told to wait or to cancel.
+// The end of the session would kill a running operation, so the program refuses the logout.
 void DBCMainWindowController::refuseLogoutWhileBusy(QSessionManager& manager)
 {
     if (_converterWndCtrl->isBusy())

@@ -30,7 +30,7 @@ public:
     DBCConverterWindowController& converter() { return *_converterWndCtrl; }
 
 Q_SIGNALS:
-    // The window has closed, and the program is to end.
+    // Emitted when the window has closed; the program should end.
     void terminateRequested();
 
 protected:

@@ -10,7 +10,7 @@
 
 namespace {
 
-// Long enough that a word is not judged letter by letter.
+// The pause is long enough that a path is not judged after every letter.
 constexpr int millisecondsAfterTyping = 200;
 
 bool isFile(const QString& path)

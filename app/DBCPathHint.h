@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Says below a path field, while it is typed, why the path cannot be used. Looking at a path may
-// take long (a sleeping disk, a lost server), so it happens on a thread of its own.
+// Shows below a path field, while the user is typing, why the path cannot be used. A path is looked
+// up on a separate thread, because that may take long (a sleeping disk, a lost server).
 #pragma once
 
 #include "app/dialogs/DBCMessageArea.h"
@@ -17,13 +17,13 @@ class DBCPathHint : public QObject {
 public:
     enum class Subject : quint8 { InterchangeFolder, ExportParent, CardDatabase };
 
-    // field and label are not owned and outlive this object.
+    // field and label are not owned and must outlive this object.
     DBCPathHint(QLineEdit& field, DBCMessageArea& label);
 
     void setSubject(Subject subject);
 
-    // What is wrong with a path as typed, in the user's words; none when nothing is, or it is
-    // empty.
+    // The reason why a typed path cannot be used, in the user's language; none if it can be used or
+    // is empty. May be called on any thread.
     static std::optional<QString> problem(Subject subject, const QString& typedPath);
 
 private:
@@ -34,6 +34,6 @@ private:
     DBCMessageArea& _label;
     Subject _subject = Subject::InterchangeFolder;
     QTimer _pause;
-    quint64 _question = 0; // number of the newest text; answers to older ones are stale
-    QThreadPool _pool; // last, so that its end waits for what still looks
+    quint64 _question = 0; // number of the newest text; answers to older texts are dropped
+    QThreadPool _pool; // the last member: its destructor waits for a running look-up
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Offers the report about the run that has ended. Out of sight as long as there is none, with its
-// place kept, so that nothing moves when it comes.
+// The button that opens the report about the last run. While there is no report the button is
+// hidden but keeps its place, so that nothing moves when it appears.
 #pragma once
 
 #include <QPushButton>
@@ -13,9 +13,10 @@ class DBCReportLink : public QPushButton {
 public:
     explicit DBCReportLink(QWidget* parent = nullptr);
 
-    // finished: the last event of a run. The number of cards with warnings or errors, if there are
-    // any, goes into messageArea.
+    // finished is the last event of a run. If cards had warnings or errors, their number is added
+    // to the text of messageArea.
     void offer(const DBCEvent& finished, DBCMessageArea& messageArea);
+    // Hides the button and forgets the report.
     void takeBack();
 
 private:

@@ -10,7 +10,7 @@
 
 namespace {
 
-// Buttons are told apart by their role, since the box may show them in any order.
+// Buttons are identified by their role, because the box may show them in any order.
 constexpr QMessageBox::ButtonRole defaultRole = QMessageBox::YesRole;
 constexpr QMessageBox::ButtonRole alternateRole = QMessageBox::NoRole;
 constexpr QMessageBox::ButtonRole otherRole = QMessageBox::ActionRole;
@@ -32,16 +32,14 @@ DBCAnswer answerOf(const QMessageBox& box)
 
 DBCAnswer unattendedAnswer(const DBCQuestion& question)
 {
-    const bool asksToCancel = question.key == QLatin1StringView("IDS_MSG_ERR_0315")
-        || question.key == QLatin1StringView("IDS_MSG_ERR_0210");
-    return asksToCancel ? DBCAnswer::Default : DBCAnswer::Alternate;
+    return question.asksToCancel() ? DBCAnswer::Default : DBCAnswer::Alternate;
 }
 
 } // namespace
 
 class DBCWindowPresenter::Request {
 public:
-    // The first answer counts.
+    // Only the first answer counts.
     void give(DBCAnswer answer)
     {
         DBCAnswer none = DBCAnswer::NotShown;
@@ -84,7 +82,10 @@ DBCAnswer DBCWindowPresenter::askQuestion(const DBCQuestion& question)
 void DBCWindowPresenter::showErrorSheet(QWindow* /*window*/, quint32 /*number*/,
     const QString& title, const QString& text, const std::function<void()>& ended)
 {
-    openSheet(makeErrorBox(title, text), [ended](int) { ended(); });
+    openSheet(makeErrorBox(title, text), [ended](int) {
+        if (ended)
+            ended();
+    });
 }
 
 void DBCWindowPresenter::askQuestionSheet(QWindow* /*window*/, const DBCQuestion& question,
@@ -93,7 +94,8 @@ void DBCWindowPresenter::askQuestionSheet(QWindow* /*window*/, const DBCQuestion
     auto box = makeQuestionBox(question);
     const QMessageBox* const asked = box.get();
     openSheet(std::move(box), [asked, ended, dismissed](int) {
-        ended(answerOf(*asked));
+        if (ended)
+            ended(answerOf(*asked));
         if (dismissed)
             dismissed();
     });
@@ -160,8 +162,8 @@ DBCAnswer DBCWindowPresenter::answerOn(DBCAnswer unattended, const std::function
         _waiting = request;
         _waitingAnswer = unattended;
     }
-    // Not a blocking call: the window may have to end while the box is open, and the other thread
-    // must then be able to go on before the box is closed.
+    // The call is queued and not blocking, because the window may have to end while the box is
+    // open. The other thread must then go on before the box is closed.
     if (thread() == QThread::currentThread())
         request->give(show());
     else

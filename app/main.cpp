@@ -24,9 +24,8 @@ namespace {
 DBCConverterWindowController* screen = nullptr;
 QtMessageHandler formerHandler = nullptr;
 
-// A display that goes away ends the program from inside the toolkit, through exit(), when nothing
-// of the program can run any more. That it says so first is the last chance for an operation to put
-// its files in order.
+// When the connection to the display breaks, the toolkit writes a message and then calls exit().
+// The message is the last chance to let a running operation put its files in order.
 void windDownWhenTheDisplayIsLost(
     QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
@@ -41,7 +40,8 @@ void explain(const char* key)
     std::fprintf(stderr, "%s\n", qUtf8Printable(getLocalString(key)));
 }
 
-// For desktops that know a window by its picture alone; others find it by the desktop file's name.
+// Some desktops show only the picture that the window brings along; others take the icon of the
+// desktop file.
 QIcon programIcon()
 {
     QIcon icon;
@@ -72,9 +72,10 @@ int runWindow(DBCSingleInstance& instance)
 int main(int argc, char** argv)
 {
     keepStandardDescriptorsOpen();
-    // Before the toolkit starts threads, on which a signal would end the program.
+    // This comes before the toolkit starts threads, because a signal delivered to one of them would
+    // end the program.
     DBCSignalWatcher::blockSignals();
-    // A terminal that goes away must not end an operation halfway.
+    // A closed terminal must not end a running operation.
     std::signal(SIGPIPE, SIG_IGN);
     const QByteArray activationToken = activationTokenOfStart();
     const auto application = applicationInUtf8<QApplication>(argc, argv);

@@ -2,18 +2,18 @@
 #include "carddb/DBCBackupChange.h"
 
 #include "carddb/DBCBackupName.h"
-#include "carddb/DBCImportJournal.h"
 #include "carddb/DBCPackageAttributes.h"
 #include "carddb/DBCPackageBackups.h"
 #include "carddb/DBCPackageCopy.h"
 #include "carddb/DBCPackageGuard.h"
+#include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCPackageRecovery.h"
 #include "carddb/DBCPackageRestore.h"
 #include "carddb/DBCPackageVerifier.h"
 #include "cardimage/DBCDiskUsage.h"
 #include "datafile/helpers/DBCCommonFunction.h"
-#include "datafile/helpers/DBCLocalizable.h"
+#include "datafile/helpers/DBCProblemAt.h"
 #include "operation/base/DBCError.h"
 #include "operation/copy/DBCFileManager.h"
 #include "operation/copy/DBCTreeComparison.h"
@@ -30,17 +30,12 @@ namespace {
 
 using State = DBCPackageRecovery::State;
 using Use = DBCPackageGuard::Use;
-using Stage = DBCImportJournal::Stage;
+using Stage = DBCPackageJournal::Stage;
 using Outcome = DBCBackupChange::Outcome;
 
-DBCProblem problemAt(const QString& path, const char* key, const DBCMessageArguments& arguments)
+DBCProblem journalProblem(const QString& package)
 {
-    return {getLocalString(key, arguments), path};
-}
-
-DBCProblem problemAt(const QString& path, const char* key)
-{
-    return problemAt(path, key, {path});
+    return {getLocalString("IDS_LOG_ERR_JOURNAL", {DBCHiddenName::journalOf(package)}), package};
 }
 
 bool isLockedByMainApplication(const QString& package)
@@ -87,8 +82,9 @@ DBCBackupChange::Result DBCBackupChange::remove()
 DBCBackupChange::Problem DBCBackupChange::reasonNotToTouch()
 {
     if (_backup.isEmpty())
-        return problemAt(_package, "IDS_BACKUP_NO_SUCH", {_name, _package});
-    // Before the guards, which it wants for itself.
+        return DBCProblem {getLocalString("IDS_BACKUP_NO_SUCH", {_name, _package}), _package};
+    // This comes before the guards are taken, because the recovery takes the package's guard
+    // itself.
     const State lastImport = DBCPackageRecovery(_package).state();
     if (lastImport == State::InUse)
         return problemAt(_package, "IDS_BACKUP_IN_USE");
@@ -108,14 +104,14 @@ DBCBackupChange::Problem DBCBackupChange::reasonNotToTouch()
 DBCBackupChange::Problem DBCBackupChange::reasonNotToRestore() const
 {
     if (auto damage = DBCPackageVerifier::verifyStore(_backup).firstProblem())
-        return problemAt(_backup, "IDS_BACKUP_DAMAGED", {_backup, damage->text});
-    // The package makes room before the backup is copied: no file of it may turn out to be
-    // unreadable then.
+        return problemAt(_backup, "IDS_BACKUP_DAMAGED", {damage->text});
+    // The package is removed before the backup is copied, so every file of the backup must be
+    // readable. Comparing the backup with itself reads them all.
     const QByteArray backup = QFile::encodeName(_backup);
     DBCTreeComparison reading;
     if (!reading.areEqual(backup, backup))
         return problemAt(
-            _backup, "IDS_BACKUP_UNREADABLE", {_backup, QFile::decodeName(reading.difference())});
+            _backup, "IDS_BACKUP_UNREADABLE", {QFile::decodeName(reading.difference())});
     if (checkPackageAttributes(_backup) != DBCResultCode::PackageUsable)
         return problemAt(_backup, "IDS_LOG_ERR_PACKAGE_ACCESS");
     return reasonNotToReplacePackage();
@@ -128,15 +124,15 @@ DBCBackupChange::Problem DBCBackupChange::reasonNotToReplacePackage() const
         return problemAt(folder, "IDS_BACKUP_FOLDER_READ_ONLY");
     if (isTaken(_package) && !QFileInfo(_package).isDir())
         return problemAt(_package, "IDS_VERIFY_NO_FOLDER");
-    // A package without store is what a backup is there for.
+    // A package without a store may be replaced: restoring a backup repairs exactly that.
     const DBCResultCode state = checkPackageAttributes(_package);
     if (state != DBCResultCode::PackageUsable && state != DBCResultCode::PackageNotExist)
         return problemAt(_package, "IDS_LOG_ERR_PACKAGE_ACCESS");
     return checkSpace();
 }
 
-// The package that stands there is copied, and removed before the backup is: at no time is there
-// more than the larger of the two to be added.
+// The present package is copied first, then removed, and the backup is copied last. So at no time
+// is more extra space needed than the larger of the two takes.
 DBCBackupChange::Problem DBCBackupChange::checkSpace() const
 {
     quint64 needed = 0;
@@ -144,7 +140,7 @@ DBCBackupChange::Problem DBCBackupChange::checkSpace() const
         DBCError error;
         needed = std::max(needed, getSizeWithPath(path, &error));
         if (error)
-            return problemAt(path, "IDS_LOG_ERR_SIZE", {path, error.localizedDescription()});
+            return problemAt(path, "IDS_LOG_ERR_SIZE", {error.localizedDescription()});
     }
     const QString folder = QFileInfo(_package).path();
     if (!hasFreeBytes(folder, needed + DBCDiskSpaceMargin))
@@ -156,7 +152,7 @@ DBCBackupChange::Problem DBCBackupChange::reasonNotToRemove() const
 {
     if (isAnythingElseSound())
         return std::nullopt;
-    return problemAt(_backup, "IDS_BACKUP_LAST", {_backup, _package});
+    return problemAt(_backup, "IDS_BACKUP_LAST", {_package});
 }
 
 bool DBCBackupChange::isAnythingElseSound() const
@@ -183,29 +179,27 @@ DBCBackupChange::Problem DBCBackupChange::keepPackage()
     return failure;
 }
 
-// The journal of the copy lets the next start clean up behind a program that was killed meanwhile.
+// If the program is killed during the copy, the journal lets the next start remove what is left.
 DBCBackupChange::Problem DBCBackupChange::copyPackageTo(const QString& target) const
 {
-    const auto journal = DBCImportJournal::begin(_package, target);
+    const auto journal = DBCPackageJournal::begin(_package, target);
     if (!journal)
-        return problemAt(
-            _package, "IDS_LOG_ERR_JOURNAL", {DBCHiddenName::importJournalOf(_package)});
-    const bool isCopied = DBCPackageCopy().copy(_package, target);
-    if (!journal->end() || !isCopied)
+        return journalProblem(_package);
+    const auto outcome = DBCPackageCopy().copy(_package, target);
+    if (!journal->end() || outcome != DBCPackageCopy::Outcome::Copied)
         return problemAt(_package, "IDS_BACKUP_NOT_KEPT");
     return std::nullopt;
 }
 
-// From the first change to the last the journal names the chosen backup, so that whoever kills the
-// program in between is asked whether to restore it.
+// The journal names the chosen backup from the first change to the last, so that after a kill in
+// between the next start asks whether to restore it.
 DBCBackupChange::Problem DBCBackupChange::putInPlace() const
 {
-    const auto journal = DBCImportJournal::begin(_package, _backup);
+    const auto journal = DBCPackageJournal::begin(_package, _backup);
     if (!journal || !journal->enter(Stage::Restore)) {
         if (journal)
             (void)journal->end();
-        return problemAt(
-            _package, "IDS_LOG_ERR_JOURNAL", {DBCHiddenName::importJournalOf(_package)});
+        return journalProblem(_package);
     }
     send(DBCEventName::DatabaseRestoreWillBegin);
     const bool isDone = DBCPackageRestore::restore(_package, _backup) == DBCResultCode::Success;
@@ -217,8 +211,8 @@ DBCBackupChange::Problem DBCBackupChange::putInPlace() const
     send(DBCEventName::DatabaseRestoreDidFinished, isDone);
     if (isDone)
         return std::nullopt;
-    return isBack ? problemAt(_backup, "IDS_BACKUP_PUT_BACK", {_backup, _package})
-                  : problemAt(_backup, "IDS_BACKUP_RESTORE_FAILED", {_backup, _package});
+    return isBack ? problemAt(_backup, "IDS_BACKUP_PUT_BACK", {_package})
+                  : problemAt(_backup, "IDS_BACKUP_RESTORE_FAILED", {_package});
 }
 
 bool DBCBackupChange::bringBackWhatStoodThere() const

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Restores and deletes chosen backups of a package. Nobody is asked here. Whatever speaks against a
-// change is found before anything is touched.
+// Restores or deletes one backup of a package without asking anybody. Every check runs before the
+// first change on the disk.
 #pragma once
 
 #include "operation/base/DBCEvent.h"
@@ -14,33 +14,45 @@
 
 class DBCPackageGuard;
 
+// One object serves one change on one thread, and holds the guards of package and backup from its
+// checks until it is destroyed. If the program is killed during a restore, the journal beside the
+// package names the chosen backup, and the next start asks whether to restore it. If it is killed
+// while it deletes, the backup is whole, or it is gone from its name and its remains have a hidden
+// name beside it.
 class DBCBackupChange {
 public:
     enum class Outcome : quint8 {
         Done,
-        NotConfirmed, // by whoever was asked; nothing was touched
-        Refused, // nothing was touched
-        Failed, // of a restore: the package is as it was, or the next start asks about it
+        NotConfirmed, // never set here: for callers whose user said no; nothing was touched
+        Refused, // a check failed; nothing was touched
+        // A restore left the package as it was, or the next start asks about it. A deletion left
+        // the backup, possibly with parts missing.
+        Failed,
     };
 
     struct Result {
         Outcome outcome;
         DBCProblem problem = {}; // empty when done
-        QString keptPackage = {}; // backup of what stood in the package's place; empty: none
+        // Path of the backup that was made of the package before it was replaced; empty when
+        // there was no package, or the change ended before that.
+        QString keptPackage = {};
     };
 
-    // The events DatabaseBackup... and DatabaseRestore..., without sender. May be empty.
+    // Receives the events DatabaseBackup... and DatabaseRestore..., without sender, on the calling
+    // thread. May be empty.
     using Events = std::function<void(const DBCEvent& event)>;
 
-    // name: of the backup, as DBCPackageBackups lists it.
+    // name is the backup's folder name, as DBCPackageBackups::list() gives it. The package need not
+    // exist.
     DBCBackupChange(const QString& package, const QString& name);
     ~DBCBackupChange();
 
-    // Backs up what stands in the package's place, then puts the chosen backup there, which stays
-    // where it is, too.
+    // Copies the package to the next backup name, removes it, and copies the chosen backup into
+    // its place. The chosen backup also stays where it is.
     Result restore(const Events& events);
 
-    // Never removes the last thing that holds cards: something sound has to remain.
+    // Deletes the backup. Refuses when neither the package nor another backup is sound, so that the
+    // last sound copy of the cards is never deleted.
     Result remove();
 
 private:
@@ -60,7 +72,7 @@ private:
 
     void send(DBCEventName name, std::optional<bool> isOk = {}) const;
 
-    QString _package; // empty: there is no such place
+    QString _package; // empty: the path is a link that leads nowhere
     QString _name;
     QString _backup; // empty: there is no such backup
     QString _keptPackage;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the backups of a package are called: "Cards_bak.vmdb" beside "Cards.vmdb", then
-// "Cards_bak1.vmdb", "Cards_bak2.vmdb" and so on.
+// The names of a package's backups: "Cards_bak.vmdb" beside "Cards.vmdb", then "Cards_bak1.vmdb" up
+// to "Cards_bak9999.vmdb".
 #pragma once
 
 #include <QString>
@@ -9,10 +9,10 @@
 
 namespace DBCBackupName {
 
-// The first such path at which nothing stands; none when all are taken.
+// The full path of the first of these names that is free; none when all 10,000 are taken.
 std::optional<QString> firstFree(const QString& package);
 
-// Whether name is exactly one of these names, without any folder.
+// Whether name is exactly one of these names. A name that holds a folder is not.
 bool isOf(const QString& package, const QString& name);
 
 } // namespace DBCBackupName

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCDataBaseController.h"
 
-#include "carddb/DBCImportJournal.h"
+#include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/store/DBCManagedObjectContext.h"
 #include "carddb/store/DBCManagedObjectModel.h"
@@ -60,7 +60,8 @@ DBCManagedObjectContext* DBCDataBaseController::managedObjectContext()
         return nullptr;
     _managedObjectContext = DBCManagedObjectContext::open(
         DBCPackageLayout::storeFile(_strDBPath), *managedObjectModel());
-    // Only a package whose store opened is locked, so that nothing is written into any other.
+    // The lock file is created only after the store has opened, so that nothing is written into a
+    // folder that is no package.
     if (_managedObjectContext && isFailure(_lock()))
         _managedObjectContext.reset();
     return _managedObjectContext.get();
@@ -71,16 +72,16 @@ DBCResultCode DBCDataBaseController::_lock()
     if (_strDBPath.isEmpty())
         return DBCResultCode::GeneralFailure;
     const QByteArray path = QFile::encodeName(DBCPackageLayout::lockFile(_strDBPath));
-    // Whoever made it: a file left behind by a program that died must not keep anybody out. The
-    // question whether another program is at work has been asked before.
+    // Remove an existing lock file, whoever made it: one left by a program that died must not keep
+    // anybody out. Whether another program is using the package has been checked before.
     std::remove(path.constData());
     _ilockFile
         = open(path.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, lockFileCreationMode);
-    // By the descriptor: what stands at the name may be another file by now.
+    // Change the mode through the descriptor: the name may refer to another file by now.
     if (_ilockFile != noDescriptor && fchmod(_ilockFile, lockFileMode) == 0
         && flock(_ilockFile, LOCK_EX | LOCK_NB) == 0)
         return DBCResultCode::Success;
-    // The descriptor stays in the field: destruction releases it like any other.
+    // The descriptor stays in the field, and the destructor closes it.
     DBCLog::debug(u"There is a lock failure of the Database!"_s);
     return DBCResultCode::DatabaseLockFailure;
 }
@@ -105,7 +106,8 @@ DBCResultCode DBCDataBaseController::save()
     DBCManagedObjectContext* context = managedObjectContext();
     if (!context)
         return DBCResultCode::GeneralFailure;
-    // What the new cards name has to outlive a power cut before anything names it.
+    // Flush the PDFs and attachments before the cards that name them are committed, so that after a
+    // power cut no card names a file that is not there.
     if (context->hasInsertedCards() && !DBCDiskFlush::fileSystemOf(_strDBPath)) {
         DBCLog::error(getLocalString(u"IDS_LOG_ERR_DISK_FLUSH"_s, {_strDBPath}));
         return DBCResultCode::DatabaseSaveFailure;

@@ -5,8 +5,10 @@
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCTransferLog.h"
 #include "cardimage/DBCDiskUsage.h"
+#include "datafile/helpers/DBCAttachmentRules.h"
 #include "datafile/helpers/DBCCommonFunction.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCNamedFiles.h"
 #include "operation/copy/DBCTreeCopy.h"
 #include "system/DBCFolderEntries.h"
 #include "system/DBCHost.h"
@@ -18,48 +20,18 @@
 #include <QFile>
 
 #include <algorithm>
+#include <utility>
 
 #include <cerrno>
 #include <fcntl.h>
-#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// What an entry is itself, links not followed.
-enum class EntryKind : quint8 { RegularFile, Folder, Other, Gone, Unknown };
-
-enum class Verdict { Copy, Pass, BadName, Vanished, NotRegular };
-
-Verdict verdictOnKind(EntryKind kind)
-{
-    // Of an entry that cannot be looked at, the copy tells why.
-    return kind == EntryKind::RegularFile || kind == EntryKind::Unknown ? Verdict::Copy
-                                                                        : Verdict::NotRegular;
-}
-
-Verdict judgeForImport(const QByteArray& name, const QString&, EntryKind kind)
-{
-    if (name == DBCInterchangeNames::folderSettingsFile || kind == EntryKind::Folder)
-        return Verdict::Pass;
-    if (name.startsWith('.') || name.contains('/') || name.contains(':'))
-        return Verdict::BadName;
-    return kind == EntryKind::Gone ? Verdict::Vanished : verdictOnKind(kind);
-}
-
-Verdict judgeForExport(const QByteArray&, const QString& path, EntryKind kind)
-{
-    if (!DBCInterchangeNames::isAttachmentName(path))
-        return Verdict::BadName;
-    if (kind == EntryKind::Gone || kind == EntryKind::Folder)
-        return Verdict::Pass;
-    return verdictOnKind(kind);
-}
-
-// Where the two directions differ.
+// The differences between import and export.
 struct Rules {
-    Verdict (*judge)(const QByteArray& name, const QString& path, EntryKind kind);
+    DBCAttachmentVerdict (*judge)(const QByteArray& name, DBCEntryKind kind);
     const char* badNameKey;
     const char* notRegularKey;
     DBCResultCode noSpace;
@@ -68,7 +40,7 @@ struct Rules {
 };
 
 constexpr Rules importRules {
-    judgeForImport,
+    judgeAttachmentForImport,
     "IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT",
     "IDS_LOG_WRN_ATTACH_NOT_REGULAR",
     DBCResultCode::NoSpaceForImport,
@@ -77,7 +49,7 @@ constexpr Rules importRules {
 };
 
 constexpr Rules exportRules {
-    judgeForExport,
+    judgeAttachmentForExport,
     "IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT_FOR_EXPORT",
     "IDS_LOG_WRN_ATTACH_NOT_REGULAR_FOR_EXPORT",
     DBCResultCode::NoSpaceForExport,
@@ -85,7 +57,7 @@ constexpr Rules exportRules {
     Rules::FailureNames::Folders,
 };
 
-// One card's attachments on their way from one folder into another.
+// The copying of one card's attachments from one folder into another.
 struct Transfer {
     const Rules& rules;
     DBCTransferSubject subject;
@@ -94,7 +66,7 @@ struct Transfer {
     DBCDescriptor sourceFolder = DBCDescriptor(-1);
 };
 
-// The general error line, then the one that says which file or folder it is about.
+// Logs the general error, then a second line that names the file or folder.
 void logFailure(const DBCTransferSubject& subject, const QString& path)
 {
     DBCTransferLog::error("IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE", subject);
@@ -134,37 +106,27 @@ DBCError copyFailure(const Transfer& transfer, const QString& source, const QStr
             namesFiles ? source : transfer.source, namesFiles ? target : transfer.target));
 }
 
-EntryKind kindOf(int folder, const QByteArray& name)
-{
-    struct stat status { };
-    if (fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0)
-        return errno == ENOENT ? EntryKind::Gone : EntryKind::Unknown;
-    if (S_ISREG(status.st_mode))
-        return EntryKind::RegularFile;
-    return S_ISDIR(status.st_mode) ? EntryKind::Folder : EntryKind::Other;
-}
-
 DBCError copyEntry(const Transfer& transfer, int targetFolder, const QByteArray& name)
 {
-    // Names need not be text, so files are reached by their bytes and only shown as text.
+    // A name may be invalid as text, so files are opened by the bytes of their names.
     const QString shownName = QFile::decodeName(name);
     const QString shownSource = transfer.source + u'/' + shownName;
     const int sourceFolder = transfer.sourceFolder.get();
-    switch (transfer.rules.judge(name, shownSource, kindOf(sourceFolder, name))) {
-    case Verdict::Pass:
+    switch (transfer.rules.judge(name, kindOfEntry(sourceFolder, name))) {
+    case DBCAttachmentVerdict::Ignore:
         return {};
-    case Verdict::BadName:
+    case DBCAttachmentVerdict::BadName:
         DBCTransferLog::cardWarning(
             transfer.rules.badNameKey, transfer.subject, DBCConsequence::WithoutAttachment);
         return {};
-    case Verdict::Vanished:
+    case DBCAttachmentVerdict::Vanished:
         DBCTransferLog::missing(transfer.subject, shownSource, DBCConsequence::WithoutAttachment);
         return {};
-    case Verdict::NotRegular:
+    case DBCAttachmentVerdict::NotRegular:
         DBCTransferLog::cardWarning(transfer.rules.notRegularKey, transfer.subject,
             DBCConsequence::WithoutAttachment, shownName);
         return {};
-    case Verdict::Copy:
+    case DBCAttachmentVerdict::Copy:
         break;
     }
     if (DBCTreeCopy().copyFileBetween(sourceFolder, targetFolder, name))
@@ -196,30 +158,25 @@ DBCError checkPackage(const QString& package, const DBCTransferSubject& subject)
     return DBCError(DBCResultCode::AttachmentImportFailure);
 }
 
-// Fills in the transfer's source: the folder that the record names.
-DBCError findSource(const QString& folder, const QString& name, Transfer* transfer)
+// Opens the folder that the record names and makes it the transfer's source.
+DBCError openSource(const QString& folder, const QString& name, Transfer* transfer)
 {
-    const QString attachments = DBCInterchangeNames::attachmentFolder(folder);
-    const auto found
-        = DBCNameLookup::threadInstance().find(attachments, name, DBCNameLookup::Kind::Folder);
-    if (found.outcome == DBCNameLookup::Outcome::LeadsOut)
-        DBCTransferLog::nameLeadsOut(transfer->subject, name, attachments, DBCConsequence::Stopped);
-    if (found.outcome != DBCNameLookup::Outcome::Found) {
-        DBCTransferLog::missing(
-            transfer->subject, attachments + u'/' + name, DBCConsequence::Stopped);
+    using Outcome = DBCNamedFile::Outcome;
+    DBCNamedFile found = openNamedAttachments(DBCNameLookup::threadInstance(), folder, name);
+    if (found.outcome == Outcome::LeadsOut) {
+        DBCTransferLog::nameLeadsOut(
+            transfer->subject, name, found.folder, DBCConsequence::Stopped);
+    }
+    if (found.outcome != Outcome::Found) {
+        DBCTransferLog::missing(transfer->subject, found.path, DBCConsequence::Stopped);
         return DBCError(DBCResultCode::AttachmentImportFailure);
     }
-    if (!DBCHost::current().isReadable(found.path)) {
-        logFailure(transfer->subject, found.path);
-        return DBCError(DBCResultCode::AttachmentImportFailure);
-    }
-    // Between the look at the name and this, a link may have come to lead out of the folder.
-    transfer->sourceFolder = openInside(attachments, found.path, O_RDONLY | O_DIRECTORY);
-    if (!transfer->sourceFolder) {
+    if (!DBCHost::current().isReadable(found.path) || !found.file) {
         logFailure(transfer->subject, found.path);
         return DBCError(DBCResultCode::AttachmentImportFailure);
     }
     transfer->source = found.path;
+    transfer->sourceFolder = std::move(found.file);
     return {};
 }
 
@@ -234,7 +191,7 @@ DBCError importAttachments(
     if (auto error = makeFolder(transfer.subject, DBCPackageLayout::filesFolder(package)))
         return error;
     if (auto error
-        = findSource(folder, record.textOrEmpty(DBCRecordKey::attachmentFile), &transfer))
+        = openSource(folder, record.textOrEmpty(DBCRecordKey::attachmentFile), &transfer))
         return error;
     if (auto error = checkSpace(transfer, package))
         return error;
@@ -247,8 +204,8 @@ DBCError importAttachments(
     return {};
 }
 
-// Opens the transfer's source. A folder that cannot be opened or listed is not taken for an empty
-// one: measuring or copying it will fail.
+// Opens the transfer's source and returns whether there is anything to copy. Also true when the
+// folder cannot be opened or listed: measuring or copying it then fails and reports the reason.
 bool hasAttachments(const QString& files, const QString& cardID, Transfer* transfer)
 {
     transfer->sourceFolder = openInside(files, transfer->source, O_RDONLY | O_DIRECTORY);

@@ -2,9 +2,8 @@
 #include "carddb/DBCDataBaseController.h"
 
 #include "carddb/DBCBackupName.h"
-#include "carddb/DBCImportJournal.h"
 #include "carddb/DBCPackageAttributes.h"
-#include "carddb/DBCPackageCopy.h"
+#include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCPackageRestore.h"
 #include "cardimage/DBCDiskUsage.h"
@@ -20,6 +19,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+using Outcome = DBCPackageCopy::Outcome;
 
 DBCResultCode checkSpaceForBackup(const QString& package, const QString& parent)
 {
@@ -48,8 +49,8 @@ std::optional<QString> DBCDataBaseController::_generateBackupDBPath() const
 
 DBCResultCode DBCDataBaseController::backup()
 {
-    // From here on the package is the folder itself: a restore has to remove what stands at the
-    // package's path, and nothing is ever removed through a link.
+    // If the path is a link, work on its target from here on: a restore removes the package folder,
+    // and nothing is ever removed through a link.
     const QString package = DBCPackageLayout::withoutLink(_strDBPath);
     if (!isUsablePackage(package))
         return DBCResultCode::BackupFailure;
@@ -64,47 +65,52 @@ DBCResultCode DBCDataBaseController::backup()
     const DBCResultCode spaceCode = checkSpaceForBackup(package, parent);
     if (spaceCode != DBCResultCode::Success)
         return spaceCode;
-    return backUpTo(*target);
+    const Outcome outcome = backUpTo(*target);
+    _isBackupCancelled = outcome == Outcome::Cancelled;
+    return outcome == Outcome::Copied ? DBCResultCode::Success : DBCResultCode::BackupFailure;
 }
 
-DBCResultCode DBCDataBaseController::backUpTo(const QString& target)
+DBCPackageCopy::Outcome DBCDataBaseController::backUpTo(const QString& target)
 {
-    _journal = DBCImportJournal::begin(_strDBPath, target);
+    _journal = DBCPackageJournal::begin(_strDBPath, target);
     if (!_journal) {
         DBCLog::error(
-            getLocalString(u"IDS_LOG_ERR_JOURNAL"_s, {DBCHiddenName::importJournalOf(_strDBPath)}));
-        return DBCResultCode::BackupFailure;
+            getLocalString(u"IDS_LOG_ERR_JOURNAL"_s, {DBCHiddenName::journalOf(_strDBPath)}));
+        return Outcome::Failed;
     }
-    const bool isCopied = DBCPackageCopy(_delegate).copy(_strDBPath, target);
-    if (isCopied && _journal->enterImport(cardIDStart())) {
-        setBackupDBPath(target);
-        return DBCResultCode::Success;
-    }
-    if (isCopied)
+    Outcome outcome = DBCPackageCopy(_delegate).copy(_strDBPath, target);
+    if (outcome == Outcome::Copied && !_journal->enterImport(cardIDStart())) {
         DBCFileManager::defaultManager()->cleanFolder(target);
-    endImport();
-    return DBCResultCode::BackupFailure;
+        outcome = Outcome::Failed;
+    }
+    if (outcome == Outcome::Copied)
+        setBackupDBPath(target);
+    else
+        endImport();
+    return outcome;
 }
 
 DBCResultCode DBCDataBaseController::restore()
 {
     if (_strBackupDBPath.isEmpty())
         return DBCResultCode::GeneralFailure;
-    // What the journal cannot take on a full disk leaves the stage before, which asks for the same.
+    // If the disk is too full to record this stage, the previous one remains and leads to the same
+    // recovery question.
     if (_journal)
-        (void)_journal->enter(DBCImportJournal::Stage::Restore);
+        (void)_journal->enter(DBCPackageJournal::Stage::Restore);
     const DBCResultCode code = DBCPackageRestore::restore(_strDBPath, _strBackupDBPath);
     if (_journal && code == DBCResultCode::Success)
-        (void)_journal->enter(DBCImportJournal::Stage::Restored);
+        (void)_journal->enter(DBCPackageJournal::Stage::Restored);
     return code;
 }
 
 void DBCDataBaseController::endImport()
 {
-    // No warning: the next start finds that all is well and removes it.
+    // This is not worth a warning: the next start sees that the import was complete and removes the
+    // journal.
     if (_journal && !_journal->end()) {
-        DBCLog::info(getLocalString(
-            u"IDS_LOG_INF_JOURNAL_STAYS"_s, {DBCHiddenName::importJournalOf(_strDBPath)}));
+        DBCLog::info(
+            getLocalString(u"IDS_LOG_INF_JOURNAL_STAYS"_s, {DBCHiddenName::journalOf(_strDBPath)}));
     }
     _journal.reset();
 }

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// An export step that gives neither a result nor an error has failed, too.
+// A step that returns neither a result nor an error counts as failed.
 template <typename Result>
 DBCError stepError(const std::optional<Result>& result, const DBCError& error)
 {
@@ -36,6 +36,8 @@ std::optional<std::vector<DBCRecord>> DBCDataBaseController::fetchCardDatas(DBCE
     DBCError error;
     try {
         context->fetchCards(DBCCardSelection::Live, [&](const Card& card) {
+            // A caller that has set a delegate can cancel here. The conversion driver sets none for
+            // an export: it asks about a cancel itself, while it measures and before each card.
             if (_delegate && _delegate->checkIsNeedToConfirmCancelOperation()) {
                 error = DBCError(DBCResultCode::CancelledByUser);
                 return false;
@@ -99,7 +101,7 @@ std::optional<DBCRecord> DBCDataBaseController::exportData(
         return std::nullopt;
     }
 
-    // An error that the caller left in the slot spoils the card as well.
+    // An error that the caller passed in also fails the card.
     if (*errors)
         return std::nullopt;
 

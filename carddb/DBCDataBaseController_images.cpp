@@ -8,12 +8,16 @@
 #include "cardimage/pdf/DBCPdfDrawing.h"
 #include "datafile/helpers/DBCCommonFunction.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
+#include "datafile/helpers/DBCNamedFiles.h"
 #include "system/DBCNameLookup.h"
 #include "system/DBCOpenInside.h"
 #include "text/DBCCharacterSets.h"
 
 #include <QDir>
 #include <QFileInfo>
+
+#include <utility>
+#include <vector>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -22,35 +26,27 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The image of one column, or none when the record names none that can be used.
-std::optional<QString> findImage(
-    const QString& imageFolder, const QString& name, const DBCTransferSubject& subject)
+// The images that the record names and that exist, face before back. The log names each that is
+// missing.
+std::vector<DBCImageFile> openImages(const QString& folder, const DBCRecord& record)
 {
-    if (isBlank(name))
-        return std::nullopt;
-    const auto result
-        = DBCNameLookup::threadInstance().find(imageFolder, name, DBCNameLookup::Kind::RegularFile);
-    if (result.outcome == DBCNameLookup::Outcome::Found)
-        return result.path;
-    if (result.outcome == DBCNameLookup::Outcome::LeadsOut)
-        DBCTransferLog::nameLeadsOut(subject, name, imageFolder, DBCConsequence::WithoutImage);
-    DBCTransferLog::missing(subject, imageFolder + u'/' + name, DBCConsequence::WithoutImage);
-    return std::nullopt;
-}
-
-QStringList findImages(const QString& folder, const DBCRecord& record)
-{
-    const QString imageFolder = DBCInterchangeNames::imageFolder(folder);
+    using Outcome = DBCNamedFile::Outcome;
     const auto subject = DBCTransferSubject::ofImport(record);
-    QStringList paths;
+    std::vector<DBCImageFile> images;
     for (const DBCRecordKey key : {DBCRecordKey::face_Image_File, DBCRecordKey::back_Image_File}) {
-        if (const auto path = findImage(imageFolder, record.textOrEmpty(key), subject))
-            paths << *path;
+        const QString name = record.textOrEmpty(key);
+        DBCNamedFile image = openNamedImage(DBCNameLookup::threadInstance(), folder, name);
+        if (image.outcome == Outcome::LeadsOut)
+            DBCTransferLog::nameLeadsOut(subject, name, image.folder, DBCConsequence::WithoutImage);
+        if (image.outcome == Outcome::LeadsOut || image.outcome == Outcome::Missing)
+            DBCTransferLog::missing(subject, image.path, DBCConsequence::WithoutImage);
+        else if (image.outcome == Outcome::Found)
+            images.push_back({image.path, std::move(image.file)});
     }
-    return paths;
+    return images;
 }
 
-// A card's PDF, held open while it is read: what stands at its name may change.
+// A card's PDF, which stays open while it is read, because the file at its path may be exchanged.
 class CardPdf {
 public:
     CardPdf(const QString& folder, const QString& name)
@@ -61,7 +57,8 @@ public:
     }
 
     bool leadsOut() const { return _leadsOut; }
-    // The open file's; the name's where it could not be opened, so that reading says why.
+    // A path to the open file. If it could not be opened this is the given path, so that the
+    // attempt to read it fails with the reason.
     QString path() const { return _file ? u"/proc/self/fd/%1"_s.arg(_file.get()) : _path; }
 
 private:
@@ -77,7 +74,7 @@ struct CardImages {
     CardImageInfo backInfo;
 };
 
-// Without an error and without a face when the file cannot be loaded for drawing.
+// If the file cannot be loaded for drawing, this returns no error and leaves the face null.
 DBCError drawFirstPage(const QString& pdfPath, CardImages* images)
 {
     const DBCResultCode code
@@ -92,7 +89,7 @@ DBCError takeImages(const QString& pdfPath, CardImages* images)
     case DBCResultCode::Success:
         return {};
     case DBCResultCode::GeneralFailure:
-        // The drawing of what can be read of it would lose the back without a word.
+        // Drawing the readable part instead would silently drop the back side.
         return DBCError(DBCResultCode::NoImageInPdf);
     default:
         return drawFirstPage(pdfPath, images);
@@ -145,7 +142,7 @@ DBCError convertPages(
     return writeImages(images, toPath, recordNo, written);
 }
 
-// The codes that end an export; the card of any other goes out without images.
+// These codes end an export. After any other error the card is exported without images.
 bool isFatalForExport(const DBCError& error)
 {
     return error.code() == DBCResultCode::NoSpaceForExport
@@ -185,8 +182,8 @@ std::optional<QString> DBCDataBaseController::_addImageFileIntoDB(
     if (folder.isEmpty() || cardId.isEmpty() || !errors || _strDBPath.isEmpty())
         return std::nullopt;
 
-    const QStringList paths = findImages(folder, recordDic);
-    if (paths.isEmpty())
+    const std::vector<DBCImageFile> images = openImages(folder, recordDic);
+    if (images.empty())
         return u""_s;
 
     const auto subject = DBCTransferSubject::ofImport(recordDic);
@@ -200,8 +197,7 @@ std::optional<QString> DBCDataBaseController::_addImageFileIntoDB(
 
     const QString name = DBCPackageLayout::cardPdfName(cardId);
     const QString target = imagesFolder + u'/' + name;
-    const DBCResultCode code
-        = convertJPG2PDF(paths, target, DBCInterchangeNames::imageFolder(folder));
+    const DBCResultCode code = joinJpegsIntoPdf(images, target);
     if (!isFailure(code))
         return name;
 

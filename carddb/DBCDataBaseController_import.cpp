@@ -14,7 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Of the URI that the object framework makes for every object; the rest is the card ID.
+// The object framework gives every object a URI. Its first 20 characters are this prefix; the rest
+// is the card ID.
 constexpr qsizetype identityPrefixLength = 20;
 
 using Key = DBCRecordKey;
@@ -29,8 +30,8 @@ constexpr std::array syncAttributes {
 };
 
 enum class DetailRule : quint8 {
-    Formatted, // always set: half-width katakana widened, "" for a record without the key
-    RawIfPresent, // as it stands, and only when the record holds the key, be it ""
+    Formatted, // always set, to formatValue(); to "" when the record lacks the key
+    RawIfPresent, // set to the unchanged value, even "", but only when the record has the key
 };
 
 struct DetailAttribute {
@@ -44,8 +45,8 @@ constexpr qint32 nameDetailType = 21;
 constexpr qint32 addressDetailType = 26;
 constexpr qint32 lastDetailType = 33;
 
-// What is taken over attribute by attribute. Type 28 is a gap on purpose. setNameParts() and
-// setAddress() add to types 21 and 26.
+// The attributes that are copied one by one from the record to the card. There is no type 28 on
+// purpose. setNameParts() and setAddress() add further attributes to types 21 and 26.
 constexpr std::array<DetailAttribute, 25> detailAttributes {{
     {21, Key::full_Name, DetailRule::Formatted},
     {21, Key::full_Name_XY, DetailRule::RawIfPresent},
@@ -74,7 +75,7 @@ constexpr std::array<DetailAttribute, 25> detailAttributes {{
     {33, Key::mobile_Number_XY, DetailRule::RawIfPresent},
 }};
 
-// In capitals, as the main application writes them.
+// In capital letters, as the main application writes UUIDs.
 QString newUUID()
 {
     return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
@@ -123,7 +124,7 @@ void setAddress(Card& card, const DBCRecord& record)
     const QString state = formatted(record, Key::state);
     auto address = DBCDataBaseController::composeAddressWithStreet(street, city, state);
     if (!address) {
-        // An address that comes in one piece is kept as the street, too.
+        // An address that is given as one text is also stored as the street.
         street = formatted(record, Key::address);
         address = DBCDataBaseController::composeAddressWithStreet(street, city, state);
     }
@@ -133,8 +134,9 @@ void setAddress(Card& card, const DBCRecord& record)
     card.setValue(Key::address, address.value_or(QString()));
 }
 
-// Four-digit year; month and day with or without their leading zero, as spreadsheets write them.
-// The first moment of that day here; none for anything else, 2009/02/30 included.
+// Reads year/month/day with a four-digit year; month and day may lack their leading zero, because
+// spreadsheets write them so. Returns the first moment of that day in local time; none for any
+// other text and for days that do not exist, like 2009/02/30.
 std::optional<QDateTime> parseRegisterDate(const QString& text)
 {
     static const QRegularExpression pattern(
@@ -147,8 +149,8 @@ std::optional<QDateTime> parseRegisterDate(const QString& text)
     return date.startOfDay();
 }
 
-// The image step may report an error that is no failure (a code above 0); the card then goes on,
-// with the name if one came back.
+// An error with a code above 0 from the image step is no failure: the import of the card continues,
+// with the image's name if the step returned one.
 DBCError imageStepError(const std::optional<QString>& fileName, const DBCError& error)
 {
     if (error)
@@ -177,7 +179,7 @@ bool DBCDataBaseController::addDataToDataBase(
 
 DBCError DBCDataBaseController::addCard(const DBCRecord& record, const QString& fromPath)
 {
-    // An open context implies the entity: a store without it does not open.
+    // A store without the card entity does not open, so an open context can insert a card.
     DBCManagedObjectContext* context = managedObjectContext();
     if (!context)
         return DBCError(DBCResultCode::GeneralFailure);

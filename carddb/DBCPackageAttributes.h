@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whether the attributes of a package and of its parts let the program use it.
+// Classifies a package by the access rights and immutable flags of the folder and its parts.
 #pragma once
 
 #include "operation/base/DBCResultCode.h"
 
 #include <QString>
 
-// GeneralFailure, or one of the Package* classifications. An empty path is none.
+// One of the Package... codes, of which PackageUsable alone allows a conversion. GeneralFailure for
+// an empty path, or when an immutable flag cannot be read. Links are followed.
 DBCResultCode checkPackageAttributes(const QString& package);

@@ -5,9 +5,10 @@
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCPackageVerifier.h"
 #include "cardimage/DBCDiskUsage.h"
-#include "datafile/helpers/DBCLocalizable.h"
+#include "datafile/helpers/DBCProblemAt.h"
 #include "operation/base/DBCError.h"
 #include "system/DBCFolderListing.h"
+#include "system/DBCPathChecks.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,12 +20,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool isFolderItself(const QString& path)
-{
-    const QFileInfo info(path);
-    return info.isDir() && !info.isSymLink();
-}
 
 QDateTime timeOfMaking(const QFileInfo& folder)
 {
@@ -64,9 +59,7 @@ DBCBackupList DBCPackageBackups::list(const QString& givenPackage)
     const auto names = namesInFolder(folder, &error);
     if (!names) {
         const QString reason = QString::fromLocal8Bit(error.message().c_str());
-        return {{},
-            DBCProblem {
-                getLocalString(u"IDS_VERIFY_FOLDER_UNREADABLE"_s, {folder, reason}), folder}};
+        return {{}, problemAt(folder, "IDS_VERIFY_FOLDER_UNREADABLE", {reason})};
     }
     DBCBackupList found;
     for (const std::string& name : *names) {
@@ -83,7 +76,7 @@ std::optional<QString> DBCPackageBackups::pathOf(const QString& givenPackage, co
     if (package.isEmpty() || !DBCBackupName::isOf(package, name))
         return std::nullopt;
     const QString path = QDir::cleanPath(QFileInfo(package).path() + u'/' + name);
-    return isFolderItself(path) ? std::optional(path) : std::nullopt;
+    return isFolderNotLink(path) ? std::optional(path) : std::nullopt;
 }
 
 DBCBackup DBCPackageBackups::describe(const QString& path)

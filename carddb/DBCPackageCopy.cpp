@@ -23,15 +23,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// SQLite's index of a write-ahead log: every reader writes into it, and it is made anew when
-// needed.
+// Whether this is SQLite's index of a write-ahead log. Every reader writes into it, and SQLite
+// rebuilds it when needed, so it may differ between package and copy.
 bool isIndexOfLog(const QByteArray& path)
 {
     return path.endsWith("-shm");
 }
 
-// File systems in user space may not know the flag (NTFS disks, mostly), old systems and some
-// containers not the call.
+// Some file systems in user space (mostly for NTFS disks) do not know RENAME_NOREPLACE, and old
+// kernels and some containers do not know renameat2().
 bool isUnknownToTheSystem(int error)
 {
     return error == EINVAL || error == ENOSYS || error == EPERM;
@@ -43,8 +43,8 @@ bool isFree(const QByteArray& name)
     return lstat(name.constData(), &status) != 0 && errno == ENOENT;
 }
 
-// Never onto something that came to stand at the name in the meantime, as far as the system can
-// tell.
+// Fails if something has appeared at the name meanwhile. Where the system has no such rename, the
+// name is checked first, which leaves a gap of a few instructions.
 bool moveToFreeName(const QString& path, const QString& name)
 {
     const QByteArray from = QFile::encodeName(path);
@@ -57,19 +57,52 @@ bool moveToFreeName(const QString& path, const QString& name)
 
 } // namespace
 
-bool DBCPackageCopy::copy(const QString& source, const QString& target)
+// Forwards the questions of a copy and remembers whether the last answer was to stop.
+class DBCPackageCopy::CancelWatch : public DBCCancelDelegate {
+public:
+    explicit CancelWatch(DBCCancelDelegate* delegate)
+        : _delegate(delegate)
+    {
+    }
+
+    bool isCancelled() const { return _isCancelled; }
+
+    bool checkIsNeedToConfirmCancelOperation() override
+    {
+        _isCancelled = _delegate && _delegate->checkIsNeedToConfirmCancelOperation();
+        return _isCancelled;
+    }
+    bool fileManager(
+        const DBCFileManager* manager, const QString& path, const QString& toPath) override
+    {
+        _isCancelled = _delegate && !_delegate->fileManager(manager, path, toPath);
+        return !_isCancelled;
+    }
+
+private:
+    DBCCancelDelegate* _delegate; // null: nobody is asked
+    bool _isCancelled = false;
+};
+
+DBCPackageCopy::Outcome DBCPackageCopy::copy(const QString& source, const QString& target)
+{
+    CancelWatch watch(_delegate);
+    cleanUpBeside(target);
+    if (copyWhole(source, target, watch))
+        return Outcome::Copied;
+    cleanUpBeside(target);
+    return watch.isCancelled() ? Outcome::Cancelled : Outcome::Failed;
+}
+
+bool DBCPackageCopy::copyWhole(const QString& source, const QString& target, CancelWatch& watch)
 {
     const QString unfinished = DBCHiddenName::unfinishedCopyOf(target);
-    cleanUpBeside(target);
-    const bool isWhole = copyFiles(source, unfinished) && isSame(source, unfinished)
-        && DBCDiskFlush::fileSystemOf(unfinished);
-    const bool hasMoved = isWhole && moveToFreeName(unfinished, target);
-    if (hasMoved && DBCDiskFlush::folder(QFileInfo(target).path()))
+    if (!copyFiles(source, unfinished, watch) || !isSame(source, unfinished, watch)
+        || !DBCDiskFlush::fileSystemOf(unfinished) || !moveToFreeName(unfinished, target))
+        return false;
+    if (DBCDiskFlush::folder(QFileInfo(target).path()))
         return true;
-
-    if (hasMoved)
-        DBCFileManager::defaultManager()->cleanFolder(target);
-    cleanUpBeside(target);
+    DBCFileManager::defaultManager()->cleanFolder(target);
     return false;
 }
 
@@ -77,36 +110,32 @@ void DBCPackageCopy::cleanUpBeside(const QString& target)
 {
     for (const QString& path :
         {DBCHiddenName::unfinishedCopyOf(target), DBCHiddenName::discarded(target)}) {
-        // What stays is in nobody's way, and the next start finds it again.
+        // A failure does no harm: hidden folders are in nobody's way, and the next copy tries
+        // again.
         std::error_code ignored;
         std::filesystem::remove_all(QFile::encodeName(path).toStdString(), ignored);
     }
 }
 
-bool DBCPackageCopy::copyFiles(const QString& source, const QString& target) const
+bool DBCPackageCopy::copyFiles(const QString& source, const QString& target, CancelWatch& watch)
 {
     DBCFileManager* manager = DBCFileManager::defaultManager();
     const auto putBack = qScopeGuard(
         [manager, previous = manager->delegate()] { manager->setDelegate(previous); });
-    manager->setDelegate(_delegate);
+    manager->setDelegate(&watch);
     const QFileInfo info(target);
     return manager->copyItemAtPath(source, info.path(), info.fileName(), 0, IsAsync::Yes, nullptr);
 }
 
-bool DBCPackageCopy::isSame(const QString& source, const QString& copy) const
+bool DBCPackageCopy::isSame(const QString& source, const QString& copy, CancelWatch& watch)
 {
-    bool isCancelled = false;
     DBCTreeComparison comparison({
-        .mayGoOn =
-            [&] {
-                isCancelled = _delegate && _delegate->checkIsNeedToConfirmCancelOperation();
-                return !isCancelled;
-            },
+        .mayGoOn = [&] { return !watch.checkIsNeedToConfirmCancelOperation(); },
         .mayDiffer = isIndexOfLog,
     });
     if (comparison.areEqual(QFile::encodeName(source), QFile::encodeName(copy)))
         return true;
-    if (!isCancelled) {
+    if (!watch.isCancelled()) {
         DBCLog::error(getLocalString(
             u"IDS_LOG_ERR_COPY_DIFFERS"_s, {source, QFile::decodeName(comparison.difference())}));
     }

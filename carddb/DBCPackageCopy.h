@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Copies a package folder so that the copy stands under its name only when it is whole, the same as
-// its source, and on the disk.
+// Copies a package folder. The copy gets its name only when it is complete, equal to its source and
+// flushed to the disk.
 #pragma once
 
 #include <QString>
@@ -9,23 +9,33 @@ class DBCCancelDelegate;
 
 class DBCPackageCopy {
 public:
-    // delegate: asked between files and inside large ones whether to go on; not owned, null:
-    // nobody.
+    // The delegate is asked between files and inside large ones whether to go on. Not owned; null
+    // asks nobody.
     explicit DBCPackageCopy(DBCCancelDelegate* delegate = nullptr)
         : _delegate(delegate)
     {
     }
 
-    // False when the copy failed, was cancelled, or something stands at the target; the target's
-    // name and folder are then as they were.
-    bool copy(const QString& source, const QString& target);
+    // After Cancelled and Failed, whatever was at the target and beside it is as it was.
+    enum class Outcome : quint8 {
+        Copied,
+        Cancelled, // the delegate answered that the copy is to stop
+        Failed, // the target exists, or the copy could not be completed, compared or flushed
+    };
 
-    // Removes what a killed program left of copies to this target.
+    // Blocks until the copy has ended. If the program is killed meanwhile, only a hidden folder
+    // beside the target remains, which the next copy or cleanUpBeside() removes.
+    Outcome copy(const QString& source, const QString& target);
+
+    // Removes the hidden folders that a killed program left of copies to this target.
     static void cleanUpBeside(const QString& target);
 
 private:
-    bool copyFiles(const QString& source, const QString& target) const;
-    bool isSame(const QString& source, const QString& copy) const;
+    class CancelWatch;
+
+    static bool copyWhole(const QString& source, const QString& target, CancelWatch& watch);
+    static bool copyFiles(const QString& source, const QString& target, CancelWatch& watch);
+    static bool isSame(const QString& source, const QString& copy, CancelWatch& watch);
 
     DBCCancelDelegate* _delegate;
 };

@@ -6,9 +6,10 @@
 #include "carddb/store/DBCManagedObjectModel.h"
 #include "datafile/helpers/DBCCommonFunction.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
-#include "datafile/helpers/DBCLocalizable.h"
+#include "datafile/helpers/DBCProblemAt.h"
 #include "datafile/helpers/DBCTextEncoding.h"
 #include "system/DBCPathChecks.h"
+#include "system/DBCPathNames.h"
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Exception.h>
@@ -16,7 +17,6 @@
 #include <SQLiteCpp/Transaction.h>
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QUuid>
 
@@ -28,30 +28,19 @@ namespace {
 
 constexpr const char* cardEntityNumber = "1";
 
-// What the main application would note about its model is not known here; it adds that itself.
+// The main application records facts about its model here. They are not known to this program, and
+// the main application adds them itself.
 constexpr const char* emptyPropertyList
     = R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict/></plist>)";
 
-std::filesystem::path nativePath(const QString& path)
-{
-    return QFile::encodeName(path).toStdString();
-}
-
-DBCProblem problemAt(const QString& path, const char* key, const DBCMessageArguments& further = {})
-{
-    DBCMessageArguments arguments {path};
-    arguments.insert(arguments.end(), further.begin(), further.end());
-    return {getLocalString(key, arguments), path};
-}
-
-// The steps answer with the reason of their failure; empty: done.
+// Each step returns the reason of its failure, or an empty text when it succeeded.
 
 QString makeFolder(const QString& path)
 {
     std::error_code error;
     if (std::filesystem::create_directory(nativePath(path), error))
         return {};
-    // Something that has come to stand there meanwhile is not ours and makes no error code.
+    // create_directory() reports no error when a folder exists already, but that one is not ours.
     if (!error)
         error = std::make_error_code(std::errc::file_exists);
     return QString::fromLocal8Bit(error.message().c_str());

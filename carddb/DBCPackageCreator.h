@@ -8,8 +8,8 @@ class DBCPackageCreator {
 public:
     enum class Outcome : quint8 {
         Created,
-        Refused, // before anything was made
-        Failed, // what had been made was removed again
+        Refused, // a check failed before anything was created
+        Failed, // everything that had been created was removed again
     };
 
     struct Result {
@@ -17,7 +17,8 @@ public:
         DBCProblem problem; // empty when created
     };
 
-    // Makes a package without cards at path. Refused when the name does not end in ".vmdb", when
-    // anything stands at the path, and when there is no folder to make it in.
+    // Creates a package without cards at path. Refused when the name does not end in ".vmdb", when
+    // something exists at the path, or when its parent folder does not exist. The caller shows the
+    // problem; nothing is logged.
     static Result create(const QString& path);
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Keeps conversions of one package out of each other's way. The package's lock file cannot: each
-// start makes that one afresh. This holds a lock on the folder itself, which leaves no trace.
+// Keeps two runs of this program from using one package at the same time. It locks the folder
+// itself, because the package's lock file is replaced at every start.
 #pragma once
 
 #include "system/DBCDescriptor.h"
@@ -9,16 +9,18 @@
 
 #include <memory>
 
+// The lock is an flock() on the package folder. It leaves nothing on the disk, ends with the
+// process, and is unknown to the main application, which looks at the lock file instead.
 class DBCPackageGuard {
 public:
     enum class Use : quint8 {
-        Reading, // beside others that read
-        Changing, // alone
+        Reading, // others may read at the same time
+        Changing, // nobody else may use the package
     };
 
-    // Null when somebody else uses the package in a way that excludes this one. Held as long as the
-    // object lives. Where the file system knows no locks, or there is no such folder, nobody is
-    // kept out.
+    // A guard that holds the lock until it is destroyed; null when somebody else holds a lock that
+    // excludes this use. Never waits. Where the file system has no locks, or the folder does not
+    // exist, it returns a guard that keeps nobody out.
     static std::unique_ptr<DBCPackageGuard> hold(const QString& package, Use use);
 
 private:

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCPackageRecovery.h"
 
-#include "carddb/DBCImportJournal.h"
 #include "carddb/DBCPackageCopy.h"
 #include "carddb/DBCPackageGuard.h"
+#include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCPackageRestore.h"
 #include "carddb/store/DBCCard.h"
@@ -19,15 +19,15 @@
 
 namespace {
 
-using Stage = DBCImportJournal::Stage;
-using Search = DBCImportJournal::Search;
+using Stage = DBCPackageJournal::Stage;
+using Search = DBCPackageJournal::Search;
 
 } // namespace
 
 DBCPackageRecovery::DBCPackageRecovery(const QString& package)
     : _package(DBCPackageLayout::withoutLink(package))
 {
-    auto [search, journal] = DBCImportJournal::find(_package);
+    auto [search, journal] = DBCPackageJournal::find(_package);
     if (search == Search::HeldByAnother)
         _state = State::InUse;
     else if (search == Search::Unreadable)
@@ -42,7 +42,7 @@ DBCPackageRecovery::~DBCPackageRecovery() = default;
 
 QString DBCPackageRecovery::journalPath() const
 {
-    return DBCHiddenName::importJournalOf(_package);
+    return DBCHiddenName::journalOf(_package);
 }
 
 QString DBCPackageRecovery::backupPath() const
@@ -69,8 +69,8 @@ DBCPackageRecovery::State DBCPackageRecovery::settleWhatNeedsNoDecision()
     return State::Unfinished;
 }
 
-// All cards of an import reach the store at once, after everything they name: one of them there
-// says that the import had come to its end.
+// All cards of an import are committed in one transaction, after the files that they name. One of
+// them in the store therefore proves that the import was complete.
 bool DBCPackageRecovery::wasSaved() const
 {
     const QString start = _journal->cardIDStart();
@@ -88,7 +88,7 @@ bool DBCPackageRecovery::wasSaved() const
             });
         }
     } catch (const SQLite::Exception&) {
-        // A store that cannot be read is a matter for somebody to decide.
+        // If the store cannot be read, the user has to decide.
         return false;
     }
     return isFound;

@@ -17,21 +17,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A single refusal of the system is no reason to leave somebody without a package.
+// A second attempt, because one failed system call should not leave the user without a package.
 constexpr int attempts = 2;
 
-bool isSameOrInside(const QString& path, const QString& folder)
-{
-    const QString inner = QFileInfo(path).canonicalFilePath();
-    const QString outer = QFileInfo(folder).canonicalFilePath();
-    return !outer.isEmpty() && (inner == outer || inner.startsWith(outer + u'/'));
-}
-
-// Removing the package would take a backup inside it along.
+// A backup inside the package would be removed together with the package.
 bool isRestorable(const QString& backup, const QString& package)
 {
     return checkPackageAttributes(backup) == DBCResultCode::PackageUsable
-        && !isSameOrInside(backup, package);
+        && !isSameOrInside(package, backup);
 }
 
 bool tryToRestore(const QString& package, const QString& backup)
@@ -40,9 +33,9 @@ try {
         return false;
     if (QFileInfo(package).isDir() && !DBCFileManager::defaultManager()->cleanFolder(package))
         return false;
-    return DBCPackageCopy().copy(backup, package);
+    return DBCPackageCopy().copy(backup, package) == DBCPackageCopy::Outcome::Copied;
 } catch (const std::exception&) {
-    // Want of memory, mostly; the next attempt may have it.
+    // Mostly out of memory; the next attempt may get it.
     return false;
 }
 

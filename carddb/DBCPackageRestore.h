@@ -8,9 +8,10 @@
 
 namespace DBCPackageRestore {
 
-// Removes the package first, so that this works on a full disk, then copies the backup, which stays
-// where it is. Success or RestoreFailure; after a failure the package may be missing, and the
-// backup is whole.
+// Removes the package and then copies the backup into its place, in this order so that it works on
+// a full disk. The backup stays. A failed attempt is repeated once. Success or RestoreFailure;
+// after a failure, or if the program is killed, the package may be missing, but the backup is whole
+// and a partial copy has only a hidden name. The caller records the restore in the journal.
 DBCResultCode restore(const QString& package, const QString& backup);
 
 } // namespace DBCPackageRestore

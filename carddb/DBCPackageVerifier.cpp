@@ -8,10 +8,12 @@
 #include "cardimage/pdf/DBCCardPdf.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
 #include "datafile/helpers/DBCLocalizable.h"
+#include "datafile/helpers/DBCProblemAt.h"
 #include "system/DBCFolderListing.h"
 #include "system/DBCHost.h"
 #include "system/DBCNameLookup.h"
 #include "system/DBCPathChecks.h"
+#include "system/DBCPathNames.h"
 #include "text/DBCCharacterSets.h"
 
 #include <SQLiteCpp/Database.h>
@@ -30,16 +32,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The store's own file and what SQLite may have left beside it.
+// The store's own file, and the log and journal that SQLite may have left beside it.
 constexpr std::array storeFileSuffixes {"", "-wal", "-journal"};
 
-// A damaged store can yield thousands of findings; nobody needs more than the first.
+// A damaged store can yield thousands of findings; five are enough.
 constexpr const char* integrityCheck = "PRAGMA integrity_check(5)";
-
-std::filesystem::path nativePath(const QString& path)
-{
-    return QFile::encodeName(path).toStdString();
-}
 
 QString messageOf(const std::error_code& error)
 {
@@ -51,15 +48,9 @@ QString messageOf(const SQLite::Exception& exception)
     return QString::fromLocal8Bit(exception.what());
 }
 
-DBCProblem problemAt(const QString& path, const char* key, const QStringList& furtherArguments = {})
-{
-    DBCMessageArguments arguments {path};
-    arguments.insert(arguments.end(), furtherArguments.begin(), furtherArguments.end());
-    return {getLocalString(key, arguments), path};
-}
-
-// Asked of the standard library, because Qt takes the root folder where there is no other. A
-// template in a folder that does not exist makes the QTemporaryDir invalid.
+// The temporary folder comes from the standard library, because Qt falls back to the root folder
+// when there is none. In that case the template names a folder that does not exist, which makes the
+// QTemporaryDir invalid.
 QString temporaryFolderTemplate()
 {
     std::error_code error;
@@ -137,7 +128,7 @@ std::optional<DBCProblem> DBCPackageVerifier::reasonNotToLook() const
 {
     if (!QFileInfo(_package).isDir())
         return problemAt(_package, "IDS_VERIFY_NO_FOLDER");
-    // On a read-only medium nobody else is at work, and the lock could not be asked.
+    // On a read-only medium no other program can be writing, and the lock cannot be tested.
     const QString lock = DBCPackageLayout::lockFile(_package);
     if (DBCHost::current().isWritable(lock) && isLockedByAnother(lock))
         return problemAt(_package, "IDS_VERIFY_IN_USE");
@@ -212,13 +203,14 @@ bool DBCPackageVerifier::checkModel(SQLite::Database& store)
     return missing.isEmpty();
 }
 
-// A key above the highest one noted would be given out again, and every save would fail.
+// If a row has a key above the highest one recorded, the next save would use that key again and
+// fail.
 void DBCPackageVerifier::checkKeys(SQLite::Database& store)
 {
     SQLite::Statement keys(
         store, "SELECT Z_MAX, (SELECT max(Z_PK) FROM ZCARD) FROM Z_PRIMARYKEY WHERE Z_NAME = ?");
     keys.bind(1, DBCManagedObjectModel::entityName);
-    keys.executeStep(); // the model has been checked, so there is a row
+    keys.executeStep(); // checkModel() has made sure that there is a row
     const qint64 noted = keys.getColumn(0).getInt64();
     const qint64 highest = keys.getColumn(1).getInt64();
     if (highest > noted)
@@ -244,7 +236,7 @@ void DBCPackageVerifier::checkCards(const QString& storeCopy, qint64 count)
     });
 }
 
-// Deleted cards name their files, too: the main application may still bring them back.
+// Deleted cards are included, because the main application can still bring them back.
 void DBCPackageVerifier::noteNames(const Card& card)
 {
     const QString cardID = card.textOrEmpty(DBCRecordKey::cardID);
@@ -268,7 +260,7 @@ void DBCPackageVerifier::checkPdf(const Card& card)
     }
     const bool isNamed = !isBlank(card.textOrEmpty(DBCRecordKey::face_Image_File));
     if (!QFileInfo(path).isFile()) {
-        // A card without image names none, and the file that would bear its ID need not exist.
+        // A card without an image names no file; the one derived from its ID need not exist.
         if (isNamed)
             reportCard(card, path, "IDS_VERIFY_CARD_PDF_MISSING", {path});
         return;
@@ -324,13 +316,13 @@ void DBCPackageVerifier::checkForUnnamedEntries(
 }
 
 void DBCPackageVerifier::report(
-    const QString& path, const char* key, const QStringList& furtherArguments)
+    const QString& path, const char* key, const DBCMessageArguments& furtherArguments)
 {
     _problems.push_back(problemAt(path, key, furtherArguments));
 }
 
-void DBCPackageVerifier::reportCard(
-    const Card& card, const QString& path, const char* key, const QStringList& furtherArguments)
+void DBCPackageVerifier::reportCard(const Card& card, const QString& path, const char* key,
+    const DBCMessageArguments& furtherArguments)
 {
     DBCMessageArguments arguments {
         card.textOrEmpty(DBCRecordKey::full_Name), card.textOrEmpty(DBCRecordKey::cardID)};

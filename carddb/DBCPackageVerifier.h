@@ -1,51 +1,55 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Looks a card database package over without changing anything in it: the store's soundness and
-// model, every live card's PDF and attachments, and files that no card names. The store is looked
-// at in a copy, because SQLite replays another program's log or journal where it stands.
+// Checks a card database package for damage without changing anything in it: the store, the PDF and
+// attachments of every live card, and files that no card names.
 #pragma once
 
 #include "carddb/store/DBCManagedObjectModel.h"
+#include "datafile/helpers/DBCLocalizable.h"
 #include "operation/base/DBCProblem.h"
 
 #include <QSet>
-#include <QStringList>
 
 #include <functional>
 
 class Card;
 class QTemporaryDir;
 
-// What a look at the store alone found.
+// The result of checking the store alone.
 struct DBCStoreReport {
     DBCFindings findings;
-    qint64 liveCardCount = 0;
+    qint64 liveCardCount = 0; // 0 when the store is damaged
 
-    // Why the store cannot be relied upon; none: it can.
+    // The first thing wrong with the store; none when it is sound.
     std::optional<DBCProblem> firstProblem() const;
 };
 
+// The store is checked in a copy in the temporary folder, because opening a store makes SQLite
+// replay a log or journal that another program left beside it. Any thread may verify; a run blocks
+// it.
 class DBCPackageVerifier {
 public:
-    // Cards looked at so far, and cards in the store.
+    // Receives how many cards have been checked and how many the store holds.
     using Progress = std::function<void(qint64 finished, qint64 max)>;
 
-    // Nobody can look at what is no folder, at a package that another program has locked, and at a
-    // store that may not be read. progress may be empty.
+    // All problems of the package. couldNotLook is set instead when the path is no folder, when
+    // another program has locked the package, or when the store cannot be read. progress may be
+    // empty.
     static DBCFindings verify(const QString& package, const Progress& progress);
 
-    // The store's soundness and model, and how many live cards it holds.
+    // Checks whether the store is sound and fits the model, and counts its live cards.
     static DBCStoreReport verifyStore(const QString& package);
 
 private:
     DBCPackageVerifier(const QString& package, const Progress& progress);
 
     std::optional<DBCProblem> reasonNotToLook() const;
-    // None: the store, with the log or journal beside it, stands in folder, too.
+    // Copies the store, and a log or journal beside it, into folder. None on success.
     std::optional<DBCProblem> copyStore(const QTemporaryDir& folder) const;
 
-    // True when the cards could all be read, so that it is known what they name.
+    // True when all cards could be read, so that the names of their files are known.
     bool checkStore(const QString& storeCopy);
-    // The steps that every look begins with; then true when next could be carried out.
+    // Opens the store, checks soundness and model, and calls next if both allow it. True when next
+    // ran to its end.
     bool openStore(
         const QString& storeCopy, const std::function<void(SQLite::Database& store)>& next);
     void checkSoundness(SQLite::Database& store);
@@ -58,17 +62,19 @@ private:
     void noteNames(const Card& card);
     void checkForUnnamedEntries(const QString& folder, const QSet<QByteArray>& named);
 
-    void report(const QString& path, const char* key, const QStringList& furtherArguments = {});
-    // The texts of cards take the card's name, its ID, and then the further arguments.
+    void report(
+        const QString& path, const char* key, const DBCMessageArguments& furtherArguments = {});
+    // The text's arguments are the card's full name, its ID, and then the further arguments.
     void reportCard(const Card& card, const QString& path, const char* key,
-        const QStringList& furtherArguments);
+        const DBCMessageArguments& furtherArguments);
 
     QString _package;
     QString _storePath;
     const Progress& _progress;
     DBCManagedObjectModel _model;
     std::vector<DBCProblem> _problems;
-    // What stands directly in "Images" and "Files" by name, as the file system spells it.
+    // The names of entries in "Images" and "Files" that some card names, as bytes of the file
+    // system.
     QSet<QByteArray> _namedImages;
     QSet<QByteArray> _namedFolders;
 };

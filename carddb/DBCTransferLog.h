@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the transfers of images and attachments tell the log about the card they are busy with.
+// The log messages about one card that the import and export of images and attachments write. Each
+// carries the number and name of the card, from which the report finds the cards concerned.
 #pragma once
 
 #include "datafile/helpers/DBCLocalizable.h"
@@ -8,9 +9,9 @@
 
 #include <QString>
 
-// A card as the log names it; a value that the record lacks is empty.
+// How the log names a card. A value that the record lacks is empty.
 struct DBCTransferSubject {
-    QString number; // line of the data file on import, number of the card on export
+    QString number; // on import the line of the data file, on export the number of the card
     QString fullName;
 
     static DBCTransferSubject ofImport(const DBCRecord& record);
@@ -19,21 +20,23 @@ struct DBCTransferSubject {
 
 namespace DBCTransferLog {
 
-// The localized text of key alone, at error level.
+// Logs the text of key, which has no placeholders, as an error that stops the conversion.
 void error(const char* key, const DBCTransferSubject& subject);
 
-// Warnings whose texts begin with the card's number and full name. detail: their third argument.
+// Logs a warning. The text's first two arguments are the card's number and full name; detail is the
+// third one.
 void cardWarning(const char* key, const DBCTransferSubject& subject, DBCConsequence consequence,
     const std::optional<DBCMessageArgument>& detail = {});
 
-// A name in the data file or the store that points out of the folder it belongs to.
+// Warns that a name in the data file or in the store points out of the folder it belongs to.
 void nameLeadsOut(const DBCTransferSubject& subject, const QString& name, const QString& folder,
     DBCConsequence consequence);
 
-// A file or folder that does not exist: a warning, or an error where the conversion stops.
+// Reports that a file or folder does not exist: as an error when the consequence is Stopped, else
+// as a warning.
 void missing(const DBCTransferSubject& subject, const QString& path, DBCConsequence consequence);
 
-// Which file or folder of which card an error is about; at error level.
+// Log, as errors that stop the conversion, which card and which file or folder failed.
 void errorPlace(const DBCTransferSubject& subject, const QString& path);
 void errorCopy(const DBCTransferSubject& subject, const QString& source, const QString& target);
 

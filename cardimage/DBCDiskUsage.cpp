@@ -31,7 +31,7 @@ Measurement failed(DBCResultCode code, const QString& path, const QString& reaso
     return {0, DBCError(code).withPathName(path).withDescription(reason)};
 }
 
-// None when the bytes are no UTF-8.
+// None when the bytes are not valid UTF-8.
 std::optional<QString> decoded(const QByteArray& bytes)
 {
     QStringDecoder decoder(QStringDecoder::Utf8);
@@ -39,7 +39,7 @@ std::optional<QString> decoded(const QByteArray& bytes)
     return decoder.hasError() ? std::nullopt : std::optional(text);
 }
 
-// Digits 0 to 9 only: a sign, a blank or a line end makes it no number.
+// Accepts the digits 0 to 9 only, and no sign, blank or line end.
 std::optional<quint64> numberIn(const QString& text)
 {
     const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
@@ -64,13 +64,13 @@ Measurement sizeFromOutput(const QByteArray& output, const QString& path)
     return {*units * bytesPerUnit, {}};
 }
 
-// A name that begins with a dash would be taken for an option.
+// du would take a path that begins with a dash for an option.
 QString asArgument(const QString& path)
 {
     return path.startsWith(u'-') ? u"./"_s + path : path;
 }
 
-// Loading the user's locale takes du as long as its work on a file, and digits need none.
+// du needs no locale to print digits, and loading the user's takes as long as measuring a file.
 const QProcessEnvironment& environmentWithoutLocale()
 {
     static const QProcessEnvironment environment = [] {
@@ -90,8 +90,8 @@ public:
             start(program, {u"-k"_s, u"-s"_s, asArgument(path)}, QIODevice::ReadOnly);
             waitForFinished(-1);
         } catch (const std::bad_alloc&) {
-            // The base class has lost sight of the child now, or never had one, and its destructor
-            // would wait half a minute for it to end.
+            // The base class has no usable child process now, but its destructor would still wait
+            // half a minute for one to end.
             setProcessState(NotRunning);
             throw;
         }

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Measures the disk usage of files and folders by running the system's du program.
 #pragma once
 
 #include <QString>
 
 class DBCError;
 
-// Disk usage of a file or folder in bytes, as "/usr/bin/du -k -s" counts it. 0 without error for an
-// empty path and one at which nothing stands; 0 with SizeMeasureFailure or InternalException in
-// outError (may be null) when du fails or answers anything but a number.
+// Returns the disk usage of a file or folder in bytes, as "/usr/bin/du -k -s" counts it. Returns 0
+// without an error when the path is empty or does not exist. Returns 0 and sets outError, which may
+// be null, to SizeMeasureFailure when du fails or does not print a number, and to InternalException
+// when du cannot be started. Blocks until du has ended.
 quint64 getSizeWithPath(const QString& path, DBCError* outError);

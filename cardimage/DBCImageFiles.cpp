@@ -4,7 +4,6 @@
 #include "cardimage/DBCDiskUsage.h"
 #include "cardimage/bitmap/DBCBitmapDrawing.h"
 #include "cardimage/jpeg/DBCJpegCodec.h"
-#include "cardimage/jpeg/DBCJpegProperties.h"
 #include "cardimage/pdf/DBCCardPageSize.h"
 #include "cardimage/pdf/DBCCardPdfWriter.h"
 #include "cardimage/pdf/DBCPdfMemory.h"
@@ -18,13 +17,15 @@
 #include <cerrno>
 #include <limits>
 
+#include <sys/stat.h>
+
 namespace {
 
 constexpr int pointsPerInch = 72;
 constexpr int colorDepth = 24;
 
-// Turns the bitmap upright. A gray picture that counts as colour becomes RGB only where the system
-// is of this version or later.
+// Turns the bitmap upright. A gray picture that was marked as colour becomes RGB, but only on
+// systems of versionWithColorGray or later.
 DBCResultCode turn(DBCBitmap* bitmap, qint32 rotation, qint32 isColor)
 {
     constexpr qint32 versionWithColorGray = 0x1060;
@@ -37,8 +38,8 @@ DBCResultCode turn(DBCBitmap* bitmap, qint32 rotation, qint32 isColor)
     return DBCResultCode::Success;
 }
 
-// A 1-bit picture that needs no turning is written in colour; a turned one stays gray. Files that
-// scripts compare have been so for ever.
+// A 1-bit picture is written in colour unless it has to be turned; then it stays gray. This is kept
+// on purpose: users' scripts compare the files byte by byte.
 DBCResultCode prepare(DBCBitmap* bitmap, qint32 rotation, qint32 isColor)
 {
     if (rotation != 0)
@@ -48,12 +49,12 @@ DBCResultCode prepare(DBCBitmap* bitmap, qint32 rotation, qint32 isColor)
     return DBCResultCode::Success;
 }
 
-DBCResultCode checkSpaceForPdf(const QStringList& paths, const QString& outputPath)
+DBCResultCode checkSpaceForPdf(const std::vector<DBCImageFile>& images, const QString& outputPath)
 {
     quint64 size = DBCDiskSpaceMargin;
-    for (const QString& path : paths) {
+    for (const DBCImageFile& image : images) {
         DBCError error;
-        size += getSizeWithPath(path, &error);
+        size += getSizeWithPath(image.path, &error);
         if (isFailure(error.code()))
             return error.code();
     }
@@ -75,19 +76,19 @@ DBCResultCode codeOf(DBCWriteOutcome outcome)
     return DBCResultCode::PdfCreateFailure;
 }
 
-bool addPage(DBCCardPdfWriter* writer, const QString& path, const QString& insideFolder)
+bool addPage(DBCCardPdfWriter* writer, const DBCDescriptor& file)
 {
-    // What is larger than any picture that could be shown again is not read.
-    if (QFileInfo(path).size() > DBCBitmap::maximumBytes)
+    const DBCImportedJpeg jpeg = readJpegForImport(file);
+    if (jpeg.verdict != DBCImportedJpeg::Verdict::Usable)
         return false;
-    QByteArray jpeg;
-    if (readJpgFile(QUrl::fromLocalFile(path), &jpeg, insideFolder) != 0)
-        return false;
-    const auto properties = readJpegProperties(jpeg);
-    if (!properties)
-        return false;
-    writer->addPage(jpeg, *properties, pagePointSize(*properties));
+    writer->addPage(jpeg.bytes, jpeg.properties, pagePointSize(jpeg.properties));
     return true;
+}
+
+bool isTooLarge(const DBCDescriptor& file)
+{
+    struct stat status { };
+    return fstat(file.get(), &status) == 0 && status.st_size > DBCBitmap::maximumBytes;
 }
 
 } // namespace
@@ -100,26 +101,40 @@ DBCResultCode saveJpgFile(const DBCBitmap& image, qint32 rotation, qint32 xResol
     DBCBitmap bitmap = image;
     if (prepare(&bitmap, rotation, isColor) != DBCResultCode::Success)
         return DBCResultCode::PdfToJpegFailure;
-    // No resolution makes an endless size, which the encoder records as none.
+    // A missing resolution gives an infinite size, for which the encoder records no resolution.
     bitmap.pointSize *= xResolution == 0 ? std::numeric_limits<double>::infinity()
                                          : static_cast<double>(pointsPerInch) / xResolution;
     const QByteArray jpeg = encodeJpeg(bitmap);
     return jpeg.isEmpty() ? DBCResultCode::Success : DBCCommonFunction::saveFile(jpeg, path);
 }
 
-DBCResultCode convertJPG2PDF(
-    const QStringList& paths, const QString& outputPath, const QString& insideFolder)
+DBCImportedJpeg readJpegForImport(const DBCDescriptor& file)
 {
-    if (paths.isEmpty() || outputPath.isEmpty())
+    using Verdict = DBCImportedJpeg::Verdict;
+    if (!file)
+        return {Verdict::Unreadable, {}, {}};
+    if (isTooLarge(file))
+        return {Verdict::TooLarge, {}, {}};
+    QByteArray bytes;
+    if (readWholeFile(file, &bytes) != 0)
+        return {Verdict::Unreadable, {}, {}};
+    const auto properties = readJpegProperties(bytes);
+    return properties ? DBCImportedJpeg {Verdict::Usable, bytes, *properties}
+                      : DBCImportedJpeg {Verdict::NoJpeg, {}, {}};
+}
+
+DBCResultCode joinJpegsIntoPdf(const std::vector<DBCImageFile>& images, const QString& outputPath)
+{
+    if (images.empty() || outputPath.isEmpty())
         return DBCResultCode::GeneralFailure;
-    if (const auto code = checkSpaceForPdf(paths, outputPath); isFailure(code))
+    if (const auto code = checkSpaceForPdf(images, outputPath); isFailure(code))
         return code;
     try {
         DBCCardPdfWriter writer(outputPath);
         if (writer.opened() != DBCWriteOutcome::Written)
             return codeOf(writer.opened());
-        for (const QString& path : paths) {
-            if (!addPage(&writer, path, insideFolder))
+        for (const DBCImageFile& image : images) {
+            if (!addPage(&writer, image.file))
                 return DBCResultCode::PdfCreateFailure;
         }
         return codeOf(writer.close());
@@ -129,13 +144,21 @@ DBCResultCode convertJPG2PDF(
     }
 }
 
-qint32 readJpgFile(const QUrl& url, QByteArray* outBuffer, const QString& insideFolder)
+DBCResultCode convertJPG2PDF(const QStringList& paths, const QString& outputPath)
+{
+    std::vector<DBCImageFile> images;
+    for (const QString& path : paths)
+        images.push_back({path, openForReading(path)});
+    return joinJpegsIntoPdf(images, outputPath);
+}
+
+qint32 readJpgFile(const QUrl& url, QByteArray* outBuffer)
 {
     if (url.isEmpty() || !outBuffer)
         return toNumber(DBCResultCode::ParameterError);
     outBuffer->clear();
     if (!url.isLocalFile())
         return DBCNotReadWhole;
-    const DBCDescriptor file = openForReading(url.toLocalFile(), insideFolder);
+    const DBCDescriptor file = openForReading(url.toLocalFile());
     return file ? readWholeFile(file, outBuffer) : -errno;
 }

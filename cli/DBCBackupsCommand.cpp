@@ -2,7 +2,7 @@
 #include "cli/DBCCommands.h"
 
 #include "datafile/helpers/DBCLocalizable.h"
-#include "operation/DBCChosenBackup.h"
+#include "operation/DBCConfirmedBackupChange.h"
 
 #include <QFileInfo>
 
@@ -20,7 +20,7 @@ DBCCommandResult listBackups(const QString& package, DBCReporter& reporter)
         reporter.message({}, list.couldNotLook->text);
         return failed(DBCExitCode::Failed);
     }
-    // Backups of a package that is gone are all the more welcome.
+    // A missing package is an error only without backups: with them it can still be restored.
     if (list.backups.empty() && !QFileInfo(package).isDir()) {
         reporter.message({}, getLocalString("IDS_VERIFY_NO_FOLDER", {package}));
         return failed(DBCExitCode::Refused);
@@ -30,7 +30,7 @@ DBCCommandResult listBackups(const QString& package, DBCReporter& reporter)
     return {.summary = {getLocalString("IDS_BACKUP_COUNT", {package, count})}};
 }
 
-// What went wrong has been logged, and an error that is logged is shown.
+// The reason for a failure has already been logged, and the reporter shows logged errors.
 DBCCommandResult resultOf(const DBCBackupChange::Result& change, QStringList summary)
 {
     switch (change.outcome) {
@@ -51,16 +51,16 @@ DBCCommandResult resultOf(const DBCBackupChange::Result& change, QStringList sum
 
 } // namespace
 
-DBCCommandResult keepBackups(const DBCRequest& request, DBCReporter& reporter)
+DBCCommandResult manageBackups(const DBCRequest& request, DBCReporter& reporter)
 {
     const QString package = request.paths.constFirst();
     if (const QString& name = request.backupToRestore; !name.isEmpty()) {
-        const auto change = restoreChosenBackup(
+        const auto change = restoreBackupIfConfirmed(
             package, name, [&](const DBCEvent& event) { reporter.event(event); });
         return resultOf(change, {getLocalString("IDS_BACKUP_RESTORED", {package, name})});
     }
     if (const QString& name = request.backupToDelete; !name.isEmpty())
         return resultOf(
-            deleteChosenBackup(package, name), {getLocalString("IDS_BACKUP_DELETED", {name})});
+            deleteBackupIfConfirmed(package, name), {getLocalString("IDS_BACKUP_DELETED", {name})});
     return listBackups(package, reporter);
 }

@@ -34,7 +34,7 @@ constexpr std::array commands {
 
 struct OptionRow {
     const char* name;
-    const char* valueName; // null: takes no value
+    const char* valueName; // null: the option takes no value
     const char* descriptionKey;
 };
 
@@ -48,7 +48,7 @@ constexpr std::array options {
     OptionRow {"version", nullptr, "IDS_CLI_HELP_VERSION"},
 };
 
-// Where the descriptions of the help text begin.
+// The column at which the descriptions of the help text begin.
 constexpr qsizetype descriptionColumn = 26;
 
 QString helpLine(const QString& term, const char* descriptionKey)
@@ -81,7 +81,8 @@ DBCUsage wrongUsage(const char* key, const DBCMessageArguments& arguments = {})
         getLocalString(key, arguments) + u'\n' + getLocalString("IDS_CLI_TRY_HELP") + u'\n'};
 }
 
-// ".." behind a symbolic link leads elsewhere than its text says, so such a path is resolved.
+// ".." after a symbolic link leads to the parent of the link's target. Such a path is resolved on
+// the disk, because cleaning its text would name another folder.
 QString absolutePath(const QString& operand)
 {
     const QString path = QDir::current().absoluteFilePath(operand);
@@ -111,7 +112,8 @@ std::variant<DBCRequest, DBCUsage> requestFor(QStringList operands)
     return request;
 }
 
-// None when the options suit the command.
+// Takes the names from --restore and --delete into the request. Returns none if these options suit
+// the command.
 std::optional<DBCUsage> takeBackupNames(DBCRequest& request, const QCommandLineParser& parser)
 {
     const QString restore = u"restore"_s;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The commands and options of velmora-convert.
+// Parses the commands and options of velmora-convert.
 #pragma once
 
 #include "cli/DBCExitCode.h"
@@ -13,7 +13,7 @@ enum class DBCCommand : unsigned char { Import, Export, Check, Verify, Create, R
 
 struct DBCRequest {
     DBCCommand command;
-    QStringList paths; // as many as the command takes; absolute, without a slash at the end
+    QStringList paths; // as many as the command needs; absolute and without a slash at the end
     bool isJson = false;
     bool saysYes = false;
     bool isQuiet = false;
@@ -21,9 +21,9 @@ struct DBCRequest {
     QString backupToDelete = {}; // name; empty: none
 };
 
-// A text to print instead of running a command: help, version, or what is wrong with the usage.
+// A text that is printed instead of running a command: the help, the version or a usage error.
 struct DBCUsage {
-    DBCExitCode exitCode = DBCExitCode::Done; // Done: for stdout; WrongUsage: for stderr
+    DBCExitCode exitCode = DBCExitCode::Done; // Done: text goes to stdout; WrongUsage: to stderr
     QString text;
 };
 

@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The commands of velmora-convert, one function for each.
 #pragma once
 
 #include "cli/DBCCommandLine.h"
 #include "cli/DBCReporter.h"
 
-// Each runs one command to its end and says what it came to. They need a running application
-// object; messages and questions go through the presenter of DBCMessage.
+// Each function runs its command to the end and returns the result; the caller reports it. An
+// application object has to exist. Messages and questions go through the presenter of DBCMessage.
 
-// Import and export.
+// Runs an import or an export.
 DBCCommandResult runConversion(const DBCRequest& request, DBCReporter& reporter);
 
 DBCCommandResult checkFolder(const DBCRequest& request, DBCReporter& reporter);
 DBCCommandResult verifyPackage(const DBCRequest& request, DBCReporter& reporter);
 DBCCommandResult createPackage(const DBCRequest& request, DBCReporter& reporter);
 DBCCommandResult recoverPackage(const DBCRequest& request, DBCReporter& reporter);
-// Lists, restores or deletes.
-DBCCommandResult keepBackups(const DBCRequest& request, DBCReporter& reporter);
+// Lists the backups, or restores or deletes one of them.
+DBCCommandResult manageBackups(const DBCRequest& request, DBCReporter& reporter);

@@ -12,10 +12,10 @@
 
 namespace {
 
-// The two paths of a conversion in the driver's order.
+// The two paths of a conversion under the names that the driver gives them.
 struct Conversion {
     OperationType type;
-    QString dataPath; // export: the folder in which the interchange folder is made
+    QString dataPath; // export: the folder in which the interchange folder is created
     QString package;
 
     explicit Conversion(const DBCRequest& request)
@@ -26,13 +26,10 @@ struct Conversion {
     {
     }
     bool isImport() const { return type == OperationType::Import; }
-    QString exportedFolder() const
-    {
-        return dataPath + u'/' + DBCInterchangeNames::rootFolderName();
-    }
+    QString exportedFolder() const { return DBCInterchangeNames::exportFolder(dataPath); }
 };
 
-// Hands the operation's events on.
+// Passes the operation's events to the reporter.
 class EventForwarder : public DBCEventReceiver {
 public:
     EventForwarder(DBCConverterController& controller, DBCReporter& reporter)
@@ -42,7 +39,7 @@ public:
     }
     void refreshProgress(const DBCEvent& event) override
     {
-        // A second signal while the question stood is answered by the same answer.
+        // A second signal that came during the question gets the same answer and asks no new one.
         if (event.name == DBCEventName::OperationDidCanceled)
             _controller.setConfirmCancelOperation(false);
         _reporter.event(event);
@@ -53,7 +50,7 @@ private:
     DBCReporter& _reporter;
 };
 
-// Runs the operation on a thread of its own and this thread's event loop until it has ended.
+// Runs the operation on a separate thread, and the event loop of this thread until it has ended.
 bool runToItsEnd(DBCConverterController& controller, DBCReporter& reporter)
 {
     EventForwarder forwarder(controller, reporter);

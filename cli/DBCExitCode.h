@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The exit codes of velmora-convert. Scripts rely on the numbers.
 #pragma once
 
-// What velmora-convert ends with; scripts rely on the numbers.
 enum class DBCExitCode : int {
     Done = 0,
-    Failed = 1, // check and verify: could not look
+    Failed = 1, // check and verify: the folder or package could not be read
     WrongUsage = 2,
-    Refused = 3, // by a check, before anything began
+    Refused = 3, // by a check, before the operation began
     DoneWithWarnings = 4, // check and verify: problems found
     Cancelled = 130,
 };

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Hands the problems on; the first line of the summary says how many there were.
+// Passes the problems to the reporter. The first line of the summary gives their number.
 DBCCommandResult resultOf(const DBCFindings& findings, const QString& path, DBCReporter& reporter)
 {
     for (const DBCProblem& problem : findings.problems)

@@ -20,8 +20,8 @@ void insertIfSet(QJsonObject& object, const char* name, const std::optional<Valu
         object.insert(key(name), *value);
 }
 
-// JSON escapes only the lower half of the control characters by itself; the rest stand inside texts
-// alone, where the terminal's escape is JSON's too.
+// The JSON writer escapes only control characters below U+0020. All others can occur only inside
+// texts, where the escape that DBCTerminal writes is valid JSON as well.
 void writeObject(const QString& name, const QJsonObject& members)
 {
     const QJsonDocument document(QJsonObject {{name, members}});

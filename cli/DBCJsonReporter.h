@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// For programs: one JSON object a line on standard output, each under one name. The last line is
-// the result.
+// Reports to programs: writes one JSON object per line to standard output. Each object has a single
+// member, whose name says what the line reports. The last line is the result.
 #pragma once
 
 #include "cli/DBCReporter.h"

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// In these texts: the first of kana and kanji.
+// In these texts, all characters from here on are kana or kanji.
 constexpr char16_t firstWideCharacter = 0x2E80;
 constexpr qsizetype cellsBetweenColumns = 2;
 
@@ -22,7 +22,7 @@ QString stageText(const char* labelKey)
     return getLocalString(u"IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING"_s, {getLocalString(labelKey)});
 }
 
-// The columns of a row but the last, which needs no room behind it.
+// All columns of a row except the last one, which needs no padding.
 std::array<QString, 3> columnsOf(const DBCBackup& backup)
 {
     return {backup.dateText(),
@@ -33,7 +33,7 @@ std::array<QString, 3> columnsOf(const DBCBackup& backup)
             : QString(u'-')};
 }
 
-// Terminals show Japanese letters twice as wide as others.
+// The width of a text in terminal cells: Japanese characters take two cells, others one.
 qsizetype cellsOf(const QString& text)
 {
     return std::accumulate(
@@ -87,8 +87,9 @@ void DBCPlainReporter::message(std::optional<quint32> /*number*/, const QString&
 
 void DBCPlainReporter::answered(const DBCQuestion& /*question*/, DBCAnswer /*answer*/) { }
 
-// Errors say what a message cannot: which file, which line. Warnings may be many; the log file
-// holds them, and the summary counts them. A message is logged, too, once it has been shown.
+// A logged error is shown because it names the file or line, which a message does not. Warnings are
+// not shown, because there may be many; the log file contains them and the summary counts them.
+// Every message is also logged after it has been shown, and must not be shown twice.
 void DBCPlainReporter::logged(DBCLogType type, const QString& text)
 {
     if (type == DBCLogType::Error && text != _lastMessage)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// For people: a progress line, messages and errors on standard error, problems and a summary on
-// standard output.
+// Reports to people: writes a progress line, messages and errors to standard error, and problems
+// and a summary to standard output.
 #pragma once
 
 #include "cli/DBCProgressLine.h"

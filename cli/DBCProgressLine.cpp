@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 millisecondsBetweenWrites = 100;
-// Loading or fetching counts as two steps, as it does in the window's bar.
+// Loading the data file or fetching the cards counts as two steps, as in the window's progress bar.
 constexpr qint64 stepsBeforeCards = 2;
 constexpr const char* eraseLine = "\r\033[K";
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One line on standard error that is written over and over while an operation runs.
+// A line on standard error that is rewritten in place while an operation runs.
 #pragma once
 
 #include "operation/messages/DBCRemainingTime.h"
@@ -15,12 +15,14 @@ public:
     DBCProgressLine(const DBCProgressLine&) = delete;
     DBCProgressLine& operator=(const DBCProgressLine&) = delete;
 
-    // A stage without counts.
+    // Shows a stage that has no counts.
     void showStage(const QString& text);
-    // From now on counts are timed.
+    // Starts the measurement from which the remaining time is estimated.
     void beginCounting();
-    // formatKey's text takes the percentage. Written at most ten times a second.
+    // formatKey is the key of a text that takes the percentage. The line is written at most ten
+    // times a second.
     void showCounts(const char* formatKey, qint64 finishedCount, qint64 maxCount);
+    // Erases the line.
     void clear();
 
 private:

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a command tells whoever started it. One reporter speaks to people, another to programs.
+// The interface through which a command reports to the user or script that started it. One reporter
+// writes for people, another for programs.
 #pragma once
 
 #include "carddb/DBCPackageBackups.h"
@@ -14,19 +15,19 @@
 
 #include <optional>
 
-// What a command came to.
+// The result of a command.
 struct DBCCommandResult {
     DBCExitCode exitCode = DBCExitCode::Done;
     DBCResultCode code = DBCResultCode::Success;
-    qint64 maxCount = 0; // cards there were
-    qint64 finishedCount = 0; // cards done
+    qint64 maxCount = 0; // cards in all
+    qint64 finishedCount = 0; // cards processed
     quint32 warningCount = 0; // in the log
     quint32 errorCount = 0; // in the log
     QString backupPath = {}; // empty: there is none
-    QString reportPath = {}; // of the page about a conversion; empty: none could be written
-    std::optional<qint64> problemCount = {}; // of a command that looks for problems
-    std::optional<quint64> bytesNeeded = {}; // free space that an import of the folder asks for
-    QStringList summary = {}; // for people
+    QString reportPath = {}; // the report about a conversion; empty: there is none
+    std::optional<qint64> problemCount = {}; // set by the commands that look for problems
+    std::optional<quint64> bytesNeeded = {}; // free space that an import of the folder needs
+    QStringList summary = {}; // lines for people
 
     bool isOk() const
     {
@@ -35,12 +36,15 @@ struct DBCCommandResult {
     }
 };
 
+// During an operation the functions are called on the main thread and on the operation's thread,
+// but never at the same time, because the operation waits while an event is handled. result() is
+// called last.
 class DBCReporter {
 public:
     virtual ~DBCReporter() = default;
 
     virtual void event(const DBCEvent& event) = 0;
-    // number: of the table's messages; none for a text of the terminal's own.
+    // number is the message number; none for a text that has no number.
     virtual void message(std::optional<quint32> number, const QString& text) = 0;
     virtual void answered(const DBCQuestion& question, DBCAnswer answer) = 0;
     virtual void logged(DBCLogType type, const QString& text) = 0;
@@ -48,6 +52,6 @@ public:
     virtual void backups(const std::vector<DBCBackup>& backups) = 0;
     virtual void verifying(qint64 finishedCount, qint64 maxCount) = 0;
     virtual void result(const DBCCommandResult& result) = 0;
-    // Leaves the terminal clean for a question.
+    // Clears the progress line, so that a question can be asked on the terminal.
     virtual void makeRoomForQuestion() = 0;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where velmora-convert writes and asks.
+// Writes the texts of velmora-convert and asks its questions on the terminal.
 #pragma once
 
 #include "system/DBCDescriptor.h"
@@ -10,22 +10,22 @@
 
 class DBCTerminal {
 public:
-    // Keeps a descriptor of its own for standard input, because descriptor 0 is closed under way
-    // when a package cannot be opened.
+    // Duplicates standard input, because descriptor 0 may be closed during an operation when a
+    // package cannot be opened.
     DBCTerminal();
 
-    // Whether somebody sits there to be asked: standard input and standard error are terminals.
+    // Whether a user can be asked: both standard input and standard error are terminals.
     bool isInteractive() const;
     static bool isStandardErrorTerminal();
 
-    // Asks on standard error and waits for a line; anything but a yes, in any language of the
-    // program, is a no.
+    // Asks on standard error and waits for a line. Returns true only for a yes in any language of
+    // the program.
     bool confirms(const QString& question) const;
 
-    // In UTF-8, at once. Every character that could control a terminal is written as "\u001B";
-    // line ends are kept.
+    // Writes UTF-8 without buffering. Every character that could control a terminal is written as
+    // an escape like "\u001B"; line ends are kept.
     static void write(std::FILE* stream, const QString& text);
-    // The same, with line ends escaped too, and one of its own at the end.
+    // Writes the text as one line: escapes line ends, too, and ends the line.
     static void writeLine(std::FILE* stream, const QString& text);
 
 private:

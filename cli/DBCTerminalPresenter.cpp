@@ -5,17 +5,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-// Asked only after a signal, which is as good as a yes where nobody can be asked.
-bool asksToConfirmCancel(const DBCQuestion& question)
-{
-    return question.key == QLatin1StringView("IDS_MSG_ERR_0315")
-        || question.key == QLatin1StringView("IDS_MSG_ERR_0210");
-}
-
-} // namespace
-
 DBCTerminalPresenter::DBCTerminalPresenter(
     const DBCTerminal& terminal, DBCReporter& reporter, Answers answers)
     : _terminal(terminal)
@@ -50,7 +39,8 @@ DBCAnswer DBCTerminalPresenter::answerTo(const DBCQuestion& question)
         _reporter.makeRoomForQuestion();
         return _terminal.confirms(question.text) ? DBCAnswer::Default : DBCAnswer::Alternate;
     }
-    if (asksToConfirmCancel(question))
+    // The user asked for this cancel with a signal, and nobody can be asked again.
+    if (question.asksToCancel())
         return DBCAnswer::Default;
     _reporter.message({}, getLocalString(u"IDS_CLI_NEEDS_YES"_s, {question.text}));
     return DBCAnswer::NotShown;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Shows the core's messages and answers its questions, by asking where somebody sits at the
-// terminal.
+// Passes the messages of the core to the reporter and answers its questions: by an option, by
+// asking the user at the terminal, or with no answer if nobody can be asked.
 #pragma once
 
 #include "cli/DBCReporter.h"
@@ -11,7 +11,8 @@ class DBCTerminalPresenter : public DBCMessagePresenter {
 public:
     enum class Answers : bool { AskOrNo, AlwaysYes };
 
-    // Installed as the presenter for as long as it lives. Nothing is owned.
+    // Is the presenter of DBCMessage as long as it lives. Owns neither terminal nor reporter, which
+    // must outlive this object.
     DBCTerminalPresenter(const DBCTerminal& terminal, DBCReporter& reporter, Answers answers);
     ~DBCTerminalPresenter() override;
     DBCTerminalPresenter(const DBCTerminalPresenter&) = delete;
@@ -21,7 +22,7 @@ public:
     DBCAnswer askQuestion(const DBCQuestion& question) override;
 
 private:
-    // Default for yes, Alternate for no, NotShown where nobody can be asked.
+    // Returns Default for yes, Alternate for no, and NotShown if nobody can be asked.
     DBCAnswer answerTo(const DBCQuestion& question);
 
     const DBCTerminal& _terminal;

@@ -40,7 +40,7 @@ DBCCommandResult runCommand(const DBCRequest& request, DBCReporter& reporter)
     case DBCCommand::Recover:
         return recoverPackage(request, reporter);
     case DBCCommand::Backups:
-        return keepBackups(request, reporter);
+        return manageBackups(request, reporter);
     }
     Q_UNREACHABLE();
 }
@@ -70,7 +70,7 @@ DBCExitCode show(const DBCUsage& usage)
 int main(int argc, char** argv)
 {
     keepStandardDescriptorsOpen();
-    // A reader of our output that goes away must not end an operation halfway.
+    // If the reader of our output ends, for example a pager, the operation must continue.
     std::signal(SIGPIPE, SIG_IGN);
     const auto application = applicationInUtf8<QCoreApplication>(argc, argv);
 

@@ -5,12 +5,11 @@
 #include "datafile/helpers/DBCCommonFunction.h"
 #include "datafile/helpers/DBCLocalizable.h"
 #include "datafile/records/DBCColumns.h"
+#include "datafile/records/DBCItemLengths.h"
 #include "operation/log/DBCLog.h"
-#include "text/DBCAddresses.h"
 #include "text/DBCCharacterSets.h"
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -18,26 +17,6 @@ namespace {
 
 // The title line counts as record 1.
 constexpr quint64 firstRecordNo = 2;
-
-// The address items are checked as the one text that they are stored as.
-constexpr std::array addressParts {DBCRecordKey::state, DBCRecordKey::city, DBCRecordKey::street};
-
-std::optional<QString> composedAddress(const DBCRecord& record)
-{
-    return DBCAddresses::composeAddressWithDefaultAddress(record.textOrEmpty(DBCRecordKey::address),
-        record.textOrEmpty(DBCRecordKey::street), record.textOrEmpty(DBCRecordKey::city),
-        record.textOrEmpty(DBCRecordKey::state));
-}
-
-// What the items of each column are called in a warning.
-QStringList labelsFor(QStringList titles)
-{
-    const auto title = [&titles](DBCRecordKey key) { return titles.at(columnIndex(key)); };
-    titles[columnIndex(DBCRecordKey::address)] = title(DBCRecordKey::state) + u'+'
-        + title(DBCRecordKey::city) + u'+' + title(DBCRecordKey::street) + u'/'
-        + title(DBCRecordKey::address);
-    return titles;
-}
 
 QString description(const char* problem, const QString& detail)
 {
@@ -74,7 +53,6 @@ bool DBCFileReader::_initMappingDic()
         _mappingTitleDic.insert(title, keys[i]);
         _mappingItemMaxLengthDic.insert(title, DBCColumns[i].maxLength.value_or(0));
     }
-    _itemLabels = labelsFor(titles);
     return true;
 }
 
@@ -88,17 +66,17 @@ std::optional<std::vector<DBCRecord>> DBCFileReader::loadData(DBCError* error)
 
     std::vector<DBCRecord> records;
     handOutRecords(
-        Lengths::Logged,
+        OverlongItems::Logged,
         [&records](DBCRecord record) {
             records.push_back(std::move(record));
-            return Reading::GoOn;
+            return DBCLoopControl::Continue;
         },
         [error](const DBCError& lineError) {
             *error = lineError;
-            return Reading::Stop;
+            return DBCLoopControl::Stop;
         });
     if (_isAtEnd())
-        _cleanBuffer(); // the records hold copies, and the text is as large as the file
+        _cleanBuffer(); // frees memory of the file's size; the records hold copies of their texts
     if (records.empty()) {
         if (*error)
             DBCLog::error(_lineErrorText,
@@ -113,19 +91,19 @@ void DBCFileReader::readRecords(const RecordHandler& onRecord, const ErrorHandle
     if (const DBCError error = DBCError::ifFailure(_parseAll()))
         onError(error);
     else
-        handOutRecords(Lengths::Ignored, onRecord, onError);
+        handOutRecords(OverlongItems::Ignored, onRecord, onError);
 }
 
 void DBCFileReader::handOutRecords(
-    Lengths lengths, const RecordHandler& onRecord, const ErrorHandler& onError)
+    OverlongItems overlong, const RecordHandler& onRecord, const ErrorHandler& onError)
 {
-    Reading reading = Reading::GoOn;
-    while (reading == Reading::GoOn && !_isAtEnd()) {
+    auto next = DBCLoopControl::Continue;
+    while (next == DBCLoopControl::Continue && !_isAtEnd()) {
         DBCError error;
-        if (auto record = nextRecord(lengths, &error)) {
-            reading = onRecord(std::move(*record));
+        if (auto record = nextRecord(overlong, &error)) {
+            next = onRecord(std::move(*record));
         } else if (error) {
-            reading = onError(error);
+            next = onError(error);
             if (error.code() != DBCResultCode::DataLineFormatError)
                 return;
         }
@@ -134,15 +112,15 @@ void DBCFileReader::handOutRecords(
 
 std::optional<DBCRecord> DBCFileReader::getNextRecordCopy(DBCError* error)
 {
-    return nextRecord(Lengths::Logged, error);
+    return nextRecord(OverlongItems::Logged, error);
 }
 
-std::optional<DBCRecord> DBCFileReader::nextRecord(Lengths lengths, DBCError* error)
+std::optional<DBCRecord> DBCFileReader::nextRecord(OverlongItems overlong, DBCError* error)
 {
     std::optional<DBCRecord> record;
     DBCError failure;
     try {
-        failure = readNextRecord(lengths, &record);
+        failure = readNextRecord(overlong, &record);
     } catch (const std::exception& exception) {
         logException(exception);
         failure = DBCError(DBCResultCode::InternalException)
@@ -155,7 +133,7 @@ std::optional<DBCRecord> DBCFileReader::nextRecord(Lengths lengths, DBCError* er
     return record;
 }
 
-DBCError DBCFileReader::readNextRecord(Lengths lengths, std::optional<DBCRecord>* record)
+DBCError DBCFileReader::readNextRecord(OverlongItems overlong, std::optional<DBCRecord>* record)
 {
     if (const DBCResultCode status = open(); isFailure(status)) {
         return DBCError(status).withDescription(
@@ -172,13 +150,13 @@ DBCError DBCFileReader::readNextRecord(Lengths lengths, std::optional<DBCRecord>
     *record = _newRecord(items);
     if (!*record)
         return dataLineError(*line, items.size());
-    if (lengths == Lengths::Logged)
+    if (overlong == OverlongItems::Logged)
         _validateAllItemLength(**record);
     _increaseRecordNo();
     return {};
 }
 
-// The title line, empty when there is none.
+// Returns the text of the title line; empty when the file has none.
 QString DBCFileReader::readTitleLine()
 {
     QString line = _getNextLine().value_or(QStringView()).toString();
@@ -200,7 +178,7 @@ bool DBCFileReader::_validateItemRequired() const
             [this](const QString& title) { return _fieldTitlesArray->contains(title); });
 }
 
-// Looked up once for a title line, so that no record needs to find its columns by name.
+// Positions are looked up once per title line, so that records need not search for their columns.
 void DBCFileReader::findColumns()
 {
     _columnPositions.resize(DBCColumns.size());
@@ -225,28 +203,18 @@ std::optional<DBCRecord> DBCFileReader::_newRecord(const QList<QStringView>& ite
 
 void DBCFileReader::_validateAllItemLength(const DBCRecord& record) const
 {
-    const QString lineNo = record.textOrEmpty(DBCRecordKey::lineNo);
-    const QString fullName = record.textOrEmpty(DBCRecordKey::full_Name);
-    for (const DBCColumn& column : DBCColumns) {
-        if (!column.maxLength
-            || std::find(addressParts.begin(), addressParts.end(), column.key)
-                != addressParts.end())
-            continue;
-        const std::optional<QString> value = column.key == DBCRecordKey::address
-            ? composedAddress(record)
-            : record.text(column.key);
-        _validateItemLength(
-            _itemLabels.at(columnIndex(column.key)), value, *column.maxLength, lineNo, fullName);
-    }
+    for (const DBCMeasuredItem& item : measuredItems(record))
+        _validateItemLength(item, record);
 }
 
-bool DBCFileReader::_validateItemLength(const QString& label, const std::optional<QString>& value,
-    qsizetype maxLength, const QString& lineNo, const QString& fullName) const
+bool DBCFileReader::_validateItemLength(const DBCMeasuredItem& item, const DBCRecord& record) const
 {
-    if (!value || value->size() <= maxLength)
+    if (!item.isTooLong())
         return true;
     const QString key = u"IDS_LOG_WRN_ITEM_MAX_LEN"_s;
-    DBCLog::warning(getLocalString(key, {label, lineNo, fullName}),
+    const QString lineNo = record.textOrEmpty(DBCRecordKey::lineNo);
+    const QString fullName = record.textOrEmpty(DBCRecordKey::full_Name);
+    DBCLog::warning(getLocalString(key, {item.label(), lineNo, fullName}),
         {.key = key,
             .number = lineNo.toLongLong(),
             .cardName = fullName,
@@ -282,7 +250,7 @@ DBCError DBCFileReader::dataLineError(QStringView line, qsizetype itemCount)
         .withDescription(description("The format of the data line is incorrect!", line.toString()));
 }
 
-// Line, file, expected count, found count.
+// The arguments are: line number, file, expected number of items, found number of items.
 DBCMessageArguments DBCFileReader::lineErrorArguments(qsizetype found) const
 {
     return {qint64(_currentLineNo), _fullFileName, qint64(DBCColumns.size()), qint64(found)};

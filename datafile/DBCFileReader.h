@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Turns the interchange data file into records. The file is read and decoded whole, or in chunks
-// when only getNextRecordCopy() is called; there is no quoting: an item can hold neither a tab nor
-// the line separator, and only the line separator ends a line.
+// Reads the records of the interchange data file: a title line, then one line per card with items
+// separated by tabs. There is no quoting, so an item can contain neither a tab nor the line
+// separator. loadData() and readRecords() read and decode the whole file at once,
+// getNextRecordCopy() by itself reads it in chunks. Not safe to use from several threads at a time.
 #pragma once
 
 #include "datafile/helpers/DBCLocalizable.h"
 #include "datafile/helpers/DBCTextEncoding.h"
 #include "datafile/records/DBCRecord.h"
 #include "operation/base/DBCError.h"
+#include "operation/base/DBCLoopControl.h"
 
 #include <QFile>
 #include <QHash>
@@ -20,9 +22,11 @@
 #include <optional>
 #include <vector>
 
+struct DBCMeasuredItem;
+
 class DBCFileReader {
 public:
-    // Null when the column tables cannot be built. UTF-16 and "\r\n" unless said otherwise.
+    // Null when the tables of titles and maximum lengths cannot be built.
     static std::unique_ptr<DBCFileReader> initWithFullFileName(const QString& fullFileName,
         DBCTextEncoding encoding = DBCTextEncoding::Utf16,
         const QString& lineSeparator = QStringLiteral("\r\n"));
@@ -30,52 +34,57 @@ public:
     DBCFileReader(const DBCFileReader&) = delete;
     DBCFileReader& operator=(const DBCFileReader&) = delete;
 
+    // Nothing in the program calls the getters of these properties; they are kept on purpose as an
+    // interface.
     QString fullFileName() const { return _fullFileName; }
     void setFullFileName(const QString& path) { _fullFileName = path; }
     QString lineSeparator() const { return _lineSeparator; }
     void setLineSeparator(const QString& separator) { _lineSeparator = separator; }
     DBCTextEncoding encoding() const { return _encoding; }
     void setEncoding(DBCTextEncoding encoding);
-    // Bytes per read when the file is read in chunks. A line must fit into a chunk.
+    // Bytes per chunk when the file is read in chunks. No line may be longer than a chunk.
     void setBufferSize(quint32 bytes) { _bufferSize = bytes; }
     const QHash<QString, qsizetype>& mappingItemMaxLengthDic() const
     {
-        return _mappingItemMaxLengthDic; // by title; 0: not checked
+        return _mappingItemMaxLengthDic; // by title, in UTF-16 units; 0: the length is not checked
     }
 
-    // Every record of the file, in file order, and the first error that stopped the reading. None
-    // when error is null or the file cannot be loaded; an empty list always comes with
-    // DataFileEmpty. A title or data line that left the list empty is logged, because the code
-    // hides it. A reader loads once; close() it to load again.
+    // Returns the records in file order up to the first error, which is put into error. None when
+    // error is null or the file cannot be loaded. An empty list always comes with DataFileEmpty;
+    // since that code hides a wrong title or data line, the line is logged. A reader loads once;
+    // call close() before loading again.
     virtual std::optional<std::vector<DBCRecord>> loadData(DBCError* error);
 
-    enum class Reading : bool { Stop, GoOn };
-    using RecordHandler = std::function<Reading(DBCRecord record)>;
-    using ErrorHandler = std::function<Reading(const DBCError& error)>;
-    // The same for callers that want every problem: hands over each record and each error as it
-    // comes, and goes on as long as they say so. Every error but that of a data line with a wrong
-    // number of items ends it. Items that are too long are left to the caller, and not logged.
+    using RecordHandler = std::function<DBCLoopControl(DBCRecord record)>;
+    using ErrorHandler = std::function<DBCLoopControl(const DBCError& error)>;
+    // Reads the whole file and calls a handler for each record and each error in file order, until
+    // a handler answers Stop. Reading continues behind a data line with a wrong number of items;
+    // any other error ends it. Unlike loadData() it does not log items that are too long.
     void readRecords(const RecordHandler& onRecord, const ErrorHandler& onError);
-    // Lines of the file; known as soon as readRecords() hands something over.
+    // Number of lines of the file; valid once readRecords() has called a handler.
     qint64 lineCount() const { return _lineBufferArray.size(); }
 
-    // The next record; none at the end, for a blank line (no error) and on error. error may be null
-    // and is cleared when there is none. Title and data line errors carry their line number, and
-    // the next call goes on behind a wrong data line.
+    // Returns the next record. Returns none at the end of the file and for a blank line, with error
+    // cleared, and none with error set after a failure. error may be null. Errors of the title line
+    // and of data lines carry the line number; after a wrong data line the next call continues with
+    // the following line. Nothing in the program calls it; it is kept on purpose as an interface.
     std::optional<DBCRecord> getNextRecordCopy(DBCError* error);
-    // What is wrong with the latest wrong title or data line, in one localized sentence for the log
-    // and for people; empty before the first one.
+    // One localized sentence about the latest wrong title or data line; empty before the first one.
     QString lineErrorText() const { return _lineErrorText; }
 
-    // Success also when already open; GeneralFailure: no file name; FolderNotExist: no such file;
-    // DataFileOpenFailure: not readable, or no regular file.
+    // Success, also when the file is already open. GeneralFailure: the file name is empty.
+    // FolderNotExist: the file does not exist. DataFileOpenFailure: it may not be read or is no
+    // regular file.
     DBCResultCode open();
     DBCResultCode close(); // Success
-    // Back to the title line; GeneralFailure when no file is open. lineNo() goes on counting.
+    // Goes back to the title line; lineNo() keeps counting up. GeneralFailure when no file is open.
+    // Nothing in the program calls it; it is kept on purpose as an interface.
     DBCResultCode reset();
 
-    quint64 lastRecordNo() const { return _currentRecordNo; } // records delivered so far
-    quint64 lineNo() const { return _currentLineNo; } // lines handed out so far
+    // Records returned so far. Nothing in the program calls it; it is kept on purpose as an
+    // interface.
+    quint64 lastRecordNo() const { return _currentRecordNo; }
+    quint64 lineNo() const { return _currentLineNo; } // lines read so far
 
 protected:
     DBCFileReader() = default;
@@ -83,7 +92,7 @@ protected:
 private:
     bool _initMappingDic();
 
-    // Bytes into lines.
+    // From bytes to lines.
     DBCResultCode _parseAll();
     DBCResultCode _parse();
     QByteArray readWholeFile();
@@ -94,22 +103,21 @@ private:
     bool _isAtEnd() const;
     void _cleanBuffer();
     void forgetTitleLine();
-    QList<QStringView> _parseLineWithTab(QStringView line) const; // empty for an empty line
+    QList<QStringView> _parseLineWithTab(QStringView line) const; // no item for an empty line
 
-    // Lines into records.
-    enum class Lengths : bool { Ignored, Logged }; // of items
+    // From lines to records.
+    enum class OverlongItems : bool { Ignored, Logged };
     void handOutRecords(
-        Lengths lengths, const RecordHandler& onRecord, const ErrorHandler& onError);
-    std::optional<DBCRecord> nextRecord(Lengths lengths, DBCError* error);
-    DBCError readNextRecord(Lengths lengths, std::optional<DBCRecord>* record);
+        OverlongItems overlong, const RecordHandler& onRecord, const ErrorHandler& onError);
+    std::optional<DBCRecord> nextRecord(OverlongItems overlong, DBCError* error);
+    DBCError readNextRecord(OverlongItems overlong, std::optional<DBCRecord>* record);
     QString readTitleLine();
     bool _validateItemRequired() const;
     void findColumns();
     std::optional<DBCRecord> _newRecord(const QList<QStringView>& items) const;
     void _validateAllItemLength(const DBCRecord& record) const;
-    // False after a warning about a value that is too long.
-    bool _validateItemLength(const QString& label, const std::optional<QString>& value,
-        qsizetype maxLength, const QString& lineNo, const QString& fullName) const;
+    // Logs a warning and returns false when the item is too long.
+    bool _validateItemLength(const DBCMeasuredItem& item, const DBCRecord& record) const;
     DBCError titleLineError(const QString& titleLine);
     DBCError dataLineError(QStringView line, qsizetype itemCount);
     DBCMessageArguments lineErrorArguments(qsizetype found) const;
@@ -126,18 +134,17 @@ private:
 
     QHash<QString, DBCRecordKey> _mappingTitleDic;
     QHash<QString, qsizetype> _mappingItemMaxLengthDic;
-    QStringList _itemLabels; // what a column's items are called in a warning
 
     DBCTextDecoder _decoder {_encoding}; // for chunks
-    QString _lineText; // what _lineBufferArray looks into
+    QString _lineText; // owns the characters that the views in _lineBufferArray refer to
     QList<QStringView> _lineBufferArray;
-    qsizetype _currentLocation = 0; // of the next line in _lineBufferArray
+    qsizetype _currentLocation = 0; // index of the next line in _lineBufferArray
     bool _isEndOfFile = false;
-    QString _partData; // unfinished last line of the chunk before
+    QString _partData; // the incomplete last line of the previous chunk
 
     std::optional<QStringList> _fieldTitlesArray;
-    // Where the columns stand in the file, in the order of DBCColumns; empty as long as no valid
-    // title line was read.
+    // For each column, in the order of DBCColumns, its position in the file's lines. Empty until a
+    // valid title line has been read.
     std::vector<qsizetype> _columnPositions;
     quint64 _currentRecordNo = 0;
     quint64 _currentLineNo = 0;

@@ -12,8 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// More than a million cards. A file of any size that happens to stand under the name must not take
-// all memory.
+// 512 MiB, enough for more than a million cards. The whole file is read into memory, so a huge file
+// that happens to have the data file's name must be refused.
 constexpr qint64 largestDataFile = 0x20000000;
 
 void logTooLarge(const QString& path, qint64 size)
@@ -36,7 +36,7 @@ DBCResultCode DBCFileReader::open()
         return DBCResultCode::FolderNotExist;
     }
     close();
-    if (!info.isFile()) // opening a pipe would wait for its writer
+    if (!info.isFile()) // opening a pipe would block until something writes to it
         return DBCResultCode::DataFileOpenFailure;
     _fileHandle.setFileName(_fullFileName);
     return _fileHandle.open(QIODevice::ReadOnly | QIODevice::Unbuffered)
@@ -133,8 +133,8 @@ DBCResultCode DBCFileReader::_parse()
     }
 }
 
-// A chunk that ends inside a character is completed by the next one. Complete, with an empty text,
-// at the end of the file.
+// Reads further chunks while the last one ends inside a character. At the end of the file the
+// result is Complete with an empty text.
 DBCTextDecoder::Result DBCFileReader::decodeNextChunks(QString* text)
 {
     using Result = DBCTextDecoder::Result;
@@ -150,7 +150,7 @@ DBCTextDecoder::Result DBCFileReader::decodeNextChunks(QString* text)
         result = _decoder.decode(gathered, text);
     } while (result == Result::Incomplete);
     if (result == Result::Invalid) {
-        // Nothing behind it can make it a text.
+        // The rest of the file cannot make these bytes valid, so it is skipped.
         _fileHandle.seek(_fileHandle.size());
         _isEndOfFile = true;
     }
@@ -161,7 +161,7 @@ QByteArray DBCFileReader::readWholeFile()
 {
     _fileHandle.seek(0);
     QByteArray bytes = _fileHandle.readAll();
-    // readAll() gives what it got before an error.
+    // After an error, readAll() returns the bytes it read before.
     if (_fileHandle.error() != QFileDevice::NoError)
         throw std::runtime_error(_fileHandle.errorString().toStdString());
     return bytes;

@@ -19,8 +19,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A level above that of errors: composing the messages is tested, writing them would only cost
-// time.
+// A log level above errors: messages are composed, which is worth testing, but not written, which
+// would only take time.
 constexpr const char* settings = R"(<?xml version="1.0" encoding="UTF-8"?>
 <plist version="1.0"><dict><key>Log Level</key><integer>4</integer></dict></plist>)";
 
@@ -59,7 +59,7 @@ private:
     fs::path _folder;
 };
 
-// Made by the first file or, in targets without one, at the start.
+// Created by the first FuzzFile, or at the start in targets that have none.
 const FuzzHome& home()
 {
     static const FuzzHome theHome;

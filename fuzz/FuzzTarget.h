@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the fuzz targets share. Including it gives the program a home folder of its own in memory,
-// in which no log is kept.
+// Helpers of all fuzz targets. Any program that includes this header runs with a home folder of its
+// own, in memory, and writes no log.
 #pragma once
 
 #include <QByteArray>
@@ -10,17 +10,17 @@
 #include <cstdint>
 #include <string>
 
-// Ends the program, so that the input is kept, when something does not hold that must hold whatever
-// the input is.
+// Aborts the program when a claim that must be true for every input is false; the fuzzer then keeps
+// the input.
 void mustHold(bool holds, const char* claim);
 
-// A file in memory that an input or a result is put into; one path for the life of the program.
+// A file in memory for an input or a result. Each object has one path, which never changes.
 class FuzzFile {
 public:
     explicit FuzzFile(const char* name);
 
     const QString& path() const { return _path; }
-    // The file then holds these bytes and no others.
+    // Replaces the content of the file.
     void write(QByteArrayView bytes) const;
     QByteArray read() const;
 
@@ -28,7 +28,7 @@ private:
     QString _path;
 };
 
-// Takes an input apart from its beginning. What is asked for beyond its end is 0.
+// Takes values from the front of an input. After its end, all values are 0 or empty.
 class FuzzInput {
 public:
     FuzzInput(const uint8_t* data, size_t size)
@@ -38,13 +38,13 @@ public:
 
     quint8 byte();
     quint16 word() { return static_cast<quint16>(byte() | byte() << 8); }
-    // In 0 to count - 1.
+    // A number from 0 to count - 1.
     int below(int count) { return byte() % count; }
-    // The bytes up to the next zero byte, which is taken too.
+    // The bytes up to the next zero byte, which is removed from the input, too.
     std::string line();
     std::string bytes(qsizetype count);
-    // UTF-16 in the machine's byte order, up to the next unit of 0 or all that is left; any unit
-    // can be in it, lone surrogates as well.
+    // UTF-16 in the machine's byte order, up to the next zero unit or the end of the input. It may
+    // contain any other unit, also lone surrogates.
     QString text();
     QString remainingText();
     QByteArrayView remaining() const { return _bytes; }

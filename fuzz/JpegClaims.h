@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What holds of every JPEG that is taken for one.
+// The claims that must be true for all bytes that readJpegProperties() accepts as a JPEG.
 #pragma once
 
 #include "cardimage/jpeg/DBCJpegProperties.h"

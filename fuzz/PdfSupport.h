@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the targets for parts of PDFs share.
+// Helpers of the fuzz targets that read parts of PDF documents.
 #pragma once
 
 #include "cardimage/bitmap/DBCBitmap.h"
@@ -14,15 +14,15 @@
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
 
-// A document with a few streams, filled anew for every input: making a document takes ten times as
-// long as what is done to its streams.
+// A document with a few streams that are refilled for every input, because creating a document
+// takes ten times as long as reading its streams.
 class PdfStreams {
 public:
-    // The streams are objects 3 0 R and on. Throws when the dictionary is none.
+    // A document with this many streams, which are the objects 3 0 R and following.
     static PdfStreams& fresh(int count)
     {
-        constexpr int mostInputs = 1000; // for which the library remembers what they name
-        // Gone before the library's own static objects, which its documents ask when they go.
+        constexpr int mostInputs = 1000; // the library keeps the objects that each input names
+        // Destroyed before the library's static objects, which the destructor of a document uses.
         static thread_local std::unique_ptr<PdfStreams> streams;
         static int inputs = 0;
         if (!streams || ++inputs % mostInputs == 0)
@@ -39,6 +39,7 @@ public:
             _streams.push_back(_document.newStream());
     }
 
+    // Throws the library's exception when the text is not an object.
     QPDFObjectHandle parse(const std::string& text)
     {
         return QPDFObjectHandle::parse(&_document, text);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Gives a target every file of a folder once: replay FOLDER. Fails when the folder holds fewer than
-// a hundred, so that a corpus that has gone astray does not pass for one without findings.
+// Runs a fuzz target once with each file of a folder: replay FOLDER. Fails when the folder has
+// fewer than a hundred files, so that a misplaced corpus is noticed.
 #include "fuzz/FuzzTarget.h"
 
 #include <QDir>

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Stateless questions about the environment, asked before and during a conversion. None of them
-// reports anything; callers turn the answers into codes and messages.
+// Stateless checks of the environment that run before and during a conversion. None of them reports
+// anything; callers turn the results into codes and messages. The class is kept on purpose as an
+// interface: each function forwards to the one that knows the rule, in a room further down, and the
+// program also calls those directly. checkVelmoraIsLaunched(), checkAppLocationIsCorrect(),
+// isMacOSXVersionAbove() and isValidAttachmentForExport() are not called in the program.
 #pragma once
 
 #include "datafile/helpers/DBCVersionInfo.h"
@@ -12,25 +15,26 @@
 
 class DBCChecker {
 public:
-    // GeneralFailure, or one of the Package* classifications. An empty path is none.
+    // Returns one of the Package* codes, or GeneralFailure for an empty path.
     static DBCResultCode checkDBAttributes(const QString& path);
-    // True when another process holds the file's lock; false for a missing file.
+    // True when another process holds the lock of the file; false when the file does not exist.
     static bool checkDBFileISLocked(const QString& path);
-    // True when the file system that holds the existing path has at least fileSize bytes free, and
-    // any at all.
+    // True when the path exists and its file system has at least fileSize bytes free, and at least
+    // one byte.
     static bool checkDiskSizeIsEnough(const QString& path, quint64 fileSize);
     static bool checkVelmoraIsLaunched();
-    // Empty, or nothing but characters of blankAndNewLineCharacters().
+    // True when text is empty or consists of blankAndNewLineCharacters() only.
     static bool isBlank(const QString& text);
-    // True when this program stands in the main application's folder beside "Velmora.app".
+    // True when this program is in the folder that also contains "Velmora.app".
     static bool checkAppLocationIsCorrect();
-    // Success, VersionFileRefusedProduct or VersionFileMismatch. A product code of "TELKA" is
-    // refused although exports carry it: an exported folder is not meant to come back.
+    // Returns Success, VersionFileRefusedProduct or VersionFileMismatch. Exports carry the product
+    // code "TELKA", and it is refused on purpose: an exported folder must not be imported again.
     static DBCResultCode checkVersionInfo(const std::optional<DBCVersionInfo>& versionInfo);
-    // version in binary-coded decimal (0x1060 for 10.6.0); false where the system cannot be asked.
+    // True when the system has at least this version, which is in binary-coded decimal (0x1060 for
+    // 10.6.0); false when the system has no such version.
     static bool isMacOSXVersionAbove(qint32 version);
-    // The path's UTF-8 form has at most lengthLimited bytes; false for an empty path.
+    // True when the path has at most lengthLimited bytes in UTF-8; false for an empty path.
     static bool isValidPathLength(const QString& path, quint32 lengthLimited);
-    // The last component does not begin with a dot and holds none of / : \ * ? " < > |
+    // True when the last component does not begin with a dot and has none of / : \ * ? " < > |
     static bool isValidAttachmentForExport(const QString& path);
 };

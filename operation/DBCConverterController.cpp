@@ -10,7 +10,6 @@
 #include "report/DBCRunStory.h"
 #include "system/DBCStandardDescriptors.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QThread>
 
@@ -23,25 +22,10 @@ namespace {
 constexpr quint32 unexpectedErrorMessage = 102;
 constexpr qsizetype separatorLength = 66;
 
-// The question that confirms a cancel; empty for no operation.
-QString cancelQuestionKey(OperationType type)
-{
-    switch (type) {
-    case OperationType::Import:
-        return u"IDS_MSG_ERR_0315"_s;
-    case OperationType::Export:
-        return u"IDS_MSG_ERR_0210"_s;
-    case OperationType::None:
-        break;
-    }
-    return {};
-}
-
 QString folderFor(const QString& fullPathFolder, OperationType type)
 {
-    return type == OperationType::Export
-        ? QDir(fullPathFolder).filePath(DBCInterchangeNames::rootFolderName())
-        : fullPathFolder;
+    return type == OperationType::Export ? DBCInterchangeNames::exportFolder(fullPathFolder)
+                                         : fullPathFolder;
 }
 
 } // namespace
@@ -52,7 +36,8 @@ DBCConversionFactories DBCConversionFactories::real()
         .openDatabase =
             [](const QString& packagePath) {
                 auto database = DBCDataBaseController::initDBwithPath(packagePath);
-                // A controller that could not be opened has closed descriptor 0 as it went.
+                // A controller that could not be opened has closed descriptor 0 when it was
+                // destroyed, and the next file that is opened must not become standard input.
                 keepStandardDescriptorsOpen();
                 return database;
             },
@@ -137,8 +122,7 @@ bool DBCConverterController::_end()
     return isOk;
 }
 
-// The guard for whatever escapes a sequence, which ends with the message that the sequences
-// themselves give no more.
+// A sequence shows its own errors. Only an exception that escapes it is shown here.
 DBCError DBCConverterController::_performOperation()
 {
     bool hasSequenceEnded = false;
@@ -171,36 +155,6 @@ DBCError DBCConverterController::_guarded(
     }
 }
 
-bool DBCConverterController::checkIsNeedToConfirmCancelOperation()
-{
-    if (_isConfirmCancelOperation.exchange(false))
-        _askToConfirmCancel();
-    return _isStopRunning;
-}
-
-void DBCConverterController::_askToConfirmCancel()
-{
-    const DBCAnswer answer = DBCMessage::ShowInfoMessage(
-        cancelQuestionKey(_operationType), DBCButton::Yes, DBCButton::No);
-    const bool isConfirmed = answer == DBCAnswer::Default;
-    _isStopRunning = isConfirmed;
-    if (isConfirmed)
-        DBCLog::info(getLocalString(u"IDS_LOG_INF_CANCEL_OPERATION"_s));
-    _send({.name = DBCEventName::OperationDidCanceled, .confirmCancelResult = isConfirmed});
-}
-
-bool DBCConverterController::fileManager(
-    const DBCFileManager* /*manager*/, const QString& /*shouldCopyItemAtPath*/, const QString&)
-{
-    return !checkIsNeedToConfirmCancelOperation();
-}
-
-DBCError DBCConverterController::_stopIfCancelled()
-{
-    return checkIsNeedToConfirmCancelOperation() ? DBCError(DBCResultCode::CancelledByUser)
-                                                 : DBCError();
-}
-
 bool DBCConverterController::_isCancel(const DBCError& error)
 {
     return error.code() == DBCResultCode::CancelledByUser;
@@ -211,7 +165,8 @@ bool DBCConverterController::_isFolder(const QString& path)
     return QFileInfo(path).isDir();
 }
 
-// The message of such a failure is that of any internal one; what to do about it is said here.
+// The user sees the message for internal failures, which names no path, so the log says which path
+// could not be measured and why.
 DBCError DBCConverterController::_sizeError(const DBCError& error) const
 {
     if (DBCLog* log = _log())
@@ -254,43 +209,6 @@ void DBCConverterController::_showAndLog(
                 .messageNumber = message.number,
                 .consequence = DBCConsequence::Stopped});
     }
-}
-
-void DBCConverterController::_send(DBCEvent event) const
-{
-    if (_story)
-        _story->follow(event);
-    DBCEventReceiver* receiver = _windowController;
-    if (!receiver)
-        return;
-    event.sender = this;
-    // Each thread sees what the other has written. Qt's queue takes care of that where no thread
-    // checker can look, so it is said here once more.
-    const auto synchronize = [this] { _eventCrossings.fetch_add(1, std::memory_order_acq_rel); };
-    const bool isOwnThread = receiver->thread() == QThread::currentThread();
-    synchronize();
-    QMetaObject::invokeMethod(
-        receiver,
-        [&] {
-            synchronize();
-            receiver->refreshProgress(event);
-            synchronize();
-        },
-        isOwnThread ? Qt::DirectConnection : Qt::BlockingQueuedConnection);
-    synchronize();
-}
-
-void DBCConverterController::_sendProgress(
-    DBCEventName name, const std::vector<DBCRecord>& cards) const
-{
-    const auto next = static_cast<std::size_t>(_outcome.finishedCount);
-    _send({
-        .name = name,
-        .maxCount = _outcome.maxCount,
-        .finishedCount = _outcome.finishedCount,
-        .currentCard
-        = next < cards.size() ? cards[next].textOrEmpty(DBCRecordKey::full_Name) : QString(),
-    });
 }
 
 DBCLog* DBCConverterController::_log() const

@@ -1,12 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Carries out one conversion from start to end on the thread that calls run(): sends the events,
-// writes the log, shows the errors and answers the cancel protocol. One controller runs once.
+// The conversion driver: carries out one import or export from start to end on the thread that
+// calls run(). It sends the events, writes the log, shows the errors and asks the user before it
+// cancels.
+//
+// One controller runs once. Its owner sets it up on one thread, starts run() on the operation
+// thread, and keeps the controller and the event receiver alive until run() has returned. While
+// run() is going on, other threads may only use the three flags (setConfirmCancelOperation() is how
+// a window asks for a cancel).
 #pragma once
 
 #include "operation/base/DBCCancelDelegate.h"
 #include "operation/base/DBCError.h"
 #include "operation/base/DBCEvent.h"
 #include "operation/base/DBCOperation.h"
+#include "operation/base/DBCThreadHandOver.h"
 #include "operation/messages/DBCMessage.h"
 
 #include <QString>
@@ -25,11 +32,12 @@ class DBCRecord;
 class DBCRunStory;
 class QThread;
 
-// How the driver comes by its collaborators; a test substitutes its own.
+// Makes the objects that a conversion works with. A test substitutes its own. Each factory is
+// called on the operation thread, at most once a run, and the driver owns the result.
 struct DBCConversionFactories {
-    // Opened and locked, or null.
+    // The package's controller with the store open and the lock taken; null if either failed.
     std::function<std::unique_ptr<DBCDataBaseController>(const QString& packagePath)> openDatabase;
-    // Null when the reader cannot be made.
+    // A reader for the data file; null if the reader cannot be made.
     std::function<std::unique_ptr<DBCFileReader>(const QString& dataFilePath)> createReader;
 
     static DBCConversionFactories real();
@@ -37,86 +45,109 @@ struct DBCConversionFactories {
 
 class DBCConverterController : public DBCCancelDelegate {
 public:
+    // No paths, no operation and no log yet; the setters below fill them in.
     DBCConverterController();
-    // For Export the folder stored is fullPathFolder plus the localized root folder name.
+    // Never null. fullPathFolder is the interchange folder of an import, or the folder that is to
+    // hold the interchange folder of an export: the driver appends the root folder's name for an
+    // export. fullPathDB is the card database package. The log is the program's default log.
     static std::unique_ptr<DBCConverterController> initWith(
         const QString& fullPathFolder, const QString& fullPathDB, OperationType operationType);
     ~DBCConverterController() override;
 
     void setFullPathFolder(const QString& path) { _fullPathFolder = path; }
     void setFullPathDB(const QString& path) { _fullPathDB = path; }
+    // Empty: the default log.
     void setLogFilePath(const QString& path) { _logFilePath = path; }
     QString logFilePath() const { return _logFilePath; }
-    // Not owned; must outlive run(). Null: events go nowhere.
+    // Receives all events of the run. Not owned. Null: the events go nowhere.
     void setWindowController(DBCEventReceiver* receiver) { _windowController = receiver; }
-    // An unsupported type becomes None.
+    // Stores None instead of a type that is neither Import nor Export.
     void setOperationType(OperationType type);
     OperationType operationType() const { return _operationType; }
     static bool _isSupportOperation(OperationType type);
     void setFactories(DBCConversionFactories factories);
 
-    // The flags may be used from any thread.
+    // The three flags; any thread may use them at any time.
+    // The operation is to stop at its next check. Only the answer to the cancel question sets this
+    // while an operation runs; setStopRunning() has no caller in the program and is kept because
+    // its name is part of the driver's interface.
     void setStopRunning(bool stop) { _isStopRunning = stop; }
     bool isStopRunning() const { return _isStopRunning; }
+    // The user has asked for a cancel and is to be asked whether they mean it. The operation thread
+    // clears the flag when it asks. isConfirmCancelOperation() has no caller in the program and is
+    // kept for the same reason as setStopRunning().
     void setConfirmCancelOperation(bool confirm) { _isConfirmCancelOperation = confirm; }
     bool isConfirmCancelOperation() const { return _isConfirmCancelOperation; }
+    // True once the last event has been handled. It has no caller in the program and is kept for
+    // the same reason as setStopRunning().
     bool isOperationFinished() const { return _isOperationFinished; }
 
-    // True when the operation ended without error, a cancelled one included. False at once, with
-    // nothing logged and no event, for an empty path or an unsupported type.
+    // Runs the operation; OperationDidFinished is always its last event. Returns true if the
+    // operation ended without an error, which includes a cancelled one. Returns false at once, with
+    // nothing logged and no event sent, for an empty path or an unsupported type.
     bool run();
-    // Starts a thread that calls run(), as QThread::start() does. False when the system gives no
-    // thread, which nothing else would tell of: the user has read message 102 then, and
-    // OperationDidFinished was sent, as after a failed run.
+    // Starts a thread that calls run(), as QThread::start() does. Returns false if the system gives
+    // no thread. QThread reports that nowhere, so the driver then shows message 102 and sends
+    // OperationDidFinished, as after a failed run.
     bool start(QThread* thread);
 
+    // The cancel delegate, on the operation thread. The first asks the user if a cancel was asked
+    // for, and returns true if the operation is to stop. The second returns true if the copy may go
+    // on; its arguments do not matter.
     bool checkIsNeedToConfirmCancelOperation() override;
     bool fileManager(const DBCFileManager* manager, const QString& shouldCopyItemAtPath,
         const QString& toPath) override;
 
-    // Bytes; 0 when error is null. A failed measurement fills error.
+    // The bytes that the operation will write, without the margin; 0 if error is null. A
+    // measurement that fails fills error, with the path. The export's estimate adds up the cards up
+    // to the failed one. Thousands of cards take seconds to measure, so the export's estimate asks
+    // about a cancel once it has taken half a second, and fills error with CancelledByUser.
     quint64 estimateDiskSpaceForImport(DBCError* error) const;
-    quint64 estimateDiskSpaceForExport(const std::vector<DBCRecord>& cards, DBCError* error) const;
+    quint64 estimateDiskSpaceForExport(const std::vector<DBCRecord>& cards, DBCError* error);
 
-    // The sequences; true when no error was set, false at once when error is null.
+    // The two sequences, which run() calls. Each returns true if it set no error, and false at once
+    // if error is null. A cancelled sequence sets none.
     bool _doImport(DBCError* error);
     bool _doExport(DBCError* error);
+    // Show the error's message to the user and log its text as an error.
     void _handleImportError(const DBCError& error);
     void _handleExportError(const DBCError& error);
 
-    // What the last run came to, for callers without a window.
+    // The result of run(), for callers without a window; to be read after run() has returned.
     using Outcome = DBCOutcome;
     const Outcome& outcome() const { return _outcome; }
 
 private:
-    // --- what both sequences use ---
-    DBCLog* _log() const; // the operation's log; null when it cannot be written
+    // --- used by both sequences ---
+    DBCLog* _log() const; // the operation's log; null if it cannot be written
     void _logInfo(const QString& text) const;
     void _logStart(const char* labelKey, const QString& detail = {}) const;
     void _logEnd(const char* labelKey) const;
     QString _endLine(const char* formatKey, const char* labelKey) const;
-    void _send(DBCEvent event) const;
-    // cards: those of the operation, to name the one whose turn it is.
-    void _sendProgress(DBCEventName name, const std::vector<DBCRecord>& cards) const;
     void _showAndLog(const DBCMessage::Mapped& message, const DBCError& error) const;
     DBCError _performOperation();
-    bool _end(); // sends the last event; true when the outcome is no failure
-    void _askToConfirmCancel();
-    // Runs steps; an exception is logged through debugFormat (%1: its description) and becomes
+    bool _end(); // sends the last event; returns true if the outcome is no failure
+    // Runs steps. An exception is logged through debugFormat (%1: its description) and becomes
     // InternalException.
     DBCError _guarded(const QString& debugFormat, const std::function<DBCError()>& steps) const;
     DBCError _sizeError(const DBCError& error) const;
     DBCError _openDatabase(std::unique_ptr<DBCDataBaseController>* database);
-    // CancelledByUser when the user wants to stop: how a step tells its sequence, which ends
-    // without an error then.
-    DBCError _stopIfCancelled();
     static bool _isCancel(const DBCError& error);
     static bool _isFolder(const QString& path);
 
+    // --- events and cancel ---
+    void _send(DBCEvent event) const;
+    // Sends the counts, and the name on the next of the operation's cards.
+    void _sendProgress(DBCEventName name, const std::vector<DBCRecord>& cards) const;
+    void _askToConfirmCancel();
+    // CancelledByUser if the operation is to stop. A step returns it to its sequence, which cleans
+    // up and then ends without an error.
+    DBCError _stopIfCancelled();
+
     // --- report ---
     void _beginStory();
-    // Writes the report. One that cannot be written is a warning in the log, which is not counted:
-    // it changes neither what the conversion came to nor how the program ends.
+    // Writes the report. If it cannot be written, the log gets a warning that is not counted, since
+    // a missing report changes neither the result of the conversion nor the program's exit status.
     void _endStory();
     void _writeReport(const DBCRunStory& story);
 
@@ -135,8 +166,11 @@ private:
 
     // --- export ---
     DBCError _exportCards();
+    DBCError _prepareExport(
+        std::unique_ptr<DBCDataBaseController>* database, std::vector<DBCRecord>* cards);
     static DBCError _fetchCards(DBCDataBaseController& database, std::vector<DBCRecord>* cards);
-    DBCError _checkSpaceForExport(const std::vector<DBCRecord>& cards) const;
+    DBCError _checkSpaceForExport(const std::vector<DBCRecord>& cards);
+    DBCError _writeFolder(DBCDataBaseController& database, std::vector<DBCRecord> cards);
     DBCError _openDataFile(std::unique_ptr<DBCFileWriter>* writer) const;
     DBCError _writeCards(
         DBCDataBaseController& database, std::vector<DBCRecord> cards, DBCFileWriter& writer);
@@ -154,9 +188,9 @@ private:
     std::atomic<bool> _isConfirmCancelOperation = false;
     std::atomic<bool> _isOperationFinished = false;
     DBCEventReceiver* _windowController = nullptr;
-    mutable std::atomic<quint64> _eventCrossings = 0; // between the two threads
+    [[no_unique_address]] DBCThreadHandOver _handOver; // of events, between the two threads
     DBCConversionFactories _factories;
-    std::unique_ptr<DBCPackageGuard> _packageGuard; // while a sequence uses the package
+    std::unique_ptr<DBCPackageGuard> _packageGuard; // null unless a sequence uses the package
     Outcome _outcome;
-    std::unique_ptr<DBCRunStory> _story; // while run() runs
+    std::unique_ptr<DBCRunStory> _story; // null unless run() is going on
 };

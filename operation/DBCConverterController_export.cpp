@@ -15,6 +15,8 @@
 #include "system/DBCDiskFlush.h"
 #include "system/DBCNameLookup.h"
 
+#include <QElapsedTimer>
+
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -22,16 +24,19 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char* exportLabel = "IDS_LBL_EXPORT";
-// Allowed for each card's row of the data file, which is not written yet when space is asked for.
+// The estimate's allowance for a card's row in the data file, which is written after the estimate.
 constexpr quint64 bytesPerRow = 2844;
+// A short export asks about a cancel at its first card; only a long measuring asks before that.
+constexpr qint64 millisecondsBeforeAsking = 500;
 
 QString lineSeparator()
 {
     return u"\r\n"_s;
 }
 
-// What a card has in the package; no path for what it does not name. A name that leads out of the
-// package is not transferred either, and may lead to the root of the disk.
+// The path of a card's image file in the package; empty if the card names none. A name that leads
+// out of the package also gives an empty path: the export does not transfer such a file, and
+// measuring it might mean measuring the whole disk. The same holds for attachments.
 QString imagePathOf(const DBCRecord& card, const QString& package)
 {
     const QString name = DBCDataBaseController::imageFileName(card);
@@ -48,7 +53,7 @@ QString attachmentPathOf(const DBCRecord& card, const QString& package)
         : QString();
 }
 
-// The title line as a record, so that it goes through the same line building as the cards.
+// The title line is a record, so the writer builds it like the line of a card.
 DBCRecord titleRecord()
 {
     const std::vector<DBCRecordKey> keys = DBCCommonFunction::createRecordKeyNamesForDataFile();
@@ -90,34 +95,23 @@ DBCError DBCConverterController::_exportCards()
 {
     _logStart(exportLabel, u" From:[%1]  To:[%2]"_s.arg(_fullPathDB, _fullPathFolder));
     _send({.name = DBCEventName::ExportWillBegin});
-
     std::unique_ptr<DBCDataBaseController> database;
-    if (auto error = _openDatabase(&database))
-        return error;
     std::vector<DBCRecord> cards;
-    if (auto error = _fetchCards(*database, &cards))
-        return error;
-    if (auto error = _checkSpaceForExport(cards))
+    if (auto error = _prepareExport(&database, &cards))
         return error;
     _outcome.maxCount = static_cast<qint64>(cards.size());
     _sendProgress(DBCEventName::ExportDataFetchDidFinished, cards);
+    return _writeFolder(*database, std::move(cards));
+}
 
-    std::unique_ptr<DBCFileWriter> writer;
-    if (auto error = _openDataFile(&writer))
+DBCError DBCConverterController::_prepareExport(
+    std::unique_ptr<DBCDataBaseController>* database, std::vector<DBCRecord>* cards)
+{
+    if (auto error = _openDatabase(database))
         return error;
-    if (!cards.empty()) {
-        if (auto error = writeRow(*writer, titleRecord()))
-            return error;
-    }
-    auto error = _writeCards(*database, std::move(cards), *writer);
-    if (_isCancel(error))
+    if (auto error = _fetchCards(**database, cards))
         return error;
-    if (!error)
-        error = _closeDataFile(*writer);
-    // Written after a failure too: the rows so far stay, and with them the folder's version.
-    if (auto versionError = _writeVersionFile())
-        return versionError;
-    return error;
+    return _checkSpaceForExport(*cards);
 }
 
 DBCError DBCConverterController::_fetchCards(
@@ -133,12 +127,12 @@ DBCError DBCConverterController::_fetchCards(
     return {};
 }
 
-DBCError DBCConverterController::_checkSpaceForExport(const std::vector<DBCRecord>& cards) const
+DBCError DBCConverterController::_checkSpaceForExport(const std::vector<DBCRecord>& cards)
 {
     DBCError error;
     const quint64 needed = estimateDiskSpaceForExport(cards, &error) + DBCDiskSpaceMargin;
     if (error)
-        return _sizeError(error);
+        return _isCancel(error) ? error : _sizeError(error);
     if (!_isFolder(_fullPathFolder))
         return DBCError(DBCResultCode::FolderNotExist);
     if (!DBCChecker::checkDiskSizeIsEnough(_fullPathFolder, needed))
@@ -147,12 +141,18 @@ DBCError DBCConverterController::_checkSpaceForExport(const std::vector<DBCRecor
 }
 
 quint64 DBCConverterController::estimateDiskSpaceForExport(
-    const std::vector<DBCRecord>& cards, DBCError* error) const
+    const std::vector<DBCRecord>& cards, DBCError* error)
 {
     if (!error)
         return 0;
     quint64 total = 0;
+    QElapsedTimer sinceStart;
+    sinceStart.start();
     for (const DBCRecord& card : cards) {
+        if (sinceStart.hasExpired(millisecondsBeforeAsking)) {
+            if ((*error = _stopIfCancelled()))
+                return total;
+        }
         const quint64 imageSize = getSizeWithPath(imagePathOf(card, _fullPathDB), error);
         if (*error)
             return total;
@@ -162,6 +162,27 @@ quint64 DBCConverterController::estimateDiskSpaceForExport(
         total += bytesPerRow + imageSize + attachmentSize;
     }
     return total;
+}
+
+DBCError DBCConverterController::_writeFolder(
+    DBCDataBaseController& database, std::vector<DBCRecord> cards)
+{
+    std::unique_ptr<DBCFileWriter> writer;
+    if (auto error = _openDataFile(&writer))
+        return error;
+    if (!cards.empty()) {
+        if (auto error = writeRow(*writer, titleRecord()))
+            return error;
+    }
+    auto error = _writeCards(database, std::move(cards), *writer);
+    if (_isCancel(error))
+        return error;
+    if (!error)
+        error = _closeDataFile(*writer);
+    // Written after a failure as well: the rows so far stay, and their folder keeps a version.
+    if (auto versionError = _writeVersionFile())
+        return versionError;
+    return error;
 }
 
 DBCError DBCConverterController::_openDataFile(std::unique_ptr<DBCFileWriter>* writer) const
@@ -200,7 +221,7 @@ DBCError DBCConverterController::_writeCard(
     return writeRow(writer, *row);
 }
 
-// The folder's version says that the folder is whole, so everything else comes to the disk first.
+// "Version.txt" marks the folder as complete, so everything else has to be on the disk before it.
 DBCError DBCConverterController::_closeDataFile(DBCFileWriter& writer) const
 {
     if (!isFailure(writer.close()) && DBCDiskFlush::fileSystemOf(_fullPathFolder))

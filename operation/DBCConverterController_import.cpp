@@ -20,7 +20,7 @@ constexpr const char* importLabel = "IDS_LBL_IMPORT";
 constexpr const char* backupLabel = "IDS_LBL_BACKUP";
 constexpr const char* restoreLabel = "IDS_LBL_RESTORE";
 
-// An error about the backup, which goes along unless its path is blank.
+// The message about a failed backup or restore names the backup's path, unless that is blank.
 DBCError errorWithBackup(DBCResultCode code, const QString& backupPath)
 {
     DBCError error(code);
@@ -97,7 +97,7 @@ DBCError DBCConverterController::_backUp(DBCDataBaseController& database)
     _send({.name = DBCEventName::DatabaseBackupWillBegin});
     _logStart(backupLabel);
     const DBCResultCode result = database.backup();
-    if (_isStopRunning)
+    if (database.isBackupCancelled())
         return DBCError(DBCResultCode::CancelledByUser);
 
     const QString backupPath = database.backupDBPath();
@@ -138,7 +138,7 @@ DBCError DBCConverterController::_storeRecords(
     for (DBCRecord& waiting : records) {
         if (auto stop = _stopIfCancelled())
             return stop;
-        // Taken out of the list, so that memory shrinks as the database's side grows.
+        // Moving the record out of the list frees its memory as the database's share grows.
         const DBCRecord record = std::exchange(waiting, DBCRecord());
         if (!_isFolder(_fullPathFolder) || !_isFolder(_fullPathDB))
             return DBCError(DBCResultCode::FolderNotExist);
@@ -158,17 +158,18 @@ DBCError DBCConverterController::_saveImport(DBCDataBaseController& database)
         return error;
     _logInfo(_endLine("IDS_LOG_INF_END_WITH_INFO_IMPORT", importLabel));
     _sendProgress(DBCEventName::ImportDidFinished, {});
-    // Last: should anything before it fail for want of memory, there is still a restore to come.
+    // Comes last, because an exception in a line above still leads to a restore, which needs the
+    // import's journal.
     database.endImport();
     return {};
 }
 
-// Puts the database back after an error or a cancel; what it answers is the operation's error from
-// then on.
+// Puts the database back after an error or a cancel. Returns the operation's error: the cause, or
+// the restore's own error if the restore failed, or none after a cancel.
 DBCError DBCConverterController::_undoImport(DBCDataBaseController& database, const DBCError& cause)
 {
     DBCError error = _isCancel(cause) ? DBCError() : cause;
-    // Where there is no memory to say so, the database is put back all the same.
+    // If memory runs out in these lines, the restore below still takes place.
     (void)_guarded(u"Exception happended when restoring.[%1]"_s, [&] {
         if (error)
             _reportFailedImport(error);
@@ -195,7 +196,7 @@ DBCError DBCConverterController::_undoImport(DBCDataBaseController& database, co
 
 void DBCConverterController::_removeBackup(DBCDataBaseController& database)
 {
-    // First, so that no note ever leads to a backup that is half removed.
+    // The journal goes first: it must never lead a later start to a half-removed backup.
     database.endImport();
     DBCFileManager::defaultManager()->cleanFolder(database.backupDBPath());
     _outcome.backupPath.clear();

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The report about a run. Nothing about it is worth a conversion: whatever goes wrong here, the
-// conversion is what it was.
+// The driver's report about a run. A failure in this file never changes the conversion's result.
 #include "operation/DBCConverterController.h"
 
 #include "datafile/helpers/DBCLocalizable.h"
@@ -21,7 +20,7 @@ template <typename Step> void withoutHarm(const Step& step)
     try {
         step();
     } catch (const std::exception&) {
-        // No memory, that is: for a line in the log neither.
+        // Memory has run out, so there is none for a line in the log either.
     }
 }
 

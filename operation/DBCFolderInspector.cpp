@@ -3,70 +3,24 @@
 
 #include "cardimage/DBCDiskUsage.h"
 #include "cardimage/DBCImageFiles.h"
-#include "cardimage/bitmap/DBCBitmap.h"
-#include "cardimage/jpeg/DBCJpegProperties.h"
 #include "datafile/DBCFileReader.h"
+#include "datafile/helpers/DBCAttachmentRules.h"
 #include "datafile/helpers/DBCCommonFunction.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
-#include "datafile/records/DBCColumns.h"
+#include "datafile/helpers/DBCNamedFiles.h"
+#include "datafile/records/DBCItemLengths.h"
 #include "operation/DBCChecker.h"
 #include "system/DBCFolderListing.h"
 #include "system/DBCHost.h"
-#include "text/DBCAddresses.h"
 
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
-#include <array>
-#include <filesystem>
+#include <fcntl.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-using FileType = std::filesystem::file_type;
-
-// Joined into one address before their length is looked at.
-constexpr std::array addressParts {
-    DBCRecordKey::state,
-    DBCRecordKey::city,
-    DBCRecordKey::street,
-    DBCRecordKey::address,
-};
-
-QString titleOf(const DBCColumn& column)
-{
-    return getLocalString(column.titleKey);
-}
-
-const DBCColumn& columnOf(DBCRecordKey key)
-{
-    return *std::find_if(DBCColumns.begin(), DBCColumns.end(),
-        [key](const DBCColumn& column) { return column.key == key; });
-}
-
-bool isAddressPart(DBCRecordKey key)
-{
-    return std::find(addressParts.begin(), addressParts.end(), key) != addressParts.end();
-}
-
-// The length that the reader looks at: an address is checked as the one text it becomes.
-qsizetype addressLength(const DBCRecord& record)
-{
-    return DBCAddresses::composeAddressWithDefaultAddress(record.textOrEmpty(DBCRecordKey::address),
-        record.textOrEmpty(DBCRecordKey::street), record.textOrEmpty(DBCRecordKey::city),
-        record.textOrEmpty(DBCRecordKey::state))
-        .value_or(QString())
-        .size();
-}
-
-QString addressLabel()
-{
-    return u"%1+%2+%3/%4"_s.arg(titleOf(columnOf(DBCRecordKey::state)),
-        titleOf(columnOf(DBCRecordKey::city)), titleOf(columnOf(DBCRecordKey::street)),
-        titleOf(columnOf(DBCRecordKey::address)));
-}
 
 // None when the folder may not be read.
 std::optional<std::vector<std::string>> listFolder(const QString& folder)
@@ -75,16 +29,6 @@ std::optional<std::vector<std::string>> listFolder(const QString& folder)
         return std::nullopt;
     std::error_code error;
     return namesInFolder(folder, &error);
-}
-
-bool isJpeg(const QString& path)
-{
-    // An import does not read what is larger, either.
-    if (QFileInfo(path).size() > DBCBitmap::maximumBytes)
-        return false;
-    QByteArray bytes;
-    return readJpgFile(QUrl::fromLocalFile(path), &bytes) == 0
-        && readJpegProperties(bytes).has_value();
 }
 
 } // namespace
@@ -96,7 +40,7 @@ DBCFolderReport DBCFolderInspector::inspect(const QString& folder, const Progres
     if (!inspector._report.findings.couldNotLook) {
         inspector.checkVersion();
         inspector.measure();
-        if (inspector.look(0, 0) == Looking::GoOn)
+        if (inspector.askToContinue(0, 0) == DBCLoopControl::Continue)
             inspector.checkDataFile();
     }
     return std::move(inspector._report);
@@ -161,8 +105,7 @@ void DBCFolderInspector::readDataFile(const QString& path)
     bool hasFailed = false;
     const auto next = [&] {
         const auto line = static_cast<qint64>(reader->lineNo());
-        return look(line, reader->lineCount()) == Looking::GoOn ? DBCFileReader::Reading::GoOn
-                                                                : DBCFileReader::Reading::Stop;
+        return askToContinue(line, reader->lineCount());
     };
     reader->readRecords(
         [&](const DBCRecord& record) {
@@ -179,10 +122,10 @@ void DBCFolderInspector::readDataFile(const QString& path)
         report(path, "IDS_CHECK_DATA_FILE_EMPTY", {path});
 }
 
-DBCFolderInspector::Looking DBCFolderInspector::look(qint64 finished, qint64 max)
+DBCLoopControl DBCFolderInspector::askToContinue(qint64 finished, qint64 max)
 {
-    const Looking next = _progress ? _progress(finished, max) : Looking::GoOn;
-    _report.wasStopped = next == Looking::Stop;
+    const auto next = _progress ? _progress(finished, max) : DBCLoopControl::Continue;
+    _report.wasStopped = next == DBCLoopControl::Stop;
     return next;
 }
 
@@ -215,55 +158,47 @@ void DBCFolderInspector::checkRecord(const DBCRecord& record)
 
 void DBCFolderInspector::checkLengths(const DBCRecord& record)
 {
-    const auto reportTooLong = [&](const QString& label) {
-        const QString lineNo = record.textOrEmpty(DBCRecordKey::lineNo);
-        _report.findings.problems.push_back(
-            {getLocalString(u"IDS_LOG_WRN_ITEM_MAX_LEN"_s,
-                 {label, lineNo, record.textOrEmpty(DBCRecordKey::full_Name)}),
-                DBCInterchangeNames::dataFile(_folder), lineNo.toLongLong()});
-    };
-    for (const DBCColumn& column : DBCColumns) {
-        if (!column.maxLength || isAddressPart(column.key))
+    const QString lineNo = record.textOrEmpty(DBCRecordKey::lineNo);
+    const QString fullName = record.textOrEmpty(DBCRecordKey::full_Name);
+    for (const DBCMeasuredItem& item : measuredItems(record)) {
+        if (!item.isTooLong())
             continue;
-        if (record.textOrEmpty(column.key).size() > *column.maxLength)
-            reportTooLong(titleOf(column));
+        _report.findings.problems.push_back(
+            {getLocalString(u"IDS_LOG_WRN_ITEM_MAX_LEN"_s, {item.label(), lineNo, fullName}),
+                DBCInterchangeNames::dataFile(_folder), lineNo.toLongLong()});
     }
-    if (addressLength(record) > *columnOf(DBCRecordKey::address).maxLength)
-        reportTooLong(addressLabel());
 }
 
 void DBCFolderInspector::checkImage(const DBCRecord& record, DBCRecordKey key)
 {
+    using Outcome = DBCNamedFile::Outcome;
     const QString name = record.textOrEmpty(key);
-    if (DBCChecker::isBlank(name))
+    const DBCNamedFile image = openNamedImage(_names, _folder, name);
+    if (image.outcome == Outcome::NotNamed)
         return;
-    const QString folder = DBCInterchangeNames::imageFolder(_folder);
-    const QString path = folder + u'/' + name;
-    const auto found = _names.find(folder, name, DBCNameLookup::Kind::RegularFile);
-    if (found.outcome == DBCNameLookup::Outcome::LeadsOut)
-        reportLine(record, path, "IDS_LOG_WRN_NAME_LEADS_OUT", {name, folder});
-    else if (found.outcome == DBCNameLookup::Outcome::Missing)
-        reportLine(record, path, "IDS_CHECK_IMAGE_MISSING", {path});
-    else if (!DBCHost::current().isReadable(found.path))
-        reportLine(record, found.path, "IDS_CHECK_FILE_UNREADABLE", {found.path});
-    else if (!isJpeg(found.path))
-        reportLine(record, found.path, "IDS_CHECK_IMAGE_NO_JPEG", {found.path});
+    if (image.outcome == Outcome::LeadsOut)
+        reportLine(record, image.path, "IDS_LOG_WRN_NAME_LEADS_OUT", {name, image.folder});
+    else if (image.outcome == Outcome::Missing)
+        reportLine(record, image.path, "IDS_CHECK_IMAGE_MISSING", {image.path});
+    else if (!DBCHost::current().isReadable(image.path))
+        reportLine(record, image.path, "IDS_CHECK_FILE_UNREADABLE", {image.path});
+    else if (readJpegForImport(image.file).verdict != DBCImportedJpeg::Verdict::Usable)
+        reportLine(record, image.path, "IDS_CHECK_IMAGE_NO_JPEG", {image.path});
 }
 
 void DBCFolderInspector::checkAttachments(const DBCRecord& record)
 {
+    using Outcome = DBCNamedFile::Outcome;
     const QString name = record.textOrEmpty(DBCRecordKey::attachmentFile);
-    if (DBCChecker::isBlank(name))
+    const DBCNamedFile found = openNamedAttachments(_names, _folder, name);
+    if (found.outcome == Outcome::NotNamed)
         return;
-    const QString folder = DBCInterchangeNames::attachmentFolder(_folder);
-    const QString path = folder + u'/' + name;
-    const auto found = _names.find(folder, name, DBCNameLookup::Kind::Folder);
-    if (found.outcome == DBCNameLookup::Outcome::LeadsOut) {
-        reportLine(record, path, "IDS_LOG_WRN_NAME_LEADS_OUT", {name, folder});
+    if (found.outcome == Outcome::LeadsOut) {
+        reportLine(record, found.path, "IDS_LOG_WRN_NAME_LEADS_OUT", {name, found.folder});
         return;
     }
-    if (found.outcome == DBCNameLookup::Outcome::Missing) {
-        reportLine(record, path, "IDS_CHECK_ATTACHMENT_FOLDER_MISSING", {path});
+    if (found.outcome == Outcome::Missing) {
+        reportLine(record, found.path, "IDS_CHECK_ATTACHMENT_FOLDER_MISSING", {found.path});
         return;
     }
     const auto names = listFolder(found.path);
@@ -280,13 +215,15 @@ void DBCFolderInspector::checkAttachment(
 {
     const QByteArray path = folder + '/' + name;
     const QString shownPath = QFile::decodeName(path);
-    std::error_code error;
-    const FileType type = std::filesystem::symlink_status(path.toStdString(), error).type();
-    if (name == DBCInterchangeNames::folderSettingsFile || type == FileType::directory)
+    const DBCEntryKind kind = kindOfEntry(AT_FDCWD, path);
+    const DBCAttachmentVerdict verdict = judgeAttachmentForImport(name, kind);
+    // An import would fail on an entry of unknown kind; the check calls it no regular file.
+    const bool isRegular = verdict == DBCAttachmentVerdict::Copy && kind != DBCEntryKind::Unknown;
+    if (verdict == DBCAttachmentVerdict::Ignore)
         return;
-    if (name.startsWith('.') || name.contains(':'))
+    if (verdict == DBCAttachmentVerdict::BadName)
         reportLine(record, shownPath, "IDS_LOG_WRN_ATTACH_FILE_NAME_FORMAT");
-    else if (type != FileType::regular)
+    else if (!isRegular)
         reportLine(record, shownPath, "IDS_LOG_WRN_ATTACH_NOT_REGULAR", {QFile::decodeName(name)});
     else if (!DBCHost::current().isReadable(shownPath))
         reportLine(record, shownPath, "IDS_CHECK_FILE_UNREADABLE", {shownPath});

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Reads an interchange folder as an import would and lists everything that the import would refuse,
-// leave out or warn of, with the line it stands in. Changes nothing.
+// leave out or warn about, each with its line of the data file. Changes nothing in the folder. The
+// rules are shared with the import (DBCNamedFiles.h, DBCAttachmentRules.h, DBCItemLengths.h,
+// readJpegForImport()). May run on any thread.
 #pragma once
 
 #include "datafile/helpers/DBCLocalizable.h"
 #include "datafile/records/DBCRecord.h"
+#include "operation/base/DBCLoopControl.h"
 #include "operation/base/DBCProblem.h"
 #include "system/DBCNameLookup.h"
 
@@ -16,21 +19,22 @@ class DBCError;
 class DBCFileReader;
 
 struct DBCFolderReport {
-    DBCFindings findings; // problems in the order of the data file's lines, the folder's own first
-    qint64 cardCount = 0; // lines that make a card
-    quint64 bytesNeeded = 0; // free space that an import asks for; 0 when it cannot be measured
-    bool wasStopped = false; // by whoever was told the progress
+    // First the problems of the folder itself, then those of the lines in their order.
+    DBCFindings findings;
+    qint64 cardCount = 0; // lines from which an import makes a card
+    quint64 bytesNeeded = 0; // free bytes that an import requires; 0 when they cannot be measured
+    bool wasStopped = false; // the progress callback ended the inspection early
 };
 
 class DBCFolderInspector {
 public:
-    enum class Looking : bool { Stop, GoOn };
-    // Asked before the data file is read, and after each line of it: lines done so far, and lines
-    // of the file. Both are 0 as long as they are not known.
-    using Progress = std::function<Looking(qint64 finished, qint64 max)>;
+    // Called before the data file is read and after each record or wrong line, on the calling
+    // thread. finished: lines read so far; max: lines of the file. Both are 0 before the file has
+    // been read.
+    using Progress = std::function<DBCLoopControl(qint64 finished, qint64 max)>;
 
-    // Nobody can look at what is no folder or may not be read. Whoever stops the look gets what it
-    // found until then.
+    // If folder is no folder or may not be read, the report only says so (couldNotLook). If the
+    // callback stops the inspection, the report holds the problems found until then.
     static DBCFolderReport inspect(const QString& folder, const Progress& progress = {});
 
 private:
@@ -41,7 +45,7 @@ private:
     void measure();
     void checkDataFile();
     void readDataFile(const QString& path);
-    Looking look(qint64 finished, qint64 max);
+    DBCLoopControl askToContinue(qint64 finished, qint64 max);
     void checkReaderError(const DBCError& error, const DBCFileReader& reader, const QString& path);
     void checkRecord(const DBCRecord& record);
     void checkLengths(const DBCRecord& record);
@@ -50,7 +54,8 @@ private:
     void checkAttachment(const DBCRecord& record, const QByteArray& folder, const QByteArray& name);
 
     void report(const QString& path, const char* key, const DBCMessageArguments& arguments = {});
-    // The same about a line; the line's number and the card's name come first of the arguments.
+    // Reports a problem of the record's line. The text is filled with the line number and the
+    // card's full name, then with furtherArguments.
     void reportLine(const DBCRecord& record, const QString& path, const char* key,
         const QStringList& furtherArguments = {});
 

@@ -13,6 +13,7 @@
 #include "operation/messages/DBCMessage.h"
 #include "system/DBCHost.h"
 #include "system/DBCMountTable.h"
+#include "system/DBCPathChecks.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -27,19 +28,12 @@ bool isFolder(const QString& path)
     return !path.isEmpty() && QFileInfo(path).isDir();
 }
 
-// A folder inside itself is inside, too.
-bool isInside(const QString& path, const QString& folder)
-{
-    return (QFileInfo(path).canonicalFilePath() + u'/')
-        .startsWith(QFileInfo(folder).canonicalFilePath() + u'/');
-}
-
 QString joined(const QString& folder, const QString& name)
 {
     return folder.isEmpty() || folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
 }
 
-// None when the main application is not installed or does not tell.
+// None when the main application is not installed or its version cannot be read.
 std::optional<QString> mainApplicationVersion(const DBCHost& host)
 {
     const QString list = DBCMainApplication::versionList(host.applicationsFolder);
@@ -51,7 +45,7 @@ std::optional<QString> mainApplicationVersion(const DBCHost& host)
                                              : std::nullopt;
 }
 
-// Why a package cannot be used: message 301 is the same for all reasons, the log tells them apart.
+// The log text for the reason why a package cannot be used; message 301 does not name the reason.
 const char* reasonKey(DBCResultCode state)
 {
     switch (state) {
@@ -75,24 +69,24 @@ DBCPreconditions::DBCPreconditions(
     : _dataPath(dataPath)
     , _databasePath(databasePath)
     , _operationType(operationType)
-    , _exportFolder(joined(dataPath, DBCInterchangeNames::rootFolderName()))
+    , _exportFolder(DBCInterchangeNames::exportFolder(dataPath))
 {
 }
 
 bool DBCPreconditions::_checkPrecondition()
 {
     _refusal = Refusal::None;
-    if (!checkMainApplicationVersion() || !ask(u"IDS_MSG_ERR_0106"_s))
+    if (!checkMainApplicationVersion() || !ask(DBCQuestionId::BeginOperation))
         return false;
     if (!settleLastImport())
         return false;
-    // The source of the operation first.
+    // The operation's source is checked before its target.
     return isImport() ? _dataPathCheck() && _vmdbPathCheck() : _vmdbPathCheck() && _dataPathCheck();
 }
 
 bool DBCPreconditions::settleLastImport()
 {
-    // An empty path is refused later, by name.
+    // An empty path is refused later with a message of its own.
     if (_databasePath.isEmpty())
         return true;
     switch (settleUnfinishedImport(_databasePath)) {
@@ -154,10 +148,11 @@ bool DBCPreconditions::checkExportFolder()
 
 bool DBCPreconditions::removeOldExportFolder()
 {
-    if (!ask(u"IDS_MSG_ERR_0205"_s, {_exportFolder}))
+    if (!ask(DBCQuestionId::ReplaceExport, {_exportFolder}))
         return false;
-    // Somebody who keeps the package there agreed to lose an old export, not the cards.
-    const bool holdsThePackage = isInside(_databasePath, _exportFolder);
+    // The user agreed to remove an old export. If the package lies in that folder, it must not be
+    // removed along with it.
+    const bool holdsThePackage = isSameOrInside(_exportFolder, _databasePath);
     return (!holdsThePackage && DBCFileManager::defaultManager()->cleanFolder(_exportFolder))
         || refuse(204, {_exportFolder});
 }
@@ -217,10 +212,10 @@ bool DBCPreconditions::refuse(quint32 number, const DBCMessageArguments& argumen
     return false;
 }
 
-bool DBCPreconditions::ask(const QString& messageKey, const DBCMessageArguments& arguments)
+bool DBCPreconditions::ask(DBCQuestionId question, const DBCMessageArguments& arguments)
 {
     const DBCAnswer answer = DBCMessage::ShowInfoMessage(
-        messageKey, DBCButton::Yes, DBCButton::No, QString(), arguments);
+        DBCMessage::keyOf(question), DBCButton::Yes, DBCButton::No, QString(), arguments);
     if (answer == DBCAnswer::Default)
         return true;
     _refusal = answer == DBCAnswer::NotShown ? Refusal::ByCheck : Refusal::ByUser;

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What has to hold before an operation may start. Window and terminal ask here, so that both refuse
-// the same things for the same reasons. Each failed check shows its one message.
+// Checks that run before an operation may start. The window and the command line use this class, so
+// both refuse the same paths for the same reasons. Each failed check shows one message.
+//
+// The names with a leading underscore are given names and public here, although an underscore marks
+// private operations everywhere else; the private operations of this class have none.
 #pragma once
 
 #include "datafile/helpers/DBCLocalizable.h"
@@ -13,32 +16,34 @@
 
 class DBCPreconditions {
 public:
-    // Import: dataPath is the interchange folder. Export: the folder in which one is made. A caller
-    // that lets its user write "~" hands over expandedPath() of both, here and to the driver.
+    // dataPath: for an import the interchange folder, for an export the folder in which one is
+    // made. A caller whose user may write "~" passes expandedPath() of both paths, here and to the
+    // driver.
     DBCPreconditions(
         const QString& dataPath, const QString& databasePath, OperationType operationType);
 
-    // All checks in their order; true when the operation may start. An export then has its new,
-    // empty interchange folder, and an older one is gone.
+    // Runs all checks in order; true when the operation may start. Before an export this removes an
+    // older interchange folder, after asking the user, and makes a new, empty one.
     bool _checkPrecondition();
     bool _dataPathCheck();
     bool _vmdbPathCheck();
-    // Makes the interchange folder with its two folders.
+    // Makes the interchange folder of an export with its image folder and attachment folder.
     bool createExportFolder();
 
-    // Success for a path on a local volume; GeneralFailure for another, an empty path, and one
-    // whose volume cannot be told.
+    // Success for a path on a local volume. GeneralFailure for a path on a network volume, for an
+    // empty path, and when the volume cannot be determined.
     static DBCResultCode _networkPathCheck(const QString& path);
 
-    // Why the last check said no.
+    // Why the last call of _checkPrecondition() returned false: a check failed, or the user
+    // answered No to a question.
     enum class Refusal : quint8 { None, ByCheck, ByUser };
     Refusal refusal() const { return _refusal; }
 
-    // path with "~" or "~/" in front replaced by the home folder.
+    // Returns the path with a leading "~" or "~/" replaced by the home folder.
     static QString expandedPath(const QString& path);
-    // Where the main application keeps its packages unless told otherwise.
+    // The folder in which the main application keeps its packages by default.
     static QString _getDefaultDBPath();
-    // The desktop folder; none when there is none.
+    // The desktop folder; none when the user has none.
     static std::optional<QString> _getDefaultDataFilePath();
 
     static constexpr quint32 dataPathLimit = 520; // bytes
@@ -53,7 +58,7 @@ private:
     bool checkPackage();
 
     bool refuse(quint32 number, const DBCMessageArguments& arguments = {});
-    bool ask(const QString& messageKey, const DBCMessageArguments& arguments = {});
+    bool ask(DBCQuestionId question, const DBCMessageArguments& arguments = {});
     bool isImport() const { return _operationType == OperationType::Import; }
 
     QString _dataPath;

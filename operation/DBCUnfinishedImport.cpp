@@ -47,8 +47,9 @@ DBCSettlement keep(DBCPackageRecovery& recovery)
 
 DBCSettlement decide(DBCPackageRecovery& recovery)
 {
-    const DBCAnswer answer = DBCMessage::ShowInfoMessage(u"IDS_MSG_UNFINISHED_IMPORT"_s,
-        DBCButton::Yes, DBCButton::No, {}, {recovery.package(), recovery.backupPath()});
+    const DBCAnswer answer
+        = DBCMessage::ShowInfoMessage(DBCMessage::keyOf(DBCQuestionId::SettleUnfinishedImport),
+            DBCButton::Yes, DBCButton::No, {}, {recovery.package(), recovery.backupPath()});
     switch (answer) {
     case DBCAnswer::Default:
         return restore(recovery);

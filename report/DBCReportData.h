@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A report for programs.
+// Writes a report as JSON, for programs.
 #pragma once
 
 #include <QByteArray>
 
 struct DBCRunReport;
 
-// One JSON object in UTF-8. Its names are explained in docs/report.md and do not change; texts are
-// in the language of the program, names and paths as they are.
+// Returns one JSON object in UTF-8. docs/report.md explains its names, which never change. Texts
+// are in the program's language; the names on cards and the paths are unchanged. A value that there
+// is none of is null, and durations are in seconds.
 QByteArray reportData(const DBCRunReport& report);

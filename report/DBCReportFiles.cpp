@@ -41,7 +41,8 @@ bool isStemTaken(const QString& stem)
     return isTaken(stem + pageSuffix()) || isTaken(stem + dataSuffix());
 }
 
-// Conversions may begin in the same second. "(02)", so that the names sort as they came.
+// Two conversions may begin in the same second. The number has two digits, so that sorting by name
+// keeps the order in which the reports were written.
 QString freeStem(const QString& stem)
 {
     QString candidate = stem;
@@ -58,7 +59,7 @@ std::optional<Failure> save(const QString& path, const QByteArray& bytes)
     return isSaved ? std::nullopt : std::optional(Failure {path, file.errorString()});
 }
 
-// The names of all reports in a folder without their suffixes, the newest first.
+// The names of all reports in a folder, without their endings, the newest first.
 QStringList stemsIn(const QDir& folder)
 {
     static const QRegularExpression report(QRegularExpression::anchoredPattern(
@@ -74,7 +75,8 @@ QStringList stemsIn(const QDir& folder)
     return stems;
 }
 
-// newest: stays, even where the clock was put back and its name is not the newest.
+// The report named newest has just been written. It stays even if the clock was put back, so that
+// other names look newer.
 void removeOldReports(const QDir& folder, const QString& newest)
 {
     QStringList others = stemsIn(folder);
@@ -92,15 +94,16 @@ namespace DBCReportFiles {
 std::variant<QString, Failure> write(const DBCRunReport& report, const QString& folder)
 {
     const QDir place(folder);
-    // Another conversion may end now, too, and must not take the same name. Should it take very
-    // long, the worst is that one of the two reports replaces the other.
+    // Another conversion may end at the same time and must not take the same name. If its lock is
+    // still held after the wait, this report is written all the same; at worst it replaces the
+    // other one.
     QLockFile lock(place.filePath(u".VelmoraConverter report.lock"_s));
     (void)lock.tryLock(millisecondsToWait);
 
     const QString stem = freeStem(place.filePath(stemOf(report.started)));
     const QString page = stem + pageSuffix();
     const QString data = stem + dataSuffix();
-    // The page last: where it stands, its other half does, too.
+    // The page comes last, so that the data always exist beside it.
     if (const auto failure = save(data, reportData(report)))
         return *failure;
     if (const auto failure = save(page, reportPage(report, QFileInfo(data).fileName()))) {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The reports on the disk, beside the log: "VelmoraConverter report 2026-11-21 08.15.30.html", a
-// page for people, and a file of the same name with ".json" for programs. The name tells when the
-// conversion began. Each conversion has a report of its own, because what one found wrong is put
-// right step by step, with several conversions to compare; so that they do not pile up, the oldest
-// are removed.
+// Writes the report of a conversion to the disk, beside the log, and removes the oldest reports.
+//
+// A report is two files: a page for people, "VelmoraConverter report 2026-11-21 08.15.30.html", and
+// the same with the ending ".json" for programs. The name holds the local time at which the
+// conversion began. A second report of the same second gets " (02)" before the ending, and so on.
+// Each conversion has its own report, so that users who correct their data step by step can compare
+// the conversions. The newest DBCMostReports reports are kept.
 #pragma once
 
 #include <QString>
@@ -14,15 +16,14 @@ struct DBCRunReport;
 
 namespace DBCReportFiles {
 
-// Why a report could not be written, in words of the system, and the file it is about.
 struct Failure {
-    QString path;
-    QString reason;
+    QString path; // the file that could not be written
+    QString reason; // the system's words for the cause
 };
 
-// Writes both files, complete or not at all, into an existing folder, and removes the oldest
-// reports there. The path of the page, or why there is none. Never throws anything but
-// std::bad_alloc.
+// Writes both files into an existing folder, or neither of them, and then removes the oldest
+// reports there. Returns the path of the page, or the failure. Several programs may do this in one
+// folder at the same time. The only exception that can leave this function is std::bad_alloc.
 std::variant<QString, Failure> write(const DBCRunReport& report, const QString& folder);
 
 } // namespace DBCReportFiles

@@ -24,8 +24,8 @@ QString styleSheet()
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-// Halves of characters and the two that stand for no character, which names of files and of cards
-// may hold, are not allowed in a page.
+// Makes a text fit for XML. Names of files and of cards may hold unpaired surrogates, U+FFFE and
+// U+FFFF, and a page with one of them would not open.
 QString showable(const QString& value)
 {
     QString shown = QString::fromUtf8(escapedControls(value).toUtf8());
@@ -138,7 +138,7 @@ private:
         close();
     }
 
-    // Cards that were undone again are not called imported.
+    // After a failure or a cancel the cards are only called "handled", since the import was undone.
     const char* countLabelKey() const
     {
         const bool isDone
@@ -228,7 +228,7 @@ private:
         close();
     }
 
-    // A cell beside all the problems of a card.
+    // A cell that all rows of a card share.
     void sharedCell(
         const char* name, const char* styleClass, const DBCReportedCard& card, const QString& value)
     {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A report for people.
+// Writes a report as an HTML page, for people.
 #pragma once
 
 #include <QByteArray>
@@ -7,8 +7,9 @@
 
 struct DBCRunReport;
 
-// One page of HTML that is well-formed XML, too, in UTF-8: no scripts and nothing that it would
-// have to load. What stands in cards and paths shows as it is; control characters are written as
-// "\u001B", line ends begin a line. dataName: name of the file beside the page that says the same
-// for programs.
+// Returns a page of HTML in UTF-8 that is also well-formed XML. It holds no scripts and loads
+// nothing. Texts from cards and paths appear as they are and are never read as markup, but a
+// control character appears in the form "\u001B", and a line end begins a new line. dataName is the
+// name of the JSON file beside the page, to which the page links. An empty result means that the
+// page could not be written.
 QByteArray reportPage(const DBCRunReport& report, const QString& dataName);

@@ -29,7 +29,7 @@ constexpr std::array<EndRow, 5> ends {{
 
 struct ConsequenceRow {
     const char* name;
-    const char* key; // null: nothing to say
+    const char* key; // null: there is nothing to say
 };
 
 // In the order of DBCConsequence.
@@ -62,7 +62,7 @@ bool isImport(const DBCRunReport& report)
     return report.operation == OperationType::Import;
 }
 
-// What became of every card alike, whatever was wrong with it; null where the cards differ.
+// The key of the text that holds for every card with a problem; null if it depends on the problem.
 const char* commonFateKey(const DBCRunReport& report)
 {
     switch (report.end) {

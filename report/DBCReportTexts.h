@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the two forms of a report say in the same words.
+// The words that both forms of a report, the page and the data, have in common.
 #pragma once
 
 #include "report/DBCRunReport.h"
 
 namespace DBCReportTexts {
 
+// Texts in the program's language.
 QString operation(const DBCRunReport& report); // "Import"
 QString title(const DBCRunReport& report); // "Import finished, with warnings"
-QString explanation(const DBCRunReport& report); // what state everything is in now
+QString explanation(const DBCRunReport& report); // the state of folder and package at the end
 QString timeTaken(const DBCRunReport& report); // "2 min 5 s"
-// What became of the card that a problem is about, the end of the conversion taken into account.
+// What happened to the card with that problem, which also depends on how the conversion ended.
+// Empty if there is nothing to say.
 QString fate(const DBCRunReport& report, const DBCLogEntry& problem);
 
-// Names for programs, the same in every language.
+// Names for programs, which are the same in every language and never change.
 QString endName(DBCRunEnd end); // "doneWithWarnings"
 QString consequenceName(DBCConsequence consequence); // "withoutImage"
 

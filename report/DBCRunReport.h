@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// All that the report about one conversion says.
+// The contents of the report about one conversion, before they are written as a page or as data.
+// A plain value without texts of its own: the words come from DBCReportTexts.
 #pragma once
 
 #include "operation/base/DBCOperation.h"
@@ -10,42 +11,42 @@
 
 #include <vector>
 
-// Reports that are kept beside the log; the page tells its reader so.
+// How many reports are kept beside the log. The page tells its reader this number.
 inline constexpr int DBCMostReports = 20;
 
 enum class DBCRunEnd : quint8 {
     Done,
     DoneWithWarnings,
-    Cancelled, // what had been done is undone
-    Failed, // import: the card database is as it was; export: what had been written stays
-    FailedAndNotRestored, // the card database may be incomplete
+    Cancelled, // the database was restored, or the export's folder removed
+    Failed, // import: the database is as it was before; export: the files written so far remain
+    FailedAndNotRestored, // import: the database may be incomplete
 };
 
 struct DBCReportedCard {
-    qint64 number = 0; // line of the data file on import, number of the card on export
-    QString name; // empty: not known
-    std::vector<DBCLogEntry> problems; // never empty; in the order of the log
+    qint64 number = 0; // import: the card's line in the data file; export: the card's number
+    QString name; // the full name on the card; empty: not known
+    std::vector<DBCLogEntry> problems; // in the order of the log; never empty
 };
 
 struct DBCRunReport {
     OperationType operation = OperationType::None;
     QString folder; // the interchange folder
-    QString package;
-    QString backupPath; // empty: there is none
-    QString logPath;
+    QString package; // the card database package
+    QString backupPath; // empty: there is no backup
+    QString logPath; // empty: the log could not be written
 
     DBCRunEnd end = DBCRunEnd::Done;
     DBCResultCode code = DBCResultCode::Success;
-    QDateTime started;
+    QDateTime started; // local time
     qint64 milliseconds = 0; // from the start to the end
-    qint64 maxCount = 0; // cards there were
-    qint64 finishedCount = 0; // cards handled, be they undone later
-    qint64 warningCount = 0;
-    qint64 errorCount = 0;
+    qint64 maxCount = 0; // cards in the data file or in the package
+    qint64 finishedCount = 0; // cards handled, including those that were undone later
+    qint64 warningCount = 0; // all of them, including those left out below
+    qint64 errorCount = 0; // the same
 
-    std::vector<DBCLogEntry> messages; // shown to the user: why the conversion failed
-    std::vector<DBCReportedCard> cards; // with warnings or errors, by their numbers
-    std::vector<DBCLogEntry> others; // about no single card, and no messages
-    qint64 concernedCardCount = 0; // cards with warnings or errors, those left out below included
-    qint64 leftOutCount = 0; // warnings and errors that were too many to be kept
+    std::vector<DBCLogEntry> messages; // errors that the user was shown, and that ended the run
+    std::vector<DBCReportedCard> cards; // the cards with warnings or errors, by number
+    std::vector<DBCLogEntry> others; // warnings and errors about no card that were not shown
+    qint64 concernedCardCount = 0; // cards with warnings or errors, including those left out below
+    qint64 leftOutCount = 0; // how many warnings and errors were too many to keep
 };

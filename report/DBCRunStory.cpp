@@ -7,11 +7,11 @@
 
 namespace {
 
-// entries: those about cards, in the order of the log.
+// Takes the entries about cards in the order of the log.
 std::vector<DBCReportedCard> byCard(std::vector<DBCLogEntry> entries)
 {
-    // The data file's items are looked at before the first card is stored, so a card's entries do
-    // not stand together.
+    // The entries of one card are not consecutive: those about its items come from reading the data
+    // file, before the first card is stored.
     std::stable_sort(
         entries.begin(), entries.end(), [](const DBCLogEntry& a, const DBCLogEntry& b) {
             return a.origin.number < b.origin.number;
@@ -51,7 +51,7 @@ void DBCRunStory::take(const DBCLogEntry& entry) noexcept
     if (QThread::currentThreadId() != _thread)
         return;
     ++(entry.type == DBCLogType::Warning ? _warningCount : _errorCount);
-    // Where there is no memory left for the report, there may be enough for the conversion.
+    // If there is no memory left for the report, there may still be enough for the conversion.
     try {
         keep(entry);
     } catch (const std::bad_alloc&) {
@@ -63,7 +63,7 @@ void DBCRunStory::keep(const DBCLogEntry& entry)
 {
     if (entry.origin.number)
         _concernedNumbers.insert(*entry.origin.number);
-    // Errors are few, and the last ones tell why it failed.
+    // Errors are few, and the last ones say why the conversion failed.
     if (_entries.size() < mostEntries || entry.type == DBCLogType::Error)
         _entries.push_back(entry);
     else

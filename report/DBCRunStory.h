@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Gathers, while a conversion runs, what its report will say.
+// Gathers the contents of the report while a conversion runs: it follows the driver's events and
+// listens to the log.
 #pragma once
 
 #include "operation/base/DBCEvent.h"
@@ -11,18 +12,20 @@
 
 class DBCRunStory {
 public:
-    // Warnings and errors beyond these are only counted: the report of a folder in which everything
-    // is wrong must neither take all memory nor the browser with it.
+    // How many warnings are kept; further ones are only counted. The report of a folder in which
+    // every card has a problem must not use up the memory of the program or of the browser. Errors
+    // are always kept.
     static constexpr std::size_t mostEntries = 5000;
 
-    // Begins now. Made, used and destroyed on the thread of the conversion; what other threads log
-    // meanwhile is not its business.
+    // The report's time begins here. The object is made, used and destroyed on the operation
+    // thread, and ignores what other threads log in the meantime.
     DBCRunStory();
 
+    // Takes note of an event that the driver sends.
     void follow(const DBCEvent& event);
 
     enum class Stop : bool { NotAsked, Confirmed };
-    // What the events and the log tell, to be completed with what was asked.
+    // The report so far. The caller adds the operation, its paths and the log's path.
     DBCRunReport reportOf(const DBCOutcome& outcome, Stop stop) const;
 
 private:
@@ -39,7 +42,7 @@ private:
     qint64 _errorCount = 0;
     qint64 _leftOutCount = 0;
     std::vector<DBCLogEntry> _entries;
-    QSet<qint64> _concernedNumbers;
-    Qt::HANDLE _thread;
-    DBCLogObserver _observer; // last: it calls take()
+    QSet<qint64> _concernedNumbers; // the numbers of all cards with warnings or errors
+    Qt::HANDLE _thread; // the operation thread
+    DBCLogObserver _observer; // the last member, since it calls take() as soon as it exists
 };

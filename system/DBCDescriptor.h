@@ -8,7 +8,7 @@
 
 class DBCDescriptor {
 public:
-    // Takes over what open() returned, its failure included.
+    // Takes ownership of the descriptor that open() returned, which may be -1 for a failure.
     explicit DBCDescriptor(int descriptor)
         : _descriptor(descriptor)
     {
@@ -29,7 +29,8 @@ public:
     explicit operator bool() const { return _descriptor >= 0; }
     int get() const { return _descriptor; }
 
-    // False when something written before could not be kept after all. Closing twice does nothing.
+    // False when close() reports that earlier writes were lost. Closing again does nothing and
+    // returns true.
     [[nodiscard]] bool close()
     {
         return _descriptor < 0 || ::close(std::exchange(_descriptor, -1)) == 0;

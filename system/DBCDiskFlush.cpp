@@ -10,7 +10,7 @@
 
 namespace {
 
-// Interrupted calls are made again: nothing is known about the disk until one has ended.
+// Repeats a call that a signal interrupted, because it says nothing about the disk.
 template <typename Call> bool untilDone(Call call)
 {
     int result = call();

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The attributes that users and access control lists hang on a file.
+// Copies the extended attributes of files and folders: those that users set, and access control
+// lists.
 #pragma once
 
-// Gives one open file or folder those of another. Attributes of the system's own bookkeeping are
-// left out. False when one could not be read or written; a file system that keeps none is no
-// failure.
+// Copies them from one open file or folder to another. Attributes that the system itself maintains
+// are left out. False when one could not be read or written. A file system that supports none is no
+// failure. The descriptors stay open.
 bool copyExtendedAttributes(int from, int to);

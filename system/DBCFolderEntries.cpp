@@ -13,7 +13,7 @@
 
 namespace {
 
-bool isFolderItself(const char* name)
+bool isDotName(const char* name)
 {
     return qstrcmp(name, ".") == 0 || qstrcmp(name, "..") == 0;
 }
@@ -29,15 +29,15 @@ bool isRemoved(int folder)
 
 std::optional<std::vector<DBCFolderEntry>> entriesOfFolder(int folder)
 {
-    // A descriptor of its own, with a position of its own: reading moves it.
+    // Reading moves the position, so use a second descriptor with a position of its own.
     const int own = openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     const std::unique_ptr<DIR, int (*)(DIR*)> listing(own < 0 ? nullptr : fdopendir(own), closedir);
     if (!listing)
         return std::nullopt;
     std::vector<DBCFolderEntry> entries;
-    errno = 0; // readdir tells its end from an error by this alone
+    errno = 0; // readdir() returns null at the end and on an error; only errno tells which
     while (const dirent* entry = readdir(listing.get())) {
-        if (!isFolderItself(entry->d_name))
+        if (!isDotName(entry->d_name))
             entries.push_back({entry->d_ino, entry->d_name});
         errno = 0;
     }
@@ -50,7 +50,7 @@ std::optional<std::vector<DBCFolderEntry>> entriesOfFolder(int folder)
 
 std::optional<QByteArray> targetOfLink(int folder, const QByteArray& name)
 {
-    // No system call takes a longer one; a target that fills the room to the last byte was cut.
+    // No system call accepts a longer target. One that fills the buffer completely was cut off.
     QByteArray target(PATH_MAX + 1, Qt::Uninitialized);
     const ssize_t size = readlinkat(
         folder, name.constData(), target.data(), static_cast<std::size_t>(target.size()));

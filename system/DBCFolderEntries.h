@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The names in an open folder, as the bytes they are.
+// Reads the entries of an open folder. Names are bytes, which need not be valid UTF-8.
 #pragma once
 
 #include <QByteArray>
@@ -14,9 +14,9 @@ struct DBCFolderEntry {
     QByteArray name;
 };
 
-// Without "." and "..", in the order in which they lie on the disk; none when the folder could not
-// be read to its end. The descriptor stays open.
+// All entries but "." and "..", in the order in which the file system returns them. None when the
+// folder could not be read to its end. The descriptor and its position stay as they are.
 std::optional<std::vector<DBCFolderEntry>> entriesOfFolder(int folder);
 
-// What a symbolic link in an open folder holds; none when that cannot be read whole.
+// The target of a symbolic link in an open folder; none when it cannot be read completely.
 std::optional<QByteArray> targetOfLink(int folder, const QByteArray& name);

@@ -36,7 +36,7 @@ QString discarded(const QString& path)
     return besideAs(path, ".velmora-discarded");
 }
 
-QString importJournalOf(const QString& path)
+QString journalOf(const QString& path)
 {
     return besideAs(path, ".velmora-import");
 }

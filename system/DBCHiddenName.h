@@ -1,18 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Hidden names beside a folder for what is not finished yet, or no more: nothing half done ever
-// stands under a name that somebody opens. They follow from the folder's own name, so that the next
-// start finds what a killed program left behind.
+// The hidden names beside a folder under which unfinished copies, folders being removed and the
+// journal lie, so that nothing incomplete ever has a name that a user or program opens.
 #pragma once
 
 #include <QString>
 
+// Each name is derived from the folder's own name alone, so that the next start finds what a killed
+// program left behind: "/cards/A.vmdb" gives "/cards/.A.vmdb.velmora-copy" and so on. A name that
+// would be longer than the file system allows is replaced by its SHA-256. The functions do not look
+// at the disk.
 namespace DBCHiddenName {
 
-// A copy that is still being made; it moves to path when it is whole.
+// Ends in ".velmora-copy": a copy that is still being made and is renamed to path when it is
+// complete.
 QString unfinishedCopyOf(const QString& path);
-// What stood at path and is being removed.
+// Ends in ".velmora-discarded": a folder that had the name path and is being removed.
 QString discarded(const QString& path);
-// The journal of an import into the package at path.
-QString importJournalOf(const QString& path);
+// Ends in ".velmora-import": the journal of an import into the package at path, or of a restore.
+QString journalOf(const QString& path);
 
 } // namespace DBCHiddenName

@@ -25,7 +25,7 @@ std::optional<quint64> freeBytes(const QString& path)
 {
     std::error_code error;
     const auto space = std::filesystem::space(QFile::encodeName(path).toStdString(), error);
-    // What is reserved for root is not available, even when root converts cards.
+    // Blocks reserved for root do not count, even when root runs the program.
     return error ? std::nullopt : std::optional<quint64>(space.available);
 }
 
@@ -34,8 +34,8 @@ bool isRefusal(int error)
     return error == EACCES || error == EPERM;
 }
 
-// For file systems that do not report the attribute through statx. A file that cannot be opened
-// counts as not immutable: the access rights decide about it.
+// For file systems that do not report the attribute through statx(). A file that cannot be opened
+// counts as not immutable; the check of its access rights reports it.
 std::optional<bool> isImmutableByFlags(const QByteArray& path)
 {
     const DBCDescriptor file(open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
@@ -52,7 +52,7 @@ std::optional<bool> isImmutableByFlags(const QByteArray& path)
 std::optional<bool> isImmutable(const QString& path)
 {
     const QByteArray name = QFile::encodeName(path);
-    // Asked by name first: that needs no right to read the file and cannot wait on a pipe.
+    // statx() comes first, because it needs no right to read the file and cannot block on a pipe.
     struct statx attributes = {};
     if (statx(AT_FDCWD, name.constData(), 0, STATX_TYPE, &attributes) != 0)
         return errno == ENOSYS || isRefusal(errno) ? isImmutableByFlags(name) : std::nullopt;
@@ -71,7 +71,7 @@ QString programFile(const std::filesystem::path& process)
     std::error_code error;
     const auto target = std::filesystem::read_symlink(process / "exe", error);
     QString name = QFile::decodeName(target.filename().c_str());
-    // The kernel's mark on a program that was replaced while it runs.
+    // The kernel appends this to the path of a program file that was replaced while it runs.
     const QString replaced = u" (deleted)"_s;
     if (name.endsWith(replaced))
         name.chop(replaced.size());
@@ -95,7 +95,8 @@ QStringList runningApplications()
          entry.increment(error)) {
         if (!isProcess(entry->path().filename()))
             continue;
-        // Both: a script runs under its interpreter's file, and a process may rename itself.
+        // Both names are needed: the file of a script is its interpreter, and a process can rename
+        // itself.
         for (const QString& name : {programFile(entry->path()), processName(entry->path())}) {
             if (!name.isEmpty() && !names.contains(name))
                 names << name;
@@ -106,7 +107,7 @@ QStringList runningApplications()
 
 QString programFolder()
 {
-    // Not QCoreApplication: this is asked before there is one.
+    // QCoreApplication cannot tell, because this is called before one is created.
     return QFileInfo(QFile::symLinkTarget(u"/proc/self/exe"_s)).path();
 }
 

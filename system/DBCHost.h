@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the program asks of the machine it runs on, gathered so that tests can answer instead.
+// The questions that the program asks about the machine it runs on, in one place so that tests can
+// replace the answers.
 #pragma once
 
 #include <QString>
@@ -8,20 +9,22 @@
 #include <functional>
 #include <optional>
 
+// The functions may be called from any thread. Tests replace entries of current() before other
+// threads start. No function is ever empty.
 struct DBCHost {
     // Bytes free for this user on the file system that holds an existing path; none on failure.
     std::function<std::optional<quint64>(const QString& path)> freeBytes;
-    // The immutable attribute, symbolic links followed; false where the file system has no such
-    // flag or does not show it to this user, none when the attributes cannot be read.
+    // Whether the immutable attribute is set; symbolic links are followed. False where the file
+    // system has no such attribute or does not show it to this user; none when it cannot be read.
     std::function<std::optional<bool>(const QString& path)> isImmutable;
-    // Effective-user access.
+    // Whether the effective user may read or write the path; false when it does not exist.
     std::function<bool(const QString& path)> isReadable;
     std::function<bool(const QString& path)> isWritable;
-    // Version in binary-coded decimal, 0x1060 for 10.6.0; none where it cannot be asked, which is
-    // everywhere on Linux.
+    // The version in binary-coded decimal, 0x1060 for 10.6.0. None when it is not available, which
+    // is always so on Linux.
     std::function<std::optional<qint32>()> systemVersion;
-    // Names of the running applications: what each process calls itself and what its program file
-    // is called.
+    // For each running process, the name that it gives itself and the name of its program file,
+    // each name once.
     std::function<QStringList()> runningApplications;
 
     QString applicationsFolder; // "/Applications"; empty: none
@@ -30,8 +33,8 @@ struct DBCHost {
     QString diskUsageProgram; // "/usr/bin/du"
     QString fileOpener; // "xdg-open", which opens a file as the desktop does
 
-    // The machine as it is.
+    // The answers of the real machine.
     static DBCHost real();
-    // The one in use; real() unless a test replaced it.
+    // The answers in use: those of real(), unless a test replaced some.
     static DBCHost& current();
 };

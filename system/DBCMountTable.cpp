@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Types whose volumes lie on another machine, or appear only when they are looked at.
+// Types whose volumes are on another machine, or are mounted only on first access.
 constexpr std::array<QStringView, 26> networkTypes {
     u"9p",
     u"afs",
@@ -44,8 +44,8 @@ constexpr std::array<QStringView, 26> networkTypes {
     u"smbfs",
 };
 
-// The same kinds by the numbers of linux/magic.h; of a user-space file system the number tells no
-// more than that, so it counts as one that may reach another machine.
+// The same types by their numbers in linux/magic.h. All user-space file systems share one number,
+// so each of them counts as one that may be on another machine.
 constexpr std::array<unsigned, 10> networkNumbers {AFS_SUPER_MAGIC, AUTOFS_SUPER_MAGIC,
     CEPH_SUPER_MAGIC, CIFS_SUPER_MAGIC, CODA_SUPER_MAGIC, FUSE_SUPER_MAGIC, NFS_SUPER_MAGIC,
     SMB2_SUPER_MAGIC, SMB_SUPER_MAGIC, V9FS_MAGIC};
@@ -55,7 +55,7 @@ bool isOctal(char c)
     return c >= '0' && c <= '7';
 }
 
-// Blanks, line ends and backslashes stand in the table as a backslash and three octal digits.
+// The table writes blanks, line ends and backslashes as a backslash and three octal digits.
 QString unescaped(const QByteArray& field)
 {
     QByteArray bytes;
@@ -93,8 +93,9 @@ bool DBCMountedVolume::isNetwork() const
 {
     if (std::find(networkTypes.begin(), networkTypes.end(), type) != networkTypes.end())
         return true;
-    // User-space file systems have types of their own by the dozen; those that reach another
-    // machine begin its name: "user@host:folder", "https://host/folder", "//host/share".
+    // There are dozens of user-space file systems, each with its own type. Those on another machine
+    // have a device that begins with its name: "user@host:folder", "https://host/folder",
+    // "//host/share".
     const bool isUserSpace = type == u"fuse" || type.startsWith(u"fuse.");
     const qsizetype colon = device.indexOf(u':');
     const qsizetype slash = device.indexOf(u'/');
@@ -126,7 +127,7 @@ std::optional<DBCMountedVolume> DBCMountTable::volumeOf(const QString& canonical
 {
     const DBCMountedVolume* found = nullptr;
     for (const DBCMountedVolume& volume : _volumes) {
-        // Of two on the same mount point the later one hides the earlier.
+        // If two volumes have the same mount point, the later one hides the earlier.
         if (holds(volume.mountPoint, canonicalPath)
             && (found == nullptr || volume.mountPoint.size() >= found->mountPoint.size()))
             found = &volume;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The mounted volumes as the kernel lists them in "/proc/self/mountinfo".
+// Reads the kernel's list of mounted volumes, "/proc/self/mountinfo", to tell local paths from
+// network paths.
 #pragma once
 
 #include <QByteArray>
@@ -11,28 +12,28 @@
 struct DBCMountedVolume {
     QString mountPoint;
     QString type; // "ext4", "nfs4", "fuse.sshfs", ...
-    QString device; // as the table names it: "/dev/sda1", "server:/export", "tmpfs", ...
+    QString device; // as in the table: "/dev/sda1", "server:/export", "tmpfs", ...
 
-    // True for network shares and automount points. A local volume without a device node (overlay,
-    // tmpfs, a pool's file system) is none: it counts as one that is mounted from under /dev.
+    // True for network shares and automount points. Local volumes without a device node, such as
+    // overlay and tmpfs, count as local disks.
     bool isNetwork() const;
 };
 
 class DBCMountTable {
 public:
-    // Lines that do not have the table's form are passed over.
+    // Ignores lines that do not have the table's form.
     static DBCMountTable parse(const QByteArray& mountInfo);
     // None when the file cannot be read.
     static std::optional<DBCMountTable> read(const QString& file);
 
-    // The volume that a canonical path lies on; none when the table does not cover it.
+    // The volume that holds a canonical path; none when no mount point is above it.
     std::optional<DBCMountedVolume> volumeOf(const QString& canonicalPath) const;
 
 private:
     std::vector<DBCMountedVolume> _volumes; // in the order in which they were mounted
 };
 
-// Whether the file system that holds an existing path reaches another machine, by the kernel's own
-// number for its type; true, too, when that cannot be asked. For paths that no line of the table
-// covers: below a changed root ("chroot") the root itself is no mount point and stands in none.
+// Whether the file system that holds an existing path may be on another machine, judged by the
+// kernel's number for its type. True when the number cannot be read. This is for paths that the
+// table does not cover: after chroot, the root folder need not be a mount point.
 bool isOnNetworkFileSystem(const QString& path);

@@ -2,11 +2,14 @@
 #include "system/DBCNameLookup.h"
 
 #include "system/DBCFolderListing.h"
+#include "system/DBCOpenInside.h"
+#include "system/DBCPathNames.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -23,18 +26,13 @@ bool isOfKind(const struct stat& status, DBCNameLookup::Kind kind)
 
 QString foldedName(const QString& name)
 {
-    // Folding can leave the normal form, so the result is normalised once more.
+    // Case folding can produce text that is not in normal form, so it is normalised again.
     return name.normalized(QString::NormalizationForm_C)
         .toCaseFolded()
         .normalized(QString::NormalizationForm_C);
 }
 
-bool isInside(const QString& path, const QString& folder)
-{
-    return path.startsWith(folder == QLatin1String("/") ? folder : folder + u'/');
-}
-
-// Judges one candidate after the other against the folder that must not be left.
+// Decides for each candidate whether it is of the right kind and inside the folder.
 class CandidateCheck {
 public:
     CandidateCheck(const QString& folder, DBCNameLookup::Kind kind)
@@ -43,7 +41,8 @@ public:
     {
     }
 
-    // The path to use when the candidate counts. isDirectChild: no folder lies between.
+    // Returns the path to use, or none when the candidate does not count. isDirectChild: the
+    // candidate is an entry of the folder itself and not of a subfolder.
     std::optional<QString> accept(const QString& candidate, bool isDirectChild)
     {
         const QByteArray native = QFile::encodeName(candidate);
@@ -56,7 +55,7 @@ public:
         const QString resolved = QFileInfo(candidate).canonicalFilePath();
         if (resolved.isEmpty())
             return std::nullopt;
-        if (!isInside(resolved, QFileInfo(_folder).canonicalFilePath())) {
+        if (!pathBelow(QFileInfo(_folder).canonicalFilePath(), resolved)) {
             _ledOut = true;
             return std::nullopt;
         }
@@ -97,7 +96,7 @@ DBCNameLookup::Result DBCNameLookup::find(const QString& folder, const QString& 
 
     QStringList components = name.split(u'/', Qt::SkipEmptyParts);
     components.removeAll(u"."_s);
-    // The system ends a name at U+0000 and would find another one.
+    // The system would cut the name at U+0000 and find another entry.
     if (components.isEmpty() || name.contains(QChar::Null))
         return missing;
 
@@ -119,6 +118,16 @@ DBCNameLookup::Result DBCNameLookup::find(const QString& folder, const QString& 
             return {Outcome::Found, *path};
     }
     return check.ledOut() ? Result {Outcome::LeadsOut, {}} : missing;
+}
+
+DBCNameLookup::Opened DBCNameLookup::open(const QString& folder, const QString& name, Kind kind)
+{
+    const Result found = find(folder, name, kind);
+    if (found.outcome != Outcome::Found)
+        return {found.outcome, {}};
+    // If a pipe has taken the file's place, opening it must not wait for a writer.
+    const int flags = O_RDONLY | (kind == Kind::Folder ? O_DIRECTORY : O_NONBLOCK);
+    return {found.outcome, found.path, openInside(folder, found.path, flags)};
 }
 
 std::optional<QString> DBCNameLookup::intermediateFolder(const QString& folder, const QString& name)
@@ -154,7 +163,7 @@ DBCNameLookup::Listing DBCNameLookup::readListing(const QString& folder, const S
     return listing;
 }
 
-// The folder's entries that spell name otherwise, the best first.
+// Returns the folder's entries whose names equal name but for normal form or case, the best first.
 QStringList DBCNameLookup::otherSpellings(const QString& folder, const QString& name)
 {
     const std::optional<Stamp> stamp = stampOf(folder);

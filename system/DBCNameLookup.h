@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Finds the files and folders that a record names inside a folder. Interchange folders come from
-// systems that ignore case and compare names after Unicode normalisation, so a name is taken
-// exactly first, then in its other normal form, then without regard to case; of several equal
-// candidates the first in the order of their bytes. Nothing outside the folder is ever found.
+// systems that ignore case and compare names after Unicode normalisation. So the exact name is
+// tried first, then its other normal form, then names that differ in case only; among equal
+// candidates the first in byte order is taken. Nothing outside the folder is ever found.
 #pragma once
+
+#include "system/DBCDescriptor.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -14,34 +16,45 @@
 
 class DBCNameLookup {
 public:
-    // What an entry has to be, links followed; anything else does not count as a candidate.
+    // The kind of entry to find, after following links; entries of other kinds are skipped.
     enum class Kind : quint8 { RegularFile, Folder };
 
     enum class Outcome : quint8 {
         Found,
         Missing,
-        LeadsOut, // absolute, or ".." or a link resolves to something outside the folder
+        LeadsOut, // the name is absolute, or ".." or a link leads outside the folder
     };
 
     struct Result {
         Outcome outcome = Outcome::Missing;
-        QString path; // of what was found, links resolved; empty unless Found
+        QString path; // path of the found entry with links resolved; empty unless Found
     };
 
-    // The one of the calling thread, so that all records of an operation share the listings.
+    // The calling thread's instance. All records of an operation use it and share its listings.
     static DBCNameLookup& threadInstance();
 
-    // name is relative to folder and may have subfolders ("a/b.jpg"); only "/" separates them. The
-    // folder itself is not found, by whatever name. A name that exists exactly costs one look; for
-    // the others a folder is listed once and again only after it has changed.
+    // name is relative to folder and may contain subfolders ("a/b.jpg"), separated by "/". The
+    // folder itself is never found. A name that exists exactly takes one system call; for other
+    // names the folder is listed once, and again only after it has changed.
     Result find(const QString& folder, const QString& name, Kind kind);
 
-    // False for a name that is absolute or climbs out of its folder by "..". Looks at the text
-    // only.
+    struct Opened {
+        Outcome outcome = Outcome::Missing;
+        QString path; // as in Result
+        // Open for reading; none unless Found, and none when what was found could not be opened.
+        DBCDescriptor file = DBCDescriptor(-1);
+    };
+
+    // The same, and opens what was found. Between the look-up and the opening somebody may exchange
+    // the file for a link that leads out of the folder; such a link is not opened.
+    Opened open(const QString& folder, const QString& name, Kind kind);
+
+    // False for a name that is absolute or leaves its folder by "..". This examines the text only,
+    // not the disk.
     static bool staysInside(const QString& name);
 
 private:
-    // Tells a changed folder from one that was listed before.
+    // Changes whenever the folder's entries change, so an outdated listing is recognised.
     struct Stamp {
         quint64 device = 0;
         quint64 inode = 0;
@@ -51,7 +64,7 @@ private:
     };
     struct Listing {
         Stamp stamp;
-        QHash<QString, QStringList> namesByFoldedName; // each list in the order of the names' bytes
+        QHash<QString, QStringList> namesByFoldedName; // each list in byte order
     };
 
     static std::optional<Stamp> stampOf(const QString& folder);

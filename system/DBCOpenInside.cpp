@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "system/DBCOpenInside.h"
 
+#include "system/DBCPathNames.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -13,20 +15,14 @@
 
 namespace {
 
-std::optional<QString> below(const QString& folder, const QString& path)
-{
-    const QString start = folder.endsWith(u'/') ? folder : folder + u'/';
-    return path.startsWith(start) ? std::optional(path.sliced(start.size())) : std::nullopt;
-}
-
-// The C library has no name for this call yet.
+// The C library has no function for this system call yet.
 int openBeneath(int folder, const QByteArray& path, int flags)
 {
     struct open_how how { };
     how.flags = static_cast<__u64>(flags);
     how.resolve = RESOLVE_BENEATH | RESOLVE_NO_MAGICLINKS;
     const long opened = syscall(SYS_openat2, folder, path.constData(), &how, sizeof how);
-    // Systems that do not know the call get no links at the end, at least.
+    // Without this system call, links in the last component at least are not followed.
     if (opened < 0 && (errno == ENOSYS || errno == EPERM))
         return openat(folder, path.constData(), flags | O_NOFOLLOW);
     return static_cast<int>(opened);
@@ -36,9 +32,9 @@ int openBeneath(int folder, const QByteArray& path, int flags)
 
 DBCDescriptor openInside(const QString& folder, const QString& path, int flags)
 {
-    std::optional<QString> rest = below(folder, path);
+    std::optional<QString> rest = pathBelow(folder, path);
     if (!rest)
-        rest = below(QFileInfo(folder).canonicalFilePath(), path);
+        rest = pathBelow(QFileInfo(folder).canonicalFilePath(), path);
     if (!rest) {
         errno = EXDEV;
         return DBCDescriptor(-1);

@@ -3,6 +3,7 @@
 
 #include "system/DBCDescriptor.h"
 #include "system/DBCHost.h"
+#include "system/DBCPathNames.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -31,6 +32,19 @@ bool isTaken(const QString& path)
 bool isWritableFolder(const QString& path)
 {
     return QFileInfo(path).isDir() && DBCHost::current().isWritable(path);
+}
+
+bool isFolderNotLink(const QString& path)
+{
+    struct stat status = {};
+    return lstat(QFile::encodeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool isSameOrInside(const QString& folder, const QString& path)
+{
+    const QString outer = QFileInfo(folder).canonicalFilePath();
+    const QString inner = QFileInfo(path).canonicalFilePath();
+    return !outer.isEmpty() && (inner == outer || pathBelow(outer, inner));
 }
 
 bool isLockedByAnother(const QString& path)

@@ -7,7 +7,7 @@
 
 namespace {
 
-// A caller that had a signal ignored (nohup, a shell's background job) wants it so.
+// A signal that was ignored at the start (nohup, a shell's background job) is to stay ignored.
 bool isIgnored(int signal)
 {
     struct sigaction action { };
@@ -40,7 +40,8 @@ DBCSignalWatcher::DBCSignalWatcher(std::function<void()> onSignal)
 DBCSignalWatcher::~DBCSignalWatcher()
 {
     _notifier.reset();
-    // One that came too late to be acted on must not end the program before it has spoken.
+    // Discard signals that came too late to be handled, so that they do not end the program before
+    // it has printed its result.
     signalfd_siginfo information {};
     while (read(_descriptor, &information, sizeof information) > 0) { }
     close(_descriptor);

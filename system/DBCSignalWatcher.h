@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Delivers the signals SIGINT, SIGTERM and SIGHUP as calls on a thread's event loop.
 #pragma once
 
 #include <QObject>
@@ -8,16 +9,17 @@
 #include <functional>
 #include <memory>
 
-// Turns SIGINT, SIGTERM and SIGHUP into calls on the thread it was made on, as long as it lives and
-// that thread's event loop runs. The signals are blocked meanwhile, for threads and programs that
-// are started then as well: a Ctrl-C reaches "du" too, and must not end it.
+// onSignal is called on the thread that created the watcher, while that thread's event loop runs.
+// As long as the watcher exists, the three signals are blocked in this thread and in the threads
+// and programs that it starts: Ctrl-C in a terminal also reaches "du", and must not end it. Signals
+// that the caller of the program set to be ignored stay ignored. One watcher at a time.
 class DBCSignalWatcher : public QObject {
 public:
     explicit DBCSignalWatcher(std::function<void()> onSignal);
     ~DBCSignalWatcher() override;
 
-    // For the start of a program whose other threads begin before it has a watcher: what is sent
-    // from now on waits for one.
+    // Blocks the signals until a watcher is created, which then receives those sent meanwhile.
+    // Called at the start of a program, before its other threads start.
     static void blockSignals();
 
 private:

@@ -6,8 +6,8 @@
 
 void keepStandardDescriptorsOpen()
 {
-    // The lowest closed number is the one handed out. No close-on-exec: a program started from here
-    // finds the three open as well.
+    // open() returns the lowest closed number. Close-on-exec is left out, so that programs started
+    // from here also have the three descriptors.
     int descriptor = open("/dev/null", O_RDWR);
     while (descriptor != -1 && descriptor <= STDERR_FILENO)
         descriptor = open("/dev/null", O_RDWR);

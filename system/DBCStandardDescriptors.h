@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Makes sure that a program that was started without standard input, output or error has all three.
 #pragma once
 
-// Opens the null device as each of the descriptors 0, 1 and 2 that is closed. A file that came by
-// one of these numbers later would be read as input, have messages written into it, or (0) be
-// closed by the next database controller that goes without having held its lock.
+// Opens /dev/null for each of the descriptors 0, 1 and 2 that is closed. Otherwise a file opened
+// later would get one of these numbers: it would be read as input, messages would be written into
+// it, or a DBCDataBaseController that never took its lock would close it (descriptor 0). Called
+// first in main().
 void keepStandardDescriptorsOpen();

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "system/DBCWholeFile.h"
 
-#include "system/DBCOpenInside.h"
-
 #include <QFile>
 
 #include <cerrno>
@@ -34,13 +32,10 @@ qint32 readFully(int descriptor, QByteArray* buffer, qsizetype* length)
 
 } // namespace
 
-DBCDescriptor openForReading(const QString& path, const QString& insideFolder)
+DBCDescriptor openForReading(const QString& path)
 {
-    // A pipe must not keep us waiting for its other end.
-    constexpr int flags = O_RDONLY | O_NONBLOCK;
-    if (!insideFolder.isEmpty())
-        return openInside(insideFolder, path, flags);
-    return DBCDescriptor(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC));
+    constexpr int flags = O_RDONLY | O_NONBLOCK | O_CLOEXEC;
+    return DBCDescriptor(::open(QFile::encodeName(path).constData(), flags));
 }
 
 qint32 readWholeFile(const DBCDescriptor& file, QByteArray* out)

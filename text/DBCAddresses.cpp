@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Line breaks inside the street belong to it, unless there is nothing else.
+// Line breaks in the street are part of it. A street of nothing but line breaks is empty.
 QString streetFrom(QStringView rest)
 {
     const QStringView street = trimmedWhere(rest, isWhiteSpace);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A composed address is up to three lines joined by LF: state, city, street. The street always
-// stands on the third line.
+// Composes the one text of an address from state, city and street, and separates it again. The text
+// has up to three lines, separated by LF: state, city, street. The street is always on the third
+// line.
 #pragma once
 
 #include <QString>
@@ -15,14 +16,15 @@ struct DBCAddressParts {
 
 namespace DBCAddresses {
 
-// No parts for none.
+// All parts are none when text is none. The program never separates an address; the function is
+// kept on purpose as an interface.
 DBCAddressParts separateAddress(const std::optional<QString>& text);
 
-// None when all three are empty; a missing value counts as "".
+// None when all three parts are empty. A missing part is passed as "".
 std::optional<QString> composeAddressWithStreet(
     const QString& street, const QString& city, const QString& state);
 
-// The same, with address on the street line when the parts give nothing and address is not empty.
+// The same; but if all three parts are empty and address is not, address becomes the street line.
 std::optional<QString> composeAddressWithDefaultAddress(
     const QString& address, const QString& street, const QString& city, const QString& state);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The character sets by which texts are trimmed and lines are ended. Qt's trimmed() and isSpace()
-// know other characters, so texts of cards are never trimmed with those.
+// The sets of characters that end lines and that are trimmed from texts of cards. Qt's trimmed()
+// and isSpace() use other sets, so they must not be used for texts of cards.
 #pragma once
 
 #include <QStringView>
@@ -10,10 +10,11 @@ QStringView newLineCharacters();
 // U+0009, U+0020, U+3000, U+000A, U+000D, U+0085, U+2028; not U+2029.
 QStringView blankAndNewLineCharacters();
 
-// Tab and every Unicode space separator, U+00A0 and U+3000 among them; no line ends.
+// True for a tab and for every Unicode space separator, including U+00A0 and U+3000, but not for
+// line ends.
 bool isWhiteSpace(QChar character);
 
-// text without the characters at both ends for which unwanted(QChar) holds.
+// Returns text without the characters at both ends for which unwanted(QChar) is true.
 template <typename Predicate> QStringView trimmedWhere(QStringView text, Predicate unwanted)
 {
     while (!text.isEmpty() && unwanted(text.front()))
@@ -23,8 +24,8 @@ template <typename Predicate> QStringView trimmedWhere(QStringView text, Predica
     return text;
 }
 
-// True for an empty text, too: nothing but blankAndNewLineCharacters().
+// True when the text is empty or consists of blankAndNewLineCharacters() only.
 bool isBlank(QStringView text);
 
-// text without the characters of set at both ends.
+// Returns text without the characters of set at both ends.
 QStringView trimmedBy(QStringView text, QStringView set);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Half-width katakana (U+FF61..U+FF9F) to full-width, joining a kana with the sound mark behind it.
-// Nothing else is widened. Library conversions (NFKC) give other kana than the tables used here.
+// Converts half-width katakana (U+FF61..U+FF9F) to full-width ones and joins a kana with the sound
+// mark that follows it. No other characters change. Library conversions (NFKC) cannot be used: they
+// give other characters than the tables here, which match the cards stored before.
 #pragma once
 
 #include "operation/base/DBCResultCode.h"
@@ -9,22 +10,26 @@
 
 #include <optional>
 
-// Longest text that is converted, in UTF-16 units; the rest is cut.
+// Longest text that is converted, in UTF-16 units. The rest of a longer text is cut off.
 inline constexpr qsizetype DBCConvertedTextLimit = 256;
 
-// ParameterError when text is none or out is null; else Success. A U+0000 ends the result.
+// Returns ParameterError when text is none or out is null, otherwise Success. The result ends
+// before the first U+0000.
 DBCResultCode convertHalfToFull(const std::optional<QString>& text, QString* out);
 
-// Converts the zero-terminated source into destination, which holds at least as many units as the
-// source plus a terminator and is zero-filled. A null source writes a terminator.
+// The functions below are steps of convertHalfToFull(). They are public on purpose, as an
+// interface.
+
+// Converts the zero-terminated source. destination must be filled with zeros and have room for as
+// many units as the source has, plus a terminator. A null source gives an empty text.
 void convertDBC2SBC(const char16_t* source, char16_t* destination);
 
-// markKind 1: voiced, 2: semi-voiced. 1 when the pair does not combine; 0 with the combined
-// character in out when it does.
+// Joins a kana with a sound mark. markKind: 1 for the voiced mark, 2 for the semi-voiced one.
+// Returns 0 and the joined character in out, or 1 when the two do not combine.
 qint32 ConvertJapChar2SBC(char16_t kana, qint32 markKind, char16_t* out);
 
-// 0 with the converted unit in out, 1 when there is nothing to convert.
+// Returns 0 and the full-width character in out, or 1 when unit is no half-width katakana.
 qint32 JapUnicode_DBC2SBC(char16_t unit, char16_t* out);
 
-// Units before the first zero unit, at most limit; -1 for a null buffer.
+// The number of units before the first zero unit, at most limit; -1 for a null buffer.
 qint32 get_unicharLen(const char16_t* buffer, qint32 limit);

@@ -25,7 +25,7 @@ bool isControl(QChar character)
 
 QString escapedControls(const QString& text)
 {
-    // Hardly any text holds one, and then it need not be copied.
+    // Hardly any text contains such a character, so the copy is avoided for all others.
     if (std::none_of(text.begin(), text.end(), isControl))
         return text;
     QString escaped;

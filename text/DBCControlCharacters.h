@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Texts of cards and names of files may hold anything. Shown as they are, some characters would
-// start a line of their own, steer a terminal or turn the order of what stands beside them.
+// Makes texts safe to show. Texts of cards and names of files may contain any character; shown
+// unchanged, some would start a new line, control a terminal or reverse the text beside them.
 #pragma once
 
 #include <QString>
 
-// text with every control character, line end and mark that changes the direction written as
-// "\u001B".
+// Returns text with every control character, line end and direction mark replaced by its number, as
+// in "\u001B".
 QString escapedControls(const QString& text);
 
-// The same for a text of several lines, which become one: a line of a log is a line. Tabs stay.
+// Joins the lines of a text into one, so that each log message is one line, and escapes the same
+// characters. Tabs stay.
 QString asOneLine(QString text);

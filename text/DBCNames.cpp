@@ -11,7 +11,8 @@ namespace {
 
 constexpr char16_t ideographicSpace = u'\u3000';
 
-// Where the middle part is cut off behind the first one; the final trim takes the space as well.
+// Whether the middle part is cut out from the space behind the first part on, or from the character
+// behind that space. Trimming removes the space in both cases.
 enum class MiddleBegins : quint8 { AtSpace, BehindSpace };
 
 bool isWhiteSpaceOrNewLine(QChar character)
@@ -26,8 +27,8 @@ QString trimmed(QStringView text)
     return trimmedWhere(text, isWhiteSpaceOrNewLine).toString();
 }
 
-// A name in words, and the name as it was written to cut the remaining parts from: unit for unit
-// as long as the words with their single spaces.
+// A name split into words, together with the name as written, from which the other parts are cut.
+// The written name has as many UTF-16 units as the words joined by single spaces.
 struct Words {
     QStringList parts;
     QString keep;

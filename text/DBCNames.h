@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Splits full names and their readings into parts.
+// Splits the full name of a card and its reading into family name, first name and middle name.
 #pragma once
 
 #include <QString>
@@ -8,8 +8,8 @@
 
 enum class DBCLanguage : quint32 { Japanese = 0x10001, Other = 0x10002 };
 
-// A part is none when the rules set no such part, which is not the same as an empty part. No rule
-// sets a prefix or a suffix.
+// A part is none when the rules do not set it; that differs from an empty part, which is stored. No
+// rule sets a prefix or a suffix.
 struct DBCNameParts {
     std::optional<QString> first;
     std::optional<QString> middle;
@@ -20,10 +20,10 @@ struct DBCNameParts {
 
 namespace DBCNames {
 
-// Japanese when a UTF-16 unit is greater than U+3000; the ideographic space itself does not count.
+// Japanese when the text has a UTF-16 unit above U+3000, so the ideographic space does not count.
 DBCLanguage judgeLanguage(QStringView text);
 
-// No parts for none.
+// Both return no parts when text is none.
 DBCNameParts separateName(const std::optional<QString>& text);
 DBCNameParts separateNameYomi(const std::optional<QString>& text);
 

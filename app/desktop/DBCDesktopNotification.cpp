@@ -19,12 +19,12 @@ constexpr int untilTheServerThinksFit = -1;
 QDBusMessage call(const char* method)
 {
     QDBusMessage message = sessionCall(service, path, service, method);
-    // Several desktops start what shows notes when the first one comes.
+    // Several desktops start their notification service only for the first notification.
     message.setAutoStartService(true);
     return message;
 }
 
-// Connecting the same slot again changes nothing.
+// May be called again: a slot that is already connected is not connected twice.
 void listen(QDBusConnection& bus, const char* signal, QObject* receiver, const char* slot)
 {
     bus.connect(QString::fromLatin1(service), QString::fromLatin1(path),

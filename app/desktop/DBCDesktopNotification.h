@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A note on the desktop for somebody who looks elsewhere; silently none where no desktop shows any.
-// The window never waits for the desktop.
+// Shows a notification on the desktop for a user who is working in another window. Without a
+// desktop that shows notifications nothing happens. The window never waits for the desktop.
 #pragma once
 
 #include <QObject>
@@ -10,12 +10,12 @@
 class DBCDesktopNotification : public QObject {
     Q_OBJECT
 public:
-    // onActivated is called when the user clicks a note, with the desktop's leave to take the
-    // focus; empty where it gives none.
+    // onActivated is called when the user clicks the notification. activationToken is the desktop's
+    // permission to take the focus; empty if the desktop gives none.
     explicit DBCDesktopNotification(
         std::function<void(const QByteArray& activationToken)> onActivated);
 
-    // Plain texts. A new note takes the place of the one before.
+    // Takes plain texts. A new notification replaces the previous one.
     void show(const QString& title, const QString& text);
 
 private Q_SLOTS:
@@ -26,6 +26,6 @@ private:
     void send(const QString& title, const QString& text);
 
     std::function<void(const QByteArray& activationToken)> _onActivated;
-    uint _number = 0; // of the note that is shown; 0: none
-    QByteArray _activationToken; // comes before the click that it is for
+    uint _number = 0; // of the notification that is shown; 0: none
+    QByteArray _activationToken; // the desktop sends it before the click it belongs to
 };

@@ -11,11 +11,11 @@
 
 namespace {
 
-// An opener that ends later than that was the program that showed the file, however it ended.
+// An opener that ran longer has shown the file itself, so its exit code does not matter.
 constexpr qint64 millisecondsToRefuse = 5000;
 
-// What is opened stays when this program or its terminal ends, and is not deaf to the signals that
-// this program takes in its own way.
+// Runs in the opener's process. It stays open when this program or its terminal ends, and it does
+// not inherit the blocked signals of this program.
 void becomeIndependent()
 {
     setsid();
@@ -29,8 +29,8 @@ void becomeIndependent()
 void openOnDesktop(
     const QString& path, const QObject* context, const std::function<void()>& onRefusal)
 {
-    // The opener tells by its exit code that no program takes such files, which a mere start of it
-    // would not show. It belongs to nobody: a window that closes must not end it.
+    // Only the exit code of the opener says that no program opens such files. The process object
+    // has no owner, because closing a window must not end the opener.
     auto* const opener = new QProcess;
     QObject::connect(opener, &QProcess::errorOccurred, context, [=](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)

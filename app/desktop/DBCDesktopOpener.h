@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Opens a file in the desktop's program for files of its kind.
+// Opens a file in the program that the desktop uses for this type of file.
 #pragma once
 
 #include <QString>
@@ -8,7 +8,7 @@
 
 class QObject;
 
-// path: an existing file. Returns at once; onRefusal is called when there is no such program,
-// unless context is destroyed first.
+// path has to name an existing file. Returns at once. onRefusal is called later on this thread if
+// the desktop has no program for the file, unless context is destroyed first.
 void openOnDesktop(
     const QString& path, const QObject* context, const std::function<void()>& onRefusal);

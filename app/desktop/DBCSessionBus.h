@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Access to the message bus of the desktop session.
 #pragma once
 
 #include <QDBusConnection>
@@ -6,9 +7,9 @@
 
 #include <optional>
 
-// The desktop session's message bus; none where no session offers one. None is ever started.
+// The connection to the session's bus; none if the session has no bus. Never starts a bus.
 std::optional<QDBusConnection> sessionBus();
 
-// A call that does not start the service it is for.
+// Creates a method call that does not start the service if it is not running.
 QDBusMessage sessionCall(
     const char* service, const char* path, const char* interface, const char* method);

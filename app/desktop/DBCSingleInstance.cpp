@@ -16,14 +16,14 @@ constexpr int millisecondsToAnswer = 3000;
 constexpr int millisecondsBetweenTries = 50;
 
 constexpr const char* acknowledgement = "coming\n";
-constexpr qint64 longestToken = 4096; // bytes; the ones that desktops give are far below
+constexpr qint64 longestToken = 4096; // bytes; the tokens of real desktops are much shorter
 
-// Two sessions of one user have screens of their own, and a window each.
+// Two sessions of one user have different screens, and each of them may have its own window.
 QString sessionName()
 {
     const QByteArray screens = qgetenv("WAYLAND_DISPLAY") + '|' + qgetenv("DISPLAY");
     const QByteArray hash = QCryptographicHash::hash(screens, QCryptographicHash::Sha1);
-    // Short: a socket's whole path must fit into 107 bytes.
+    // The name is short, because the whole path of a socket must fit into 107 bytes.
     return QString::fromLatin1(DBCSettings::bundleIdentifier) + u'-'
         + QString::fromLatin1(hash.toHex().left(8));
 }
@@ -35,7 +35,7 @@ DBCSingleInstance::DBCSingleInstance(const QString& folder)
     , _socket(folder + u'/' + sessionName())
     , _lock(_socket + u".lock"_s)
 {
-    // The lock of a copy that died is told by its process and not by its age.
+    // A stale lock is recognised by its process, which no longer exists, and not by its age.
     _lock.setStaleLockTime(0);
     connect(&_server, &QLocalServer::newConnection, this, &DBCSingleInstance::answerSecondCopies);
 }
@@ -62,11 +62,11 @@ DBCSingleInstance::Role DBCSingleInstance::claim(const QByteArray& activationTok
     return Role::First;
 }
 
-// A copy that cannot listen is the first one nevertheless; later ones find it silent.
+// A copy that cannot listen is still the first one; later copies get no answer from it.
 void DBCSingleInstance::listen()
 {
-    // A socket that is for the user alone is moved to its name when it is ready, over what a copy
-    // that died has left there.
+    // With this option the server creates the socket under another name and then renames it, which
+    // replaces the socket that a crashed copy has left.
     _server.setSocketOptions(QLocalServer::UserAccessOption);
     _server.listen(_socket);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One running copy for each user and session. A second start asks the first copy to come forward
-// and ends.
+// Makes sure that only one copy of the program runs for each user and session. A second copy asks
+// the first one to come to the front and ends.
 #pragma once
 
 #include <QByteArray>
@@ -13,23 +13,24 @@ class DBCSingleInstance : public QObject {
     Q_OBJECT
 public:
     enum class Role : quint8 {
-        First, // holds the place until this object's end
-        Second, // the first copy has been asked to come forward, and has answered
-        Undetermined, // whether another copy runs cannot be told, or it does not answer
+        First, // no other copy runs; the object keeps this role until it is destroyed
+        Second, // the first copy has been asked to come to the front and has answered
+        Undetermined, // another copy does not answer, or it is not known whether one runs
     };
 
-    // folder: where the copies meet; only its user may enter it. Empty: none could be found.
+    // folder holds the lock and the socket of the first copy; only its user may enter it. Empty: no
+    // such folder was found.
     explicit DBCSingleInstance(const QString& folder = meetingFolder());
 
-    // Waits some seconds for a first copy that starts, ends or is busy. activationToken: what the
-    // desktop gave to this start, for the first copy.
+    // Waits some seconds for a first copy that is just starting, ending or busy. activationToken is
+    // the desktop's permission to take the focus; a second copy hands it to the first one.
     Role claim(const QByteArray& activationToken);
 
     // The user's runtime folder.
     static QString meetingFolder();
 
 Q_SIGNALS:
-    // A second copy has been started.
+    // Emitted in the first copy when a second one has been started.
     void raiseRequested(const QByteArray& activationToken);
 
 private:

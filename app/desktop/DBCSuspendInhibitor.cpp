@@ -11,8 +11,8 @@
 
 namespace {
 
-// What keeps a computer awake differs between desktops; each answers with a number that takes the
-// wish back.
+// Desktops have different services for keeping the computer awake. Each service answers a request
+// with a number that is needed to take the request back.
 struct Service {
     const char* name;
     const char* path;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Asks the desktop to keep the computer awake, where it offers that; elsewhere nothing happens. The
-// window never waits for the desktop's answer.
+// Asks the desktop to keep the computer awake. Nothing happens on a desktop without such a service.
+// The window never waits for the desktop's answer.
 #pragma once
 
 #include <QObject>
@@ -11,12 +11,12 @@ class DBCSuspendInhibitor : public QObject {
 public:
     ~DBCSuspendInhibitor() override { release(); }
 
-    // reason: shown by the desktop.
+    // The desktop may show the reason to the user.
     void hold(const QString& reason);
     void release();
 
 private:
     quint64 _holding = 0; // number of the current hold; 0: none
     quint64 _holds = 0;
-    QList<std::function<void()>> _releases; // of what the desktop has granted
+    QList<std::function<void()>> _releases; // one for each service that has granted the request
 };

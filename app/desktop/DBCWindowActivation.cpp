@@ -19,7 +19,7 @@ template <typename Reply> auto owned(Reply* reply)
     return std::unique_ptr<Reply, decltype(&std::free)>(reply, &std::free);
 }
 
-// What a window of ours tells the programs that look after the desktop.
+// Sends messages from one of our windows to the window manager and to the desktop.
 class DesktopTalk {
 public:
     DesktopTalk(xcb_connection_t* connection, xcb_window_t window)
@@ -63,8 +63,8 @@ void DesktopTalk::send(const xcb_client_message_event_t& message, uint32_t recei
     xcb_send_event(_connection, 0, _root, receivers, reinterpret_cast<const char*>(&message));
 }
 
-// What QWidget::activateWindow() sends counts as the program's own wish, which window managers
-// refuse to a program that was not used last.
+// QWidget::activateWindow() sends a request in the name of the program. Window managers refuse it
+// unless the program was the last one used, so this request is sent in the name of the user.
 void DesktopTalk::activateForUser() const
 {
     constexpr uint32_t askedByUser = 2;
@@ -74,8 +74,8 @@ void DesktopTalk::activateForUser() const
     send(request, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT);
 }
 
-// The pointer shows that a program starts until a window of that start appears, which never does
-// when the window was there before. The text goes in pieces, with the zero at its end.
+// The desktop shows a busy pointer until the started program opens a window. A second start opens
+// none, so this message ends the busy pointer. The text is sent in pieces and ends with a zero.
 void DesktopTalk::endStartFeedback(const QByteArray& startId) const
 {
     const QByteArray text = "remove: ID=" + startId + '\0';
@@ -110,7 +110,7 @@ void bringToFront(QWidget& window, const QByteArray& activationToken)
             talk.endStartFeedback(activationToken);
         return;
     }
-    // Where the toolkit looks for the leave.
+    // The toolkit takes the token from this variable.
     if (!activationToken.isEmpty())
         qputenv(activationTokenVariable, activationToken);
     window.activateWindow();

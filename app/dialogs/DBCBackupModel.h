@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The backups of a card database as the rows of a table.
+// A table model with the backups of a card database, one per row.
 #pragma once
 
 #include "carddb/DBCPackageBackups.h"
@@ -11,7 +11,8 @@ class DBCBackupModel : public QAbstractTableModel {
 public:
     enum Column : quint8 { Made, Cards, Size, Name };
     static constexpr int columns = 4;
-    static constexpr int sortRole = Qt::UserRole; // dates, counts and sizes as what they are
+    static constexpr int sortRole
+        = Qt::UserRole; // dates, counts and sizes as values instead of texts
 
     using QAbstractTableModel::QAbstractTableModel;
 

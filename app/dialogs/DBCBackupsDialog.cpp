@@ -5,7 +5,7 @@
 #include "app/dialogs/DBCLocalizedWidgets.h"
 #include "app/dialogs/DBCTableColumns.h"
 #include "datafile/helpers/DBCLocalizable.h"
-#include "operation/DBCChosenBackup.h"
+#include "operation/DBCConfirmedBackupChange.h"
 #include "ui_DBCBackupsView.h"
 
 #include <QScopedValueRollback>
@@ -116,7 +116,7 @@ void DBCBackupsDialog::showList(const QString& package, const DBCBackupList& lis
     (list.backups.empty() ? static_cast<QWidget*>(_ui->summary) : _ui->table)->setFocus();
 }
 
-// The first one where there is none of that name.
+// Selects the backup of this name, or the first one if there is none.
 void DBCBackupsDialog::select(const QString& name)
 {
     const QModelIndex first = _sorted->index(0, DBCBackupModel::Name);
@@ -147,12 +147,12 @@ void DBCBackupsDialog::start(Change change)
     });
 }
 
-// On the pool's thread.
+// Runs on the thread of the pool.
 Result DBCBackupsDialog::carryOut(Change change, const QString& package, const QString& name)
 {
     if (change == Change::Delete)
-        return deleteChosenBackup(package, name);
-    return restoreChosenBackup(package, name, [this](const DBCEvent& event) {
+        return deleteBackupIfConfirmed(package, name);
+    return restoreBackupIfConfirmed(package, name, [this](const DBCEvent& event) {
         QMetaObject::invokeMethod(this, [this, stage = event.name] { showStage(stage); });
     });
 }
@@ -196,7 +196,7 @@ void DBCBackupsDialog::showOutcome(Change change, const QString& name, const Res
     }
 }
 
-// Why a backup cannot be restored; nothing is wrong with the others.
+// Shows why the selected backup cannot be restored, if it is damaged.
 void DBCBackupsDialog::showSelected()
 {
     if (_isListing)

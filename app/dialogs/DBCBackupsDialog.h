@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Lists the backups of a card database, and restores or deletes a chosen one.
+// The dialog that lists the backups of a card database and restores or deletes a chosen one.
 #pragma once
 
 #include "carddb/DBCBackupChange.h"
@@ -25,21 +25,23 @@ public:
     ~DBCBackupsDialog() override;
 
     // Shows the dialog over its parent, which cannot be used meanwhile, and looks for the backups
-    // on a thread of its own.
+    // on a separate thread. Returns at once.
     void showBackupsOf(const QString& package);
 
+    // Fills the table; called when the backups have been found.
     void showList(const QString& package, const DBCBackupList& list);
 
-    // While a backup is restored or deleted the dialog cannot be closed.
+    // Whether a backup is being restored or deleted; the dialog cannot be closed meanwhile.
     bool isChanging() const { return _isChanging; }
-    // Needs no event loop. Questions have to be answered, by whomever.
+    // Waits until a running change has ended. It needs no event loop, but somebody must answer the
+    // questions of the change.
     void waitUntilChanged();
 
     void done(int result) override;
 
 Q_SIGNALS:
     void changeWillBegin();
-    // isRestored: the package is another one now.
+    // isRestored: the package has been replaced by a backup.
     void changeDidEnd(bool isRestored);
 
 private:
@@ -65,7 +67,7 @@ private:
     QString _package;
     bool _isChanging = false;
     bool _isListing = false;
-    bool _isOutcomeShown = false; // of a change; until the user selects another backup
-    quint64 _look = 0; // number of the newest look; what older ones found is stale
-    QThreadPool _pool; // last, so that its end waits for what still runs
+    bool _isOutcomeShown = false; // result of a change, until the user selects another backup
+    quint64 _look = 0; // number of the newest listing; results of older ones are dropped
+    QThreadPool _pool; // the last member: its destructor waits for a running task
 };

@@ -23,8 +23,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Looking = DBCFolderInspector::Looking;
-
 constexpr int millisecondsBetweenSteps = 50;
 constexpr QSize usualSize {780, 480}; // device-independent pixels
 constexpr int linesOfSummary = 2;
@@ -36,14 +34,14 @@ int heightOfLines(const QWidget& widget, int lines)
     return widget.fontMetrics().lineSpacing() * lines;
 }
 
-// Where people keep their own files.
+// The user's documents folder, or the home folder if there is none.
 QString placeToSave()
 {
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     return QFileInfo(documents).isDir() ? documents : QDir::homePath();
 }
 
-// What spreadsheets know UTF-8 by.
+// Adds the byte order mark by which spreadsheet programs recognise UTF-8.
 QByteArray markedUtf8(const QString& text)
 {
     return QByteArrayLiteral("\xEF\xBB\xBF") + text.toUtf8();
@@ -146,7 +144,8 @@ void DBCCheckDialog::giveUp()
     _isStopWanted.reset();
 }
 
-// Lines go by faster than eyes and screens follow.
+// Shows the progress at most once per millisecondsBetweenSteps, because lines are checked faster
+// than the screen can be repainted.
 DBCFolderInspector::Progress DBCCheckDialog::progressFor(const StopFlag& isStopWanted)
 {
     return [this, isStopWanted, shown = QElapsedTimer()](qint64 finished, qint64 max) mutable {
@@ -158,7 +157,7 @@ DBCFolderInspector::Progress DBCCheckDialog::progressFor(const StopFlag& isStopW
                     showProgress(finished, max);
             });
         }
-        return *isStopWanted ? Looking::Stop : Looking::GoOn;
+        return *isStopWanted ? DBCLoopControl::Stop : DBCLoopControl::Continue;
     };
 }
 
@@ -231,7 +230,7 @@ void DBCCheckDialog::stopOrCheckAgain()
         start();
         return;
     }
-    // What has been found so far comes as soon as the check has heard of it.
+    // The check notices the flag at its next step and then shows the problems found so far.
     *_isStopWanted = true;
     _ui->againBtn->setEnabled(false);
 }
@@ -277,7 +276,7 @@ void DBCCheckDialog::save(const QString& path)
 {
     const QByteArray bytes = markedUtf8(DBCProblemModel::tabSeparated(*_sorted));
     QSaveFile file(path);
-    // A full disk is told of when the bytes leave the buffer, and not before.
+    // A full disk is reported only when the buffer is flushed.
     const bool isSaved = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()
         && file.flush() && file.commit();
     if (isSaved)

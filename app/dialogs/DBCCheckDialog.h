@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Checks an interchange folder, and shows what is wrong with it: to be sorted, copied and saved.
+// The dialog that checks an interchange folder and lists its problems, which the user can sort,
+// copy and save.
 #pragma once
 
 #include "operation/DBCFolderInspector.h"
@@ -23,12 +24,12 @@ public:
     explicit DBCCheckDialog(QWidget* parent);
     ~DBCCheckDialog() override;
 
-    // Shows the dialog and checks the folder on a thread of its own. A check that still runs is
-    // given up, here and when the dialog is closed.
+    // Shows the dialog and checks the folder on a separate thread. Returns at once. A check that is
+    // still running is abandoned; closing the dialog does the same.
     void check(const QString& folder);
     bool isChecking() const { return _isStopWanted != nullptr; }
 
-    // The result of a check.
+    // Shows the result of a check; called when the check has ended.
     void showReport(const QString& folder, const DBCFolderReport& report);
 
     void done(int result) override;
@@ -57,6 +58,6 @@ private:
     DBCProblemModel* _problems; // owned by the dialog
     QSortFilterProxyModel* _sorted; // owned by the dialog
     QString _folder;
-    StopFlag _isStopWanted; // of the check that runs; null: none does
-    QThreadPool _pool; // last, so that its end waits for what was given up
+    StopFlag _isStopWanted; // of the running check; null: none is running
+    QThreadPool _pool; // the last member: its destructor waits for abandoned checks
 };

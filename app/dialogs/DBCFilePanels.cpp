@@ -10,7 +10,7 @@
 
 namespace {
 
-// Packages look like documents.
+// Shows packages with the icon of a document.
 class PackageIcons : public QFileIconProvider {
 public:
     QIcon icon(const QFileInfo& info) const override
@@ -65,7 +65,8 @@ void DBCPackagePanel::accept()
         setDirectory(path);
 }
 
-// A double click enters a folder before anybody is asked; for a package it means to pick it.
+// The toolkit has already entered the folder after a double click. For a package the panel goes
+// back and chooses it.
 void DBCPackagePanel::stayOutsidePackages(const QString& entered)
 {
     if (!DBCPaths::isPackage(entered))

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The two panels that choose a path. They are the toolkit's own and not the desktop's: no desktop's
-// panel can show a folder as one thing, or leave out the button that makes folders.
+// The two panels in which the user chooses a path. They are the toolkit's panels, because a
+// desktop's panel cannot show a package folder as one item or hide the button that creates folders.
 #pragma once
 
 #include <QFileDialog>
 
-// One folder. Anything else on the disk stays as it is unless new folders are allowed.
+// Chooses one folder. The panel changes nothing on the disk unless new folders are allowed.
 class DBCFolderPanel : public QFileDialog {
     Q_OBJECT
 public:
@@ -14,12 +14,12 @@ public:
         QWidget* parent, const QString& title, const QString& folder, NewFolders newFolders);
 };
 
-// One card database: a folder named "*.vmdb" can be picked but not entered, any other folder can be
-// entered but not picked.
+// Chooses one card database: a folder named "*.vmdb" can be chosen but not entered, and any other
+// folder can be entered but not chosen.
 class DBCPackagePanel : public QFileDialog {
     Q_OBJECT
 public:
-    // start: a package, which is preselected in its parent folder, or a folder.
+    // start is a package, which is preselected in its parent folder, or a folder to begin in.
     DBCPackagePanel(QWidget* parent, const QString& title, const QString& start);
 
     void accept() override;

@@ -109,7 +109,7 @@ void DBCLogViewer::makeKeys()
     });
 }
 
-// The height of the lines, and so where the end is, is known only now.
+// Scrolls to the end here, because the height of the lines is not known before the dialog is shown.
 void DBCLogViewer::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
@@ -121,7 +121,8 @@ void DBCLogViewer::showEvent(QShowEvent* event)
 
 bool DBCLogViewer::readOn()
 {
-    // Opened anew each time: the file may have been replaced. Not a pipe, which would wait.
+    // The file is opened anew each time, because it may have been replaced. Only a regular file is
+    // opened, because opening a pipe would block.
     QFile file(_path);
     if (!QFileInfo(_path).isFile() || !file.open(QIODevice::ReadOnly))
         return false;
@@ -132,7 +133,8 @@ bool DBCLogViewer::readOn()
     if (!file.seek(_position))
         return false;
     if (isOther && _position > 0)
-        _position += file.readLine().size(); // the rest of a line that is cut
+        _position
+            += file.readLine().size(); // skips the rest of a line whose beginning is not shown
     const QByteArray bytes = file.readAll();
     _position += bytes.size();
     append(bytes);
@@ -153,7 +155,7 @@ void DBCLogViewer::append(const QByteArray& bytes)
         return;
     QScrollBar& bar = *_text->verticalScrollBar();
     const bool isAtEnd = bar.value() == bar.maximum();
-    // A selection up to the end would grow with the text.
+    // A selection that reaches the end would otherwise grow with the appended text.
     QTextCursor selection = _text->textCursor();
     const int anchor = selection.anchor();
     const int position = selection.position();
@@ -169,7 +171,7 @@ void DBCLogViewer::append(const QByteArray& bytes)
         bar.setValue(bar.maximum());
 }
 
-// Goes on at the top behind the last place.
+// Continues at the top after the last match.
 void DBCLogViewer::findNext()
 {
     const QString wanted = _wanted->text();

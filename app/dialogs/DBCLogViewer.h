@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Shows the log: in the desktop's program for text files, and where there is none in a viewer of
-// our own.
+// Shows the log in the desktop's program for text files, or in a simple viewer if the desktop has
+// no such program.
 #pragma once
 
 #include <QDialog>
@@ -13,14 +13,15 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 
-// path: an existing file. Returns at once; onFailure is called when neither could show it.
+// path has to name an existing file. Returns at once. onFailure is called later if neither the
+// desktop nor the viewer could show the file.
 void showLogFile(const QString& path, QWidget* parent, const std::function<void()>& onFailure);
 
 class DBCLogViewer : public QDialog {
     Q_OBJECT
 public:
-    // The end of the file, at most tailLength bytes of it, and what is written to it later. A file
-    // that is emptied or replaced is shown anew.
+    // Shows the last tailLength bytes of the file and whatever is appended later. If the file is
+    // emptied or replaced, the viewer starts again with the new contents.
     DBCLogViewer(const QString& path, QWidget* parent);
 
     // Whether the file could be read when the viewer was made.
@@ -44,7 +45,7 @@ private:
     QStringDecoder _decoder;
     bool _isReadable = false;
     QTimer _readTimer;
-    QLabel* _notice; // owned by the dialog, as the following
+    QLabel* _notice; // owned by the dialog, like the following
     QPlainTextEdit* _text;
     QLineEdit* _wanted;
     QLabel* _findResult;

@@ -25,7 +25,7 @@ DBCMessageArea::DBCMessageArea(QWidget* parent)
     setTextFormat(Qt::RichText);
     setWordWrap(true);
     setAlignment(Qt::AlignLeading | Qt::AlignTop);
-    // Texts that report something can be copied, and a screen reader gets there by the Tab key.
+    // The user can copy the text, and a screen reader reaches it with the Tab key.
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setFocusPolicy(Qt::NoFocus);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The result text of an operation. What needs attention stands first and in red, readable on a
-// light and on a dark window; a screen reader gets all of it as one plain text.
+// Shows the result text of an operation. The part that needs attention comes first and in a red
+// that is readable on light and dark windows. A screen reader gets everything as one plain text.
 #pragma once
 
 #include <QLabel>
@@ -12,13 +12,13 @@ public:
 
     void clearTexts();
     void showTexts(const QString& text);
-    // attention comes before text on lines of its own.
+    // Shows attention in red, and text below it.
     void showAttention(const QString& attention, const QString& text = {});
-    // Goes on where the text without the attention ends.
+    // Appends to the part that is not red.
     void appendText(const QString& text) { showAttention(_attention, _text + text); }
     bool hasText() const { return !_text.isEmpty(); }
 
-    // Red with a contrast of at least 4.5 to 1 against the palette's window colour.
+    // A red with a contrast of at least 4.5 to 1 against the window colour of the palette.
     static QColor attentionColor(const QPalette& palette);
 
 protected:

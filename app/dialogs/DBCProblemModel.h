@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The problems of an interchange folder as the rows of a table.
+// A table model with the problems of an interchange folder, one per row.
 #pragma once
 
 #include "operation/base/DBCProblem.h"
@@ -11,14 +11,15 @@ class DBCProblemModel : public QAbstractTableModel {
 public:
     enum Column : quint8 { Line, File, Problem };
     static constexpr int columns = 3;
-    static constexpr int sortRole = Qt::UserRole; // lines as numbers; those without one come first
-    // Texts with all of their paths, where those on the screen are short of the folder's; numbers
-    // as digits alone.
+    static constexpr int sortRole
+        = Qt::UserRole; // line numbers as numbers; problems without one come first
+    // Texts with complete paths (the displayed texts leave out the path of the folder) and numbers
+    // as plain digits.
     static constexpr int wholeRole = Qt::UserRole + 1;
 
     using QAbstractTableModel::QAbstractTableModel;
 
-    // folder: in which the problems are.
+    // folder is the interchange folder that was checked.
     void setProblems(const QString& folder, const std::vector<DBCProblem>& problems);
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -26,14 +27,14 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-    // Rows of this model, or of one that sorts it, as a spreadsheet takes them: tabs between the
-    // columns, a line feed behind each row.
+    // The given rows of this model, or of a model that sorts it, in the form in which a spreadsheet
+    // program pastes them: tabs between the columns and a line feed after each row.
     static QString tabSeparated(const QAbstractItemModel& model, const QList<int>& rows);
-    // All rows, with the headings above them.
+    // The headings and all rows in the same form.
     static QString tabSeparated(const QAbstractItemModel& model);
 
 private:
-    // Sorting asks for each cell many times over.
+    // The texts are kept, because sorting asks for each cell many times.
     struct Row {
         std::optional<qint64> lineNo;
         QString file;

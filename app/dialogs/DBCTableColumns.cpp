@@ -15,7 +15,8 @@ constexpr int airBetweenColumns = 16; // device-independent pixels
 void fitColumns(QTableView& table)
 {
     QHeaderView& header = *table.horizontalHeader();
-    header.setResizeContentsPrecision(0); // rows off the screen may be many
+    header.setResizeContentsPrecision(
+        0); // only visible rows count, because there may be many others
     table.resizeColumnsToContents();
     for (int column = 0; column + 1 < header.count(); ++column)
         table.setColumnWidth(column, table.columnWidth(column) + airBetweenColumns);

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the columns of tables have in common: their headings and their widths.
+// Headings and column widths that all tables have in common.
 #pragma once
 
 #include <QVariant>
 
 class QTableView;
 
-// Looks at the headings and at the rows on the screen; the last column stays as it is.
+// Fits the widths to the headings and to the visible rows. The last column keeps its width.
 void fitColumns(QTableView& table);
 
-// What a model answers for a heading whose text has this key; it stands as its column does.
+// The data that a model returns for a heading: the text of the key, aligned like its column.
 QVariant headingOf(const char* titleKey, Qt::Alignment alignment, int role);

@@ -1,22 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// One card of the store in memory: an object of the entity Card with the values of its attributes,
+// which DBCCardAttributes lists.
 #pragma once
 
 #include "datafile/records/DBCRecord.h"
 
 #include <optional>
 
-// One object of the store's entity Card: the values of its attributes (see DBCCardAttributes).
-// An attribute without a value is NULL in a fetched card, and left to the store's default in a new
-// one.
+// An attribute without a value was NULL in the store if the card was fetched. In a new card it gets
+// the default of the store's table, or 0 for a number without one.
 class Card {
 public:
-    Card() = default; // without an identity
+    Card() = default; // has no identity, as fetched cards
     explicit Card(const QString& identityURI)
         : _identityURI(identityURI)
     {
     }
 
-    // Text form of the URI by which the context knows a new card; none for any other.
+    // The text of the URI that identifies a new card in its context; none for a fetched card.
     const std::optional<QString>& identityURI() const { return _identityURI; }
 
     // Null when the attribute has no value; valid until the card changes.

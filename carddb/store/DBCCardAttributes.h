@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The attributes of a stored card: the one table from which the store's columns, its SQL and the
-// exported record derive.
+// The table of a stored card's attributes. The store's columns, the SQL statements and the exported
+// record are derived from it.
 #pragma once
 
 #include "datafile/records/DBCRecord.h"
@@ -9,6 +9,8 @@
 #include <array>
 #include <string>
 
+// How an attribute is stored: a UTF-8 text, a 64-bit integer, or seconds since 2001-01-01 00:00 UTC
+// as a floating-point number.
 enum class DBCAttributeKind : quint8 { Text, Number, Date };
 
 struct DBCCardAttribute {
@@ -16,7 +18,8 @@ struct DBCCardAttribute {
     DBCAttributeKind kind;
 };
 
-// In the order of DBCRecordKey, so that a record is filled front to back.
+// In the order of DBCRecordKey, so that values can be appended to a record in key order. A store
+// needs a column for each of these attributes; further columns are allowed and ignored.
 inline constexpr std::array<DBCCardAttribute, 68> DBCCardAttributes {{
     {DBCRecordKey::face_Image_File, DBCAttributeKind::Text},
     {DBCRecordKey::back_Image_File, DBCAttributeKind::Text},
@@ -93,5 +96,6 @@ static_assert(std::is_sorted(DBCCardAttributes.begin(), DBCCardAttributes.end(),
         return left.key < right.key;
     }));
 
-// "Z" and the key's name in capitals: full_Name_Kana stands in ZFULL_NAME_KANA.
+// The name of the attribute's column: "Z" and the key's name in capitals, such as ZFULL_NAME_KANA
+// for full_Name_Kana.
 std::string cardColumnName(DBCRecordKey key);

@@ -16,7 +16,7 @@ constexpr qint64 microsecondsPerMillisecond = 1000;
 constexpr double microsecondsPerSecond = 1e6;
 constexpr double millisecondsPerSecond = 1e3;
 
-// 2001-01-01 00:00:00 UTC, from which the store counts its seconds.
+// 2001-01-01 00:00:00 UTC in milliseconds since 1970; the store counts seconds from this moment.
 constexpr qint64 referenceDateMs = 978'307'200'000;
 
 qint64 microsecondsSinceEpoch(const QDateTime& date)
@@ -41,11 +41,11 @@ std::optional<DBCValue> fromStoredDate(double seconds)
 
 DBCValue storedText(const SQLite::Column& column)
 {
-    // U+FEFF in front belongs to the text, although elsewhere it would mark the byte order.
+    // A leading U+FEFF is kept as part of the text: in the store it is no byte order mark.
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
     const char* bytes = column.getText();
     QString text = decoder(QByteArrayView(bytes, column.getBytes()));
-    text.squeeze(); // decoding reserves three times what a Japanese text takes
+    text.squeeze(); // decoding reserves three times as much as a Japanese text needs
     return text;
 }
 
@@ -91,7 +91,7 @@ void DBCCardRowBinder::bind(const Card& card)
 
 void DBCCardRowBinder::bindValue(int parameter, DBCRecordKey key, const DBCValue& value)
 {
-    // A null text was set like any other and is stored as "", not as NULL.
+    // A null QString is a value like any other and is stored as "", not as NULL.
     if (const QString* text = std::get_if<QString>(&value))
         _insert.bind(parameter, text->toStdString());
     else if (const qint64* number = std::get_if<qint64>(&value))

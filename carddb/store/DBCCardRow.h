@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A card's values in the store's form and back. Rows hold the attributes in the order of
-// DBCCardAttributes. Everything here throws SQLite::Exception.
+// Converts cards between their form in memory and the rows of the store. Rows hold the attributes
+// in the order of DBCCardAttributes. All functions may throw SQLite::Exception.
 #pragma once
 
 #include "carddb/store/DBCCard.h"
@@ -9,12 +9,13 @@
 
 #include <limits>
 
-// Reads the row that the statement stands on. A date that is no number of seconds, or none a
-// calendar knows, counts as no value.
+// Reads the row that the statement has just returned. A date that is no number, or is more than
+// some 30,000 years away, counts as no value.
 Card readCardRow(SQLite::Statement& row);
 
-// Binds cards to the attributes' parameters of an INSERT, one after the other. An attribute
-// without a value is left unbound.
+// Binds one card after the other to the attribute parameters of an INSERT, the first of which has
+// the number firstParameter. An attribute without a value is left unbound. The statement must
+// outlive the binder.
 class DBCCardRowBinder {
 public:
     DBCCardRowBinder(SQLite::Statement& insert, int firstParameter)
@@ -27,9 +28,9 @@ public:
 
 private:
     void bindValue(int parameter, DBCRecordKey key, const DBCValue& value);
-    // Microseconds since the epoch of the card's accept date. Exports follow these dates, but a
-    // clock stands still within a millisecond and may be set back: each date is moved behind the
-    // one before it.
+    // The card's accept date in microseconds since 1970. Exports are sorted by these dates, but two
+    // cards of one millisecond have the same date, and a clock may be set back. So each date is
+    // made at least one microsecond later than the one before.
     qint64 risingAcceptDate(const QDateTime& date);
 
     SQLite::Statement& _insert;

@@ -26,10 +26,11 @@ namespace {
 // How long an access waits for another process that holds the store before it fails.
 constexpr int busyTimeoutMs = 1000;
 
-// The store's form of a new object's identity; a UUID and a number follow.
+// The beginning of a new object's identity URI; a UUID and a number follow.
 constexpr const char16_t* identityStart = u"x-coredata:///Card/t";
 
-// Room for what an import sets of a card, so that no row grows to twice its size.
+// As many attributes as an import sets. Reserving this much keeps the list of values from growing
+// to twice its size.
 constexpr std::size_t usualAttributeCount = 36;
 
 constexpr int keyParameter = 1;
@@ -73,7 +74,7 @@ void setHighestKey(SQLite::Database& store, qint64 key)
 std::unique_ptr<DBCManagedObjectContext> DBCManagedObjectContext::open(
     const QString& storePath, const DBCManagedObjectModel& model)
 {
-    // SQLite would make a missing store, and wait for ever on a pipe.
+    // Opening a pipe would wait forever.
     if (!QFileInfo(storePath).isFile())
         return nullptr;
     try {
@@ -106,15 +107,16 @@ DBCManagedObjectContext::DBCManagedObjectContext(
 
 DBCManagedObjectContext::~DBCManagedObjectContext() = default;
 
-// A store may come from anywhere: what is written into its schema calls nothing that could do harm.
+// A store may come from an untrusted source, so its schema must not call functions with side
+// effects, and views are switched off.
 void DBCManagedObjectContext::distrustSchema()
 {
     sqlite3_db_config(_store->getHandle(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(_store->getHandle(), SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
 }
 
-// What another program left in a write-ahead log would move into the store's file when the last
-// connection closes. It stays where it is until something is saved here.
+// If another program left a write-ahead log, closing the last connection would move its contents
+// into the store's file. This prevents that until something is saved here.
 void DBCManagedObjectContext::keepForeignLog(const QString& storePath)
 {
     if (QFileInfo(storePath + u"-wal"_s).size() > 0)
@@ -133,8 +135,8 @@ void DBCManagedObjectContext::save()
 {
     if (_insertedCards.empty())
         return;
-    // With less, a power cut right after the commit could bring the journal back, and with it the
-    // store of before.
+    // With a weaker setting, the deletion of the journal may not be on the disk yet after the
+    // commit. A power cut would then bring the journal back, and SQLite would roll the commit back.
     _store->exec("PRAGMA synchronous = EXTRA");
     SQLite::Transaction transaction(*_store, SQLite::TransactionBehavior::IMMEDIATE);
     setHighestKey(*_store, storeInsertedCards(highestKey(*_store)));
@@ -165,8 +167,9 @@ std::string DBCManagedObjectContext::insertStatement() const
     std::vector<std::string> values;
     int parameter = firstAttributeParameter;
     for (std::size_t i = 0; i < DBCCardAttributes.size(); ++i) {
-        // A value that was set is never NULL, so NULL can stand for "not set" and one statement
-        // serves every card: the table's own default then counts, and 0 for numbers without one.
+        // A value that was set is never NULL, so NULL means "not set". That lets one statement
+        // serve every card: for NULL it uses the table's default, and 0 for a number without a
+        // default.
         std::string value("?");
         value += std::to_string(parameter++);
         const auto ownDefault = _description.columnDefaults.find(_model.columns()[i]);

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The open working set on a card store. New cards wait here and reach the store in one transaction
-// when it is saved; a context that is dropped without a save leaves the store's file as it was,
-// byte for byte. One thread at a time.
+// An open card store: reads its cards, and collects new ones that save() writes in one transaction.
 #pragma once
 
 #include "carddb/store/DBCCard.h"
@@ -17,31 +15,43 @@ namespace SQLite {
 class Database;
 }
 
-enum class DBCCardSelection : quint8 { Live, All };
+enum class DBCCardSelection : quint8 {
+    Live, // cards whose deletedFlag is 0
+    All, // deleted cards, too
+};
 
+// A context that is destroyed without save() leaves the store's file unchanged byte for byte, even
+// where another program left a write-ahead log beside it. If the program is killed during save(),
+// the store holds either all of the new cards or none. An access waits up to one second for another
+// process that has locked the store, and then fails. A context belongs to one thread at a time.
 class DBCManagedObjectContext {
 public:
-    // Null when there is no regular file at the path, when it is no store or cannot be read, and
-    // when it does not fit the model, which must outlive the context. Never creates a store.
+    // Opens the store at storePath and logs why when it cannot. Null when the path is no regular
+    // file, when the file is no store or cannot be read, or when a table or column that the model
+    // needs is missing. Never creates a store. The model must outlive the context.
     static std::unique_ptr<DBCManagedObjectContext> open(
         const QString& storePath, const DBCManagedObjectModel& model);
     ~DBCManagedObjectContext();
     DBCManagedObjectContext(const DBCManagedObjectContext&) = delete;
     DBCManagedObjectContext& operator=(const DBCManagedObjectContext&) = delete;
 
-    // A new card with an identity, owned by the context and valid until the next save.
+    // A new card with an identity. The context owns it, and the pointer is valid until the next
+    // save that succeeds.
     Card* insertNewCard();
 
-    // What the identities of this context's new cards begin with, up to their numbers.
+    // The prefix that the identities of all new cards of this context share; a number follows. It
+    // is different for every context.
     QString identityPrefix() const { return _identityPrefix; }
     bool hasInsertedCards() const { return !_insertedCards.empty(); }
 
-    // Stores the cards inserted since the last save; nothing is touched when there are none.
-    // Throws SQLite::Exception with the store as it was and the cards still waiting.
+    // Writes the cards inserted since the last save in one transaction that survives a power cut.
+    // Does not touch the store when there are none. On failure it throws SQLite::Exception; the
+    // store is then unchanged, and the next save() tries the same cards again.
     void save();
 
-    // Hands the cards of the store, not those that wait, to visit in the order of their accept
-    // dates, none first, until it answers false. Throws SQLite::Exception.
+    // Calls visit for each stored card until it returns false. New cards that are not saved yet are
+    // not visited. The order is that of the accept dates; cards without one come first. Throws
+    // SQLite::Exception when the store cannot be read.
     void fetchCards(DBCCardSelection selection, const std::function<bool(const Card& card)>& visit);
 
 private:
@@ -51,13 +61,13 @@ private:
     void distrustSchema();
     void keepForeignLog(const QString& storePath);
     std::string insertStatement() const;
-    // The key of the last card stored.
+    // Returns the key of the last card stored.
     qint64 storeInsertedCards(qint64 lastKey);
 
     std::unique_ptr<SQLite::Database> _store;
     const DBCManagedObjectModel& _model;
     DBCStoreDescription _description;
-    QString _identityPrefix; // of every card inserted through this context
-    quint64 _insertedCount = 0; // since the store was opened
+    QString _identityPrefix;
+    quint64 _insertedCount = 0; // since the store was opened, saved cards included
     std::deque<Card> _insertedCards; // a deque: the pointers handed out stay valid
 };

@@ -12,16 +12,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The framework's own columns of an entity's table.
+// The columns that the object store framework adds to every entity's table.
 constexpr std::array frameworkColumns {"Z_PK", "Z_ENT", "Z_OPT"};
 
-// SQLite takes column names without regard to case.
+// SQLite compares column names without regard to case, so they are compared in capitals.
 std::string upperCase(const std::string& name)
 {
     return QString::fromStdString(name).toUpper().toStdString();
 }
 
-// A view of that name could be computed without end.
+// Only a table counts: a view of that name could take forever to compute.
 bool isTable(SQLite::Database& store, const char* name)
 {
     SQLite::Statement statement(

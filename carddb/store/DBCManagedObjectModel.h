@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a store must hold to be a card store: the entity Card with every attribute that is read.
+// Describes which tables and columns a store needs to be a card store, and compares a store with
+// that.
 #pragma once
 
 #include <QStringList>
@@ -12,12 +13,14 @@ namespace SQLite {
 class Database;
 }
 
-// How one store holds the entity Card.
+// How one store represents the entity Card.
 struct DBCStoreDescription {
-    qint64 entityNumber = 0;
-    // SQL text of the table's own DEFAULT by column; columns without one are not in it.
+    qint64 entityNumber = 0; // the value of Z_ENT in rows of this entity
+    // The SQL text of each column's DEFAULT, by the column's name in capitals. Columns without a
+    // default are not in it.
     std::map<std::string, std::string> columnDefaults;
-    // What the model asks for and the store lacks, as "Card" or "ZCARD.ZMEMO"; empty: it fits.
+    // Tables, entities and columns that the store lacks, such as "Card" or "ZCARD.ZMEMO". Empty
+    // when the store fits the model.
     QStringList missing;
 };
 
@@ -27,10 +30,10 @@ public:
 
     DBCManagedObjectModel();
 
-    // Names of the attributes' columns, in the order of DBCCardAttributes.
+    // The names of the attributes' columns, in the order of DBCCardAttributes.
     const std::vector<std::string>& columns() const { return _columns; }
 
-    // Throws SQLite::Exception when the store cannot be read or is none.
+    // Throws SQLite::Exception when the file cannot be read or is no SQLite store.
     DBCStoreDescription describe(SQLite::Database& store) const;
 
 private:

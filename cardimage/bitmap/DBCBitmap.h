@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A decoded raster image with the facts that the image writers go by.
+// A decoded raster image, together with the facts that the image writers decide by: its colour
+// model and its size in points. It is a value: copies share their pixels until one is changed, and
+// each thread may use its own copies.
 #pragma once
 
 #include <QImage>
@@ -14,29 +16,35 @@ struct DBCBitmap {
         DeviceBlack
     };
 
-    // Twice a card at 2400 dpi. What claims to be larger is refused before memory is taken for it.
+    // The most bytes of pixels that a bitmap may have: twice a card at 2400 dots per inch. An image
+    // that claims to be larger is refused before memory is allocated for it.
     static constexpr qint64 maximumBytes = 256LL * 1024 * 1024;
 
-    // True when an image of this many pixels has at least one and stays within maximumBytes.
+    // True when an image of this size in pixels has at least one pixel and at most maximumBytes
+    // bytes.
     static bool canHold(QSizeF size, int bitsPerPixel);
 
-    // Pixels of any content; std::bad_alloc when there is no memory for them. QImage itself would
-    // be null then, which passes for a picture that cannot be read.
+    // An image with undefined content. Throws std::bad_alloc when memory runs out, where the
+    // constructor of QImage would leave a null image, which the callers take for an unreadable
+    // picture.
     static QImage allocate(QSize size, QImage::Format format);
 
-    // All bits clear: white when the format is Format_Mono, transparent or black otherwise. A null
-    // bitmap when canHold() refuses the size; std::bad_alloc when there is no memory for it.
+    // A bitmap with all bits clear: white for Format_Mono, transparent or black for the other
+    // formats. Returns a null bitmap when canHold() refuses the size; throws std::bad_alloc when
+    // memory runs out.
     static DBCBitmap blank(QSize size, QImage::Format format, ColorModel model);
-    // The point size is the pixel size.
+
+    // A bitmap of these pixels, one point per pixel, which is 72 dots per inch.
     static DBCBitmap of(const QImage& pixels, ColorModel model);
 
-    // True when nothing was decoded.
+    // True when there are no pixels. Functions that return a bitmap return a null one on failure.
     bool isNull() const { return pixels.isNull(); }
     int bitsPerPixel() const { return pixels.depth(); }
 
-    // Format_Mono for one bit (set is black), Grayscale8, RGB888, or a 32-bit format.
+    // Format_Mono for one bit per pixel (a set bit is black), else Grayscale8, RGB888, or a format
+    // of 32 bits.
     QImage pixels;
     ColorModel colorModel = ColorModel::DeviceRGB;
-    // Resolution in dots per inch is pixels x 72 / points.
+    // Points; the resolution in dots per inch is pixels x 72 / points.
     QSizeF pointSize;
 };

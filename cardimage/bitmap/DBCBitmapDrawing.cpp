@@ -30,7 +30,7 @@ Canvas canvasFor(DBCBitmap::ColorModel model)
     return isColor ? Canvas::ColorWithAlpha : Canvas::Gray;
 }
 
-// The painter's y grows downwards: its positive rotations are clockwise.
+// The painter's y axis points down, so its positive rotations are clockwise.
 QTransform transformFor(int angle, QSize size)
 {
     QTransform transform;

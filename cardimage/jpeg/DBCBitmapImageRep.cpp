@@ -7,7 +7,7 @@
 
 namespace {
 
-// Copies packed rows; data beyond the last row is left out.
+// The rows are packed: each begins at a byte of its own. Surplus data is ignored.
 void copyRows(const QByteArray& data, QImage* pixels)
 {
     const qsizetype rowBytes = (pixels->width() + 7) / 8;

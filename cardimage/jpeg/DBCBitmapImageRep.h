@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Makes a bitmap of image data that was taken out of a PDF page.
 #pragma once
 
 #include "cardimage/bitmap/DBCBitmap.h"
@@ -6,7 +7,9 @@
 
 #include <QByteArray>
 
-// The bitmap that AcquireImageFromPDFPage()'s data and descriptor describe, its point size being
-// its pixel size. Null when an argument is null, when a JPEG cannot be decoded, and when the size
-// is none or beyond DBCBitmap::maximumBytes. Rows that a bitmap's data does not reach are white.
+// The bitmap described by the data and descriptor that AcquireImageFromPDFPage() filled, with one
+// point per pixel. A descriptor of depth DBCBitmapDepth is followed by packed rows, a set bit being
+// black; rows missing at the end of the data are white, and surplus data is ignored. For any other
+// depth the data is a JPEG, which states its own size. Returns a null bitmap when an argument is
+// null, the JPEG cannot be decoded, or the size is zero or exceeds DBCBitmap::maximumBytes.
 DBCBitmap createBitmapImageRep(const QByteArray* data, const ImageDescriptor* descriptor);

@@ -17,13 +17,15 @@
 namespace {
 
 constexpr int quality = 90;
-// An honest progressive picture has about ten; a hostile one keeps us for hours.
+// A genuine progressive picture has about ten scans; a forged one can have enough for hours of
+// work.
 constexpr int mostScans = 500;
 constexpr int exifMarker = JPEG_APP0 + 1;
-constexpr unsigned longestMarker = 0xFFFF;
+constexpr unsigned longestMarker = 0xFFFF; // bytes; the length field of a segment has 16 bits
 constexpr QByteArrayView exifIdentifier("Exif\0\0", 6);
 
-// The library reports a fatal error by never returning, so every call of it goes through run().
+// The library requires that its handler for fatal errors does not return. Every call of the library
+// therefore goes through run(), to which the handler jumps back.
 class ErrorTrap {
 public:
     ErrorTrap()
@@ -35,8 +37,8 @@ public:
 
     jpeg_error_mgr* manager() { return &_trap.manager; }
 
-    // False when the step failed; std::bad_alloc for want of memory. It must have no locals with
-    // destructors: they would not run.
+    // Returns false when the step failed, and throws std::bad_alloc when memory ran out. The step
+    // must have no locals with destructors, because the jump skips these.
     template <typename Step> bool run(const Step& step)
     {
         if (setjmp(_trap.target) != 0) {
@@ -50,7 +52,7 @@ public:
 
 private:
     struct Trap {
-        jpeg_error_mgr manager; // first, so that the library's pointer leads to the target too
+        jpeg_error_mgr manager; // must be first: jumpBack() casts its address to that of the Trap
         std::jmp_buf target;
     };
 
@@ -91,7 +93,8 @@ public:
         return {static_cast<int>(_codec.image_width), static_cast<int>(_codec.image_height)};
     }
 
-    // Of several scans all coefficients are kept, which may take as much again as a picture may.
+    // For a picture of several scans the library keeps all coefficients in memory; these may take
+    // as much again as the largest picture.
     bool fitsMemory()
     {
         const int bits = _codec.num_components == 1 ? 8 : 24;
@@ -117,7 +120,7 @@ public:
         return _errors.run([this] { jpeg_start_decompress(&_codec); });
     }
 
-    // Fills the rows from the next one on.
+    // Reads the next rows of the picture into these.
     bool readRows(JSAMPARRAY rows, JDIMENSION count)
     {
         return _errors.run([this, rows, count] {
@@ -190,7 +193,7 @@ public:
 private:
     ErrorTrap _errors;
     jpeg_compress_struct _codec {};
-    unsigned char* _buffer = nullptr; // the library's, from malloc
+    unsigned char* _buffer = nullptr; // allocated by the library with malloc()
     unsigned long _length = 0;
     bool _isOpen = false;
 };
@@ -205,7 +208,7 @@ QByteArray exifOf(const jpeg_decompress_struct& codec)
     return {};
 }
 
-// The library asks for writable rows even where it only reads them.
+// The library requires pointers to writable rows even where it only reads them.
 std::vector<JSAMPROW> rowsOf(const QImage& pixels)
 {
     std::vector<JSAMPROW> rows;
@@ -232,7 +235,7 @@ bool readCmykPixels(Decoder* decoder, QImage* pixels)
             return false;
         uchar* color = pixels->scanLine(y);
         for (size_t i = 0; i < inks.size(); i += 4) {
-            // Each ink lets through what it does not cover, black on top of all.
+            // Each ink absorbs its share of one primary colour, and black absorbs all three.
             const int black = 255 - (inks[i + 3] ^ noInk);
             for (size_t ink = 0; ink < 3; ++ink)
                 *color++ = static_cast<uchar>((255 - (inks[i + ink] ^ noInk)) * black / 255);
@@ -249,7 +252,7 @@ QImage opaque(const QImage& pixels)
     return result;
 }
 
-// As it is when the encoder takes it so.
+// The pixels in a format that the encoder accepts; unchanged if theirs is one.
 QImage encodable(const QImage& pixels)
 {
     switch (pixels.format()) {

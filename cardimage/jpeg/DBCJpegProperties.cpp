@@ -18,14 +18,15 @@ using ExifDataPointer = std::unique_ptr<ExifData, decltype(&exif_data_unref)>;
 ExifDataPointer parseExif(const QByteArray& exif)
 {
     ExifDataPointer data(exif_data_new(), exif_data_unref);
-    // Otherwise the library adds what a picture should have: an orientation and 72 dots per inch.
+    // Without this the library adds tags that the Exif standard requires and the file lacks: an
+    // orientation, and a resolution of 72 dots per inch.
     exif_data_unset_option(data.get(), EXIF_DATA_OPTION_FOLLOW_SPECIFICATION);
     exif_data_load_data(data.get(), reinterpret_cast<const unsigned char*>(exif.constData()),
         static_cast<unsigned>(exif.size()));
     return data;
 }
 
-// The first value of a tag of the picture itself, not of its thumbnail.
+// The first value of a tag that describes the picture itself (IFD 0), not its thumbnail.
 std::optional<double> numberOf(const ExifDataPointer& data, ExifTag tag)
 {
     const ExifEntry* const entry = exif_content_get_entry(data->ifd[EXIF_IFD_0], tag);
@@ -51,14 +52,15 @@ std::optional<double> numberOf(const ExifDataPointer& data, ExifTag tag)
     }
 }
 
-// 0 for what no integer holds.
+// Rounded; 0 when the result does not fit into the integer.
 qint32 toInteger(double number)
 {
     const double rounded = std::round(number);
     return rounded <= std::numeric_limits<qint32>::max() ? static_cast<qint32>(rounded) : 0;
 }
 
-// To the nearest, so that 118 dots per centimetre are the 300 per inch that they came from.
+// Rounded to the nearest: a file of 300 dots per inch that counts in centimetres states 118 of
+// them, which is 299.72 per inch.
 qint32 dotsPerInch(double density, DBCJpegHeader::DensityUnit unit)
 {
     switch (unit) {
@@ -74,6 +76,7 @@ qint32 dotsPerInch(double density, DBCJpegHeader::DensityUnit unit)
 
 DBCJpegHeader::DensityUnit resolutionUnitOf(const ExifDataPointer& data)
 {
+    // Values of the tag ResolutionUnit in Exif; 2 is also meant when the tag is missing.
     constexpr int exifNone = 1;
     constexpr int exifInch = 2;
     constexpr int exifCentimetre = 3;

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How large the page of a card PDF is.
+// The size of the page that a card PDF has for a JPEG picture.
 #pragma once
 
 #include <QSize>
 
 struct DBCJpegProperties;
 
-// Points of the page that shows the picture at its resolution; its pixels where it tells none. A
-// picture whose Exif orientation is sideways has its page so, and is not turned itself.
+// The page size in whole points (1/72 inch, rounded down) that shows the picture at its resolution;
+// one point per pixel when the picture states none. When the Exif orientation turns the picture
+// sideways (5 to 8), width and height are exchanged, although the picture itself stays as stored.
 QSize pagePointSize(const DBCJpegProperties& properties);

@@ -28,7 +28,8 @@ bool isByKnownProducer(QPDF* document)
         || creator.find("Velmora") != std::string::npos;
 }
 
-// The whole rotation, brought back into a turn once and not further.
+// The sum of both rotations, brought nearer to 0 to 359 by adding or subtracting one full turn.
+// Only one, on purpose: a /Rotate of more than a turn is passed on as it is.
 qint32 totalRotation(qint32 contentRotation, QPDFObjectHandle page)
 {
     QPDFObjectHandle ownRotation = page.getKey("/Rotate");
@@ -59,8 +60,9 @@ DBCResultCode acquirePage(const QPDFObjectHandle& page, ImageDescriptor* descrip
     return DBCResultCode::Success;
 }
 
-// Whatever came of the document, want of memory is told before it: the library may have gone on
-// after it to an error of another kind.
+// Runs the work on the document at the path. If memory ran out while the library read it, that is
+// reported instead of the work's result: the library may have gone on and failed for another
+// reason.
 template <typename Work> auto withDocument(const QString& path, Work work)
 {
     const QByteArray bytes = readPdf(path);
@@ -138,7 +140,7 @@ DBCResultCode AcquireCardImageFromPDF(const QString& path, DBCBitmap* outFace,
         } catch (const std::bad_alloc&) {
             throw;
         } catch (const std::exception&) {
-            // A document that cannot be opened or followed has no page either.
+            // A document that cannot be opened or is too damaged has no page: NoImageInPdf.
         }
     }
     if (code != DBCResultCode::Success) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Card PDFs: telling their kinds apart and taking the card images out. Page 1 is the card's face,
-// page 2, when present, its back. Not reentrant: one thread at a time.
+// Tells the kinds of card PDFs apart and takes their images out as they are stored. Page 1 of a
+// card PDF shows the card's face; page 2, where there is one, its back. The functions share
+// g_imagestr (DBCPdfPageImage.h), so only one thread may call them at a time. They throw
+// std::bad_alloc when memory runs out.
 #pragma once
 
 #include "cardimage/bitmap/DBCBitmap.h"
@@ -9,13 +11,25 @@
 
 #include <QString>
 
-// ParameterError for an empty path, else one of the Pdf* classifications. pageCount (may be null)
-// is set for PdfCardImageOnly.
+// Returns the kind of the file at the path:
+//   PdfNotExist       there is no file
+//   PdfNotCard        no PDF, locked by a password, or without "Trevant" or "Velmora" in the
+//                     Creator of its document information (ISO 32000, 14.3.3)
+//   PdfCardWithText   a card PDF with a page that has more than one character of text
+//   PdfCardImageOnly  any other card PDF; pageCount (may be null) is then set. Nothing in this
+//                     program asks for it; it is kept on purpose, as a part of a fixed interface
+// or ParameterError for an empty path.
 DBCResultCode CheckPdfFile(const QString& path, qint32* pageCount);
 
-// Either image output may be null but not both; either info output may be null but not both:
-// ParameterError, as for an empty path. NoImageInPdf when a page that is asked for is missing or
-// shows no image that can be taken out, GeneralFailure when the file cannot be read. On failure
-// both images are null bitmaps. A one-page document leaves outBack as it was.
+// Takes the images of pages 1 and 2 out of the file. The bitmaps belong to the caller and have one
+// point per pixel.
+//   Success         outFace is the face; outBack is the back, or as it was before the call when the
+//                   document has only one page
+//   ParameterError  the path is empty, or both image outputs or both info outputs are null; one of
+//                   each pair may be null
+//   NoImageInPdf    the file is not a PDF that can be opened, or a requested page has no image that
+//                   can be taken out
+//   GeneralFailure  the file could not be read, which says nothing about its content
+// After any code but Success, both images are null bitmaps.
 DBCResultCode AcquireCardImageFromPDF(const QString& path, DBCBitmap* outFace,
     CardImageInfo* outFaceInfo, DBCBitmap* outBack, CardImageInfo* outBackInfo);

@@ -25,11 +25,11 @@ const char* colorSpaceOf(int components)
     }
 }
 
-// Bytes that the library reads where they are, held as long as it needs them.
+// Lets the library read the bytes in place, and keeps them alive as long as it uses them.
 struct HeldBytes {
     explicit HeldBytes(const QByteArray& held)
         : bytes(held)
-        // It asks for writable ones, and writes to none.
+        // The library requires writable bytes but does not write to them.
         , buffer(reinterpret_cast<unsigned char*>(const_cast<char*>(bytes.constData())),
               static_cast<size_t>(bytes.size()))
     {
@@ -55,7 +55,8 @@ Object imageDictionary(const DBCJpegProperties& properties)
     dictionary.replaceKey("/Height", Object::newInteger(properties.pixelHeight));
     dictionary.replaceKey("/BitsPerComponent", Object::newInteger(bitsPerComponent));
     dictionary.replaceKey("/ColorSpace", Object::newName(colorSpaceOf(properties.components)));
-    // Readers take the four inks as they stand in the file, and these stand for their opposites.
+    // PDF readers take the stored values as amounts of ink unless /Decode (ISO 32000, 8.9.5.2) says
+    // that they are inverted.
     if (properties.isInvertedCmyk)
         dictionary.replaceKey("/Decode", Object::parse("[1 0 1 0 1 0 1 0]"));
     return dictionary;
@@ -68,8 +69,8 @@ Object boxOf(QSize pointSize)
         Object::newInteger(pointSize.height())});
 }
 
-// The matrix behind the rendering intent is where a card's rotation is looked for; this one says
-// upright.
+// Readers of card PDFs derive a card's rotation from the first matrix after "/Perceptual"; this one
+// means upright.
 std::string contentsFor(QSize pointSize)
 {
     return "/Perceptual ri\nq\n" + std::to_string(pointSize.width()) + " 0 0 "

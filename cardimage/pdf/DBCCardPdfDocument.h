@@ -1,4 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A card PDF in memory: one page per JPEG, laid out so that AcquireImageFromPDFPage() finds each
+// JPEG again, byte for byte, with rotation 0. One document can be filled, written and cleared for
+// one card after another, because creating the document takes as long as writing it.
+//
+// A page's contents are "/Perceptual ri", then "q", a matrix that scales the image to the page,
+// "Do" and "Q"; the image is the resource /Im1 with the filter /DCTDecode (operators and names of
+// ISO 32000). Exceptions of the PDF library pass through every operation; a document that threw
+// must not be used again. One thread at a time.
 #pragma once
 
 #include <QByteArray>
@@ -12,23 +20,24 @@
 
 struct DBCJpegProperties;
 
-// The document of a card PDF, to be filled and written for one card after the other: making its
-// frame anew would take as long as writing it. The library's exceptions pass.
 class DBCCardPdfDocument {
 public:
-    // By it the main application and CheckPdfFile() know their own.
+    // The Creator in the document information. The main application and CheckPdfFile() recognise
+    // card PDFs by it.
     static constexpr const char* creator = "Trevant Manager #VelmoraConverter";
 
     DBCCardPdfDocument();
 
-    // A page of that many points, filled by the JPEG. The bytes are held, not copied.
+    // Appends a page of pointSize points that is filled by the JPEG. The properties must be those
+    // of the JPEG. The document shares the bytes and keeps them until clear().
     void addPage(const QByteArray& jpeg, const DBCJpegProperties& properties, QSize pointSize);
 
-    // The file is not closed. Also throws when the library has lost a part of the document on the
-    // way, for want of memory: it would write what is left without a word.
+    // Writes the document to the open file, which stays open and may not be flushed yet. Throws
+    // QPDFSystemError when writing fails, and std::runtime_error when the library ran out of memory
+    // and dropped a part of the document: it would otherwise silently write the rest.
     void write(std::FILE* file);
 
-    // No page is left, and no JPEG held.
+    // Removes all pages and releases their JPEGs. The page objects are kept for the next card.
     void clear();
 
 private:
@@ -43,6 +52,6 @@ private:
     Page newPage();
 
     QPDF _document;
-    std::vector<Page> _pages; // as many as a card ever needed
-    std::size_t _pageCount = 0; // of this card
+    std::vector<Page> _pages; // as many as the card with the most pages needed
+    std::size_t _pageCount = 0; // the pages of the present card
 };

@@ -12,7 +12,7 @@
 
 namespace {
 
-// Null until it is needed, and after one that broke.
+// Null until the thread's first writer, and again after a document had to be thrown away.
 std::unique_ptr<DBCCardPdfDocument>& threadDocument()
 {
     static thread_local std::unique_ptr<DBCCardPdfDocument> document;
@@ -26,7 +26,7 @@ DBCCardPdfDocument& usableDocument()
     return *threadDocument();
 }
 
-// What an errno says about a write.
+// The outcome of a write that failed with this errno.
 DBCWriteOutcome writeFailure(int error)
 {
     return error == ENOSPC || error == EDQUOT ? DBCWriteOutcome::DiskFull : DBCWriteOutcome::Failed;
@@ -55,7 +55,7 @@ DBCCardPdfWriter::~DBCCardPdfWriter()
 void DBCCardPdfWriter::addPage(
     const QByteArray& jpeg, const DBCJpegProperties& properties, QSize pointSize)
 {
-    _isBroken = true; // until it is known better
+    _isBroken = true; // remains if the next line throws
     _document.addPage(jpeg, properties, pointSize);
     _isBroken = false;
 }
@@ -70,7 +70,7 @@ DBCWriteOutcome DBCCardPdfWriter::close()
         _isBroken = true;
         return DBCWriteOutcome::Failed;
     }
-    // The library does not ask whether its last bytes reached the disk.
+    // The library does not check whether the last bytes in the file's buffer could be written.
     if (std::fflush(_file.get()) != 0 || std::ferror(_file.get()) != 0)
         return writeFailure(errno);
     return std::fclose(_file.release()) == 0 ? DBCWriteOutcome::Written : writeFailure(errno);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Writes a card PDF, a page for each JPEG, the JPEG bytes as they are. The file exists from the
-// start; the pages reach it with close().
+// Writes one card PDF to a path: create a writer, add a page for each JPEG, close it. The writers
+// of a thread share one DBCCardPdfDocument, so a thread may have only one writer at a time.
 #pragma once
 
 #include <QByteArray>
@@ -13,24 +13,27 @@
 class DBCCardPdfDocument;
 struct DBCJpegProperties;
 
+// DiskFull: the volume or the user's quota is full. Failed: any other reason.
 enum class DBCWriteOutcome : quint8 { Written, DiskFull, Failed };
 
-// One at a time on a thread.
 class DBCCardPdfWriter {
 public:
-    // Creates the file, replacing one that stands there.
+    // Creates the file, or empties one that exists. The pages reach it only with close(). The
+    // writer never removes the file: after a failure the caller does.
     explicit DBCCardPdfWriter(const QString& path);
     ~DBCCardPdfWriter();
     DBCCardPdfWriter(const DBCCardPdfWriter&) = delete;
     DBCCardPdfWriter& operator=(const DBCCardPdfWriter&) = delete;
 
-    // Anything but Written: the file could not be created.
+    // Written when the file could be created. Otherwise nothing else may be called.
     DBCWriteOutcome opened() const { return _opened; }
 
-    // A page of that many points, filled by the JPEG. The library's exceptions pass.
+    // Appends a page of pointSize points, filled by the JPEG, whose bytes are stored as they are.
+    // The properties must be those of the JPEG. Exceptions of the PDF library pass through.
     void addPage(const QByteArray& jpeg, const DBCJpegProperties& properties, QSize pointSize);
 
-    // Unless it is written, the file holds anything. Nothing may follow.
+    // Writes the pages and closes the file. After any outcome but Written the content of the file
+    // is undefined. Nothing may be called after it.
     DBCWriteOutcome close();
 
 private:
@@ -40,6 +43,6 @@ private:
 
     std::unique_ptr<std::FILE, FileCloser> _file;
     DBCWriteOutcome _opened;
-    DBCCardPdfDocument& _document; // the thread's
-    bool _isBroken = false; // the document serves no other card
+    DBCCardPdfDocument& _document; // belongs to the thread
+    bool _isBroken = false; // the document threw and must not be used for another card
 };

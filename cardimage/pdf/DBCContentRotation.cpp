@@ -18,7 +18,7 @@ std::optional<Matrix> firstMatrix(QByteArrayView data)
 {
     const qsizetype intent = data.indexOf(renderingIntent);
     const qsizetype save = data.indexOf('q', intent >= 0 ? intent : startWithoutIntent);
-    // The number begins behind "q" and the one blank that follows it.
+    // The first number begins after "q" and one blank.
     qsizetype begin = save + 2;
     if (save < 0 || begin > data.size())
         return std::nullopt;

@@ -11,5 +11,5 @@ double leadingDecimalNumber(QByteArrayView text)
         text = text.sliced(1);
     double number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);
-    return std::isfinite(number) ? number : 0; // "inf" and "nan" are words, not numbers
+    return std::isfinite(number) ? number : 0; // from_chars() also accepts "inf" and "nan"
 }

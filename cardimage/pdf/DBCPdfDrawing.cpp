@@ -13,10 +13,10 @@ namespace {
 
 constexpr int drawingResolution = 300;
 constexpr double pointsPerInch = 72;
-// A card takes a tenth of a second; a page can be made to take for ever.
+// Processor time. A real card takes a tenth of a second; a page can be forged to take for ever.
 constexpr std::chrono::seconds longestTime {3};
 
-// What is wrong inside a document shows in what comes out of it; the library would print it.
+// Without this the library prints every defect of a document to standard error.
 void silenceLibrary()
 {
     static const bool isSilent = [] {
@@ -51,7 +51,7 @@ QImage drawnOrNull(Poppler::Document* document, const QByteArray& bytes)
     }
 }
 
-// Null for what is no PDF or locked by a password.
+// Null when the bytes are not a PDF or it is locked by a password.
 std::unique_ptr<Poppler::Document> load(const QByteArray& bytes)
 {
     silenceLibrary();
@@ -59,7 +59,7 @@ std::unique_ptr<Poppler::Document> load(const QByteArray& bytes)
     return document && !document->isLocked() ? std::move(document) : nullptr;
 }
 
-// Not the clock on the wall: on a machine that is busy with other things a card takes longer.
+// Processor time rather than wall time, so that a busy machine does not shorten a card's time.
 std::chrono::nanoseconds processorTimeOfThread()
 {
     timespec time {};
@@ -74,8 +74,8 @@ QVariant newDeadline()
     return QVariant::fromValue<qint64>((processorTimeOfThread() + longestTime).count());
 }
 
-// A plain yes would end the innermost of the library's loops only, of which there can be millions;
-// an exception ends them all, and loses what they hold.
+// Returning true would end only the innermost of the library's loops, and there can be millions of
+// them. An exception ends all at once, but the memory that they hold is never released.
 bool endWhenTooLong(const QVariant& deadline)
 {
     if (processorTimeOfThread().count() > deadline.value<qint64>())

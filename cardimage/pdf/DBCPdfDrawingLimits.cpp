@@ -19,9 +19,9 @@
 
 namespace {
 
-// What the library works with for a pixel.
+// Memory that the drawing library takes per pixel of an image, by the image's format.
 constexpr int plainBits = 8;
-constexpr int jpegBits = 48; // all coefficients of a progressive one
+constexpr int jpegBits = 48; // the coefficients of a progressive picture
 constexpr int jpeg2000Bits = 96; // three integers
 
 bool isTooLarge(QSizeF size, int bitsPerPixel)
@@ -51,7 +51,8 @@ bool hasFilter(QPDFObjectHandle dictionary, const char* name)
         [name](QPDFObjectHandle one) { return one.isNameAndEquals(name); });
 }
 
-// Pictures tell their sizes themselves, whatever the dictionary says.
+// The decoder goes by the size in the picture itself, which may differ from the dictionary's. Every
+// start of a scan (SOS, ITU-T T.81) means another pass over all pixels.
 bool isTooLargeJpeg(const QPDFObjectHandle& stream)
 {
     constexpr QByteArrayView scan("\xFF\xDA", 2);
@@ -66,8 +67,9 @@ bool isTooLargeJpeg(const QPDFObjectHandle& stream)
 
 QSizeF jpeg2000Size(const QPDFObjectHandle& stream)
 {
+    // The markers SOC and SIZ of JPEG 2000 (ITU-T T.800), which begin a picture.
     constexpr QByteArrayView start("\xFF\x4F\xFF\x51", 4);
-    constexpr qsizetype widthBehindStart = 8; // the height stands behind it
+    constexpr qsizetype widthBehindStart = 8; // bytes from there to the width; the height follows
     const QByteArray picture
         = jpegStreamData(stream, DBCBitmap::maximumBytes).value_or(QByteArray());
     const qsizetype found = picture.indexOf(start);
@@ -89,7 +91,7 @@ bool isTooLargeImage(QPDFObjectHandle object)
         || (hasFilter(dictionary, "/JPXDecode") && isTooLarge(jpeg2000Size(object), jpeg2000Bits));
 }
 
-// A pattern is drawn tile by tile.
+// The drawing library draws a pattern tile by tile, however many cover the page.
 bool isTooFinePattern(QPDFObjectHandle object, QSizeF pagePoints)
 {
     constexpr double mostTiles = 200'000;
@@ -119,7 +121,7 @@ bool isTooMuchToDraw(const QByteArray& bytes, QSizeF pagePoints)
             });
     } catch (const std::exception& exception) {
         rethrowIfOutOfMemory(exception);
-        // The other library may see more in a damaged document, and more than it can draw.
+        // The drawing library may repair this document and find in it what could not be seen here.
         return true;
     }
 }

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Recognises pages that would take the drawing library minutes or gigabytes, before it draws them.
 #pragma once
 
 #include <QByteArray>
 #include <QSizeF>
 
-// True when the first page, of that many points, of the document in the bytes holds what the
-// drawing library would take minutes or gigabytes for, in steps in which it asks nobody: an image
-// or a pattern that no card has. True also for a document that cannot be looked through before.
+// True when the first page of the document in these bytes, whose size is pagePoints points, uses an
+// image or a tiling pattern too large for any card. The drawing library handles these in single
+// steps that cannot be interrupted. Also true when the document is too damaged to be examined.
 bool isTooMuchToDraw(const QByteArray& bytes, QSizeF pagePoints);

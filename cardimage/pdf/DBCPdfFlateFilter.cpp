@@ -15,7 +15,7 @@
 
 namespace {
 
-// Hands on what it is given, and throws when that is too much.
+// Passes data on to the receiver, and throws once it has passed on DBCBitmap::maximumBytes.
 std::unique_ptr<Pipeline> limiterBefore(Pipeline* receiver)
 {
     return std::make_unique<Pl_Function>("limiter", receiver,

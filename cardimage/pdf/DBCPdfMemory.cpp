@@ -8,8 +8,8 @@
 
 void rethrowIfOutOfMemory(const std::exception& exception)
 {
-    // What std::bad_alloc says of itself, alone or behind what was being done. In front of it
-    // stands a blank, which no name quoted from a document has.
+    // The library's texts end with that of the std::bad_alloc that it caught. A PDF name quoted
+    // from the document could end so too, but contains no blank.
     const std::string_view text(exception.what());
     if (text == "std::bad_alloc" || text.ends_with(" std::bad_alloc"))
         throw std::bad_alloc();

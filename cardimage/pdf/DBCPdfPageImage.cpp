@@ -21,7 +21,7 @@ std::array<char, 16> g_imagestr {};
 
 namespace {
 
-// The matrix that matters is the first one; no card's contents come near this.
+// Bytes. Only the first matrix matters, and the contents of real cards are far shorter.
 constexpr qint64 longestContents = 16LL * 1024 * 1024;
 constexpr qint64 longestSide = std::numeric_limits<quint16>::max();
 constexpr qint32 fullTurn = 360;
@@ -42,7 +42,8 @@ std::optional<QSizeF> pageSizeOf(QPDFObjectHandle page)
             return std::nullopt;
         sides[i] = *side;
     }
-    // Crosswise, but the same as ever for a box that begins at 0 0; card PDFs have no other.
+    // The wrong origin is subtracted from each side, on purpose: the resolutions must come out as
+    // they always have. It makes no difference for a box that begins at 0 0.
     return QSizeF(sides[2] - sides[1], sides[3] - sides[0]);
 }
 
@@ -53,7 +54,8 @@ qint32 rotationOfContents(QByteArrayView contents)
     return degrees;
 }
 
-// In the order of the keys' bytes, so that an image is preferred to a form.
+// The dictionary is sorted by the bytes of its keys, so that an image ("Im...") comes after a form
+// ("Fm...") and is preferred to it.
 std::string lastImageOrFormName(QPDFObjectHandle objects)
 {
     g_imagestr.fill('\0');
@@ -62,8 +64,8 @@ std::string lastImageOrFormName(QPDFObjectHandle objects)
     return g_imagestr.data();
 }
 
-// The image that the resources name, through forms if need be; adds the rotation that the forms'
-// contents tell. Null when there is none.
+// The image named in the resources, or in those of nested forms, whose rotations are added to
+// rotation. Returns a null object when there is none.
 QPDFObjectHandle findImage(QPDFObjectHandle resources, qint32* rotation)
 {
     std::set<QPDFObjGen> forms;
@@ -75,7 +77,7 @@ QPDFObjectHandle findImage(QPDFObjectHandle resources, qint32* rotation)
         QPDFObjectHandle object = objects.getKey('/' + name);
         if (name.starts_with("Im"))
             return object;
-        // A form that leads back to itself shows no image.
+        // A form that contains itself would be followed for ever.
         if (!name.starts_with("Fm") || !object.isStream()
             || !forms.insert(object.getObjGen()).second)
             break;
@@ -113,13 +115,14 @@ std::optional<quint16> sideOf(QPDFObjectHandle value)
     return static_cast<quint16>(value.getIntValue());
 }
 
-// One byte more than the rows take, which shows that there are more than those.
+// One byte more than the rows need, so that dataSize shows surplus data.
 qint64 longestBitmapData(const ImageDescriptor& descriptor)
 {
     return qint64(descriptor.height) * ((descriptor.width + 7) / 8) + 1;
 }
 
-// 299.9996 is 300, 299.99 is 299. A page without extent gives no resolution: 0.
+// Dots per inch, rounded to three decimals and then truncated: 299.9996 gives 300, 299.99 gives
+// 299. 0 when the page has no extent.
 qint32 resolutionOf(double pixels, double points)
 {
     constexpr double pointsPerInch = 72;
@@ -164,7 +167,7 @@ std::optional<QByteArray> imageData(
         : jpegStreamData(image, DBCBitmap::maximumBytes);
 }
 
-// False when any step finds nothing.
+// False when the page has no image that can be taken out.
 bool acquireImage(
     QPDFObjectHandle page, QByteArray* outData, ImageDescriptor* descriptor, qint32* outRotation)
 {
@@ -217,7 +220,7 @@ DBCResultCode AcquireImageFromPDFPage(
             return DBCResultCode::Success;
     } catch (const std::exception& exception) {
         rethrowIfOutOfMemory(exception);
-        // A document too damaged to be followed holds no image either.
+        // A document that is too damaged has no image: NoImageInPdf.
     }
     return DBCResultCode::NoImageInPdf;
 }

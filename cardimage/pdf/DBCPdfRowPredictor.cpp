@@ -9,10 +9,10 @@
 
 namespace {
 
-// PNG's way to predict a byte, in front of each row.
+// The filter types of PNG (ISO/IEC 15948, 9.2). The type is the first byte of each row.
 enum PngFilter : unsigned char { None, Left, Above, Average, Paeth };
 
-// None for what is no number in the bounds.
+// The parameter, or missing if there is none. None when it is not an integer from 1 to largest.
 std::optional<std::size_t> numberOf(
     QPDFObjectHandle& parameters, const char* key, std::size_t missing, long long largest)
 {
@@ -26,6 +26,7 @@ std::optional<std::size_t> numberOf(
 
 std::optional<DBCPdfRows::Kind> kindOf(std::size_t predictor)
 {
+    // Values of /Predictor (ISO 32000, table 10).
     constexpr std::size_t plain = 1;
     constexpr std::size_t tiff = 2;
     constexpr std::size_t firstPng = 10;
@@ -39,7 +40,7 @@ std::optional<DBCPdfRows::Kind> kindOf(std::size_t predictor)
     return std::nullopt;
 }
 
-// Of left, above and aboveLeft the one nearest to their plane.
+// The Paeth predictor: the neighbour that is nearest to left + above - aboveLeft.
 int paeth(int left, int above, int aboveLeft)
 {
     const int plane = left + above - aboveLeft;
@@ -67,7 +68,8 @@ int prediction(unsigned char filter, int left, int above, int aboveLeft)
     }
 }
 
-// Samples of 1, 2, 4, 8 or 16 bits within a row, most significant bits first.
+// The sample at this index of a row. Samples have 1, 2, 4, 8 or 16 bits, the most significant
+// first.
 unsigned sampleAt(const std::vector<unsigned char>& row, std::size_t index, std::size_t bits)
 {
     if (bits == 16)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Unpacked PDF stream data whose rows were stored as differences: the last step of unpacking.
+// Undoes the predictor of a Flate stream (ISO 32000, 7.4.4.4), which stores the rows of an image as
+// differences from their neighbours. This is the last step of unpacking.
 #pragma once
 
 #include <cstddef>
@@ -10,24 +11,26 @@
 
 class QPDFObjectHandle;
 
-// What a stream's /DecodeParms say about its rows.
+// The row layout given by a stream's /DecodeParms.
 struct DBCPdfRows {
     enum class Kind : unsigned char { Plain, Tiff, Png };
 
-    // Plain for null. None when the parameters are wrong, and when a row would be longer than one
-    // of 65,535 pixels with 32 samples of 16 bits: no image has a longer one.
+    // Reads the parameters; null means plain data. None when they are invalid, or when a row would
+    // have more than 65,535 pixels, 32 samples per pixel or 16 bits per sample: no image exceeds
+    // these, and the memory for a row is allocated as the parameters demand.
     static std::optional<DBCPdfRows> of(QPDFObjectHandle parameters);
 
     std::size_t pixelBits() const { return samples * bits; }
     std::size_t bytes() const { return (columns * pixelBits() + 7) / 8; }
 
     Kind kind = Kind::Plain;
-    std::size_t columns = 1;
-    std::size_t samples = 1; // a pixel
-    std::size_t bits = 8; // a sample
+    std::size_t columns = 1; // pixels per row
+    std::size_t samples = 1; // per pixel
+    std::size_t bits = 8; // per sample
 };
 
-// Adds the differences up. A row that breaks off is handed on as far as it goes.
+// Restores the rows and passes them to the receiver, which must outlive it. A truncated last row is
+// passed on as far as it goes.
 class DBCPdfRowPredictor final : public Pipeline {
 public:
     DBCPdfRowPredictor(const DBCPdfRows& rows, Pipeline* receiver);
@@ -41,7 +44,7 @@ private:
     void addTiffDifferences();
 
     const DBCPdfRows _rows;
-    const std::size_t _front; // bytes in front of a row: PNG's filter
-    std::vector<unsigned char> _row; // as far as it has come
-    std::vector<unsigned char> _rowAbove; // restored; empty for the first row
+    const std::size_t _front; // bytes before each row: 1 for PNG, the number of its filter
+    std::vector<unsigned char> _row; // the part of the present row that has arrived
+    std::vector<unsigned char> _rowAbove; // the previous row, restored; empty before the first row
 };

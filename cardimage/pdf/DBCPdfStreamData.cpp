@@ -15,11 +15,13 @@
 
 namespace {
 
-// decodeLevel qpdf_dl_none gives the bytes as stored.
+// The first limit bytes. decodeLevel says which filters are undone; qpdf_dl_none gives the bytes as
+// stored.
 QByteArray collect(QPDFObjectHandle& stream, qint64 limit, qpdf_stream_decode_level_e decodeLevel)
 {
     QByteArray bytes;
-    // Stops whoever sends more: a few kilobytes of compressed zeros must not fill the memory.
+    // Ends unpacking at the limit, so that a few kilobytes of compressed zeros cannot fill the
+    // memory.
     Pl_Function collector("collector", nullptr, [&](unsigned char const* data, size_t length) {
         const auto room = static_cast<size_t>(limit - bytes.size());
         bytes.append(
@@ -28,17 +30,17 @@ QByteArray collect(QPDFObjectHandle& stream, qint64 limit, qpdf_stream_decode_le
             throw std::length_error("limit reached");
     });
     try {
-        // Warnings are kept: by them alone does want of memory show.
+        // Warnings are kept because only they show that memory ran out (DBCPdfMemory.h).
         constexpr bool suppressWarnings = false;
         stream.pipeStreamData(&collector, nullptr, 0, decodeLevel, suppressWarnings, false);
     } catch (const std::exception& exception) {
         rethrowIfOutOfMemory(exception);
-        // Damaged data or the limit: what has arrived is the result.
+        // The data is damaged or longer than the limit: the result is the bytes received so far.
     }
     return bytes;
 }
 
-// How many filters stand before the JPEG's own; 0 when there is no such filter.
+// The number of filters before /DCTDecode; 0 also when that filter is missing.
 int filtersBeforeJpeg(QPDFObjectHandle& filter)
 {
     for (int i = 0; filter.isArray() && i < filter.getArrayNItems(); ++i) {
@@ -60,7 +62,7 @@ QPDFObjectHandle firstItems(QPDFObjectHandle value, int count)
     return result;
 }
 
-// The library makes room for a row as long as the stream says it is.
+// Checked beforehand because the library allocates a row of whatever length the stream demands.
 bool hasSoundRows(QPDFObjectHandle parameters)
 {
     if (!parameters.isArray())
@@ -91,8 +93,8 @@ std::optional<QByteArray> jpegStreamData(QPDFObjectHandle stream, qint64 limit)
     const int count = filtersBeforeJpeg(filter);
     if (count == 0)
         return stored;
-    // The library undoes all filters of a stream or none, so the first ones get a stream of their
-    // own.
+    // The library undoes either all filters of a stream or none. The filters before /DCTDecode are
+    // therefore undone in a second stream that has only these.
     QPDFObjectHandle front = QPDFObjectHandle::newStream(&stream.getQPDF(), stored.toStdString());
     front.replaceDict(stream.getDict().shallowCopy());
     front.getDict().replaceKey("/Filter", firstItems(filter, count));

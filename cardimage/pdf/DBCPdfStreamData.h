@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The bytes behind a PDF stream, encryption undone, never more of them than asked for. A stream
-// that breaks off in the middle gives what came before.
+// Copies the data of a PDF stream, decrypted, up to a limit in bytes. Data beyond the limit is cut
+// off without an error; damaged data gives the bytes before the damage. Both functions throw
+// std::bad_alloc when memory runs out.
 #pragma once
 
 #include <QByteArray>
@@ -9,9 +10,10 @@
 
 class QPDFObjectHandle;
 
-// At most limit bytes; none when a filter is unknown or would lose something.
+// The data with all filters undone. None when a filter is unknown, is one that would lose something
+// (/DCTDecode), or has parameters that DBCPdfRows refuses.
 std::optional<QByteArray> decodedStreamData(QPDFObjectHandle stream, qint64 limit);
 
-// The JPEG in an image stream, as it is behind the filters that stand before its own, at most limit
-// bytes; none when one of them is unknown. A stream without a JPEG gives its bytes as they are.
+// The JPEG in an image stream: the data with the filters before /DCTDecode undone. None when one of
+// these cannot be undone. A stream without /DCTDecode gives its bytes as stored.
 std::optional<QByteArray> jpegStreamData(QPDFObjectHandle stream, qint64 limit);

@@ -19,7 +19,8 @@ bool mentionsFont(const QPDFObjectHandle& root)
     });
 }
 
-// The words come first, because the whole text cannot be broken off.
+// Looks at the words first, because the library asks for the deadline only while it collects these,
+// not while it collects the whole text.
 bool hasText(const Poppler::Page& page, const QVariant& deadline)
 {
     constexpr int mostInvisibleCharacters = 1;
@@ -36,8 +37,8 @@ bool findsText(QPDF* document, const QString& path)
     int index = -1;
     for (const QPDFObjectHandle& pageObject : document->getAllPages()) {
         ++index;
-        // Opening a document for its text takes longer than everything else that is done to a card
-        // PDF, and a scanned page has no fonts.
+        // A scanned page has no fonts. The document is opened for its text only if it may have
+        // some, because that takes longer than everything else that is done to a card PDF.
         if (!mentionsFont(QPDFPageObjectHelper(pageObject).getAttribute("/Resources", false)))
             continue;
         if (!drawable && AcquireCardImageFromAllPDF(path, &drawable) != DBCResultCode::Success)

@@ -16,7 +16,7 @@ constexpr qint32 oldestSystemVersion = 0x1050;
 bool writeWholeFile(const QString& path, const QByteArray& data)
 {
     QFile file(path);
-    // Unbuffered, because a buffered write reports success until the disk turns out to be full.
+    // Unbuffered, because a buffered write would report a full disk only when the file is closed.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return false;
     bool isWritten = file.write(data) == data.size();
@@ -27,7 +27,7 @@ bool writeWholeFile(const QString& path, const QByteArray& data)
     return isWritten;
 }
 
-// A link that leads nowhere counts, or else writing would create what it names.
+// A link whose target is missing counts as a file: writing through it would create the target.
 bool fileStandsAt(const QFileInfo& info)
 {
     return (info.exists() || info.isSymLink()) && !info.isDir();

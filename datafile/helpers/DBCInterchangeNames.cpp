@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What systems that may receive an export refuse in file names.
+// Other systems, to which an export may be taken, do not allow these characters in file names.
 constexpr QStringView refusedCharacters = u"/:\\*?\"<>|";
 
 } // namespace
@@ -37,6 +37,12 @@ QString imageFolderName()
 QString attachmentFolderName()
 {
     return getLocalString(u"IDS_FOLDER_STRUCT_ATTACHMENT"_s);
+}
+
+QString exportFolder(const QString& parent)
+{
+    return parent.isEmpty() || parent.endsWith(u'/') ? parent + rootFolderName()
+                                                     : parent + u'/' + rootFolderName();
 }
 
 QString dataFile(const QString& folder)

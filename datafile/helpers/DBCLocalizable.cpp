@@ -39,8 +39,8 @@ std::atomic<Language>& currentLanguage()
     return language;
 }
 
-// The catalogues are asked directly and not through qtTrId(): that answers with the key itself for
-// a missing entry, and with nothing but keys as long as there is no application object.
+// Asks the catalogues directly, because qtTrId() returns the key for a missing entry and returns
+// nothing but keys before the application object exists.
 struct Catalogues {
     Catalogues()
     {
@@ -58,7 +58,7 @@ const QTranslator& catalogueOf(Language language)
     return catalogues.translators[static_cast<std::size_t>(language)];
 }
 
-// Nothing to do about a system without Qt's translations: its texts stay English then.
+// If the system has no translations of Qt, Qt's own texts stay English.
 void installTextsOfQt()
 {
     auto* const texts = new QTranslator(QCoreApplication::instance());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The localized strings table "Localizable": every text a person reads is an IDS_* key of it. Qt's
-// own texts (standard dialogs, command line errors) follow the table's language in every program
-// that links this library, as soon as it has an application object.
+// The localized strings table "Localizable": every text that a person reads has an IDS_* key in it.
+// In every program that links this library, Qt's own texts (standard dialogs, command line errors)
+// use the table's language from the moment the application object exists.
 #pragma once
 
 #include <QHash>
@@ -13,7 +13,7 @@
 #include <variant>
 #include <vector>
 
-// Numbers are filled in as %1 (plain digits) or %L1 (grouped as the language does).
+// A number fills %1 with plain digits and %L1 with digits grouped by the rules of the language.
 using DBCMessageArgument = std::variant<QString, qint64>;
 using DBCMessageArguments = std::vector<DBCMessageArgument>;
 
@@ -21,23 +21,26 @@ class DBCLocalizable {
 public:
     enum class Language : quint8 { English, Japanese };
 
-    // The table's language: Japanese where the locale says so, English everywhere else. Chosen on
-    // first use; setLanguage() replaces it for the whole process. Any thread may ask.
+    // The table's language: Japanese in a Japanese locale, otherwise English. It is chosen on first
+    // use; setLanguage() replaces it for the whole process. May be called on any thread.
     static Language language();
     static void setLanguage(Language language);
-    // The first of the user's languages, most wanted first ("ja-JP", "en"), that the table has.
+    // The first language in the list that the table has, English when it has none of them. wanted:
+    // language tags such as "ja-JP" and "en", the preferred one first.
     static Language languageFor(const QStringList& wanted);
     static QLocale locale();
 
     // The text of a key; none when the table has no entry for it.
     static std::optional<QString> text(const QString& key);
 
-    // text with %1 to %9 (and %L1 to %L9) replaced in one pass, so that an argument that itself
-    // holds "%1" stays as it is. A placeholder without an argument stays.
+    // Returns text with %1 to %9 (and %L1 to %L9) replaced by the arguments. This takes one pass,
+    // so an argument that contains "%1" itself stays as it is. A placeholder without an argument
+    // stays.
     static QString fill(const QString& text, const DBCMessageArguments& arguments);
 
-    // Entries that stand in front of the table for as long as the object lives; none: the table has
-    // no such entry. One at a time, made before and destroyed after any other thread asks.
+    // For tests: entries that replace those of the table as long as the object lives; the value
+    // none hides an entry. Only one object may exist at a time, and no other thread may use the
+    // table while it is made or destroyed.
     class Substitute {
     public:
         explicit Substitute(QHash<QString, std::optional<QString>> entries);
@@ -54,8 +57,8 @@ public:
 // The text of a key, or the key itself when the table has no entry.
 QString getLocalString(const QString& key);
 
-// The same, filled with arguments.
+// The text of a key with its placeholders filled.
 QString getLocalString(const QString& key, const DBCMessageArguments& arguments);
 
-// The same for a key in ASCII, as all of them are.
+// The same for a key given as ASCII text.
 QString getLocalString(const char* key, const DBCMessageArguments& arguments = {});

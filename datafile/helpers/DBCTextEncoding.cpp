@@ -11,7 +11,7 @@ constexpr QByteArrayView bigEndianMark("\xFE\xFF");
 constexpr QByteArrayView utf8Mark("\xEF\xBB\xBF");
 constexpr qsizetype bytesPerUnit = sizeof(char16_t);
 
-// What the program's files begin with: Japanese or ASCII text, a tab or a line end.
+// The program's files begin with Japanese or ASCII text, a tab or a line end.
 bool mayBeginAFile(char16_t unit)
 {
     const bool isAscii
@@ -22,16 +22,17 @@ bool mayBeginAFile(char16_t unit)
     return isAscii || isKanaOrIdeograph || isCompatibilityForm;
 }
 
-// The whole units among bytes; convert is one of the library's bulk conversions.
+// Converts bytes to UTF-16 units and leaves out an odd last byte. convert: one of the library's
+// bulk conversions between byte orders.
 QString unitsFrom(QByteArrayView bytes, void (*convert)(const void*, qsizetype, void*))
 {
     QString units(bytes.size() / bytesPerUnit, Qt::Uninitialized);
-    if (!units.isEmpty()) // bytes may be null otherwise
+    if (!units.isEmpty()) // otherwise bytes.data() may be null
         convert(bytes.data(), units.size(), units.data());
     return units;
 }
 
-// Lone surrogates have no encoded form.
+// Lone surrogates cannot be encoded, so each is replaced.
 QString withoutLoneSurrogates(QStringView text)
 {
     QString result = text.toString();
@@ -56,9 +57,9 @@ QByteArray encodeUtf16(QStringView text)
 
 } // namespace
 
-// Japanese text in the wrong order mostly turns into characters of other scripts (U+540D into
-// U+0D54), which none of our files begins with. Where both orders give a possible beginning
-// (U+8868 and U+6888), little-endian stands.
+// Japanese text that is read in the wrong byte order mostly becomes characters of other scripts
+// (U+540D becomes U+0D54), and none of the program's files begins with such a character. If both
+// byte orders give a possible beginning (U+8868 and U+6888), little-endian is chosen.
 DBCTextDecoder::ByteOrder DBCTextDecoder::byteOrderOf(QByteArrayView start)
 {
     if (start.startsWith(bigEndianMark))
@@ -75,7 +76,8 @@ DBCTextDecoder::Result DBCTextDecoder::decode(QByteArrayView piece, QString* tex
     return _encoding == DBCTextEncoding::Utf16 ? decodeUtf16(piece, text) : decodeUtf8(piece, text);
 }
 
-// The library's decoder lets lone surrogates through and drops an odd last byte.
+// Checks for lone surrogates and an odd last byte, because the library's decoder accepts the former
+// and drops the latter.
 DBCTextDecoder::Result DBCTextDecoder::decodeUtf16(QByteArrayView piece, QString* text)
 {
     const ByteOrder order = _byteOrder ? *_byteOrder : byteOrderOf(piece);

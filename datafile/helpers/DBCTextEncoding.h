@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The two encodings of the program's text files, under their old numbers.
+// Decodes and encodes the program's text files. The two encodings have the numbers under which the
+// source platform knows them.
 #pragma once
 
 #include <QByteArray>
@@ -9,17 +10,17 @@
 
 enum class DBCTextEncoding : quint32 {
     Utf8 = 4, // the log
-    Utf16 = 10, // data file and "Version.txt": UTF-16 with byte-order mark
+    Utf16 = 10, // the data file and "Version.txt": UTF-16 with a byte-order mark
 };
 
-// Decodes a file that is read in pieces. A byte-order mark counts at the start of the first piece
-// alone, and the byte order found there holds for all pieces.
+// Decodes a file that is read in pieces. A byte-order mark is recognised only at the start of the
+// first piece, which determines the byte order of all pieces.
 class DBCTextDecoder {
 public:
     enum class Result : quint8 {
         Complete,
-        Incomplete, // the piece ends inside a character: give it again with what follows it
-        Invalid, // no text, whatever follows
+        Incomplete, // the piece ends inside a character: pass it again, joined with the next piece
+        Invalid, // the piece is not valid text, whatever bytes follow
     };
 
     explicit DBCTextDecoder(DBCTextEncoding encoding)
@@ -27,7 +28,7 @@ public:
     {
     }
 
-    // text is set when the result is Complete; otherwise nothing has changed.
+    // Sets text when the result is Complete. Otherwise neither text nor the decoder has changed.
     Result decode(QByteArrayView piece, QString* text);
 
 private:
@@ -41,11 +42,11 @@ private:
     std::optional<ByteOrder> _byteOrder; // none until the first piece is decoded
 };
 
-// The bytes' text without its byte-order mark; none when the bytes are no text in that encoding (an
-// odd last byte or a lone surrogate in UTF-16). UTF-16 without a mark is read as little-endian
-// unless its first two bytes can only be big-endian text.
+// Returns the text of a whole file without its byte-order mark; none when the bytes are not valid
+// in the encoding (in UTF-16: an odd last byte or a lone surrogate). UTF-16 without a mark is read
+// as little-endian unless its first two bytes are possible only as big-endian text.
 std::optional<QString> decodeText(QByteArrayView bytes, DBCTextEncoding encoding);
 
-// Characters that cannot be encoded are replaced, not refused. UTF-16 is little-endian and starts
-// with the mark FF FE, also for the empty text.
+// Returns the bytes of the text. Characters that cannot be encoded are replaced. UTF-16 is
+// little-endian and always starts with the byte-order mark FF FE, even for an empty text.
 QByteArray encodeText(QStringView text, DBCTextEncoding encoding);

@@ -12,8 +12,8 @@
 
 namespace {
 
-// What is read of a "Version.txt": far more than its line takes, little enough for a file of any
-// size that stands under that name.
+// Only the first 64 KiB of a "Version.txt" are read. That is far more than its line needs, and
+// keeps a huge file of that name from filling the memory.
 constexpr qint64 versionFileLimit = 0x10000;
 
 QString firstLine(const QString& text)
@@ -45,7 +45,7 @@ std::optional<DBCVersionInfo> readVersionInfo(const QString& path)
     if (!bytes)
         return {};
     auto text = decodeText(*bytes, DBCTextEncoding::Utf16);
-    // The limit may have cut a pair of surrogates in two.
+    // If the file is longer than the limit, the cut may have divided a surrogate pair.
     if (!text && info.size() > versionFileLimit)
         text = decodeText(bytes->chopped(sizeof(char16_t)), DBCTextEncoding::Utf16);
     if (!text)

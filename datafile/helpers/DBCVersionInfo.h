@@ -10,14 +10,15 @@
 
 #include <optional>
 
-// One entry: the first line under versionInfoKey.
+// Holds one entry: versionInfoKey with the first line of the file.
 using DBCVersionInfo = QHash<QString, QString>;
 
 inline constexpr const char* versionInfoKey = "Product name and version in the Version.txt";
 
-// None when the file cannot be read or is no text.
+// Returns none when the file cannot be read or is not valid text.
 std::optional<DBCVersionInfo> readVersionInfo(const QString& path);
 
-// Success, VersionFileRefusedProduct or VersionFileMismatch. A product code of "TELKA" is refused
-// although exports carry it: an exported folder is not meant to come back.
+// Returns Success, VersionFileRefusedProduct or VersionFileMismatch; a missing value is a mismatch.
+// Exports carry the product code "TELKA", and it is refused on purpose: an exported folder must not
+// be imported again.
 DBCResultCode checkVersionInfo(const std::optional<DBCVersionInfo>& versionInfo);

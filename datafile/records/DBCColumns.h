@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The 21 columns of the interchange data file, in the order in which they are written. A file that
-// is read may have them in any order.
+// The 21 columns of the interchange data file, in the order in which an export writes them. A file
+// to import may have them in any order.
 #pragma once
 
 #include "datafile/records/DBCRecord.h"
@@ -9,9 +9,10 @@
 #include <optional>
 
 struct DBCColumn {
-    const char* titleKey; // its localized text is the column's title
+    const char* titleKey; // key of the column's title in the strings table
     DBCRecordKey key;
-    // Longest value taken without a warning, in UTF-16 units; none: not checked.
+    // Longest value that gives no warning, in UTF-16 units; none: the length is not checked. Which
+    // text is measured for the address and its parts: DBCItemLengths.h.
     std::optional<qsizetype> maxLength;
 };
 
@@ -39,7 +40,7 @@ inline constexpr std::array<DBCColumn, 21> DBCColumns {{
     {"IDS_CSV_TITLE_ENTRY_DATE", DBCRecordKey::register_Date, {}},
 }};
 
-// Place of a column's key in DBCColumns; not for other keys.
+// Index of the column in DBCColumns. key must be one of the columns' keys.
 constexpr int columnIndex(DBCRecordKey key)
 {
     return static_cast<int>(key);

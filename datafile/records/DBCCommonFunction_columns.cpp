@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What DBCCommonFunction knows of the columns.
+// The functions of DBCCommonFunction about columns; its other functions live on a lower floor,
+// which does not know the columns.
 #include "datafile/helpers/DBCCommonFunction.h"
 
 #include "datafile/helpers/DBCLocalizable.h"

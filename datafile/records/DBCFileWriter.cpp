@@ -17,15 +17,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// UTF-16 text comes from the encoder with a byte-order mark in front; open() has written the one
-// that the file begins with.
+// The encoder puts a byte-order mark in front of every text. Only the one that open() writes at the
+// start of the file is kept; writeLine() leaves the others out.
 constexpr qsizetype byteOrderMarkSize = 2;
 
-// Log and data file are the user's own business.
+// New files are private to the user, because they contain the data of business cards.
 constexpr mode_t newFileMode = S_IRWXU;
 
-// The descriptor of the file, made when missing and never truncated; none for anything but a
-// regular file: writing to a pipe would wait for its reader.
+// Opens the file, makes it when it is missing and never shortens it. None when it cannot be opened
+// or is no regular file; writing to a pipe would block until something reads it.
 std::optional<int> openForAppending(const QString& path)
 {
     const QByteArray name = QFile::encodeName(path);
@@ -100,7 +100,7 @@ DBCResultCode DBCFileWriter::open()
     close();
     if (!openHandle())
         return DBCResultCode::DataFileOpenFailure;
-    // The empty text is the byte-order mark alone, or nothing in UTF-8.
+    // Encoding the empty text gives the byte-order mark in UTF-16 and no bytes in UTF-8.
     if (!append(encodeText({}, _encoding))) {
         close();
         return DBCResultCode::DataFileOpenFailure;
@@ -113,7 +113,7 @@ bool DBCFileWriter::openHandle()
     const std::optional<int> descriptor = openForAppending(_fullFileName);
     if (!descriptor)
         return false;
-    // Unbuffered: a full disk must fail the write that meets it, not a later close.
+    // Unbuffered, so that a full disk makes the write fail and not only the later close.
     const QIODevice::OpenMode mode
         = QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered;
     if (_fileHandle.open(*descriptor, mode, QFileDevice::AutoCloseHandle))
@@ -176,7 +176,7 @@ std::optional<QString> DBCFileWriter::createDataStrWith(const DBCRecord& record)
     return line.append(u"\r\n");
 }
 
-// Tabs vanish although the replacement would turn them into spaces: it never meets one.
+// Deletes the tabs before the replacement runs, which would otherwise turn them into spaces.
 QString DBCFileWriter::cleaned(const QString& value)
 {
     static const QStringList deleted {u"\t"_s};

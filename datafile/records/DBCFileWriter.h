@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Appends text to a file: the export's data file, a line a record, and the log.
+// Appends text to a file: records to the data file of an export, one line each, and messages to the
+// log. Not safe to use from several threads at a time.
 #pragma once
 
 #include "datafile/helpers/DBCTextEncoding.h"
@@ -21,25 +22,27 @@ public:
         const QString& fileName, DBCTextEncoding encoding, const QString& lineSeparator);
     ~DBCFileWriter();
 
+    // Nothing in the program calls it; it is kept on purpose as an interface.
     const QHash<DBCRecordKey, QString>& mappingTitleDic() const { return _mappingTitleDic; }
     QString filePath() const { return _fullFileName; }
 
-    // Success; FolderNotExist: no path, or the open file has vanished; DataFileOpenFailure.
+    // Success. FolderNotExist: the path is empty, or the open file has been removed.
+    // DataFileOpenFailure: the file cannot be opened or is no regular file.
     DBCResultCode open();
     DBCResultCode close(); // Success
 
-    // Opens on first use and appends. GeneralFailure: nothing given; DataFileWriteFailure: a record
-    // lacks a column, or the text could not be encoded or written; else the code of open().
-    // A text is written as it is, without a line end of our own.
+    // Appends to the file and opens it on first use. GeneralFailure: the text is none.
+    // DataFileWriteFailure: the record lacks a column, or writing failed. Otherwise the code of
+    // open(). A text is written as it is; no line end is added.
     DBCResultCode write(const std::optional<QString>& text);
     DBCResultCode write(const DBCRecord& record);
 
-    // The record's line with "\r\n" at its end; none when a column is missing. Values are texts; a
-    // registration date may be a date and is written as yyyy/MM/dd in local time. Any other value
-    // gives an empty item.
+    // Returns the record's line, ending in "\r\n"; none when a column is missing. Items are texts.
+    // A registration date may also be a point in time and is written as yyyy/MM/dd in local time. A
+    // value of any other type gives an empty item.
     std::optional<QString> createDataStrWith(const DBCRecord& record) const;
     bool validateItemRequired(const DBCRecord& record) const;
-    // Empty when the list is empty or a text is missing.
+    // Both return an empty text when the list is empty or a text is missing.
     static QString deleteSpecialCharater(
         const QStringList& list, const std::optional<QString>& FromString);
     static QString replaceSpecialChars(const QStringList& list,
@@ -50,13 +53,15 @@ private:
     bool initMappingTitleDic();
     bool openHandle();
     bool append(QByteArrayView bytes);
-    // DataFileWriteFailure for none.
+    // DataFileWriteFailure when line is none.
     DBCResultCode writeLine(const std::optional<QString>& line);
     static QString cleaned(const QString& value);
 
     QString _fullFileName;
     DBCTextEncoding _encoding;
-    QString _lineSeparator; // kept, not used: record lines end in "\r\n", texts come as they are
+    // Not used: lines of records always end in "\r\n", and texts are written as they are. Kept
+    // because the constructor's parameters are an interface.
+    QString _lineSeparator;
     QHash<DBCRecordKey, QString> _mappingTitleDic;
     QFile _fileHandle;
 };

@@ -5,7 +5,7 @@
 
 std::size_t DBCRecord::position(DBCRecordKey key) const
 {
-    // Shifting the keys at and above `key` out of the set leaves the bits that stand before it.
+    // The shift drops the bits of `key` and of all later keys, so the keys before it are counted.
     return (_present << (DBCRecordKeyCount - index(key))).count();
 }
 

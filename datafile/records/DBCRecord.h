@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One card's data on its way between the data file and the card database: a row of values with
-// access by key. The keys are one fixed table, so a row holds its values in key order and a bit per
-// key that says whether it is there; a hash per record costs three times the time and memory.
+// One card's data on its way between the data file and the card database, with access by key. The
+// set of keys is fixed, so a record stores its values in key order and one bit per key that says
+// whether the value is present; a hash per record needs three times the time and memory.
 #pragma once
 
 #include <QDateTime>
@@ -14,8 +14,8 @@
 #include <variant>
 #include <vector>
 
-// The first 21 are the data file's columns in their order; recordNo, lineNo and attachmentFile
-// belong to the transfer alone; all others are attributes of a stored card.
+// The first 21 are the data file's columns in their order. recordNo, lineNo and attachmentFile
+// exist only during a conversion; all others are attributes of a stored card.
 enum class DBCRecordKey : quint8 {
     face_Image_File,
     back_Image_File,
@@ -94,7 +94,7 @@ enum class DBCRecordKey : quint8 {
 
 inline constexpr std::size_t DBCRecordKeyCount = static_cast<std::size_t>(DBCRecordKey::flag2) + 1;
 
-// The keys' names, from which the store's follow, in the order of DBCRecordKey.
+// The names of the keys, in the order of DBCRecordKey. The store's column names derive from them.
 inline constexpr std::array<std::string_view, DBCRecordKeyCount> DBCRecordKeyNames {
     "face_Image_File",
     "back_Image_File",
@@ -180,11 +180,11 @@ public:
     bool isEmpty() const { return _values.empty(); }
     void reserve(std::size_t count) { _values.reserve(count); }
 
-    // Null when the key is absent; valid until the record changes.
+    // Null when the key is absent. The pointer is valid until the record changes.
     const DBCValue* value(DBCRecordKey key) const;
-    // None when the key is absent or its value is no text.
+    // None when the key is absent or its value is not a text.
     std::optional<QString> text(DBCRecordKey key) const;
-    // Empty when the key is absent or its value is no text.
+    // Empty when the key is absent or its value is not a text.
     QString textOrEmpty(DBCRecordKey key) const;
 
     void setValue(DBCRecordKey key, DBCValue value);
@@ -194,7 +194,7 @@ public:
 
 private:
     static constexpr std::size_t index(DBCRecordKey key) { return static_cast<std::size_t>(key); }
-    // Where the key's value stands, or would be inserted, in _values.
+    // Index of the key's value in _values, or the index at which it would be inserted.
     std::size_t position(DBCRecordKey key) const;
 
     std::bitset<DBCRecordKeyCount> _present;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An address split into its parts and put together again.
+// Splits an address into its parts and puts these together again.
 #include "fuzz/FuzzTarget.h"
 #include "text/DBCAddresses.h"
 

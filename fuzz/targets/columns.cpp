@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Texts of any kind on their way into a line of the data file.
+// Formats texts of any kind as a line of the data file.
 #include "datafile/records/DBCColumns.h"
 #include "datafile/records/DBCFileWriter.h"
 #include "fuzz/FuzzTarget.h"
@@ -15,7 +15,7 @@ const DBCFileWriter& writer()
     return *theWriter;
 }
 
-// The line's items; ends the program when it is not one line of 21 items.
+// The items of the line, after a check that it is one line of 21 items.
 QStringList itemsOf(QString line)
 {
     mustHold(line.endsWith(u"\r\n"), "a line ends with its separator");
@@ -58,6 +58,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const auto line = writer().createDataStrWith(recordOf(values));
     mustHold(line.has_value(), "a record with all columns makes a line");
     const auto again = writer().createDataStrWith(recordOf(itemsOf(*line)));
-    mustHold(again == line, "what was cleaned stays as it is");
+    mustHold(again == line, "cleaning a cleaned text changes nothing");
     return 0;
 }

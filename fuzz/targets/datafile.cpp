@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A data file of any bytes, read whole and in chunks, written again and read once more.
+// Reads a data file of any bytes, whole and in chunks, then writes its records and reads them
+// again.
 #include "datafile/DBCFileReader.h"
 #include "datafile/helpers/DBCCommonFunction.h"
 #include "datafile/records/DBCColumns.h"
@@ -26,7 +27,8 @@ FuzzFile& file()
     return theFile;
 }
 
-// At the file's beginning. One serves all, because making its tables takes longer than reading.
+// Positioned at the beginning of the file. All inputs share one reader, because creating its tables
+// takes longer than reading.
 DBCFileReader& freshReader(DBCTextEncoding encoding = DBCTextEncoding::Utf16)
 {
     static const auto reader = DBCFileReader::initWithFullFileName(file().path());
@@ -48,7 +50,7 @@ bool endsReading(const DBCError& error)
     return error && error.code() != DBCResultCode::DataLineFormatError;
 }
 
-// Asks for as many lines as there can be.
+// Asks for more lines than any input has.
 Records readInChunks(DBCFileReader& chunks, quint32 chunkSize, qsizetype lines)
 {
     chunks.setBufferSize(chunkSize);
@@ -103,7 +105,7 @@ bool isBlank(const DBCRecord& record)
 
 void judgeRoundTrip(Records records)
 {
-    std::erase_if(records, isBlank); // these make blank lines
+    std::erase_if(records, isBlank); // they are written as blank lines
     const QString text = written(records);
     file().write(encodeText(text, DBCTextEncoding::Utf16));
     DBCError error;
@@ -117,10 +119,11 @@ void judgeRoundTrip(Records records)
                 "a plain value comes back as it was");
         }
     }
-    mustHold(written(*again) == text, "what was read back is written the same");
+    mustHold(written(*again) == text, "records that were read back are written the same");
 }
 
-// A line and its separator fit into a chunk of this size, wherever it begins.
+// A chunk size in bytes that has room for the longest line and its separator, wherever in the chunk
+// the line begins.
 quint32 chunkSizeFor(const QString& text)
 {
     constexpr qsizetype roomForMark = 4;

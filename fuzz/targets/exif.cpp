@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Exif data of any bytes, in an otherwise ordinary JPEG.
+// Reads Exif data of any bytes in an otherwise ordinary JPEG.
 #include "fuzz/JpegClaims.h"
 
 namespace {
@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 constexpr qsizetype LongestExif = 0xFFFF - 8;
 
-// A header up to the start of a picture of 32 x 48 gray pixels, which nobody decodes.
+// The header of a JPEG of 32 x 48 gray pixels. The picture is missing, because it is not decoded.
 QByteArray jpegWith(QByteArrayView exif)
 {
     const auto length = static_cast<quint16>(exif.size() + 8);
@@ -30,7 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         = jpegWith(QByteArrayView(data, qMin(static_cast<qsizetype>(size), LongestExif)));
     const auto properties = readJpegProperties(jpeg);
     mustHold(properties && properties->pixelWidth == 32 && properties->pixelHeight == 48,
-        "Exif has no say in the size");
+        "Exif data does not change the size");
     judgeProperties(properties);
     return 0;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A JPEG file of any bytes, looked at without decoding its picture.
+// Reads the properties of a JPEG file of any bytes, without decoding its picture.
 #include "fuzz/JpegClaims.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)

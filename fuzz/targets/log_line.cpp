@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A message of any text on its way into the log, alone and as what fills a message's placeholders.
+// Formats any text as a line of the log, alone and as a value for the placeholders of a message.
 #include "datafile/helpers/DBCLocalizable.h"
 #include "fuzz/FuzzTarget.h"
 #include "operation/log/DBCLog.h"
@@ -10,7 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What would end a line, steer a terminal or turn the order of what follows.
+// True for characters that end a line, control a terminal or reverse the order of the text after
+// them.
 bool isUnfit(QChar unit)
 {
     static constexpr QStringView directions
@@ -26,7 +27,7 @@ void judgeLine(const QString& message)
     mustHold(std::none_of(line.begin(), line.end() - 1, isUnfit),
         "a line steers no terminal and ends only at its end");
     if (std::none_of(message.begin(), message.end(), isUnfit))
-        mustHold(line.endsWith(message + u'\n'), "an ordinary message stands as it is");
+        mustHold(line.endsWith(message + u'\n'), "an ordinary message is kept unchanged");
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A file of any bytes, asked whether it is a card PDF and for the card's two images.
+// Classifies a file of any bytes as CheckPdfFile() does, and takes the two images of a card out.
 #include "cardimage/pdf/DBCCardPdf.h"
 #include "fuzz/FuzzTarget.h"
 

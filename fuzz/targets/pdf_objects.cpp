@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The image of a page of any objects: the page's dictionary, which a zero byte ends, and for each
-// of its streams, 3 0 R and on, a dictionary, the length of the data in two bytes, and the data.
+// Takes the image out of a page that consists of any objects. The input is the page's dictionary,
+// ended by a zero byte, followed by its streams, 3 0 R and following: for each a dictionary, the
+// length of the data in two bytes, and the data.
 #include "fuzz/PdfSupport.h"
 
 #include <exception>
@@ -19,7 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         }
         judgePage(streams.parse(page));
     } catch (const std::exception&) {
-        // No objects.
+        // The input does not describe objects.
     }
     return 0;
 }

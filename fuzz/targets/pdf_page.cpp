@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The image on every page of a PDF of any bytes.
+// Takes the image out of each page of a PDF of any bytes.
 #include "fuzz/PdfSupport.h"
 
 #include <exception>
@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         for (const QPDFObjectHandle& page : document.getAllPages())
             judgePage(page);
     } catch (const std::exception&) {
-        // No document.
+        // The library cannot open the document.
     }
     return 0;
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A PDF stream behind one or two filters, unpacked up to a limit. The first bytes choose the
-// filters and the limit; the rest is the stream's data.
+// Unpacks a PDF stream with one or two filters, up to a limit. The first bytes of the input choose
+// the filters and the limit; the rest is the data of the stream.
 #include "cardimage/pdf/DBCPdfStreamData.h"
 #include "fuzz/PdfSupport.h"
 
@@ -53,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         const auto jpeg = jpegStreamData(stream, limit);
         mustHold(!jpeg || jpeg->size() <= limit, "no more of a JPEG is taken than was asked for");
     } catch (const std::exception&) {
-        // Not a stream.
+        // The dictionary is not one that a stream can have.
     }
     return 0;
 }

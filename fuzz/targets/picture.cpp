@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The picture of a JPEG file of any bytes, decoded and encoded again.
+// Decodes the picture of a JPEG file of any bytes and encodes it again.
 #include "cardimage/jpeg/DBCJpegCodec.h"
 #include "fuzz/JpegClaims.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    // Larger ones go the same way, a hundred times slower.
+    // Larger pictures run through the same code, but a hundred times slower.
     constexpr qint64 mostPixels = 0x10000;
     const QByteArray jpeg(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const auto properties = readJpegProperties(jpeg);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A property list of any bytes.
+// Reads a property list of any bytes.
 #include "fuzz/FuzzTarget.h"
 #include "operation/log/DBCPropertyList.h"
 

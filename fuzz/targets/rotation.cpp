@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A content stream of any bytes, asked for the rotation that it tells.
+// Finds the rotation in a content stream of any bytes.
 #include "cardimage/pdf/DBCContentRotation.h"
 #include "fuzz/FuzzTarget.h"
 
@@ -9,7 +9,7 @@
 
 namespace {
 
-// Numbers have a comma in it. LOCALE_FOLDER is where the build has put it.
+// A locale whose decimal separator is a comma. The build puts it into LOCALE_FOLDER.
 locale_t commaLocale()
 {
     ::setenv("LOCPATH", LOCALE_FOLDER, 1);
@@ -38,6 +38,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const locale_t before = ::uselocale(comma);
     const qint32 degreesWithComma = rotationOf(contents);
     ::uselocale(before);
-    mustHold(degreesWithComma == degrees, "the locale has no say in a rotation");
+    mustHold(degreesWithComma == degrees, "a rotation does not depend on the locale");
     return 0;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A card store of any bytes, opened, read, and given a card.
+// Opens a card store of any bytes, reads its cards and adds one.
 #include "carddb/store/DBCCardAttributes.h"
 #include "carddb/store/DBCManagedObjectContext.h"
 #include "fuzz/FuzzTarget.h"
@@ -31,7 +31,7 @@ bool fitsKind(const DBCValue& value, DBCAttributeKind kind)
     return false;
 }
 
-// How many cards there are; none when the store cannot be read to its end.
+// The number of cards; none when the store cannot be read completely.
 std::optional<qint64> fetch(DBCManagedObjectContext* context, DBCCardSelection selection)
 {
     qint64 count = 0;
@@ -51,7 +51,7 @@ std::optional<qint64> fetch(DBCManagedObjectContext* context, DBCCardSelection s
     return count;
 }
 
-// False when the store does not take it.
+// False when the card cannot be saved.
 bool insert(DBCManagedObjectContext* context)
 {
     Card* const card = context->insertNewCard();
@@ -82,7 +82,7 @@ void judgeInsert(const FuzzFile& file, const QByteArray& before, std::optional<q
     context.reset();
     if (!isSaved)
         mustHold(file.read() == before, "a save that fails leaves the store as it was");
-    // A store's own triggers may add and remove what they like.
+    // A store may have triggers, which may add and remove any number of cards.
     else if (count && after && !before.toUpper().contains("TRIGGER"))
         mustHold(*after == *count + 1, "a save adds one card");
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Cards of any texts, numbers and dates, saved into an empty store and fetched again.
+// Saves cards with any texts, numbers and dates into an empty store and fetches them again.
 #include "carddb/DBCPackageCreator.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/store/DBCCardAttributes.h"
@@ -41,14 +41,14 @@ DBCValue valueFrom(FuzzInput* input, DBCAttributeKind kind)
     return input->text();
 }
 
-// Sets the attribute that the input names, and remembers it.
+// Sets the attribute that the input chooses, and remembers the value to compare it later.
 void setOne(FuzzInput* input, Card* card, DBCRecord* expected)
 {
     const auto& attribute
         = DBCCardAttributes[static_cast<size_t>(input->below(int(DBCCardAttributes.size())))];
     const DBCValue value = valueFrom(input, attribute.kind);
     card->setValue(attribute.key, value);
-    // The store keeps UTF-8, which has no lone surrogates; and moves accept dates apart.
+    // The store keeps texts in UTF-8, which has no lone surrogates, and makes accept dates unique.
     const auto* text = std::get_if<QString>(&value);
     if ((!text || text->isValidUtf16()) && attribute.key != DBCRecordKey::accept_Date)
         expected->setValue(attribute.key, value);
@@ -65,7 +65,7 @@ std::vector<DBCRecord> insertCards(FuzzInput* input, DBCManagedObjectContext* co
         expected.emplace_back();
         for (int count = input->below(8); count > 0; --count)
             setOne(input, card, &expected.back());
-        // Cards come back in the order of these.
+        // Cards are fetched in the order of their accept dates.
         card->setValue(DBCRecordKey::accept_Date, QDateTime::fromMSecsSinceEpoch(0));
     }
     return expected;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A "Version.txt" of any bytes.
+// Reads a "Version.txt" of any bytes.
 #include "datafile/helpers/DBCCommonFunction.h"
 #include "datafile/helpers/DBCTextEncoding.h"
 #include "fuzz/FuzzTarget.h"
@@ -25,6 +25,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     file.write(encodeText(QString(line).append(u"\r\nanother"), DBCTextEncoding::Utf16));
     mustHold(DBCCommonFunction::getVersionInfo(file.path()) == info,
         "the line that was written reads back the same");
-    mustHold(checkVersionInfo(info) == code, "one version is judged alike");
+    mustHold(checkVersionInfo(info) == code, "the same version is judged alike");
     return 0;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Half-width katakana widened.
+// Converts half-width katakana to full width.
 #include "datafile/helpers/DBCCommonFunction.h"
 #include "fuzz/FuzzTarget.h"
 #include "text/DBCCharacterWidth.h"

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An error of this program: a result code with the path or data-file line it happened at.
+// An error of this program: a result code, and the path or the line of the data file that it is
+// about.
 //
-// An empty DBCError means "no error" and tests false. Presence is kept apart from the code because
-// CancelledByUser is an error with a positive code. A private step of a sequence returns one; an
-// operation that already has a result takes `DBCError* error` last.
+// A default-constructed DBCError means "no error" and converts to false. Whether there is an error
+// does not depend on the code, because CancelledByUser is an error although its code is positive. A
+// private step of a sequence returns a DBCError. An operation that returns something else takes
+// `DBCError* error` as its last parameter; the caller owns that object, and the operation writes to
+// it only if it fails. A DBCError is a plain value: copies are independent of each other.
 #pragma once
 
 #include "operation/base/DBCResultCode.h"
@@ -14,9 +17,9 @@
 
 class [[nodiscard]] DBCError {
 public:
-    // The domain that all errors of the program share.
+    // All errors of the program have this domain.
     static constexpr const char* domain = "com.velmora.VelmoraConverter.ErrorDomain";
-    // Names under which the details appear in the log and in JSON.
+    // The names of the two details in toString().
     static constexpr const char* pathNameKey = "DBC_USERINFO_KEY_PATH_NAME";
     static constexpr const char* lineNoKey = "DBC_USERINFO_KEY_LINE_NO";
 
@@ -26,29 +29,33 @@ public:
     {
     }
 
-    // An error for a negative code, otherwise none.
+    // An error with that code if the code is negative, otherwise no error.
     static DBCError ifFailure(DBCResultCode code)
     {
         return isFailure(code) ? DBCError(code) : DBCError();
     }
 
+    // True if there is an error.
     explicit operator bool() const { return _code.has_value(); }
 
-    // Success when there is no error.
+    // Success if there is no error.
     DBCResultCode code() const { return _code.value_or(DBCResultCode::Success); }
 
-    // Path the error is about, for a failed backup or restore that of the backup; none when unset.
+    // The path that the error is about, which for a failed backup or restore is the backup's; none
+    // if it was not set. An empty path is not none.
     const std::optional<QString>& pathName() const { return _pathName; }
-    // Line of the data file, 1-based, the title line being 1; none when unset.
+    // The line of the data file that the error is about: 1 is the title line. None if not set.
     const std::optional<qint64>& lineNo() const { return _lineNo; }
-    // For the log only; empty when unset.
+    // A cause in technical words, for the log and never for the user. Empty if not set.
     const QString& localizedDescription() const { return _description; }
 
+    // Each sets one detail and returns this object, so that an error can be built in one
+    // expression.
     DBCError& withPathName(const QString& path);
     DBCError& withLineNo(qint64 line);
     DBCError& withDescription(const QString& description);
 
-    // One line for the log: domain, code and every detail that is set.
+    // One line for the log: the domain, the code, and each detail that is set.
     QString toString() const;
 
 private:

@@ -1,5 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The events by which a running operation tells its window what stage it has reached.
+// The events that a running operation sends to its window or to the command line: one at every
+// stage, and one after every card.
+//
+// The order of an import: DatabaseBackupWillBegin, DatabaseBackupDidFinished, ImportWillBegin,
+// ImportDataLoadDidFinished, one ImportIsRunning after each stored record, ImportDidFinished. After
+// a failure or a cancel in the import proper, DatabaseRestoreWillBegin and
+// DatabaseRestoreDidFinished take the place of the rest. The order of an export: ExportWillBegin,
+// ExportDataFetchDidFinished, one ExportIsRunning after each written card, and ExportDidFinished
+// unless it was cancelled. OperationDidCanceled comes whenever the user has answered the cancel
+// question, and OperationDidFinished is always the last event.
 #pragma once
 
 #include <QLatin1StringView>
@@ -28,7 +37,8 @@ enum class DBCEventName : quint8 {
     OperationDidFinished,
 };
 
-// The events' public names, in the order of DBCEventName.
+// The names under which the events appear outside the program, in the order of DBCEventName.
+// Scripts rely on them, and they never change.
 inline constexpr std::array<const char*, 14> DBCEventNames {
     "DBC_DatabaseBackupWillBeginNotification",
     "DBC_DatabaseBackupDidFinishedNotification",
@@ -46,23 +56,33 @@ inline constexpr std::array<const char*, 14> DBCEventNames {
     "DBC_OperationDidFinishedNotification",
 };
 
-// Public names of the values an event may carry.
+// The names of the values that an event may carry, for the same purpose.
 inline constexpr const char* DBCEventOperationIsOk = "OperationIsOk";
 inline constexpr const char* DBCEventMaxCount = "ProgressInfoMaxCount";
 inline constexpr const char* DBCEventFinishedCount = "ProgressInfoFinishedCount";
 inline constexpr const char* DBCEventConfirmCancelResult = "ConfirmCancelResult";
 
+// One event. A value is none in the events that do not carry it.
 struct DBCEvent {
     DBCEventName name;
-    const DBCConverterController* sender = nullptr; // never null when delivered; not owned
+    // The driver that sent the event; not owned, and never null in an event that a receiver gets.
+    const DBCConverterController* sender = nullptr;
+    // In the three ...DidFinished events of backup, restore and export, and in
+    // OperationDidFinished: whether that part succeeded. A cancelled operation has succeeded.
     std::optional<bool> operationIsOk = {};
-    std::optional<qint64> maxCount = {}; // records read or cards fetched
-    std::optional<qint64> finishedCount = {}; // records or cards completely handled so far
-    std::optional<bool> confirmCancelResult = {}; // true: the operation will stop
-    QString currentCard = {}; // full name on the card whose turn it is; empty: none
-    // With OperationDidFinished: the page about the whole conversion; empty: none could be written.
+    // The counts, in all events of the import proper and of the export from the load or the fetch
+    // on: how many records were read or cards fetched, and how many of them are completely handled.
+    std::optional<qint64> maxCount = {};
+    std::optional<qint64> finishedCount = {};
+    // In OperationDidCanceled: true if the user confirmed the cancel, so that the operation stops.
+    std::optional<bool> confirmCancelResult = {};
+    // In the events with counts: the full name on the next card. Empty if there is no next card or
+    // it has no name.
+    QString currentCard = {};
+    // In OperationDidFinished: the path of the report's page, or empty if no report could be
+    // written, and the number of cards with warnings or errors.
     QString reportPath = {};
-    qint64 concernedCardCount = 0; // cards with warnings or errors
+    qint64 concernedCardCount = 0;
 
     QLatin1StringView publicName() const
     {
@@ -70,9 +90,10 @@ struct DBCEvent {
     }
 };
 
-// Receives the events. It is called on the thread that the object lives in, and the operation
-// thread waits until the call returns: that thread's event loop must run until the operation has
-// ended.
+// The seam through which an operation reports to a user. The call comes on the thread that the
+// receiver lives in (QObject::thread()), one event at a time and in order, and the operation thread
+// waits until it returns. The event loop of the receiver's thread must therefore run until the
+// operation has ended. The event is only valid during the call.
 class DBCEventReceiver : public QObject {
 public:
     virtual void refreshProgress(const DBCEvent& event) = 0;

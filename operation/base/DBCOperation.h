@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What an operation is and what one run of it came to.
+// The types of operation, and the result of one run of an operation.
 #pragma once
 
 #include "operation/base/DBCResultCode.h"
 
 #include <QString>
 
+// The numbers never change.
 enum class OperationType : qint32 {
     None = 0x20000,
     Import = 0x20001, // interchange folder into database package
@@ -13,10 +14,11 @@ enum class OperationType : qint32 {
 };
 
 struct DBCOutcome {
+    // Negative: the run failed. Success also after a cancel.
     DBCResultCode code = DBCResultCode::Success;
-    qint64 maxCount = 0; // cards there were
-    qint64 finishedCount = 0; // cards handled, even if the run undid them later
-    QString backupPath; // empty: no backup was made or it was removed again
-    QString reportPath; // empty: no report could be written
+    qint64 maxCount = 0; // records read or cards fetched; 0 if the run ended before that
+    qint64 finishedCount = 0; // records or cards handled, including those that the run undid later
+    QString backupPath; // empty: no backup was made, or it was removed again
+    QString reportPath; // path of the report's page; empty: no report could be written
     qint64 concernedCardCount = 0; // cards with warnings or errors
 };

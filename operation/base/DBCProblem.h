@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a look at an interchange folder or a card database package found wrong.
+// The problems that an inspection of an interchange folder or a card database package finds.
 #pragma once
 
 #include <QString>
@@ -8,12 +8,14 @@
 #include <vector>
 
 struct DBCProblem {
-    QString text; // localized; says what is wrong, where, and what to do
-    QString path; // of the file or folder it is about
-    std::optional<qint64> lineNo = {}; // of the data file, 1-based; none when it is about no line
+    QString text; // localized: what is wrong, where it is, and what the user can do
+    QString path; // the file or folder with the problem
+    std::optional<qint64> lineNo = {}; // line of the data file, 1-based; none: it is about no line
 };
 
 struct DBCFindings {
-    std::vector<DBCProblem> problems; // empty: clean, unless nobody could look
-    std::optional<DBCProblem> couldNotLook = {}; // why the look did not come to its end
+    // Empty if the inspection found no problem, or if it ended before it found one.
+    std::vector<DBCProblem> problems;
+    // Why the inspection ended early; none if it was complete.
+    std::optional<DBCProblem> couldNotLook = {};
 };

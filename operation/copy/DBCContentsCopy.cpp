@@ -65,8 +65,8 @@ std::optional<std::size_t> DBCContentsCopy::next()
             continue;
         if (moved < 0 && !isUnsupported(errno))
             return std::nullopt;
-        // Some file systems answer with an end before they have moved anything: only a way that
-        // has moved something, or the last one, knows where the end is.
+        // Some file systems report the end although nothing has been copied. So 0 is taken for the
+        // end only from a way that has copied something before, or from the last way.
         const bool isEnd = moved == 0 && (_hasMoved || _ways.size() == 1);
         if (isEnd)
             return 0;

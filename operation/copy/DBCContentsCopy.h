@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Copies the contents of one open file into another, a piece at a time.
+// Copies the contents of one open file into another, one piece per call, so that the caller can
+// check for a cancel in between.
 #pragma once
 
 #include <array>
@@ -11,18 +12,18 @@
 
 class DBCContentsCopy {
 public:
-    // Moves up to length bytes from one file's position to the other's and both positions along:
-    // the number of bytes moved, 0 at the end, -1 with errno.
+    // Copies up to length bytes from the position of one file to that of the other and advances
+    // both positions. Returns the number of bytes copied, 0 at the end, or -1 with errno.
     using Way = ssize_t (*)(int from, int to, std::size_t length);
 
-    // Clones where the file system can, and copies inside the kernel elsewhere.
+    // Shares the blocks where the file system can (a clone), else copies inside the kernel.
     static ssize_t byRange(int from, int to, std::size_t length);
-    // Inside the kernel from one file system to another.
+    // Copies inside the kernel, also between two file systems.
     static ssize_t bySending(int from, int to, std::size_t length);
-    // Works everywhere.
+    // Reads and writes through a buffer, which works everywhere.
     static ssize_t byReading(int from, int to, std::size_t length);
 
-    // Best first; a way that the two files do not support gives way to the next.
+    // The fastest comes first. When the two files do not support one, the next is used.
     static constexpr std::array<Way, 3> allWays {byRange, bySending, byReading};
 
     // The descriptors are the caller's and stay open.
@@ -33,7 +34,8 @@ public:
     {
     }
 
-    // The size of the next piece, at most pieceSize bytes, now copied; 0 at the end; none on error.
+    // Copies the next piece, at most pieceSize bytes, and returns its size: 0 at the end, none on
+    // error.
     std::optional<std::size_t> next();
 
     static constexpr std::size_t pieceSize = std::size_t(8) << 20;
@@ -42,5 +44,5 @@ private:
     int _from;
     int _to;
     std::span<const Way> _ways;
-    bool _hasMoved = false; // by the way in use
+    bool _hasMoved = false; // whether the present way has copied anything
 };

@@ -4,6 +4,8 @@
 #include "operation/base/DBCCancelDelegate.h"
 #include "operation/copy/DBCTreeCopy.h"
 #include "system/DBCHiddenName.h"
+#include "system/DBCPathChecks.h"
+#include "system/DBCPathNames.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -14,7 +16,7 @@
 
 namespace {
 
-// With a slash at its end, the path of a link means what the link points at.
+// A path with a trailing slash refers to a link's target instead of the link.
 QString withoutTrailingSlashes(QString path)
 {
     while (path.endsWith(u'/'))
@@ -32,36 +34,19 @@ bool isName(const QString& name)
     return !name.isEmpty() && name != u"." && name != u".." && !name.contains(u'/');
 }
 
-// Such a copy would never come to an end.
-bool isInside(const QString& folder, const QString& path)
-{
-    const auto canonical = [](const QString& name) {
-        return withoutTrailingSlashes(QFileInfo(name).canonicalFilePath()) + u'/';
-    };
-    return canonical(folder).startsWith(canonical(path));
-}
-
-// Where the copy goes; none when source and destination do not allow one.
+// The full path of the copy; none when source and destination do not allow a copy.
 std::optional<QString> targetOfCopy(
     const QString& path, const QString& toPath, const QString& dstFileName)
 {
     const QString name = nameForCopy(path, dstFileName);
     if (path.isEmpty() || toPath.isEmpty() || !isName(name))
         return std::nullopt;
-    if (!QFileInfo::exists(path) || !QFileInfo(toPath).isDir() || isInside(toPath, path))
+    if (!QFileInfo::exists(path) || !QFileInfo(toPath).isDir())
+        return std::nullopt;
+    // The copy of a folder into itself would copy its own growing result and never end.
+    if (isSameOrInside(path, toPath))
         return std::nullopt;
     return withoutTrailingSlashes(toPath) + u'/' + name;
-}
-
-std::filesystem::path nativePath(const QString& path)
-{
-    return QFile::encodeName(path).toStdString();
-}
-
-bool isFolderItself(const std::filesystem::path& path)
-{
-    std::error_code error;
-    return std::filesystem::is_directory(std::filesystem::symlink_status(path, error));
 }
 
 bool removeAll(const std::filesystem::path& path)
@@ -108,7 +93,8 @@ bool DBCFileManager::copyWhileAsking(const QByteArray& source, const QByteArray&
     if (!copy.copy(source, target))
         return false;
     callbackFileOperationStatus(copy.status(), &outcome);
-    // A file that shrank while it was read makes a copy that nobody can rely on.
+    // Fewer bytes than announced mean that a file shrank while it was read, so the copy is not
+    // reliable.
     return outcome.stage == DBCFileOperationStatus::stageComplete
         && copy.status().bytesComplete >= copy.status().totalBytes;
 }
@@ -116,12 +102,12 @@ bool DBCFileManager::copyWhileAsking(const QByteArray& source, const QByteArray&
 // NOLINTNEXTLINE(readability-convert-member-functions-to-static): asked of the shared instance
 bool DBCFileManager::cleanFolder(const QString& path)
 {
+    if (!isFolderNotLink(withoutTrailingSlashes(path)))
+        return false;
     const std::filesystem::path folder = nativePath(withoutTrailingSlashes(path));
     const std::filesystem::path discarded = nativePath(DBCHiddenName::discarded(path));
-    if (!isFolderItself(folder))
-        return false;
-    // Out of the way first: whoever kills the program in the middle finds the folder whole or not
-    // at all.
+    // Rename the folder first, so that a program killed in the middle leaves it complete or not at
+    // all under its own name.
     std::error_code error;
     std::filesystem::remove_all(discarded, error);
     std::filesystem::rename(folder, discarded, error);
@@ -129,7 +115,7 @@ bool DBCFileManager::cleanFolder(const QString& path)
         return removeAll(folder);
     if (removeAll(discarded))
         return true;
-    // What cannot be removed is not to vanish under a name that nobody looks for.
+    // Give the rest its name back, so that it is not lost under a hidden name.
     std::filesystem::rename(discarded, folder, error);
     return false;
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Copies one file or folder into a folder, with the cancel question kept alive in the meantime, and
-// removes folders. Copies keep contents, permissions, times and symbolic links as links, and clone
-// or copy inside the kernel where the file system can.
+// Copies one file or folder into a folder, while the user can still cancel, and removes folders.
+// DBCTreeCopy does the copying and states what a copy keeps.
 #pragma once
 
 #include "operation/copy/DBCFileOperationStatus.h"
@@ -12,31 +11,35 @@
 class DBCCancelDelegate;
 class DBCError;
 
+// Yes asks the delegate while the copy runs. Both kinds return when the copy has ended. No program
+// here uses No; it is kept on purpose, because it belongs to the interface.
 enum class IsAsync : bool { No, Yes };
 
+// Not for two threads at the same time, because the delegate is a field of the shared instance.
 class DBCFileManager {
 public:
-    // The shared instance; never destroyed.
+    // The shared instance, which is never destroyed.
     static DBCFileManager* defaultManager();
 
-    // Asked during an asynchronous copy whether to cancel; not owned, null: nobody.
+    // Asked during an asynchronous copy whether to stop. Not owned; null asks nobody.
     DBCCancelDelegate* delegate() const { return _delegate; }
     void setDelegate(DBCCancelDelegate* delegate) { _delegate = delegate; }
 
-    // Copies path (file or folder) into the folder toPath, under dstFileName or, when that is
-    // empty, under its own name. A link at path is followed, links inside a folder are kept. False
-    // when something stands at the target already, when the folder would be copied into itself, or
-    // when anything could not be copied; what was copied so far is left to the caller.
-    // Asynchronous: the delegate is asked fileManager() before each item, and
-    // checkIsNeedToConfirmCancelOperation() at the start and then once per status interval, inside
-    // large files too; a confirmed cancel fails the copy. The call returns when the copy has ended,
-    // one way or the other. options are kept for the interface and must be 0. error is not filled.
+    // Copies path (file or folder) into the folder toPath, under the name dstFileName or, when that
+    // is empty, under its own name. If path is a link, its target is copied; links inside a folder
+    // are copied as links. False when the target exists, when a folder would be copied into itself,
+    // or when anything could not be copied; the caller removes what was copied so far. An
+    // asynchronous copy calls the delegate's fileManager() before each item, and its
+    // checkIsNeedToConfirmCancelOperation() at the start and then once per status interval, also
+    // inside large files; an answer to stop makes the copy return false. options must be 0, and
+    // error is never set: both are kept on purpose, because they belong to the interface.
     bool copyItemAtPath(const QString& path, const QString& toPath, const QString& dstFileName,
         quint32 options, IsAsync isAsync, DBCError* error);
 
-    // Removes a folder with everything in it, never following a link: it vanishes from its path at
-    // once, and what cannot be removed comes back there. False, with nothing removed, for a missing
-    // path, a plain file or a link.
+    // Removes a folder with everything in it and never follows a link. The folder first gets a
+    // hidden name, so that a killed program leaves it complete or not at all under its own name. If
+    // something in it cannot be removed, the rest gets its name back and the answer is false. For a
+    // missing path, a plain file or a link the answer is false and nothing is removed.
     bool cleanFolder(const QString& path);
 
 private:
@@ -46,6 +49,6 @@ private:
     DBCCancelDelegate* _delegate = nullptr;
 };
 
-// Records a reported stage in context (null: ignored); only stageComplete is kept.
+// Stores a reported stage in context, but only stageComplete. A null context is ignored.
 void callbackFileOperationStatus(
     const DBCFileOperationStatus& reported, DBCFileOperationStatus* context);

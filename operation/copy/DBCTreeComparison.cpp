@@ -29,7 +29,7 @@ std::optional<std::vector<QByteArray>> sortedNames(int folder)
     return names;
 }
 
-// Rights that a file lost with its owner are no difference: only root may keep an owner.
+// A copy by an ordinary user gets a new owner and loses its set-ID bits. That is no difference.
 bool haveSameMode(const struct stat& status, const struct stat& other)
 {
     constexpr mode_t rightsOfTheOwner = S_ISUID | S_ISGID;
@@ -38,7 +38,7 @@ bool haveSameMode(const struct stat& status, const struct stat& other)
     return ((status.st_mode ^ other.st_mode) & ~ignored) == 0;
 }
 
-// Fills the buffer as far as the file goes; the number of bytes, or none on an error.
+// Fills the buffer up to the file's end and returns the number of bytes; none on an error.
 std::optional<std::size_t> readPiece(int file, std::vector<char>& buffer)
 {
     std::size_t length = 0;
@@ -130,8 +130,8 @@ bool DBCTreeComparison::compareFiles(const Pair& pair)
 {
     if (pair.status.st_size != pair.otherStatus.st_size)
         return false;
-    // Closing the store's file here drops SQLite's locks on it, which is harmless as long as no
-    // transaction is open.
+    // Closing the store's file here releases the locks that SQLite holds on it in this process.
+    // That is harmless as long as no transaction is open.
     const DBCDescriptor file(openat(pair.folder, pair.name.constData(), fileFlags));
     const DBCDescriptor other(openat(pair.otherFolder, pair.name.constData(), fileFlags));
     return file && other && compareContents(file.get(), other.get());

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tells whether two folders hold the same: names as the bytes they are, kinds, permissions, sizes
-// and contents of files, targets of links.
+// Compares two folders with everything in them: names, types, permissions, the sizes and contents
+// of files, and the targets of links.
 #pragma once
 
 #include <QByteArray>
@@ -10,13 +10,16 @@
 
 #include <sys/stat.h>
 
+// Times and extended attributes are not compared, and set-ID bits only where the owner is the same.
+// Links are never followed. Pipes, sockets and devices make folders differ. Every file is opened
+// and read, so comparing a folder with itself shows whether all of it is readable.
 class DBCTreeComparison {
 public:
     struct Questions {
-        // Before each entry; an answer of false ends the comparison. Empty: not asked.
+        // Called before each entry; false ends the comparison. May be empty.
         std::function<bool()> mayGoOn;
-        // Entries whose contents and sizes do not count, by their path below the folder. Empty: all
-        // count.
+        // Whether the size and contents of this file do not matter; path is relative to the folder.
+        // When this is empty, all files are compared.
         std::function<bool(const QByteArray& path)> mayDiffer;
     };
 
@@ -25,10 +28,10 @@ public:
     {
     }
 
-    // True when both could be read to their ends and hold the same.
+    // True when both folders could be read completely and are equal.
     bool areEqual(const QByteArray& folder, const QByteArray& other);
 
-    // The path of the first difference below the folders, or of what could not be read; empty for
+    // The relative path of the first entry that differs or could not be read; empty when that is
     // the folders themselves. One object compares once.
     const QByteArray& difference() const { return _path; }
 

@@ -27,7 +27,8 @@ bool keepOwner(int descriptor, const struct stat& status)
 bool keepAttributes(int from, int descriptor, const struct stat& status)
 {
     mode_t mode = status.st_mode & permissionBits;
-    // Only root may give a file away; what is not given must not run with its new owner's rights.
+    // Only root may change an owner. A file that keeps the user as its owner must not run with the
+    // user's rights, so it loses the set-ID bits.
     if (!keepOwner(descriptor, status))
         mode &= ~static_cast<mode_t>(S_ISUID | S_ISGID);
     const struct timespec times[] {
@@ -39,7 +40,7 @@ bool keepAttributes(int from, int descriptor, const struct stat& status)
 
 } // namespace
 
-// A name in an open folder, and the name it gets in another.
+// A name in one open folder, and the name of its copy in another.
 struct DBCTreeCopy::Item {
     int fromFolder;
     QByteArray name;
@@ -81,16 +82,16 @@ bool DBCTreeCopy::copyItem(const Item& item)
     case S_IFLNK:
         return copyLink(item, status);
     default:
-        // Left out, it would be missing without a word after a restore.
+        // If it were left out, it would be silently missing after a restore.
         return false;
     }
 }
 
 bool DBCTreeCopy::copyFile(const Item& item)
 {
-    // Closing this descriptor drops the POSIX locks that SQLite, in this process, holds on the same
-    // file. That is harmless only while no transaction is open on the store, which is so whenever a
-    // package is backed up; the package's own lock is of another kind and stays.
+    // Closing this descriptor releases the POSIX locks that SQLite holds on the same file in this
+    // process. That is harmless, because no transaction is open on the store while a package is
+    // backed up. The package's lock file uses flock() and stays locked.
     const DBCDescriptor from(openat(
         item.fromFolder, item.name.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     struct stat status = {};
@@ -124,7 +125,7 @@ bool DBCTreeCopy::copyLink(const Item& item, const struct stat& status)
     const char* const toName = item.toName.constData();
     if (!target || symlinkat(target->constData(), item.toFolder, toName) != 0)
         return false;
-    // A link's owner has no say in anything, and only root may give it away: it may stay ours.
+    // The owner of a link has no effect, and only root may change it, so a failure is ignored.
     std::ignore
         = fchownat(item.toFolder, toName, status.st_uid, status.st_gid, AT_SYMLINK_NOFOLLOW);
     const struct timespec times[] {
@@ -142,8 +143,8 @@ bool DBCTreeCopy::copyFolder(const Item& item)
         || mkdirat(item.toFolder, item.toName.constData(), S_IRWXU) != 0)
         return false;
     const DBCDescriptor to(openat(item.toFolder, item.toName.constData(), flags));
-    // The attributes come last: filling a folder changes its times, and one that may not be written
-    // could not be filled.
+    // The attributes are set last: creating entries changes a folder's times, and needs the right
+    // to write, which the source's permissions may not include.
     return to && copyEntries(from.get(), to.get()) && keepAttributes(from.get(), to.get(), status);
 }
 

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Copies one file, or one folder with everything in it: contents, permissions, owner where the user
-// may give it, times, symbolic links as links. Names are taken as the bytes they are. Nothing is
-// followed out of the tree, and nothing that stands at the target is replaced.
+// Copies one file, or one folder with everything in it.
 #pragma once
 
 #include "operation/copy/DBCFileOperationStatus.h"
@@ -14,14 +12,19 @@
 
 #include <sys/stat.h>
 
+// A copy keeps names as bytes, contents, permissions, times, extended attributes, symbolic links as
+// links, and the owner where the user may set it; without the owner it loses the set-ID bits. No
+// link inside the tree is followed, and nothing that exists at the target is replaced. A pipe,
+// socket or device makes the copy fail. The copy is not flushed to the disk. No other thread is
+// used; the questions are asked on the caller's thread.
 class DBCTreeCopy {
 public:
-    // Asked while the copy runs; an answer of false stops it. An empty one is not asked.
+    // Asked while the copy runs; the answer false stops it. Each may be empty.
     struct Questions {
         std::function<bool(const QString& path, const QString& toPath)> beforeItem;
-        // Between items and inside large files, once per interval.
+        // Called at the start and then once per interval, between items and inside large files.
         std::function<bool(const DBCFileOperationStatus& status)> atInterval;
-        std::chrono::duration<double> interval {1.0};
+        std::chrono::duration<double> interval {1.0}; // seconds
     };
 
     DBCTreeCopy() = default;
@@ -30,16 +33,16 @@ public:
     {
     }
 
-    // source itself, when it is a link, is copied as what it points at. False when anything could
-    // not be copied, a pipe, socket or device included, or a question was answered so; what was
-    // copied so far stays. One object copies once.
+    // If source itself is a link, its target is copied. False when anything could not be copied, or
+    // when a question was answered with false; what was copied so far stays. One object copies
+    // once.
     bool copy(const QByteArray& source, const QByteArray& target);
 
-    // One regular file between two open folders, under its own name. A link of that name is not
-    // followed.
+    // Copies one regular file between two open folders under its own name. False when the name is a
+    // link or anything else.
     bool copyFileBetween(int fromFolder, int toFolder, const QByteArray& name);
 
-    // The sizes of the files begun so far, and what was copied of them.
+    // How much has been copied so far.
     const DBCFileOperationStatus& status() const { return _status; }
 
 private:
@@ -58,6 +61,6 @@ private:
     Questions _questions;
     DBCFileOperationStatus _status;
     std::chrono::steady_clock::time_point _nextQuestion;
-    QByteArray _path; // of the item at hand
+    QByteArray _path; // of the present item
     QByteArray _toPath;
 };

@@ -6,11 +6,12 @@
 
 namespace {
 
-// Settings have some hundred parts, and nest three deep.
+// Far above what settings need: they have some hundred parts and nest three deep.
 constexpr qsizetype mostParts = 100'000;
 constexpr int deepest = 200;
 
-// The big-endian number of that many bytes; none beyond the end, or when it is no position.
+// The big-endian number of length bytes at position; none when it reaches beyond the end or is too
+// large for a position.
 std::optional<qsizetype> numberAt(QByteArrayView bytes, qsizetype position, qsizetype length)
 {
     if (position < 0 || length < 1 || position > bytes.size() - length)
@@ -27,10 +28,10 @@ std::optional<qsizetype> numberAt(QByteArrayView bytes, qsizetype position, qsiz
 
 class BinaryList {
 public:
-    // What stands at the list's end.
+    // Reads the trailer at the list's end.
     static std::optional<BinaryList> of(QByteArrayView bytes)
     {
-        constexpr qsizetype trailerLength = 26; // behind six unused bytes
+        constexpr qsizetype trailerLength = 26; // after six unused bytes
         const qsizetype trailer = bytes.size() - trailerLength;
         const auto offsetLength = numberAt(bytes, trailer, 1);
         const auto referenceLength = numberAt(bytes, trailer + 1, 1);
@@ -43,8 +44,8 @@ public:
 
     qsizetype root() const { return _root; }
 
-    // Numbers of the parts that a part holds, as often as it holds them; none when it is damaged or
-    // holds more than room.
+    // The numbers of the parts that a part contains, repeated as often as they occur. None when the
+    // part is damaged or contains more than room.
     std::optional<std::vector<qsizetype>> partsOf(qsizetype number, qsizetype room) const
     {
         auto position = numberAt(_bytes, _table + number * _offsetLength, _offsetLength);
@@ -74,7 +75,8 @@ private:
     {
     }
 
-    // Arrays and sets have one list, dictionaries keys and values, all else none.
+    // The number of reference lists: one for arrays and sets, two for dictionaries (keys and
+    // values), else 0.
     static qsizetype referenceLists(qsizetype kind)
     {
         constexpr qsizetype array = 0xA;
@@ -83,7 +85,7 @@ private:
         return kind == dictionary ? 2 : kind == array || kind == set ? 1 : 0;
     }
 
-    // Of an integer that stands in the way, and steps over it.
+    // Reads a count that is stored as an integer at position, and moves position behind it.
     std::optional<qsizetype> countAt(qsizetype* position) const
     {
         const auto marker = numberAt(_bytes, *position, 1);

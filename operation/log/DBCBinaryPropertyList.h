@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Protects the parser of binary property lists against files made to exhaust memory or stack.
 #pragma once
 
 #include <QByteArrayView>
 
-// True when the binary property list can be parsed within bounds: a list of some hundred bytes can
-// name the same parts over and over and unfold into more than any memory holds, or nest deeper than
-// the parser's stack. False for what is damaged, too.
+// True when the binary property list has at most 100,000 parts once unfolded and nests at most 200
+// deep. A list of a hundred bytes can refer to the same parts again and again, so that parsing it
+// takes more memory than there is, or nest deeper than the parser's stack allows. False also for a
+// damaged list.
 bool unfoldsWithinBounds(QByteArrayView binaryList);

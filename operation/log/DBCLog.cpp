@@ -74,7 +74,8 @@ std::unique_ptr<DBCLog> DBCLog::initWithFullPath(const QString& path)
     auto writer = DBCFileWriter::initWithFileName(path, DBCTextEncoding::Utf8, u"\n"_s);
     if (!writer || writer->open() != DBCResultCode::Success)
         return nullptr;
-    // Held open, a log that is rotated away before the first line would refuse that line.
+    // Close the file again: if it is rotated away before the first line, that line goes into a new
+    // file.
     writer->close();
     std::unique_ptr<DBCLog> log(new DBCLog(std::move(writer)));
     log->readLogLevel();
@@ -124,7 +125,7 @@ DBCResultCode DBCLog::output(const std::optional<QString>& message, DBCLogType l
         writeToConsole(getLogString(*message, tagOf(DBCLogType::Debug)).chopped(1));
         return DBCResultCode::Success;
     }
-    // Debug lines are for the console alone, whatever a negative level would let through.
+    // Debug lines never go into the file, even if the level is negative.
     if (_logLevel > static_cast<qint32>(logType) || logType == DBCLogType::Debug)
         return DBCResultCode::GeneralFailure;
     return writeLine(*message, tagOf(logType));

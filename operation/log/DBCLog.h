@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The program's log: one UTF-8 text file per path, a line a message, opened and closed around every
-// line so that a line is on disk as soon as the call returns.
+// The program's log: a UTF-8 text file with one line per message, and counters of its warnings and
+// errors.
 #pragma once
 
 #include "datafile/records/DBCFileWriter.h"
@@ -14,31 +14,40 @@
 #include <mutex>
 #include <optional>
 
+// A line is "2024/05/31 14:05:09 VelmoraConverter [Info] text". The file is opened and closed
+// around every line, so that the line is in the file as soon as the call returns; it is not flushed
+// to the disk. A line that cannot be written goes to standard error. Levels: 0 sends everything to
+// standard error and nothing to the file; 1 writes Info and above, 2 Warning and above, 3 errors
+// only. All functions may be called from any thread.
 class DBCLog {
 public:
     // The shared instance for a path; an empty path means the default log file,
-    // $HOME/Library/Logs/VelmoraConverter.log. Null when the log cannot be created. Instances are
-    // owned by the registry and live as long as the process.
+    // $HOME/Library/Logs/VelmoraConverter.log. Null when the file cannot be created. The registry
+    // owns the instances, which live as long as the process.
     static DBCLog* logInstance();
     static DBCLog* logInstance(const QString& path);
     static QString _defaultLogFilePath();
 
-    // Null when the path is empty or the file cannot be made and opened.
+    // An instance outside the registry. Null when the path is empty or the file cannot be created
+    // and opened.
     static std::unique_ptr<DBCLog> initWithFullPath(const QString& path);
 
-    // -1 (GeneralFailure) when the level filters the message out or it is missing.
+    // The log functions return Success, GeneralFailure (-1) when there is no message or the level
+    // filters it out, or the code of a failed write.
     DBCResultCode logDebug(const std::optional<QString>& message);
     DBCResultCode logInfo(const std::optional<QString>& message);
-    // Counted, and told to the observers, even when filtered.
+    // Warnings and errors are counted and passed to the observers even when the level filters them
+    // out.
     DBCResultCode logWarning(
         const std::optional<QString>& message, const DBCLogOrigin& origin = {});
     DBCResultCode logError(const std::optional<QString>& message, const DBCLogOrigin& origin = {});
-    // Neither counted nor told to the observers.
+    // Writes a line of any type that is neither counted nor passed to the observers.
     DBCResultCode output(const std::optional<QString>& message, DBCLogType logType);
-    // One line with its end; what a message holds of controls and line ends shows as text.
+    // The line for a message, with its line end. Control characters and line ends in the message
+    // are written as visible text.
     static QString getLogString(const QString& message, const QString& logType);
 
-    // Takes the level of the information dictionary, Info (1) where that has no number.
+    // Takes the level from the information dictionary; Info (1) when there is no number in it.
     void readLogLevel();
     QString logFilePath() const;
     quint32 warningLogCount() const { return _warningLogCount; }
@@ -46,7 +55,7 @@ public:
     void resetLogCount();
     bool hasWarningOrError() const { return _warningLogCount != 0 || _errorLogCount != 0; }
 
-    // The default instance, null-safe: a message sent to a log that cannot be created is lost.
+    // Write to the default instance. The message is lost when that log cannot be created.
     static void debug(const QString& message);
     static void info(const QString& message);
     static void warning(const QString& message, const DBCLogOrigin& origin = {});
@@ -57,9 +66,9 @@ private:
 
     DBCResultCode writeLine(const QString& message, const QString& tag);
 
-    std::mutex _mutex; // of the writer and the level: the window and an operation both log
+    std::mutex _mutex; // guards the writer and the level, because window and operation both log
     std::unique_ptr<DBCFileWriter> _fileWriter;
-    qint32 _logLevel; // lowest type written; 0: everything goes to the console, nothing to disk
+    qint32 _logLevel; // the lowest type that is written
     std::atomic<quint32> _warningLogCount = 0;
     std::atomic<quint32> _errorLogCount = 0;
 };

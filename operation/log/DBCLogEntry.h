@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A message of the log together with what it is about, for those who want more than its text.
+// A log message together with what it is about. Observers of the log receive it.
 #pragma once
 
 #include <QString>
@@ -8,23 +8,24 @@
 
 enum class DBCLogType : qint32 { Debug = 0, Info = 1, Warning = 2, Error = 3 };
 
-// What a warning or an error means for the card it is about, should the conversion go through.
+// How a warning or an error affects the card that it is about.
 enum class DBCConsequence : quint8 {
-    NotTold,
+    NotTold, // the message does not say
     ItemShortened, // one item is stored without its end
     WithoutImage, // one of the card's images is left out
-    WithoutImages, // all of them are
+    WithoutImages, // all of the card's images are left out
     WithoutAttachment, // one of the card's attachments is left out
-    WithoutAttachments, // all of them are
+    WithoutAttachments, // all of the card's attachments are left out
     Stopped, // the conversion ends here
 };
 
 struct DBCLogOrigin {
-    QString key = {}; // of the text in the strings table; empty: not told
-    std::optional<qint64> number = {}; // line of the data file on import, number of the card on
-                                       // export; none: it is about no single card
-    QString cardName = {}; // full name on that card
-    std::optional<quint32> messageNumber = {}; // of a message that the user was shown
+    QString key = {}; // the key of the text in the strings table; empty when not known
+    // On import the line of the data file, on export the number of the card, both from 1; none when
+    // the message is about no single card.
+    std::optional<qint64> number = {};
+    QString cardName = {}; // the full name on that card; empty when there is none
+    std::optional<quint32> messageNumber = {}; // set when the user was shown this message
     DBCConsequence consequence = DBCConsequence::NotTold;
 };
 

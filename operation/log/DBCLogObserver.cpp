@@ -7,7 +7,7 @@
 namespace {
 
 struct Observers {
-    std::recursive_mutex mutex; // an observer may log, too
+    std::recursive_mutex mutex; // recursive, because an observer may log
     std::vector<DBCLogObserver*> list;
 };
 

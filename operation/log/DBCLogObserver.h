@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Sees, as long as it lives, each warning and error of every log, those that the level filters out
-// included.
+// Receives every warning and error of all logs as long as it exists, even those that the level
+// filters out.
 #pragma once
 
 #include "operation/log/DBCLogEntry.h"
@@ -9,8 +9,8 @@
 
 class DBCLogObserver {
 public:
-    // onEntry is called on the thread that logs, one call at a time; observers are called in the
-    // order in which they were made.
+    // onEntry is called on the thread that logs, never on two threads at once. Observers are called
+    // in the order of their creation. onEntry may log, but must not create or destroy observers.
     using Handler = std::function<void(const DBCLogEntry& entry)>;
     explicit DBCLogObserver(Handler onEntry);
     ~DBCLogObserver();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where the main card application is installed and what it is called.
+// The name of the main card application, where it is installed, and whether it runs.
 #pragma once
 
 #include <QString>
@@ -7,17 +7,17 @@
 
 namespace DBCMainApplication {
 
-inline constexpr QStringView name = u"Velmora"; // its running name too
-// Compared with the installed version as plain text: "1.1.3" is newer than this.
+inline constexpr QStringView name = u"Velmora"; // also the name of its process
+// Compared with the installed version as plain text, on purpose: "1.1.3" counts as newer than this.
 inline constexpr QStringView minimumVersion = u"1.1.20";
 
 QString folder(const QString& applicationsFolder); // "Velmora"
 QString bundle(const QString& applicationsFolder); // "Velmora/Velmora.app"
 QString versionList(const QString& applicationsFolder); // the bundle's "Contents/version.plist"
 
-// Whether a process of its name runs on this machine.
+// Whether a process of this name runs on this machine.
 bool isRunning();
-// Whether this program stands in the main application's folder beside its bundle.
+// Whether this program is installed in the main application's folder, beside its bundle.
 bool standsBesideThisProgram();
 
 } // namespace DBCMainApplication

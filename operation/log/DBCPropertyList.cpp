@@ -24,8 +24,8 @@ struct FreeDeleter {
 };
 template <typename Type> using Allocated = std::unique_ptr<Type, FreeDeleter>;
 
-// The library reads numbers as the locale writes them, but the point in a list is a point
-// everywhere. As long as one lives, it is so on this thread.
+// The library parses numbers by the rules of the current locale, but property lists always use a
+// decimal point. While an object of this class exists, this thread uses the "C" locale.
 class NumbersWithPoints {
 public:
     NumbersWithPoints()
@@ -47,7 +47,7 @@ private:
 
 std::optional<QByteArray> readBounded(const QString& path)
 {
-    // A pipe of that name would be waited for.
+    // Opening a pipe would wait forever.
     if (!QFileInfo(path).isFile())
         return {};
     QFile file(path);
@@ -56,8 +56,8 @@ std::optional<QByteArray> readBounded(const QString& path)
     return file.read(DBCPropertyList::sizeLimit);
 }
 
-// The function that tells the two kinds apart by itself takes another parameter from release to
-// release of the library; these two do not.
+// The library's function for both forms changes its parameters from release to release. Its
+// functions for one form do not.
 Node parse(const QByteArray& bytes)
 {
     const auto length = static_cast<uint32_t>(bytes.size());
@@ -73,7 +73,8 @@ Node parse(const QByteArray& bytes)
     return Node(node);
 }
 
-// The function that copies the text ends the program when there is a zero byte in it.
+// Does not use the library's function that copies a text, because that one aborts the program when
+// the text contains a zero byte.
 QString textOf(plist_t node)
 {
     uint64_t length = 0;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Reads property lists, XML or binary: settings and the version file of the main card application.
+// Reads property lists in XML or binary form: the settings, and the main card application's version
+// file.
 #pragma once
 
 #include <QString>
@@ -9,12 +10,12 @@
 
 namespace DBCPropertyList {
 
-// Longest file that is read, in bytes.
+// The size in bytes of the longest file that is read.
 inline constexpr qint64 sizeLimit = 0x40000;
 
-// The texts (QString), integers (qlonglong), reals (double) and truth values (bool) of the
-// dictionary that the file holds; entries of other kinds are left out. None when there is no such
-// regular file, it is longer than sizeLimit, or it holds no dictionary.
+// The entries of the dictionary in the file: texts as QString, integers as qlonglong, reals as
+// double and booleans as bool. Entries of other types are left out. None when the path is no
+// regular file, when the file is longer than sizeLimit, or when it contains no dictionary.
 std::optional<QVariantMap> read(const QString& path);
 
 } // namespace DBCPropertyList

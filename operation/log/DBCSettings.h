@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The two places the program takes settings from: its own information dictionary and the
-// preferences of the main card application. Both are read anew at every call.
+// Reads the program's settings from its own information dictionary and from the preferences of the
+// main card application. Every call reads the files again.
 #pragma once
 
 #include <QString>
@@ -18,14 +18,14 @@ public:
     // $HOME/Library/Preferences/<identifier>.plist
     static QString preferencesFile(const char* identifier);
 
-    // What is shipped with the program, with the entries of the user's preferences file of the
-    // program in front.
+    // The settings shipped with the program. Entries of the user's own preferences file for this
+    // program replace them.
     static QVariantMap informationDictionary();
-    // Empty when there are none.
+    // Empty when there is no such file or it cannot be read.
     static QVariantMap mainApplicationPreferences();
 
-    // "Log Level" as a number; none when it is absent or no number.
+    // "Log Level" of the information dictionary; none when it is missing or no number.
     static std::optional<qint32> logLevel();
-    // The main application's "DB path"; none when it is absent or no text.
+    // "DB path" of the main application's preferences; none when it is missing or no text.
     static std::optional<QString> mainApplicationDatabasePath();
 };

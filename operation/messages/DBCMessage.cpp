@@ -19,8 +19,8 @@ constexpr quint32 lastMessage = 400;
 
 enum class ArgumentKind : quint8 {
     None,
-    BackupPath, // label of the backup, path of the backup
-    RestorePath, // label of the restore, path of the backup
+    BackupPath, // the word for a backup, and the backup's path
+    RestorePath, // the word for a restore, and the backup's path
     LineNumber,
 };
 
@@ -58,6 +58,19 @@ constexpr std::array exportMessages {
     MessageRow {Code::GeneralFailure, internalErrorMessage},
 };
 constexpr quint32 anyOtherExportMessage = 208;
+
+// In the order of DBCQuestionId.
+constexpr std::array questionKeys {
+    "IDS_MSG_ERR_0106",
+    "IDS_MSG_ERR_0205",
+    "IDS_MSG_ERR_0210",
+    "IDS_MSG_ERR_0315",
+    "IDS_MSG_ERR_0211",
+    "IDS_MSG_ERR_0317",
+    "IDS_MSG_UNFINISHED_IMPORT",
+    "IDS_MSG_BACKUP_RESTORE",
+    "IDS_MSG_BACKUP_DELETE",
+};
 
 QString backupPathText(const DBCError& error)
 {
@@ -123,7 +136,7 @@ QString windowTitle()
     return getLocalString(u"IDS_TITLE_WINDOW"_s);
 }
 
-// Empty for a number outside the table's range, none where the table has no entry.
+// Empty for a number outside the table's range, none if the table has no entry for it.
 std::optional<QString> messageFormat(quint32 number)
 {
     if (number < firstMessage || number > lastMessage)
@@ -154,6 +167,12 @@ std::optional<DBCQuestion> makeQuestion(const QString& key, DBCButton defaultBut
 
 } // namespace
 
+bool DBCQuestion::asksToCancel() const
+{
+    return key == DBCMessage::keyOf(DBCQuestionId::CancelImport)
+        || key == DBCMessage::keyOf(DBCQuestionId::CancelExport);
+}
+
 void DBCMessagePresenter::showErrorSheet(QWindow*, quint32 number, const QString& title,
     const QString& text, const std::function<void()>& ended)
 {
@@ -180,6 +199,11 @@ void DBCMessage::setPresenter(DBCMessagePresenter* presenter)
 QString DBCMessage::keyOf(quint32 number)
 {
     return u"IDS_MSG_ERR_%1"_s.arg(number, 4, 10, QChar(u'0'));
+}
+
+QString DBCMessage::keyOf(DBCQuestionId question)
+{
+    return QString::fromLatin1(questionKeys.at(static_cast<std::size_t>(question)));
 }
 
 QString DBCMessage::ShowErrorMessage(quint32 number, const DBCMessageArguments& arguments)

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Turns message numbers and keys into localized texts and has them shown. How a text is shown or a
-// question is asked is the presenter's business: the window, the terminal and the tests each set
-// one.
+// Looks up the localized text of a message or a question and hands it to the presenter, which shows
+// it. The window, the terminal and the tests each set a presenter of their own.
+//
+// All functions may be called from any thread. They keep no state but the presenter, and they
+// return when the presenter has returned, which for a question means when the user has answered.
 #pragma once
 
 #include "datafile/helpers/DBCLocalizable.h"
 #include "operation/base/DBCResultCode.h"
+#include "operation/messages/DBCQuestionId.h"
 
 #include <QString>
 
@@ -15,30 +18,40 @@
 class DBCError;
 class QWindow;
 
-// Labels of the standard buttons; any other number is labelled Cancel.
+// The standard buttons. Any other number is labelled Cancel.
 enum class DBCButton : qint32 { OK = 0, Yes = 2, No = 3, Cancel = 4 };
 
-// Answers of a question.
+// The button that the user chose. NotShown: the question could not be asked.
 enum class DBCAnswer : qint32 { Default = 1, Alternate = 0, Other = -1, NotShown = -50 };
 
 struct DBCQuestion {
-    QString key; // the message's key in the strings table
-    QString title;
-    QString text;
-    QString defaultButton;
-    QString alternateButton;
-    QString otherButton; // empty: no third button
+    QString key; // the question's key in the strings table
+    QString title; // the program's name
+    QString text; // localized, with its arguments filled in
+    QString defaultButton; // label of the button that means yes
+    QString alternateButton; // label of the button that means no
+    QString otherButton; // label of a third button; empty: there is none
+
+    // True if the question asks the user to confirm a cancel. It is only asked after the user has
+    // asked for that cancel, so a presenter that can reach nobody answers it with yes.
+    bool asksToCancel() const;
 };
 
-// Shows a text or asks a question. Called from whatever thread raises the message, the operation
-// thread included, and returns when the user has answered.
+// The seam through which the program's core speaks to its user. A presenter is called on the thread
+// that shows the message, which may be the operation thread, and returns when the user has read the
+// text or answered the question. All texts are localized and plain: they hold no markup.
 class DBCMessagePresenter {
 public:
     virtual ~DBCMessagePresenter() = default;
-    // number: the message number, 100 to 400 for the texts of the table.
+    // Shows an error. number is the message's number; those of the strings table are 100 to 400.
     virtual void showError(quint32 number, const QString& title, const QString& text) = 0;
+    // Returns the user's answer. NotShown means that the presenter could not ask, and that the
+    // caller must not do anything that needs a yes.
     virtual DBCAnswer askQuestion(const DBCQuestion& question) = 0;
-    // The same over a window, without waiting; ended is called once with the answer.
+    // The same as sheets on a window (not owned; null: on no window in particular), on the thread
+    // of the windows. They may return before the user has answered, and call ended once when the
+    // user has, then dismissed. An empty function is not called. Unless a presenter overrides them,
+    // they show the text or ask the question at once and return when that is done.
     virtual void showErrorSheet(QWindow* window, quint32 number, const QString& title,
         const QString& text, const std::function<void()>& ended);
     virtual void askQuestionSheet(QWindow* window, const DBCQuestion& question,
@@ -47,36 +60,48 @@ public:
 
 class DBCMessage {
 public:
-    // Not owned; null restores the presenter of last resort, which writes to standard error and
-    // answers every question with the alternate button.
+    // The presenter is not owned and must stay alive until another one is set. Null sets the
+    // presenter of last resort, which writes to standard error and answers every question with the
+    // alternate button.
     static void setPresenter(DBCMessagePresenter* presenter);
 
-    // Shows message `number` (key "IDS_MSG_ERR_%04d") and returns its text.
+    // Shows the message with that number and returns its text, so that the caller can log it. The
+    // key of the text is "IDS_MSG_ERR_" and the number in four digits. A number outside 100 to 400,
+    // or one whose text is empty, shows "Undefined Err:" and the number; a number without an entry
+    // in the strings table shows "No Resource".
     static QString ShowErrorMessage(quint32 number, const DBCMessageArguments& arguments = {});
+    // The same as a sheet on a window; didEndSelector is called when the user has closed it. The
+    // program has no caller for it. It is kept because its name is part of the interface.
     static QString ShowErrorMessageAlertSheet(QWindow* window,
         const std::function<void()>& didEndSelector, quint32 errorId,
         const DBCMessageArguments& arguments = {});
 
-    // Asks question `messageKey`. NotShown when the key is empty or has no text; message 102 has
-    // been shown instead.
+    // Asks the question with that key and returns the answer. otherBtn is the label of a third
+    // button; empty: there is none. If the key is empty or has no text, message 102 is shown
+    // instead, and the answer is NotShown.
     static DBCAnswer ShowInfoMessage(const QString& messageKey, DBCButton defaultButton,
         DBCButton alternateBtn, const QString& otherBtn = {},
         const DBCMessageArguments& arguments = {});
-    // Returns Alternate (0) at once; the answer reaches didEndSelector. Shows no third button
-    // whatever otherBtn says.
+    // The same as a sheet on a window. Returns Alternate (0) at once; the answer goes to
+    // didEndSelector, and didDismissSelector is called after that. There is no third button,
+    // whatever otherBtn holds. The program has no caller for this function either; it is kept
+    // because its name is part of the interface.
     static DBCAnswer ShowInfoMessageAlertSheet(QWindow* window,
         const std::function<void(DBCAnswer)>& didEndSelector,
         const std::function<void()>& didDismissSelector, const QString& messageId,
         DBCButton defaultButton, DBCButton alternateBtn, const QString& otherBtn = {},
         const DBCMessageArguments& arguments = {});
 
+    // The localized label of a button.
     static QString btnLableString(DBCButton button);
-    static QString keyOf(quint32 number); // "IDS_MSG_ERR_0102"
+    // Keys in the strings table: "IDS_MSG_ERR_0102" for 102, "IDS_MSG_ERR_0315" for CancelImport.
+    static QString keyOf(quint32 number);
+    static QString keyOf(DBCQuestionId question);
 
-    // The message that an import or export error is shown as, with its arguments filled in.
+    // The message for an error that ended an import or an export.
     struct Mapped {
         quint32 number;
-        DBCMessageArguments arguments;
+        DBCMessageArguments arguments; // of the message's text
     };
     static Mapped messageForImportError(const DBCError& error);
     static Mapped messageForExportError(const DBCError& error);

@@ -3,7 +3,8 @@
 
 namespace {
 
-// The first cards pay for cold caches; a figure from them alone would fall all the while.
+// The first cards are slow because the caches are cold. An estimate from them alone would be far
+// too long and would then keep falling.
 constexpr qint64 millisecondsToWatch = 2000;
 constexpr qint64 millisecondsPerSecond = 1000;
 

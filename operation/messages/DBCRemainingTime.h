@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How long the rest of a counted operation will take, judged by what is done.
+// Estimates how long the rest of a counted operation will take from the time that the finished part
+// has taken. Used on one thread, by the window and by the terminal's progress line.
 #pragma once
 
 #include <QElapsedTimer>
@@ -8,14 +9,15 @@
 
 class DBCRemainingTime {
 public:
-    // Counting begins; former knowledge is forgotten.
+    // Begins to measure, anew if it has begun before.
     void start() { _sinceStart.start(); }
     void stop() { _sinceStart.invalidate(); }
 
-    // Whole seconds, rounded up. None while too little is done to tell, and before start().
+    // The rest in whole seconds, rounded up. None before start(), after stop(), in the first two
+    // seconds, and until one item is finished.
     std::optional<qint64> seconds(qint64 finishedCount, qint64 maxCount) const;
 
-    // The rule behind it: elapsed in milliseconds.
+    // The same for a given time since the start, in milliseconds.
     static std::optional<qint64> secondsAfter(
         qint64 elapsed, qint64 finishedCount, qint64 maxCount);
 

@@ -16,7 +16,7 @@
     </message>
     <message id="IDS_BACKUP_DAMAGE">
         <source>This backup cannot be restored. %1</source>
-        <extracomment>Of a backup that has been chosen from the list. %1: what is wrong, a sentence.</extracomment>
+        <extracomment>Shown for the backup that is chosen in the list. %1: what is wrong, a sentence.</extracomment>
         <translation>This backup cannot be restored. %1</translation>
     </message>
     <message id="IDS_BACKUP_DAMAGED">
@@ -45,13 +45,13 @@
         <translation>Backup of the card database as it was before the restore: [%1]</translation>
     </message>
     <message id="IDS_BACKUP_LAST">
-        <source>The backup [%1] was not deleted: the card database [%2] is damaged or missing, and no other backup of it is whole. Restore this backup, or copy it to another place first.</source>
+        <source>The backup [%1] was not deleted: the card database [%2] is damaged or missing, and no other backup of it is intact. Restore this backup, or copy it to another place first.</source>
         <extracomment>%1, %2: paths.</extracomment>
-        <translation>The backup [%1] was not deleted: the card database [%2] is damaged or missing, and no other backup of it is whole. Restore this backup, or copy it to another place first.</translation>
+        <translation>The backup [%1] was not deleted: the card database [%2] is damaged or missing, and no other backup of it is intact. Restore this backup, or copy it to another place first.</translation>
     </message>
     <message id="IDS_BACKUP_LISTING">
-        <source>Looking at the backups…</source>
-        <translation>Looking at the backups…</translation>
+        <source>Reading the backups…</source>
+        <translation>Reading the backups…</translation>
     </message>
     <message id="IDS_BACKUP_NONE">
         <source>There are no backups of this card database. An import makes one before it changes anything.</source>
@@ -88,29 +88,29 @@
         <translation>The backup [%1] could not be restored. The card database [%2] is as it was before. Check the access rights and the free space of its folder, then try again.</translation>
     </message>
     <message id="IDS_BACKUP_READING">
-        <source>The backup [%1] is being looked at.</source>
+        <source>The backup [%1] is being read.</source>
         <extracomment>%1: name.</extracomment>
-        <translation>The backup [%1] is being looked at.</translation>
+        <translation>The backup [%1] is being read.</translation>
     </message>
     <message id="IDS_BACKUP_RESTORED">
-        <source>The card database [%1] is as it is in the backup [%2], which stays where it is.</source>
+        <source>The card database [%1] has been restored from the backup [%2]. The backup is kept.</source>
         <extracomment>%1: path. %2: name.</extracomment>
-        <translation>The card database [%1] is as it is in the backup [%2], which stays where it is.</translation>
+        <translation>The card database [%1] has been restored from the backup [%2]. The backup is kept.</translation>
     </message>
     <message id="IDS_BACKUP_RESTORE_FAILED">
-        <source>The backup [%1] could not be restored, and the card database [%2] may be incomplete. The backup is whole. Check the access rights and the free space of the folder, then try again: you will be asked whether to restore it.</source>
+        <source>The backup [%1] could not be restored, and the card database [%2] may be incomplete. The backup is intact. Check the access rights and the free space of the folder, then try again: you will be asked whether to restore it.</source>
         <extracomment>%1, %2: paths.</extracomment>
-        <translation>The backup [%1] could not be restored, and the card database [%2] may be incomplete. The backup is whole. Check the access rights and the free space of the folder, then try again: you will be asked whether to restore it.</translation>
+        <translation>The backup [%1] could not be restored, and the card database [%2] may be incomplete. The backup is intact. Check the access rights and the free space of the folder, then try again: you will be asked whether to restore it.</translation>
     </message>
     <message id="IDS_BACKUP_UNFINISHED">
-        <source>The last import into the card database [%1] did not finish and has to be settled first: restore its backup, or keep what is there. Nothing was changed.</source>
+        <source>The last import into the card database [%1] did not finish, so nothing was changed. First decide whether to restore its backup or to keep the card database as it is.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>The last import into the card database [%1] did not finish and has to be settled first: restore its backup, or keep what is there. Nothing was changed.</translation>
+        <translation>The last import into the card database [%1] did not finish, so nothing was changed. First decide whether to restore its backup or to keep the card database as it is.</translation>
     </message>
     <message id="IDS_BACKUP_UNREADABLE">
-        <source>The backup [%1] cannot be read to its end, so nothing was changed. This part of it is damaged, or you may not read it: [%2]</source>
+        <source>The backup [%1] cannot be read completely, so nothing was changed. This part of it is damaged, or you may not read it: [%2]</source>
         <extracomment>%1: path. %2: path inside it.</extracomment>
-        <translation>The backup [%1] cannot be read to its end, so nothing was changed. This part of it is damaged, or you may not read it: [%2]</translation>
+        <translation>The backup [%1] cannot be read completely, so nothing was changed. This part of it is damaged, or you may not read it: [%2]</translation>
     </message>
     <message id="IDS_BUTTON_BACKUPS">
         <source>Back&amp;ups…</source>
@@ -118,7 +118,7 @@
     </message>
     <message id="IDS_BUTTON_CANCEL">
         <source>C&amp;ancel</source>
-        <extracomment>The same button while an operation runs.</extracomment>
+        <extracomment>Text of the start button while an operation runs.</extracomment>
         <translation>C&amp;ancel</translation>
     </message>
     <message id="IDS_BUTTON_CHECK">
@@ -251,9 +251,9 @@
         <translation>The data file [%1] holds no cards. It needs the title line and at least one line for a card.</translation>
     </message>
     <message id="IDS_CHECK_DATA_FILE_ENCODING">
-        <source>The data file [%1] is no UTF-16 text. Save it as Unicode text (UTF-16).</source>
+        <source>The data file [%1] is not UTF-16 text. Save it as Unicode text (UTF-16).</source>
         <extracomment>%1: path.</extracomment>
-        <translation>The data file [%1] is no UTF-16 text. Save it as Unicode text (UTF-16).</translation>
+        <translation>The data file [%1] is not UTF-16 text. Save it as Unicode text (UTF-16).</translation>
     </message>
     <message id="IDS_CHECK_DATA_FILE_MISSING">
         <source>The data file [%1] is missing. Put it in this place under this name.</source>
@@ -286,9 +286,9 @@
         <translation>Line %1 [%2]: the image [%3] does not exist, so the card would be imported without it. Check the name in the data file, or put the image in this place.</translation>
     </message>
     <message id="IDS_CHECK_IMAGE_NO_JPEG">
-        <source>Line %1 [%2]: [%3] is no JPEG image, so the card would be imported without images. Save it as a JPEG file.</source>
+        <source>Line %1 [%2]: [%3] is not a JPEG image, so the card would be imported without images. Save it as a JPEG file.</source>
         <extracomment>%1: line of the data file. %2: full name on the card. %3: path.</extracomment>
-        <translation>Line %1 [%2]: [%3] is no JPEG image, so the card would be imported without images. Save it as a JPEG file.</translation>
+        <translation>Line %1 [%2]: [%3] is not a JPEG image, so the card would be imported without images. Save it as a JPEG file.</translation>
     </message>
     <message id="IDS_CHECK_LINES">
         <source>Line %L1 of %L2</source>
@@ -320,14 +320,14 @@
         <translation>The check was stopped, so there may be further problems.</translation>
     </message>
     <message id="IDS_CHECK_VERSION_MISSING">
-        <source>[%1] is missing, or it is no UTF-16 text, so the folder cannot be imported. Choose an interchange folder of version %2, or put the file of such a folder in this place.</source>
+        <source>[%1] is missing or is not UTF-16 text, so the folder cannot be imported. Choose an interchange folder of version %2, or put the file of such a folder in this place.</source>
         <extracomment>%1: path. %2: version.</extracomment>
-        <translation>[%1] is missing, or it is no UTF-16 text, so the folder cannot be imported. Choose an interchange folder of version %2, or put the file of such a folder in this place.</translation>
+        <translation>[%1] is missing or is not UTF-16 text, so the folder cannot be imported. Choose an interchange folder of version %2, or put the file of such a folder in this place.</translation>
     </message>
     <message id="IDS_CHECK_VERSION_OTHER">
-        <source>[%1] names another version than %2, so the folder cannot be imported. Choose an interchange folder of that version.</source>
+        <source>[%1] names a version other than %2, so the folder cannot be imported. Choose an interchange folder of that version.</source>
         <extracomment>%1: path. %2: version.</extracomment>
-        <translation>[%1] names another version than %2, so the folder cannot be imported. Choose an interchange folder of that version.</translation>
+        <translation>[%1] names a version other than %2, so the folder cannot be imported. Choose an interchange folder of that version.</translation>
     </message>
     <message id="IDS_CHECK_VERSION_PRODUCT">
         <source>[%1] says that VelmoraConverter exported this folder, and such a folder cannot be imported again. Choose an interchange folder that another program made for import.</source>
@@ -335,27 +335,27 @@
         <translation>[%1] says that VelmoraConverter exported this folder, and such a folder cannot be imported again. Choose an interchange folder that another program made for import.</translation>
     </message>
     <message id="IDS_CLI_BACKUP">
-        <source>Backup of the card database as it was before: [%1]</source>
+        <source>Backup of the card database from before the import: [%1]</source>
         <extracomment>%1: path.</extracomment>
-        <translation>Backup of the card database as it was before: [%1]</translation>
+        <translation>Backup of the card database from before the import: [%1]</translation>
     </message>
     <message id="IDS_CLI_CREATED">
-        <source>An empty card database was made: [%1]</source>
+        <source>An empty card database was created: [%1]</source>
         <extracomment>%1: path.</extracomment>
-        <translation>An empty card database was made: [%1]</translation>
+        <translation>An empty card database was created: [%1]</translation>
     </message>
     <message id="IDS_CLI_ERR_BACKUP_NAME">
-        <source>--restore and --delete go with "backups" only, one of them at a time, and each with the name of a backup.</source>
-        <translation>--restore and --delete go with "backups" only, one of them at a time, and each with the name of a backup.</translation>
+        <source>--restore and --delete can be used only with "backups", one at a time, and each needs the name of a backup.</source>
+        <translation>--restore and --delete can be used only with "backups", one at a time, and each needs the name of a backup.</translation>
     </message>
     <message id="IDS_CLI_ERR_NO_COMMAND">
         <source>A command is missing: import, export, check, verify, create, recover or backups.</source>
         <translation>A command is missing: import, export, check, verify, create, recover or backups.</translation>
     </message>
     <message id="IDS_CLI_ERR_OPERANDS">
-        <source>Wrong paths for &quot;%1&quot;. Write: velmora-convert %1 %2</source>
+        <source>Wrong paths for &quot;%1&quot;. Usage: velmora-convert %1 %2</source>
         <extracomment>%1: command. %2: names of its paths.</extracomment>
-        <translation>Wrong paths for &quot;%1&quot;. Write: velmora-convert %1 %2</translation>
+        <translation>Wrong paths for &quot;%1&quot;. Usage: velmora-convert %1 %2</translation>
     </message>
     <message id="IDS_CLI_ERR_OPTION_VALUE">
         <source>The options take no values.</source>
@@ -363,7 +363,7 @@
     </message>
     <message id="IDS_CLI_ERR_UNKNOWN_COMMAND">
         <source>There is no command &quot;%1&quot;. The commands are import, export, check, verify, create, recover and backups.</source>
-        <extracomment>%1: what stands in place of a command.</extracomment>
+        <extracomment>%1: the unknown command.</extracomment>
         <translation>There is no command &quot;%1&quot;. The commands are import, export, check, verify, create, recover and backups.</translation>
     </message>
     <message id="IDS_CLI_ERR_UNKNOWN_OPTION">
@@ -382,29 +382,29 @@
         <translation>The export was cancelled. The folder [%1] was removed.</translation>
     </message>
     <message id="IDS_CLI_EXPORT_FAILED">
-        <source>The export failed after %L1 of %L2 cards, folder [%3].</source>
+        <source>The export into the folder [%3] failed after %L1 of %L2 cards.</source>
         <extracomment>%L1: cards done. %L2: cards in all. %3: path.</extracomment>
-        <translation>The export failed after %L1 of %L2 cards, folder [%3].</translation>
+        <translation>The export into the folder [%3] failed after %L1 of %L2 cards.</translation>
     </message>
     <message id="IDS_CLI_HELP_BACKUPS">
         <source>Lists the backups beside the card database PACKAGE, or restores or deletes one of them.</source>
         <translation>Lists the backups beside the card database PACKAGE, or restores or deletes one of them.</translation>
     </message>
     <message id="IDS_CLI_HELP_CHECK">
-        <source>Lists every problem of the interchange folder FOLDER; changes nothing.</source>
-        <translation>Lists every problem of the interchange folder FOLDER; changes nothing.</translation>
+        <source>Lists every problem in the interchange folder FOLDER; changes nothing.</source>
+        <translation>Lists every problem in the interchange folder FOLDER; changes nothing.</translation>
     </message>
     <message id="IDS_CLI_HELP_CREATE">
-        <source>Makes the empty card database PACKAGE (.vmdb).</source>
-        <translation>Makes the empty card database PACKAGE (.vmdb).</translation>
+        <source>Creates the empty card database PACKAGE (.vmdb).</source>
+        <translation>Creates the empty card database PACKAGE (.vmdb).</translation>
     </message>
     <message id="IDS_CLI_HELP_DELETE">
         <source>With backups: deletes the backup NAME.</source>
         <translation>With backups: deletes the backup NAME.</translation>
     </message>
     <message id="IDS_CLI_HELP_EXIT">
-        <source>Exit status: 0 done; 1 failed; 2 wrong usage; 3 refused before anything began; 4 done, with warnings or errors in the log; 130 cancelled. check and verify: 0 no problems, 4 problems found, 1 could not look.</source>
-        <translation>Exit status: 0 done; 1 failed; 2 wrong usage; 3 refused before anything began; 4 done, with warnings or errors in the log; 130 cancelled. check and verify: 0 no problems, 4 problems found, 1 could not look.</translation>
+        <source>Exit status: 0 done; 1 failed; 2 wrong usage; 3 refused before the operation began; 4 done, with warnings or errors in the log; 130 cancelled. check and verify: 0 no problems, 4 problems found, 1 could not be read.</source>
+        <translation>Exit status: 0 done; 1 failed; 2 wrong usage; 3 refused before the operation began; 4 done, with warnings or errors in the log; 130 cancelled. check and verify: 0 no problems, 4 problems found, 1 could not be read.</translation>
     </message>
     <message id="IDS_CLI_HELP_EXPORT">
         <source>Exports the card database PACKAGE into a new interchange folder inside the folder PARENT.</source>
@@ -419,28 +419,28 @@
         <translation>Imports the interchange folder FOLDER into the card database PACKAGE.</translation>
     </message>
     <message id="IDS_CLI_HELP_JSON">
-        <source>Writes one JSON object a line to standard output, the result last.</source>
-        <translation>Writes one JSON object a line to standard output, the result last.</translation>
+        <source>Writes one JSON object per line to standard output; the last line is the result.</source>
+        <translation>Writes one JSON object per line to standard output; the last line is the result.</translation>
     </message>
     <message id="IDS_CLI_HELP_QUIET">
         <source>Shows errors and problems only, neither progress nor summary.</source>
         <translation>Shows errors and problems only, neither progress nor summary.</translation>
     </message>
     <message id="IDS_CLI_HELP_RECOVER">
-        <source>Settles an import into the card database PACKAGE that did not finish: restores its backup, or keeps what is there.</source>
-        <translation>Settles an import into the card database PACKAGE that did not finish: restores its backup, or keeps what is there.</translation>
+        <source>After an import into the card database PACKAGE that did not finish: restores its backup, or keeps the card database as it is.</source>
+        <translation>After an import into the card database PACKAGE that did not finish: restores its backup, or keeps the card database as it is.</translation>
     </message>
     <message id="IDS_CLI_HELP_RESTORE">
-        <source>With backups: puts the backup NAME in place of the card database, which is backed up first.</source>
-        <translation>With backups: puts the backup NAME in place of the card database, which is backed up first.</translation>
+        <source>With backups: restores the card database from the backup NAME. The current card database is backed up first.</source>
+        <translation>With backups: restores the card database from the backup NAME. The current card database is backed up first.</translation>
     </message>
     <message id="IDS_CLI_HELP_USAGE">
         <source>velmora-convert moves business cards between a card database and an interchange folder. Usage: velmora-convert COMMAND [OPTIONS]</source>
         <translation>velmora-convert moves business cards between a card database and an interchange folder. Usage: velmora-convert COMMAND [OPTIONS]</translation>
     </message>
     <message id="IDS_CLI_HELP_VERIFY">
-        <source>Lists every problem of the card database PACKAGE; changes nothing.</source>
-        <translation>Lists every problem of the card database PACKAGE; changes nothing.</translation>
+        <source>Lists every problem in the card database PACKAGE; changes nothing.</source>
+        <translation>Lists every problem in the card database PACKAGE; changes nothing.</translation>
     </message>
     <message id="IDS_CLI_HELP_VERSION">
         <source>Shows the version.</source>
@@ -461,9 +461,9 @@
         <translation>The import was cancelled. The card database [%1] is as it was before.</translation>
     </message>
     <message id="IDS_CLI_IMPORT_FAILED">
-        <source>The import failed after %L1 of %L2 cards, card database [%3].</source>
+        <source>The import into the card database [%3] failed after %L1 of %L2 cards.</source>
         <extracomment>%L1: cards done. %L2: cards in all. %3: path.</extracomment>
-        <translation>The import failed after %L1 of %L2 cards, card database [%3].</translation>
+        <translation>The import into the card database [%3] failed after %L1 of %L2 cards.</translation>
     </message>
     <message id="IDS_CLI_LOG">
         <source>Log: [%1], warnings: %L2, errors: %L3</source>
@@ -471,9 +471,9 @@
         <translation>Log: [%1], warnings: %L2, errors: %L3</translation>
     </message>
     <message id="IDS_CLI_NEEDS_YES">
-        <source>%1 This question cannot be asked here, so it counts as answered with No. Run the command again with --yes to answer Yes, or run it in a terminal.</source>
+        <source>%1 Nobody can answer this question here, so the answer is taken to be No. Run the command again with --yes to answer Yes, or run it in a terminal.</source>
         <extracomment>%1: question.</extracomment>
-        <translation>%1 This question cannot be asked here, so it counts as answered with No. Run the command again with --yes to answer Yes, or run it in a terminal.</translation>
+        <translation>%1 Nobody can answer this question here, so the answer is taken to be No. Run the command again with --yes to answer Yes, or run it in a terminal.</translation>
     </message>
     <message id="IDS_CLI_NO_LOG">
         <source>No log could be written at [%1], so warnings are not counted. Check that you may write there.</source>
@@ -501,9 +501,9 @@
         <translation>The card database [%1] and its backup stay as they are.</translation>
     </message>
     <message id="IDS_CLI_RECOVER_NOTHING">
-        <source>No import into the card database [%1] was cut off: there is nothing to recover.</source>
+        <source>No import into the card database [%1] was interrupted, so there is nothing to recover.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>No import into the card database [%1] was cut off: there is nothing to recover.</translation>
+        <translation>No import into the card database [%1] was interrupted, so there is nothing to recover.</translation>
     </message>
     <message id="IDS_CLI_RECOVER_RESTORED">
         <source>The card database [%1] is as it was before the import that did not finish.</source>
@@ -530,19 +530,19 @@
         <translation>Verifying: %1%</translation>
     </message>
     <message id="IDS_CREATE_EXISTS">
-        <source>Something already stands at [%1], so nothing was changed. Choose another name, or move what stands there away first.</source>
+        <source>A file or folder already exists at [%1], so nothing was changed. Choose another name, or move the existing one away first.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>Something already stands at [%1], so nothing was changed. Choose another name, or move what stands there away first.</translation>
+        <translation>A file or folder already exists at [%1], so nothing was changed. Choose another name, or move the existing one away first.</translation>
     </message>
     <message id="IDS_CREATE_FAILED">
-        <source>The card database [%1] could not be made: %2. What had been made of it was removed. Check that you may write there and that the disk has free space, then try again.</source>
+        <source>The card database [%1] could not be created: %2. The incomplete card database was removed. Check that you may write there and that the disk has free space, then try again.</source>
         <extracomment>%1: path. %2: reason.</extracomment>
-        <translation>The card database [%1] could not be made: %2. What had been made of it was removed. Check that you may write there and that the disk has free space, then try again.</translation>
+        <translation>The card database [%1] could not be created: %2. The incomplete card database was removed. Check that you may write there and that the disk has free space, then try again.</translation>
     </message>
     <message id="IDS_CREATE_NO_PARENT">
-        <source>The folder [%1], in which the card database is to be made, does not exist. Make the folder first, or check the path.</source>
+        <source>The folder [%1], in which the card database is to be created, does not exist. Create the folder first, or check the path.</source>
         <extracomment>%1: folder.</extracomment>
-        <translation>The folder [%1], in which the card database is to be made, does not exist. Make the folder first, or check the path.</translation>
+        <translation>The folder [%1], in which the card database is to be created, does not exist. Create the folder first, or check the path.</translation>
     </message>
     <message id="IDS_CREATE_WRONG_NAME">
         <source>[%1] cannot be the name of a card database. Choose a name that ends in &quot;.vmdb&quot;.</source>
@@ -676,13 +676,13 @@
     </message>
     <message id="IDS_LABEL_BACKUPS">
         <source>Shows the backups of this card database, to restore or to delete them.</source>
-        <extracomment>What the Backups button does.</extracomment>
+        <extracomment>Describes the Backups button.</extracomment>
         <translation>Shows the backups of this card database, to restore or to delete them.</translation>
     </message>
     <message id="IDS_LABEL_CHECK">
-        <source>Lists every problem of the interchange folder, and changes nothing.</source>
-        <extracomment>What the Check button does.</extracomment>
-        <translation>Lists every problem of the interchange folder, and changes nothing.</translation>
+        <source>Lists every problem in the interchange folder and changes nothing.</source>
+        <extracomment>Describes the Check button.</extracomment>
+        <translation>Lists every problem in the interchange folder and changes nothing.</translation>
     </message>
     <message id="IDS_LABEL_CHOICE">
         <source>What would you like to do?</source>
@@ -694,13 +694,13 @@
         <translation>Writes every card of a card database into a folder, as a data file with images and attachments.</translation>
     </message>
     <message id="IDS_LABEL_CHOICE_IMPORT">
-        <source>Adds the cards of such a folder to a card database. The card database is backed up first.</source>
-        <translation>Adds the cards of such a folder to a card database. The card database is backed up first.</translation>
+        <source>Adds the cards of an interchange folder to a card database. The card database is backed up first.</source>
+        <translation>Adds the cards of an interchange folder to a card database. The card database is backed up first.</translation>
     </message>
     <message id="IDS_LABEL_CLOSE_LATER">
-        <source>The card database is still being worked on. Cancel first, or wait for the end.</source>
+        <source>VelmoraConverter is still working on the card database. Cancel first, or wait until it has finished.</source>
         <extracomment>Says why the window does not close.</extracomment>
-        <translation>The card database is still being worked on. Cancel first, or wait for the end.</translation>
+        <translation>VelmoraConverter is still working on the card database. Cancel first, or wait until it has finished.</translation>
     </message>
     <message id="IDS_LABEL_COLUMN_CARDS">
         <source>Cards</source>
@@ -765,7 +765,7 @@
     </message>
     <message id="IDS_LABEL_KEEP_AWAKE">
         <source>Business cards are being converted.</source>
-        <extracomment>Told to the desktop as the reason why the computer must not go to sleep.</extracomment>
+        <extracomment>Reason given to the desktop for keeping the computer awake.</extracomment>
         <translation>Business cards are being converted.</translation>
     </message>
     <message id="IDS_LABEL_LAST_PATH">
@@ -775,7 +775,7 @@
     </message>
     <message id="IDS_LABEL_LOG_TAIL">
         <source>Only the end of this long log is shown. All of it is in [%1].</source>
-        <extracomment>Stands above the log in its viewer. %1: path.</extracomment>
+        <extracomment>Shown above the log in its viewer. %1: path.</extracomment>
         <translation>Only the end of this long log is shown. All of it is in [%1].</translation>
     </message>
     <message id="IDS_LABEL_MENU">
@@ -790,7 +790,7 @@
     </message>
     <message id="IDS_LABEL_NOT_FOUND">
         <source>“%1” was not found.</source>
-        <extracomment>In the viewer of the log. %1: what was looked for.</extracomment>
+        <extracomment>In the viewer of the log. %1: the text searched for.</extracomment>
         <translation>“%1” was not found.</translation>
     </message>
     <message id="IDS_LABEL_NO_PROBLEMS">
@@ -799,9 +799,9 @@
         <translation>No problems were found.</translation>
     </message>
     <message id="IDS_LABEL_NO_SINGLE_COPY">
-        <source>VelmoraConverter was not started: another copy seems to run but does not answer, or its runtime folder cannot be used. Quit the other copy, or log out and in again, then start it once more.</source>
+        <source>VelmoraConverter was not started: another copy seems to be running but does not answer, or its runtime folder cannot be used. Quit the other copy, or log out and in again, then start it once more.</source>
         <extracomment>Written to the terminal.</extracomment>
-        <translation>VelmoraConverter was not started: another copy seems to run but does not answer, or its runtime folder cannot be used. Quit the other copy, or log out and in again, then start it once more.</translation>
+        <translation>VelmoraConverter was not started: another copy seems to be running but does not answer, or its runtime folder cannot be used. Quit the other copy, or log out and in again, then start it once more.</translation>
     </message>
     <message id="IDS_LABEL_OPEN_REPORT">
         <source>Open the report about this run. Cards with warnings or errors: %L1</source>
@@ -819,18 +819,18 @@
         <translation>There is nothing at this path. Check it, or choose with the button.</translation>
     </message>
     <message id="IDS_LABEL_PATH_NO_DATABASE">
-        <source>This folder is no card database. Choose a folder whose name ends in ".vmdb".</source>
+        <source>This folder is not a card database. Choose a folder whose name ends in ".vmdb".</source>
         <extracomment>Below a path field.</extracomment>
-        <translation>This folder is no card database. Choose a folder whose name ends in ".vmdb".</translation>
+        <translation>This folder is not a card database. Choose a folder whose name ends in ".vmdb".</translation>
     </message>
     <message id="IDS_LABEL_PATH_NO_DATA_FILE">
-        <source>This folder holds no file [%1]. Choose the folder that holds it.</source>
+        <source>This folder does not contain the file [%1]. Choose the folder that contains it.</source>
         <extracomment>Below a path field. %1: name of the data file.</extracomment>
-        <translation>This folder holds no file [%1]. Choose the folder that holds it.</translation>
+        <translation>This folder does not contain the file [%1]. Choose the folder that contains it.</translation>
     </message>
     <message id="IDS_LABEL_PROGRESS">
         <source>Progress</source>
-        <extracomment>What a screen reader calls the progress bar.</extracomment>
+        <extracomment>Name of the progress bar for a screen reader.</extracomment>
         <translation>Progress</translation>
     </message>
     <message id="IDS_LABEL_SECONDS_LEFT">
@@ -839,7 +839,7 @@
     </message>
     <message id="IDS_LABEL_SELECTED_PROBLEM">
         <source>Selected problem</source>
-        <extracomment>What a screen reader says of the whole text of a problem.</extracomment>
+        <extracomment>Name of the field with the whole text of a problem, for a screen reader.</extracomment>
         <translation>Selected problem</translation>
     </message>
     <message id="IDS_LBL_BACKUP">
@@ -902,9 +902,9 @@
         <translation>An attachment could not be copied. Check that the attachment can be read and that the destination can be written to.</translation>
     </message>
     <message id="IDS_LOG_ERR_COPY_DIFFERS">
-        <source>The copy of the card database [%1] is not the same as the original at [%2]. Something changes the card database, or the disk is faulty: quit other programs that use it, check the disk, then try again.</source>
+        <source>The copy of the card database [%1] is not the same as the original at [%2]. Another program is changing the card database, or the disk is faulty: quit other programs that use it, check the disk, then try again.</source>
         <extracomment>%1: path of the original. %2: path below it, or nothing.</extracomment>
-        <translation>The copy of the card database [%1] is not the same as the original at [%2]. Something changes the card database, or the disk is faulty: quit other programs that use it, check the disk, then try again.</translation>
+        <translation>The copy of the card database [%1] is not the same as the original at [%2]. Another program is changing the card database, or the disk is faulty: quit other programs that use it, check the disk, then try again.</translation>
     </message>
     <message id="IDS_LOG_ERR_DATA_FILE_TOO_LARGE">
         <source>The data file [%1] has %L2 bytes, which is too large to be read: the limit is %L3 bytes. Divide the data file and import the parts one after the other.</source>
@@ -930,14 +930,14 @@
         <translation>A card image could not be written. Check that the image folder of the export can be written to and that the disk has free space.</translation>
     </message>
     <message id="IDS_LOG_ERR_JOURNAL">
-        <source>The note [%1] that an import is under way could not be written. Check that its folder can be written to, that the disk has free space and that no other import into this card database runs, then import again.</source>
+        <source>The file [%1], which records that an import is running, could not be written. Check that its folder can be written to, that the disk has free space and that no other import into this card database is running, then import again.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>The note [%1] that an import is under way could not be written. Check that its folder can be written to, that the disk has free space and that no other import into this card database runs, then import again.</translation>
+        <translation>The file [%1], which records that an import is running, could not be written. Check that its folder can be written to, that the disk has free space and that no other import into this card database is running, then import again.</translation>
     </message>
     <message id="IDS_LOG_ERR_JOURNAL_UNREADABLE">
-        <source>The note [%1] of an import that did not finish could not be read or removed. Check its access rights and the disk, then try again.</source>
+        <source>The file [%1], which records an import that did not finish, could not be read or removed. Check its access rights and the disk, then try again.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>The note [%1] of an import that did not finish could not be read or removed. Check its access rights and the disk, then try again.</translation>
+        <translation>The file [%1], which records an import that did not finish, could not be read or removed. Check its access rights and the disk, then try again.</translation>
     </message>
     <message id="IDS_LOG_ERR_PACKAGE_ACCESS">
         <source>The access rights of the card database [%1] do not allow it to be used. Check that you may read and write it and everything in it, then try again.</source>
@@ -950,9 +950,9 @@
         <translation>The card database [%1], its card store, "Images" or "Files" is marked as immutable. Remove the mark (chattr -i), then try again.</translation>
     </message>
     <message id="IDS_LOG_ERR_PACKAGE_IN_USE">
-        <source>Another conversion is at work with the card database [%1]. Wait until it has ended, then try again.</source>
+        <source>Another conversion is using the card database [%1]. Wait until it has ended, then try again.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>Another conversion is at work with the card database [%1]. Wait until it has ended, then try again.</translation>
+        <translation>Another conversion is using the card database [%1]. Wait until it has ended, then try again.</translation>
     </message>
     <message id="IDS_LOG_ERR_PACKAGE_NO_STORE">
         <source>The card database [%1] has no card store. Choose another card database, or put its store back from a backup.</source>
@@ -965,9 +965,9 @@
         <translation>The card database [%1] can be read but not written. Check that you may write to it and everything in it, then try again.</translation>
     </message>
     <message id="IDS_LOG_ERR_PACKAGE_UNREADABLE">
-        <source>[%1] is no card database or cannot be read. Choose a folder whose name ends in ".vmdb", and check that you may read it.</source>
+        <source>[%1] is not a card database or cannot be read. Choose a folder whose name ends in ".vmdb", and check that you may read it.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>[%1] is no card database or cannot be read. Choose a folder whose name ends in ".vmdb", and check that you may read it.</translation>
+        <translation>[%1] is not a card database or cannot be read. Choose a folder whose name ends in ".vmdb", and check that you may read it.</translation>
     </message>
     <message id="IDS_LOG_ERR_SIZE">
         <source>The size of [%1] could not be measured: %2. Check that the program "du" is installed and that everything in this place can be read, then try again.</source>
@@ -980,9 +980,9 @@
         <translation>The cards in [%1] could not be read: %2. Have the card database verified, and go back to a backup of it if it is damaged.</translation>
     </message>
     <message id="IDS_LOG_ERR_STORE_MODEL">
-        <source>The card store [%1] is not of the expected kind: it lacks %2. Open the card database once with the current version of Velmora, then try again.</source>
+        <source>The card store [%1] does not have the expected format: it lacks %2. Open the card database once with the current version of Velmora, then try again.</source>
         <extracomment>%1: path. %2: what is missing.</extracomment>
-        <translation>The card store [%1] is not of the expected kind: it lacks %2. Open the card database once with the current version of Velmora, then try again.</translation>
+        <translation>The card store [%1] does not have the expected format: it lacks %2. Open the card database once with the current version of Velmora, then try again.</translation>
     </message>
     <message id="IDS_LOG_ERR_STORE_OPEN">
         <source>The card store [%1] could not be opened: %2. Check that no other program uses it; if it is damaged, go back to a backup of the card database.</source>
@@ -1000,19 +1000,19 @@
         <translation>Line %1 of [%2]: the title line has %4 titles, but %3 are needed, each of them once. Correct the title line and try again.</translation>
     </message>
     <message id="IDS_LOG_ERR_TITLE_LINE_MISSING">
-        <source>Line %1 of [%2]: the title line has %4 titles, where %3 are needed, and these are missing: %5. Write the missing titles as they stand here, separated by tabs, save the file as UTF-16 text and try again.</source>
+        <source>Line %1 of [%2]: the title line has %4 titles, but %3 are needed, and these are missing: %5. Write the missing titles exactly as shown here, separated by tabs, save the file as UTF-16 text and try again.</source>
         <extracomment>%1: line. %2: path of the data file. %3: titles needed. %4: titles found. %5: the missing titles.</extracomment>
-        <translation>Line %1 of [%2]: the title line has %4 titles, where %3 are needed, and these are missing: %5. Write the missing titles as they stand here, separated by tabs, save the file as UTF-16 text and try again.</translation>
+        <translation>Line %1 of [%2]: the title line has %4 titles, but %3 are needed, and these are missing: %5. Write the missing titles exactly as shown here, separated by tabs, save the file as UTF-16 text and try again.</translation>
     </message>
     <message id="IDS_LOG_ERR_TRANSFER_COPY">
-        <source>No. %1 [%2]: [%3] could not be copied to [%4]. No. is the line of the data file on import and the number of the card on export. Check that the one can be read, that nothing stands at the other and that the disk has free space, then try again.</source>
+        <source>No. %1 [%2]: [%3] could not be copied to [%4]. No. is the line of the data file on import and the number of the card on export. Check that the original can be read, that nothing exists yet at the destination and that the disk has free space, then try again.</source>
         <extracomment>%1: line of the data file or number of the card. %2: full name on the card. %3: source path. %4: target path.</extracomment>
-        <translation>No. %1 [%2]: [%3] could not be copied to [%4]. No. is the line of the data file on import and the number of the card on export. Check that the one can be read, that nothing stands at the other and that the disk has free space, then try again.</translation>
+        <translation>No. %1 [%2]: [%3] could not be copied to [%4]. No. is the line of the data file on import and the number of the card on export. Check that the original can be read, that nothing exists yet at the destination and that the disk has free space, then try again.</translation>
     </message>
     <message id="IDS_LOG_ERR_TRANSFER_PLACE">
-        <source>No. %1 [%2]: the failure concerns [%3]. No. is the line of the data file on import and the number of the card on export. Check that it exists, that you may read and write there and that the disk has free space, then try again.</source>
+        <source>No. %1 [%2]: the failure occurred at [%3]. No. is the line of the data file on import and the number of the card on export. Check that this place exists, that you may read and write there and that the disk has free space, then try again.</source>
         <extracomment>%1: line of the data file or number of the card. %2: full name on the card. %3: path.</extracomment>
-        <translation>No. %1 [%2]: the failure concerns [%3]. No. is the line of the data file on import and the number of the card on export. Check that it exists, that you may read and write there and that the disk has free space, then try again.</translation>
+        <translation>No. %1 [%2]: the failure occurred at [%3]. No. is the line of the data file on import and the number of the card on export. Check that this place exists, that you may read and write there and that the disk has free space, then try again.</translation>
     </message>
     <message id="IDS_LOG_INF_CANCEL_OPERATION">
         <source>The operation was cancelled by the user.</source>
@@ -1035,13 +1035,13 @@
     </message>
     <message id="IDS_LOG_INF_EXISTS_WRN_OR_ERR">
         <source> There are warnings or errors, see the lines above. </source>
-        <extracomment>Stands inside the two end lines, hence the blanks around it.</extracomment>
+        <extracomment>Inserted into the two end lines, so it begins and ends with a blank.</extracomment>
         <translation> There are warnings or errors, see the lines above. </translation>
     </message>
     <message id="IDS_LOG_INF_JOURNAL_STAYS">
-        <source>The note [%1] of the finished import could not be removed. Nothing is missing in the card database; the next import looks at the note and removes it.</source>
+        <source>The file [%1], which records the finished import, could not be removed. The card database is complete; the next import checks this file and removes it.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>The note [%1] of the finished import could not be removed. Nothing is missing in the card database; the next import looks at the note and removes it.</translation>
+        <translation>The file [%1], which records the finished import, could not be removed. The card database is complete; the next import checks this file and removes it.</translation>
     </message>
     <message id="IDS_LOG_INF_START">
         <source>%1 started.%2</source>
@@ -1094,14 +1094,14 @@
         <translation>Card %1 [%2]: the file of the card images is missing in the card database (code %3), so the card is exported without images. Check the card in Velmora.</translation>
     </message>
     <message id="IDS_LOG_WRN_ITEM_MAX_LEN">
-        <source>Line %2 [%3]: the item &quot;%1&quot; is too long. At most 256 characters of an item are stored, the rest is not. Shorten the item in the data file if the rest matters.</source>
+        <source>Line %2 [%3]: the item &quot;%1&quot; is too long. At most 256 characters of an item are stored; the rest is left out. Shorten the item in the data file if the rest matters.</source>
         <extracomment>%1: column title. %2: line of the data file. %3: full name on the card.</extracomment>
-        <translation>Line %2 [%3]: the item &quot;%1&quot; is too long. At most 256 characters of an item are stored, the rest is not. Shorten the item in the data file if the rest matters.</translation>
+        <translation>Line %2 [%3]: the item &quot;%1&quot; is too long. At most 256 characters of an item are stored; the rest is left out. Shorten the item in the data file if the rest matters.</translation>
     </message>
     <message id="IDS_LOG_WRN_NAME_LEADS_OUT">
-        <source>Line %1 [%2]: the name &quot;%3&quot; leads out of the folder [%4], so it was not used. Put the file into that folder, write its name into the data file without &quot;/&quot; or &quot;..&quot; in front, and import the card again.</source>
+        <source>Line %1 [%2]: the name &quot;%3&quot; points outside the folder [%4], so it was not used. Put the file into that folder, write its name into the data file without &quot;/&quot; or &quot;..&quot; in front, and import the card again.</source>
         <extracomment>%1: line of the data file. %2: full name on the card. %3: name in the data file. %4: folder.</extracomment>
-        <translation>Line %1 [%2]: the name &quot;%3&quot; leads out of the folder [%4], so it was not used. Put the file into that folder, write its name into the data file without &quot;/&quot; or &quot;..&quot; in front, and import the card again.</translation>
+        <translation>Line %1 [%2]: the name &quot;%3&quot; points outside the folder [%4], so it was not used. Put the file into that folder, write its name into the data file without &quot;/&quot; or &quot;..&quot; in front, and import the card again.</translation>
     </message>
     <message id="IDS_LOG_WRN_REPORT">
         <source>The report [%1] could not be written: %2. The cards are not affected. Check that you may write to its folder and that the disk has free space.</source>
@@ -1109,14 +1109,14 @@
         <translation>The report [%1] could not be written: %2. The cards are not affected. Check that you may write to its folder and that the disk has free space.</translation>
     </message>
     <message id="IDS_MSG_BACKUP_DELETE">
-        <source>Delete this backup? It cannot be brought back.
+        <source>Delete this backup? This cannot be undone.
 
 Backup: %1
 Made: %2
 Contents: %3
 Card database: [%4]</source>
         <extracomment>Answered with Yes or No. %1: name. %2: date and time. %3: number of cards, or that it is not usable. %4: path.</extracomment>
-        <translation>Delete this backup? It cannot be brought back.
+        <translation>Delete this backup? This cannot be undone.
 
 Backup: %1
 Made: %2
@@ -1124,14 +1124,14 @@ Contents: %3
 Card database: [%4]</translation>
     </message>
     <message id="IDS_MSG_BACKUP_RESTORE">
-        <source>Put this backup in place of the card database? Quit Velmora first. The card database as it is now is backed up before, and the chosen backup stays, too.
+        <source>Restore the card database from this backup? Quit Velmora first. The current card database is backed up before the restore, and the chosen backup is kept as well.
 
 Backup: %1
 Made: %2
 Contents: %3
 Card database: [%4]</source>
         <extracomment>Answered with Yes or No. %1: name. %2: date and time. %3: number of cards. %4: path.</extracomment>
-        <translation>Put this backup in place of the card database? Quit Velmora first. The card database as it is now is backed up before, and the chosen backup stays, too.
+        <translation>Restore the card database from this backup? Quit Velmora first. The current card database is backed up before the restore, and the chosen backup is kept as well.
 
 Backup: %1
 Made: %2
@@ -1159,12 +1159,12 @@ Card database: [%4]</translation>
         <translation>%1 of the card database has ended.</translation>
     </message>
     <message id="IDS_MSG_ERR_0101">
-        <source>There is no log file yet. It is made when an import or export runs.</source>
-        <translation>There is no log file yet. It is made when an import or export runs.</translation>
+        <source>There is no log file yet. It is created when an import or export runs.</source>
+        <translation>There is no log file yet. It is created when an import or export runs.</translation>
     </message>
     <message id="IDS_MSG_ERR_0102">
-        <source>An internal error occurred, and the operation could not be completed. Try again. If the error comes back, the log holds the details.</source>
-        <translation>An internal error occurred, and the operation could not be completed. Try again. If the error comes back, the log holds the details.</translation>
+        <source>An internal error occurred, and the operation could not be completed. Try again. If the error occurs again, see the log for details.</source>
+        <translation>An internal error occurred, and the operation could not be completed. Try again. If the error occurs again, see the log for details.</translation>
     </message>
     <message id="IDS_MSG_ERR_0103">
         <source>There is not enough free space on the destination disk. Free some space and try again.</source>
@@ -1176,9 +1176,9 @@ Card database: [%4]</translation>
         <translation>Version %1 of Velmora, installed at [%2], is too old. Update Velmora to version 1.1.20 or later and try again.</translation>
     </message>
     <message id="IDS_MSG_ERR_0105">
-        <source>[%1] is on a network volume, or it cannot be told where it is. Copy it to a disk of this computer, or choose another place on this computer, and try again.</source>
+        <source>[%1] is on a network volume, or its location cannot be determined. Copy it to a disk of this computer, or choose another place on this computer, and try again.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>[%1] is on a network volume, or it cannot be told where it is. Copy it to a disk of this computer, or choose another place on this computer, and try again.</translation>
+        <translation>[%1] is on a network volume, or its location cannot be determined. Copy it to a disk of this computer, or choose another place on this computer, and try again.</translation>
     </message>
     <message id="IDS_MSG_ERR_0106">
         <source>Quit Velmora before you begin, and do not use the card database until the operation has finished. Do you want to begin?</source>
@@ -1220,14 +1220,14 @@ Card database: [%4]</translation>
         <translation>The card database [%1] is in use. Quit Velmora and other programs that use it, then export again.</translation>
     </message>
     <message id="IDS_MSG_ERR_0204">
-        <source>The export folder [%1] could not be created, or the old one could not be replaced. Check that you may write there and that the old folder is no link, or choose another folder.</source>
+        <source>The export folder [%1] could not be created, or the old one could not be replaced. Check that you may write there and that the old folder is not a link, or choose another folder.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>The export folder [%1] could not be created, or the old one could not be replaced. Check that you may write there and that the old folder is no link, or choose another folder.</translation>
+        <translation>The export folder [%1] could not be created, or the old one could not be replaced. Check that you may write there and that the old folder is not a link, or choose another folder.</translation>
     </message>
     <message id="IDS_MSG_ERR_0205">
-        <source>There already is an exported folder at [%1]. It will be deleted with everything in it and made anew. Do you want to continue?</source>
+        <source>There is already an exported folder at [%1]. It will be deleted with everything in it and created again. Do you want to continue?</source>
         <extracomment>Question. %1: path.</extracomment>
-        <translation>There already is an exported folder at [%1]. It will be deleted with everything in it and made anew. Do you want to continue?</translation>
+        <translation>There is already an exported folder at [%1]. It will be deleted with everything in it and created again. Do you want to continue?</translation>
     </message>
     <message id="IDS_MSG_ERR_0206">
         <source>The export was stopped, because the destination disk is full. Free some space or choose a folder on another disk, then export again.</source>
@@ -1298,8 +1298,8 @@ Card database: [%4]</translation>
         <translation>%1 of the card database failed. Check that its folder can be written to and that the disk has free space, then import again. If a restore failed, the card database may be incomplete or missing: put a copy of the backup in its place first.%2</translation>
     </message>
     <message id="IDS_MSG_ERR_0313">
-        <source>The import failed, and nothing was imported. Check the interchange folder, and that the card database is free and can be written to, then import again. The log holds the details.</source>
-        <translation>The import failed, and nothing was imported. Check the interchange folder, and that the card database is free and can be written to, then import again. The log holds the details.</translation>
+        <source>The import failed, and nothing was imported. Check the interchange folder, and that the card database is not in use and can be written to, then import again. The log holds the details.</source>
+        <translation>The import failed, and nothing was imported. Check the interchange folder, and that the card database is not in use and can be written to, then import again. The log holds the details.</translation>
     </message>
     <message id="IDS_MSG_ERR_0314">
         <source>This folder was exported by VelmoraConverter and is not meant to be imported again, so nothing was imported. Choose an interchange folder that another program made for import.</source>
@@ -1321,7 +1321,7 @@ Card database: [%4]</translation>
     </message>
     <message id="IDS_MSG_EXPORT_COUNT">
         <source>, exported: %L1</source>
-        <extracomment>%L1: number of cards done. Stands directly behind IDS_MSG_DATA_COUNT.</extracomment>
+        <extracomment>%L1: number of cards done. Directly follows IDS_MSG_DATA_COUNT.</extracomment>
         <translation>, exported: %L1</translation>
     </message>
     <message id="IDS_MSG_EXPORT_PROGRESS">
@@ -1331,7 +1331,7 @@ Card database: [%4]</translation>
     </message>
     <message id="IDS_MSG_IMPORT_COUNT">
         <source>, imported: %L1</source>
-        <extracomment>%L1: number of cards done. Stands directly behind IDS_MSG_DATA_COUNT.</extracomment>
+        <extracomment>%L1: number of cards done. Directly follows IDS_MSG_DATA_COUNT.</extracomment>
         <translation>, imported: %L1</translation>
     </message>
     <message id="IDS_MSG_IMPORT_PROGRESS">
@@ -1357,12 +1357,12 @@ Card database: [%4]</translation>
         <source>An import into the card database [%1] did not finish.
 Backup from before it: [%2]
 
-Restore the backup now? Yes: the card database becomes as it was before that import. No: it stays as it is, and so does the backup.</source>
+Restore the backup now? Yes: the card database is put back to its state before that import. No: the card database and the backup stay as they are.</source>
         <extracomment>%1, %2: paths. Answered with Yes or No.</extracomment>
         <translation>An import into the card database [%1] did not finish.
 Backup from before it: [%2]
 
-Restore the backup now? Yes: the card database becomes as it was before that import. No: it stays as it is, and so does the backup.</translation>
+Restore the backup now? Yes: the card database is put back to its state before that import. No: the card database and the backup stay as they are.</translation>
     </message>
     <message id="IDS_MSG_WARNED_CARDS">
         <source>Cards with warnings or errors: %L1</source>
@@ -1383,13 +1383,13 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>Choose a Card Database</translation>
     </message>
     <message id="IDS_REPORT_ASKED">
-        <source>What was asked</source>
-        <translation>What was asked</translation>
+        <source>Operation</source>
+        <translation>Operation</translation>
     </message>
     <message id="IDS_REPORT_BACKUP">
-        <source>Backup from before</source>
-        <extracomment>Stands before a path.</extracomment>
-        <translation>Backup from before</translation>
+        <source>Backup from before the operation</source>
+        <extracomment>Label before a path.</extracomment>
+        <translation>Backup from before the operation</translation>
     </message>
     <message id="IDS_REPORT_CARDS_CONCERNED">
         <source>Cards to look at</source>
@@ -1400,9 +1400,9 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>Cards exported</translation>
     </message>
     <message id="IDS_REPORT_CARDS_HANDLED">
-        <source>Cards handled until then</source>
-        <extracomment>Stands for what was undone or is not complete.</extracomment>
-        <translation>Cards handled until then</translation>
+        <source>Cards processed before the end</source>
+        <extracomment>Label for cards that were removed again or are not complete.</extracomment>
+        <translation>Cards processed before the end</translation>
     </message>
     <message id="IDS_REPORT_CARDS_IMPORTED">
         <source>Cards imported</source>
@@ -1410,29 +1410,29 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_COUNT">
         <source>%L1 of %L2</source>
-        <extracomment>%L1: cards handled. %L2: cards there were.</extracomment>
+        <extracomment>%L1: cards handled. %L2: cards in all.</extracomment>
         <translation>%L1 of %L2</translation>
     </message>
     <message id="IDS_REPORT_DATA">
-        <source>The same for programs:</source>
-        <extracomment>Stands before the name of a file.</extracomment>
-        <translation>The same for programs:</translation>
+        <source>The same report for programs:</source>
+        <extracomment>Label before the name of a file.</extracomment>
+        <translation>The same report for programs:</translation>
     </message>
     <message id="IDS_REPORT_END_EXPORTED">
-        <source>The cards stand in the interchange folder. The card database was only read.</source>
-        <translation>The cards stand in the interchange folder. The card database was only read.</translation>
+        <source>The cards are in the interchange folder. The card database was not changed.</source>
+        <translation>The cards are in the interchange folder. The card database was not changed.</translation>
     </message>
     <message id="IDS_REPORT_END_EXPORT_INCOMPLETE">
-        <source>What had been written until then stays in the interchange folder, which is not complete. The card database was only read.</source>
-        <translation>What had been written until then stays in the interchange folder, which is not complete. The card database was only read.</translation>
+        <source>The interchange folder is incomplete: it holds only the cards written so far. The card database was not changed.</source>
+        <translation>The interchange folder is incomplete: it holds only the cards written so far. The card database was not changed.</translation>
     </message>
     <message id="IDS_REPORT_END_EXPORT_REMOVED">
-        <source>What had been written was removed again. The card database was only read.</source>
-        <translation>What had been written was removed again. The card database was only read.</translation>
+        <source>Everything written so far was removed again. The card database was not changed.</source>
+        <translation>Everything written so far was removed again. The card database was not changed.</translation>
     </message>
     <message id="IDS_REPORT_END_IMPORTED">
-        <source>The cards are stored in the card database. The backup from before stays until you delete it.</source>
-        <translation>The cards are stored in the card database. The backup from before stays until you delete it.</translation>
+        <source>The cards are stored in the card database. The backup from before the import is kept until you delete it.</source>
+        <translation>The cards are stored in the card database. The backup from before the import is kept until you delete it.</translation>
     </message>
     <message id="IDS_REPORT_END_NOT_RESTORED">
         <source>The card database could not be put back and may be incomplete. Put a copy of the backup in its place before you use it.</source>
@@ -1447,9 +1447,9 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>Error</translation>
     </message>
     <message id="IDS_REPORT_FATE">
-        <source>What became of it</source>
+        <source>Result</source>
         <extracomment>Title of a column.</extracomment>
-        <translation>What became of it</translation>
+        <translation>Result</translation>
     </message>
     <message id="IDS_REPORT_FATE_ITEM_SHORTENED">
         <source>Transferred with the item cut off.</source>
@@ -1468,8 +1468,8 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>Not imported.</translation>
     </message>
     <message id="IDS_REPORT_FATE_STOPPED">
-        <source>Everything stopped here.</source>
-        <translation>Everything stopped here.</translation>
+        <source>The operation stopped here.</source>
+        <translation>The operation stopped here.</translation>
     </message>
     <message id="IDS_REPORT_FATE_WITHOUT_ATTACHMENT">
         <source>Transferred without this attachment.</source>
@@ -1489,7 +1489,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_FROM">
         <source>Interchange folder that was imported</source>
-        <extracomment>Stands before a path.</extracomment>
+        <extracomment>Label before a path.</extracomment>
         <translation>Interchange folder that was imported</translation>
     </message>
     <message id="IDS_REPORT_HOURS">
@@ -1499,18 +1499,18 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_INTO">
         <source>Card database imported into</source>
-        <extracomment>Stands before a path.</extracomment>
+        <extracomment>Label before a path.</extracomment>
         <translation>Card database imported into</translation>
     </message>
     <message id="IDS_REPORT_KEPT">
-        <source>VelmoraConverter %1 keeps the newest %L2 reports beside the log. Copy those that you want for longer.</source>
+        <source>VelmoraConverter %1 keeps the newest %L2 reports beside the log. Copy the reports that you want to keep longer.</source>
         <extracomment>%1: version. %L2: number of reports.</extracomment>
-        <translation>VelmoraConverter %1 keeps the newest %L2 reports beside the log. Copy those that you want for longer.</translation>
+        <translation>VelmoraConverter %1 keeps the newest %L2 reports beside the log. Copy the reports that you want to keep longer.</translation>
     </message>
     <message id="IDS_REPORT_LEFT_OUT">
-        <source>There are %L1 more warnings and errors, which only the log tells.</source>
+        <source>There are %L1 more warnings and errors. Only the log lists them.</source>
         <extracomment>%L1: number.</extracomment>
-        <translation>There are %L1 more warnings and errors, which only the log tells.</translation>
+        <translation>There are %L1 more warnings and errors. Only the log lists them.</translation>
     </message>
     <message id="IDS_REPORT_LINE">
         <source>Line</source>
@@ -1519,7 +1519,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_LOG">
         <source>Log</source>
-        <extracomment>Stands before a path.</extracomment>
+        <extracomment>Label before a path.</extracomment>
         <translation>Log</translation>
     </message>
     <message id="IDS_REPORT_MESSAGE_NUMBER">
@@ -1543,7 +1543,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_NO_NAME">
         <source>(no name)</source>
-        <extracomment>Stands for the name of a card without one.</extracomment>
+        <extracomment>Shown in place of the name of a card without one.</extracomment>
         <translation>(no name)</translation>
     </message>
     <message id="IDS_REPORT_NUMBER">
@@ -1562,7 +1562,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_OUT_OF">
         <source>Card database that was exported</source>
-        <extracomment>Stands before a path.</extracomment>
+        <extracomment>Label before a path.</extracomment>
         <translation>Card database that was exported</translation>
     </message>
     <message id="IDS_REPORT_REASON">
@@ -1576,7 +1576,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_STARTED">
         <source>Started</source>
-        <extracomment>Stands before a date and time.</extracomment>
+        <extracomment>Label before a date and time.</extracomment>
         <translation>Started</translation>
     </message>
     <message id="IDS_REPORT_TIME">
@@ -1605,7 +1605,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_TO">
         <source>Interchange folder exported to</source>
-        <extracomment>Stands before a path.</extracomment>
+        <extracomment>Label before a path.</extracomment>
         <translation>Interchange folder exported to</translation>
     </message>
     <message id="IDS_REPORT_WARNING">
@@ -1613,9 +1613,9 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>Warning</translation>
     </message>
     <message id="IDS_REPORT_WRONG">
-        <source>What was wrong</source>
+        <source>Problem</source>
         <extracomment>Title of a column.</extracomment>
-        <translation>What was wrong</translation>
+        <translation>Problem</translation>
     </message>
     <message id="IDS_TITLE_BACKUPS">
         <source>Backups</source>
@@ -1643,9 +1643,9 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>Card &quot;%1&quot; (%2): its attachment [%3] cannot be read. Check that you may read it, or put the file back from a backup of the card database.</translation>
     </message>
     <message id="IDS_VERIFY_CARD_NAME_LEADS_OUT">
-        <source>Card &quot;%1&quot; (%2): the name &quot;%3&quot; leads out of the card database and is not followed. Correct the card in Velmora.</source>
+        <source>Card &quot;%1&quot; (%2): the name &quot;%3&quot; points outside the card database and is not used. Correct the card in Velmora.</source>
         <extracomment>%1: full name on the card. %2: card ID. %3: name.</extracomment>
-        <translation>Card &quot;%1&quot; (%2): the name &quot;%3&quot; leads out of the card database and is not followed. Correct the card in Velmora.</translation>
+        <translation>Card &quot;%1&quot; (%2): the name &quot;%3&quot; points outside the card database and is not used. Correct the card in Velmora.</translation>
     </message>
     <message id="IDS_VERIFY_CARD_PDF_MISSING">
         <source>Card &quot;%1&quot; (%2): its image file [%3] is missing, so the card is exported without images. Put the file back from a backup of the card database.</source>
@@ -1653,14 +1653,14 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>Card &quot;%1&quot; (%2): its image file [%3] is missing, so the card is exported without images. Put the file back from a backup of the card database.</translation>
     </message>
     <message id="IDS_VERIFY_CARD_PDF_UNUSABLE">
-        <source>Card &quot;%1&quot; (%2): its image file [%3] is damaged, protected or no card PDF, so the card is exported without images. Put the file back from a backup of the card database.</source>
+        <source>Card &quot;%1&quot; (%2): its image file [%3] is damaged, protected or not a card PDF, so the card is exported without images. Put the file back from a backup of the card database.</source>
         <extracomment>%1: full name on the card. %2: card ID. %3: path.</extracomment>
-        <translation>Card &quot;%1&quot; (%2): its image file [%3] is damaged, protected or no card PDF, so the card is exported without images. Put the file back from a backup of the card database.</translation>
+        <translation>Card &quot;%1&quot; (%2): its image file [%3] is damaged, protected or not a card PDF, so the card is exported without images. Put the file back from a backup of the card database.</translation>
     </message>
     <message id="IDS_VERIFY_FILE_UNNAMED">
-        <source>No card names [%1], so it only takes up space. Once you are sure that you do not need it, move it out of the card database.</source>
+        <source>No card refers to [%1], so it only takes up space. Once you are sure that you do not need it, move it out of the card database.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>No card names [%1], so it only takes up space. Once you are sure that you do not need it, move it out of the card database.</translation>
+        <translation>No card refers to [%1], so it only takes up space. Once you are sure that you do not need it, move it out of the card database.</translation>
     </message>
     <message id="IDS_VERIFY_FOLDER_UNREADABLE">
         <source>The folder [%1] cannot be read: %2. Check that it is a folder and that you may read it.</source>
@@ -1683,9 +1683,9 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>The card store [%1] is damaged: %2. Do not import into this card database, but go back to a backup of it.</translation>
     </message>
     <message id="IDS_VERIFY_STORE_KEYS">
-        <source>The card store [%1] counts its cards up to key %2, but there is a card with key %3, so no card can be added. Go back to a backup of the card database.</source>
+        <source>The card store [%1] records %2 as the highest key of its cards, but there is a card with key %3, so no card can be added. Go back to a backup of the card database.</source>
         <extracomment>%1: path of the store. %2: highest key noted. %3: highest key found.</extracomment>
-        <translation>The card store [%1] counts its cards up to key %2, but there is a card with key %3, so no card can be added. Go back to a backup of the card database.</translation>
+        <translation>The card store [%1] records %2 as the highest key of its cards, but there is a card with key %3, so no card can be added. Go back to a backup of the card database.</translation>
     </message>
     <message id="IDS_VERIFY_STORE_MISSING">
         <source>The card store [%1] is missing, so the card database holds no cards. Put the file back from a backup of the card database.</source>
@@ -1693,9 +1693,9 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>The card store [%1] is missing, so the card database holds no cards. Put the file back from a backup of the card database.</translation>
     </message>
     <message id="IDS_VERIFY_STORE_MODEL">
-        <source>The card store [%1] is not of the expected kind: it lacks %2. Open the card database once with the current version of Velmora, then verify again.</source>
+        <source>The card store [%1] does not have the expected format: it lacks %2. Open the card database once with the current version of Velmora, then verify again.</source>
         <extracomment>%1: path of the store. %2: missing tables or columns.</extracomment>
-        <translation>The card store [%1] is not of the expected kind: it lacks %2. Open the card database once with the current version of Velmora, then verify again.</translation>
+        <translation>The card store [%1] does not have the expected format: it lacks %2. Open the card database once with the current version of Velmora, then verify again.</translation>
     </message>
     <message id="IDS_VERIFY_STORE_NOT_READ">
         <source>The card store [%1] could not be read: %2. Check that you may read it and that the folder for temporary files has room for a copy of it, then verify again.</source>

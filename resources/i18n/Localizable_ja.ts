@@ -16,7 +16,7 @@
     </message>
     <message id="IDS_BACKUP_DAMAGE">
         <source>This backup cannot be restored. %1</source>
-        <extracomment>Of a backup that has been chosen from the list. %1: what is wrong, a sentence.</extracomment>
+        <extracomment>Shown for the backup that is chosen in the list. %1: what is wrong, a sentence.</extracomment>
         <translation>このバックアップは復元できません。%1</translation>
     </message>
     <message id="IDS_BACKUP_DAMAGED">
@@ -32,7 +32,7 @@
     <message id="IDS_BACKUP_FOLDER_READ_ONLY">
         <source>The folder [%1] cannot be written to, so nothing was changed. Check its access rights, then try again.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>フォルダ [%1] に書き込めないため、何も変更しませんでした。アクセス権を確認してから、もう一度実行してください。</translation>
+        <translation>フォルダー [%1] に書き込めないため、何も変更しませんでした。アクセス権を確認してから、もう一度実行してください。</translation>
     </message>
     <message id="IDS_BACKUP_IN_USE">
         <source>[%1] is in use by another program, so nothing was changed. Quit that program or wait until it has ended, then try again.</source>
@@ -45,12 +45,12 @@
         <translation>復元前の名刺データベースのバックアップ: [%1]</translation>
     </message>
     <message id="IDS_BACKUP_LAST">
-        <source>The backup [%1] was not deleted: the card database [%2] is damaged or missing, and no other backup of it is whole. Restore this backup, or copy it to another place first.</source>
+        <source>The backup [%1] was not deleted: the card database [%2] is damaged or missing, and no other backup of it is intact. Restore this backup, or copy it to another place first.</source>
         <extracomment>%1, %2: paths.</extracomment>
         <translation>バックアップ [%1] は削除しませんでした。名刺データベース [%2] が破損しているか存在せず、ほかに正常なバックアップがありません。このバックアップを復元するか、先に別の場所へコピーしてください。</translation>
     </message>
     <message id="IDS_BACKUP_LISTING">
-        <source>Looking at the backups…</source>
+        <source>Reading the backups…</source>
         <translation>バックアップを確認しています...</translation>
     </message>
     <message id="IDS_BACKUP_NONE">
@@ -85,30 +85,30 @@
     <message id="IDS_BACKUP_PUT_BACK">
         <source>The backup [%1] could not be restored. The card database [%2] is as it was before. Check the access rights and the free space of its folder, then try again.</source>
         <extracomment>%1, %2: paths.</extracomment>
-        <translation>バックアップ [%1] を復元できませんでした。名刺データベース [%2] は元のままです。フォルダのアクセス権と空き容量を確認してから、もう一度実行してください。</translation>
+        <translation>バックアップ [%1] を復元できませんでした。名刺データベース [%2] は元のままです。フォルダーのアクセス権と空き容量を確認してから、もう一度実行してください。</translation>
     </message>
     <message id="IDS_BACKUP_READING">
-        <source>The backup [%1] is being looked at.</source>
+        <source>The backup [%1] is being read.</source>
         <extracomment>%1: name.</extracomment>
         <translation>バックアップ [%1] を確認しています。</translation>
     </message>
     <message id="IDS_BACKUP_RESTORED">
-        <source>The card database [%1] is as it is in the backup [%2], which stays where it is.</source>
+        <source>The card database [%1] has been restored from the backup [%2]. The backup is kept.</source>
         <extracomment>%1: path. %2: name.</extracomment>
         <translation>名刺データベース [%1] をバックアップ [%2] の状態に戻しました。バックアップはそのまま残ります。</translation>
     </message>
     <message id="IDS_BACKUP_RESTORE_FAILED">
-        <source>The backup [%1] could not be restored, and the card database [%2] may be incomplete. The backup is whole. Check the access rights and the free space of the folder, then try again: you will be asked whether to restore it.</source>
+        <source>The backup [%1] could not be restored, and the card database [%2] may be incomplete. The backup is intact. Check the access rights and the free space of the folder, then try again: you will be asked whether to restore it.</source>
         <extracomment>%1, %2: paths.</extracomment>
-        <translation>バックアップ [%1] を復元できませんでした。名刺データベース [%2] は不完全な可能性があります。バックアップは無事です。フォルダのアクセス権と空き容量を確認してから、もう一度実行してください。復元するかどうかの確認が表示されます。</translation>
+        <translation>バックアップ [%1] を復元できませんでした。名刺データベース [%2] は不完全な可能性があります。バックアップは無事です。フォルダーのアクセス権と空き容量を確認してから、もう一度実行してください。復元するかどうかの確認が表示されます。</translation>
     </message>
     <message id="IDS_BACKUP_UNFINISHED">
-        <source>The last import into the card database [%1] did not finish and has to be settled first: restore its backup, or keep what is there. Nothing was changed.</source>
+        <source>The last import into the card database [%1] did not finish, so nothing was changed. First decide whether to restore its backup or to keep the card database as it is.</source>
         <extracomment>%1: path.</extracomment>
         <translation>名刺データベース [%1] への前回のインポートが完了していません。先に、そのバックアップを復元するか、今の状態を残すかを選んでください。何も変更していません。</translation>
     </message>
     <message id="IDS_BACKUP_UNREADABLE">
-        <source>The backup [%1] cannot be read to its end, so nothing was changed. This part of it is damaged, or you may not read it: [%2]</source>
+        <source>The backup [%1] cannot be read completely, so nothing was changed. This part of it is damaged, or you may not read it: [%2]</source>
         <extracomment>%1: path. %2: path inside it.</extracomment>
         <translation>バックアップ [%1] を最後まで読み取れないため、何も変更しませんでした。破損しているか、読み取る権限がない部分: [%2]</translation>
     </message>
@@ -118,7 +118,7 @@
     </message>
     <message id="IDS_BUTTON_CANCEL">
         <source>C&amp;ancel</source>
-        <extracomment>The same button while an operation runs.</extracomment>
+        <extracomment>Text of the start button while an operation runs.</extracomment>
         <translation>キャンセル(&amp;A)</translation>
     </message>
     <message id="IDS_BUTTON_CHECK">
@@ -143,7 +143,7 @@
     <message id="IDS_BUTTON_CHOOSE_FOLDER">
         <source>&amp;Choose Folder…</source>
         <extracomment>Opens the panel that chooses a folder.</extracomment>
-        <translation>フォルダを選択(&amp;C)...</translation>
+        <translation>フォルダーを選択(&amp;C)...</translation>
     </message>
     <message id="IDS_BUTTON_CHOOSE_IMPORT">
         <source>&amp;Import cards</source>
@@ -238,7 +238,7 @@
     <message id="IDS_CHECK_ATTACHMENT_FOLDER_MISSING">
         <source>Line %1 [%2]: the attachment folder [%3] does not exist, and an import would stop there. Check the name in the data file, or put the folder in this place.</source>
         <extracomment>%1: line of the data file. %2: full name on the card. %3: path.</extracomment>
-        <translation>%1行目 [%2]: 添付ファイルのフォルダ [%3] がないため、インポートはここで中断されます。データファイルの名前を確認するか、この場所にフォルダを置いてください。</translation>
+        <translation>%1行目 [%2]: 添付ファイルのフォルダー [%3] がないため、インポートはここで中断されます。データファイルの名前を確認するか、この場所にフォルダーを置いてください。</translation>
     </message>
     <message id="IDS_CHECK_CARDS_AND_SPACE">
         <source>Cards in the data file: %L1. Free space that an import needs: %2.</source>
@@ -251,7 +251,7 @@
         <translation>データファイル [%1] に名刺のデータがありません。タイトル行と1件以上のデータ行が必要です。</translation>
     </message>
     <message id="IDS_CHECK_DATA_FILE_ENCODING">
-        <source>The data file [%1] is no UTF-16 text. Save it as Unicode text (UTF-16).</source>
+        <source>The data file [%1] is not UTF-16 text. Save it as Unicode text (UTF-16).</source>
         <extracomment>%1: path.</extracomment>
         <translation>データファイル [%1] はUTF-16のテキストではありません。Unicodeテキスト (UTF-16) で保存してください。</translation>
     </message>
@@ -273,12 +273,12 @@
     <message id="IDS_CHECK_FOLDER_MISSING">
         <source>The interchange folder [%1] does not exist. Choose an existing folder.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>データフォルダ [%1] が見つかりません。存在するフォルダを選択してください。</translation>
+        <translation>データフォルダー [%1] が見つかりません。存在するフォルダーを選択してください。</translation>
     </message>
     <message id="IDS_CHECK_FOLDER_UNREADABLE">
         <source>The interchange folder [%1] cannot be read. Check that you may read it.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>データフォルダ [%1] を読み取れません。フォルダを読み取れることを確認してください。</translation>
+        <translation>データフォルダー [%1] を読み取れません。フォルダーを読み取れることを確認してください。</translation>
     </message>
     <message id="IDS_CHECK_IMAGE_MISSING">
         <source>Line %1 [%2]: the image [%3] does not exist, so the card would be imported without it. Check the name in the data file, or put the image in this place.</source>
@@ -286,7 +286,7 @@
         <translation>%1行目 [%2]: 画像 [%3] がないため、この名刺は画像なしでインポートされます。データファイルの名前を確認するか、この場所に画像を置いてください。</translation>
     </message>
     <message id="IDS_CHECK_IMAGE_NO_JPEG">
-        <source>Line %1 [%2]: [%3] is no JPEG image, so the card would be imported without images. Save it as a JPEG file.</source>
+        <source>Line %1 [%2]: [%3] is not a JPEG image, so the card would be imported without images. Save it as a JPEG file.</source>
         <extracomment>%1: line of the data file. %2: full name on the card. %3: path.</extracomment>
         <translation>%1行目 [%2]: [%3] はJPEG画像ではないため、この名刺は画像なしでインポートされます。JPEGファイルとして保存してください。</translation>
     </message>
@@ -308,7 +308,7 @@
     <message id="IDS_CHECK_RUNNING">
         <source>Checking the interchange folder [%1]…</source>
         <extracomment>%1: path.</extracomment>
-        <translation>データフォルダ [%1] をチェックしています...</translation>
+        <translation>データフォルダー [%1] をチェックしています...</translation>
     </message>
     <message id="IDS_CHECK_SIZE">
         <source>The size of [%1] could not be measured. Check that you may read everything in it.</source>
@@ -320,32 +320,32 @@
         <translation>チェックを中止しました。ほかにも問題がある可能性があります。</translation>
     </message>
     <message id="IDS_CHECK_VERSION_MISSING">
-        <source>[%1] is missing, or it is no UTF-16 text, so the folder cannot be imported. Choose an interchange folder of version %2, or put the file of such a folder in this place.</source>
+        <source>[%1] is missing or is not UTF-16 text, so the folder cannot be imported. Choose an interchange folder of version %2, or put the file of such a folder in this place.</source>
         <extracomment>%1: path. %2: version.</extracomment>
-        <translation>[%1] がないか、UTF-16のテキストではないため、このフォルダはインポートできません。バージョン%2のデータフォルダを選択するか、そのフォルダにあるファイルをこの場所に置いてください。</translation>
+        <translation>[%1] がないか、UTF-16のテキストではないため、このフォルダーはインポートできません。バージョン%2のデータフォルダーを選択するか、そのフォルダーにあるファイルをこの場所に置いてください。</translation>
     </message>
     <message id="IDS_CHECK_VERSION_OTHER">
-        <source>[%1] names another version than %2, so the folder cannot be imported. Choose an interchange folder of that version.</source>
+        <source>[%1] names a version other than %2, so the folder cannot be imported. Choose an interchange folder of that version.</source>
         <extracomment>%1: path. %2: version.</extracomment>
-        <translation>[%1] のバージョンが%2ではないため、このフォルダはインポートできません。バージョン%2のデータフォルダを選択してください。</translation>
+        <translation>[%1] のバージョンが%2ではないため、このフォルダーはインポートできません。バージョン%2のデータフォルダーを選択してください。</translation>
     </message>
     <message id="IDS_CHECK_VERSION_PRODUCT">
         <source>[%1] says that VelmoraConverter exported this folder, and such a folder cannot be imported again. Choose an interchange folder that another program made for import.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>[%1] によると、このフォルダはVelmoraConverterがエクスポートしたもので、再びインポートすることはできません。インポート用に作成されたデータフォルダを選択してください。</translation>
+        <translation>[%1] によると、このフォルダーはVelmoraConverterがエクスポートしたもので、再びインポートすることはできません。インポート用に作成されたデータフォルダーを選択してください。</translation>
     </message>
     <message id="IDS_CLI_BACKUP">
-        <source>Backup of the card database as it was before: [%1]</source>
+        <source>Backup of the card database from before the import: [%1]</source>
         <extracomment>%1: path.</extracomment>
         <translation>インポート前の名刺データベースのバックアップ: [%1]</translation>
     </message>
     <message id="IDS_CLI_CREATED">
-        <source>An empty card database was made: [%1]</source>
+        <source>An empty card database was created: [%1]</source>
         <extracomment>%1: path.</extracomment>
         <translation>空の名刺データベースを作成しました: [%1]</translation>
     </message>
     <message id="IDS_CLI_ERR_BACKUP_NAME">
-        <source>--restore and --delete go with "backups" only, one of them at a time, and each with the name of a backup.</source>
+        <source>--restore and --delete can be used only with "backups", one at a time, and each needs the name of a backup.</source>
         <translation>--restore と --delete は「backups」でだけ使用できます。どちらか1つに、バックアップの名前を付けて指定してください。</translation>
     </message>
     <message id="IDS_CLI_ERR_NO_COMMAND">
@@ -353,7 +353,7 @@
         <translation>コマンドを指定してください (import、export、check、verify、create、recover、backups)。</translation>
     </message>
     <message id="IDS_CLI_ERR_OPERANDS">
-        <source>Wrong paths for &quot;%1&quot;. Write: velmora-convert %1 %2</source>
+        <source>Wrong paths for &quot;%1&quot;. Usage: velmora-convert %1 %2</source>
         <extracomment>%1: command. %2: names of its paths.</extracomment>
         <translation>「%1」に指定したパスが正しくありません。次のように指定してください: velmora-convert %1 %2</translation>
     </message>
@@ -363,7 +363,7 @@
     </message>
     <message id="IDS_CLI_ERR_UNKNOWN_COMMAND">
         <source>There is no command &quot;%1&quot;. The commands are import, export, check, verify, create, recover and backups.</source>
-        <extracomment>%1: what stands in place of a command.</extracomment>
+        <extracomment>%1: the unknown command.</extracomment>
         <translation>「%1」というコマンドはありません。使用できるコマンドは、import、export、check、verify、create、recover、backupsです。</translation>
     </message>
     <message id="IDS_CLI_ERR_UNKNOWN_OPTION">
@@ -379,10 +379,10 @@
     <message id="IDS_CLI_EXPORT_CANCELLED">
         <source>The export was cancelled. The folder [%1] was removed.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>エクスポートを中止しました。フォルダ [%1] は削除しました。</translation>
+        <translation>エクスポートを中止しました。フォルダー [%1] は削除しました。</translation>
     </message>
     <message id="IDS_CLI_EXPORT_FAILED">
-        <source>The export failed after %L1 of %L2 cards, folder [%3].</source>
+        <source>The export into the folder [%3] failed after %L1 of %L2 cards.</source>
         <extracomment>%L1: cards done. %L2: cards in all. %3: path.</extracomment>
         <translation>エクスポートに失敗しました (%L1件/全%L2件)。エクスポート先: [%3]</translation>
     </message>
@@ -391,11 +391,11 @@
         <translation>名刺データベース PACKAGE と同じ場所にあるバックアップを表示します。復元や削除もできます。</translation>
     </message>
     <message id="IDS_CLI_HELP_CHECK">
-        <source>Lists every problem of the interchange folder FOLDER; changes nothing.</source>
-        <translation>データフォルダ FOLDER の問題をすべて表示します。何も変更しません。</translation>
+        <source>Lists every problem in the interchange folder FOLDER; changes nothing.</source>
+        <translation>データフォルダー FOLDER の問題をすべて表示します。何も変更しません。</translation>
     </message>
     <message id="IDS_CLI_HELP_CREATE">
-        <source>Makes the empty card database PACKAGE (.vmdb).</source>
+        <source>Creates the empty card database PACKAGE (.vmdb).</source>
         <translation>空の名刺データベース PACKAGE (.vmdb) を作成します。</translation>
     </message>
     <message id="IDS_CLI_HELP_DELETE">
@@ -403,12 +403,12 @@
         <translation>backups で使用します。バックアップ NAME を削除します。</translation>
     </message>
     <message id="IDS_CLI_HELP_EXIT">
-        <source>Exit status: 0 done; 1 failed; 2 wrong usage; 3 refused before anything began; 4 done, with warnings or errors in the log; 130 cancelled. check and verify: 0 no problems, 4 problems found, 1 could not look.</source>
-        <translation>終了コード: 0 完了、1 失敗、2 使い方の誤り、3 開始前に中断、4 完了 (ログに警告またはエラーあり)、130 中止。checkとverify: 0 問題なし、4 問題あり、1 検査できず。</translation>
+        <source>Exit status: 0 done; 1 failed; 2 wrong usage; 3 refused before the operation began; 4 done, with warnings or errors in the log; 130 cancelled. check and verify: 0 no problems, 4 problems found, 1 could not be read.</source>
+        <translation>終了コード: 0 完了、1 失敗、2 使い方の誤り、3 開始前に中断、4 完了 (ログに警告またはエラーあり)、130 中止。checkとverify: 0 問題なし、4 問題あり、1 読み取れず。</translation>
     </message>
     <message id="IDS_CLI_HELP_EXPORT">
         <source>Exports the card database PACKAGE into a new interchange folder inside the folder PARENT.</source>
-        <translation>名刺データベース PACKAGE を、フォルダ PARENT の中の新しいデータフォルダにエクスポートします。</translation>
+        <translation>名刺データベース PACKAGE を、フォルダー PARENT の中の新しいデータフォルダーにエクスポートします。</translation>
     </message>
     <message id="IDS_CLI_HELP_HELP">
         <source>Shows this help.</source>
@@ -416,10 +416,10 @@
     </message>
     <message id="IDS_CLI_HELP_IMPORT">
         <source>Imports the interchange folder FOLDER into the card database PACKAGE.</source>
-        <translation>データフォルダ FOLDER を名刺データベース PACKAGE にインポートします。</translation>
+        <translation>データフォルダー FOLDER を名刺データベース PACKAGE にインポートします。</translation>
     </message>
     <message id="IDS_CLI_HELP_JSON">
-        <source>Writes one JSON object a line to standard output, the result last.</source>
+        <source>Writes one JSON object per line to standard output; the last line is the result.</source>
         <translation>標準出力に1行に1つのJSONオブジェクトを出力します。最後の行が結果です。</translation>
     </message>
     <message id="IDS_CLI_HELP_QUIET">
@@ -427,19 +427,19 @@
         <translation>エラーと問題だけを表示し、進行状況と結果は表示しません。</translation>
     </message>
     <message id="IDS_CLI_HELP_RECOVER">
-        <source>Settles an import into the card database PACKAGE that did not finish: restores its backup, or keeps what is there.</source>
+        <source>After an import into the card database PACKAGE that did not finish: restores its backup, or keeps the card database as it is.</source>
         <translation>完了しなかったインポートのあとの名刺データベース PACKAGE を、バックアップから復元するか、そのまま残します。</translation>
     </message>
     <message id="IDS_CLI_HELP_RESTORE">
-        <source>With backups: puts the backup NAME in place of the card database, which is backed up first.</source>
+        <source>With backups: restores the card database from the backup NAME. The current card database is backed up first.</source>
         <translation>backups で使用します。名刺データベースをバックアップ NAME の状態に戻します。現在の名刺データベースは先にバックアップします。</translation>
     </message>
     <message id="IDS_CLI_HELP_USAGE">
         <source>velmora-convert moves business cards between a card database and an interchange folder. Usage: velmora-convert COMMAND [OPTIONS]</source>
-        <translation>velmora-convertは、名刺データベースとデータフォルダの間で名刺を移します。使い方: velmora-convert コマンド [オプション]</translation>
+        <translation>velmora-convertは、名刺データベースとデータフォルダーの間で名刺を移します。使い方: velmora-convert コマンド [オプション]</translation>
     </message>
     <message id="IDS_CLI_HELP_VERIFY">
-        <source>Lists every problem of the card database PACKAGE; changes nothing.</source>
+        <source>Lists every problem in the card database PACKAGE; changes nothing.</source>
         <translation>名刺データベース PACKAGE の問題をすべて表示します。何も変更しません。</translation>
     </message>
     <message id="IDS_CLI_HELP_VERSION">
@@ -461,7 +461,7 @@
         <translation>インポートを中止しました。名刺データベース [%1] はインポート前の状態です。</translation>
     </message>
     <message id="IDS_CLI_IMPORT_FAILED">
-        <source>The import failed after %L1 of %L2 cards, card database [%3].</source>
+        <source>The import into the card database [%3] failed after %L1 of %L2 cards.</source>
         <extracomment>%L1: cards done. %L2: cards in all. %3: path.</extracomment>
         <translation>インポートに失敗しました (%L1件/全%L2件)。インポート先: [%3]</translation>
     </message>
@@ -471,7 +471,7 @@
         <translation>ログ: [%1]、警告: %L2件、エラー: %L3件</translation>
     </message>
     <message id="IDS_CLI_NEEDS_YES">
-        <source>%1 This question cannot be asked here, so it counts as answered with No. Run the command again with --yes to answer Yes, or run it in a terminal.</source>
+        <source>%1 Nobody can answer this question here, so the answer is taken to be No. Run the command again with --yes to answer Yes, or run it in a terminal.</source>
         <extracomment>%1: question.</extracomment>
         <translation>%1 ここでは質問に答えられないため、「いいえ」として扱いました。「はい」と答えるには、--yesを付けるか、端末でもう一度実行してください。</translation>
     </message>
@@ -501,7 +501,7 @@
         <translation>名刺データベース [%1] とバックアップをそのまま残しました。</translation>
     </message>
     <message id="IDS_CLI_RECOVER_NOTHING">
-        <source>No import into the card database [%1] was cut off: there is nothing to recover.</source>
+        <source>No import into the card database [%1] was interrupted, so there is nothing to recover.</source>
         <extracomment>%1: path.</extracomment>
         <translation>名刺データベース [%1] に、中断されたインポートはありません。復元の必要はありません。</translation>
     </message>
@@ -530,19 +530,19 @@
         <translation>検査中: %1%</translation>
     </message>
     <message id="IDS_CREATE_EXISTS">
-        <source>Something already stands at [%1], so nothing was changed. Choose another name, or move what stands there away first.</source>
+        <source>A file or folder already exists at [%1], so nothing was changed. Choose another name, or move the existing one away first.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>[%1] にはすでにファイルまたはフォルダがあるため、何も変更していません。別の名前を指定するか、先に既存のものを移動してください。</translation>
+        <translation>[%1] にはすでにファイルまたはフォルダーがあるため、何も変更していません。別の名前を指定するか、先に既存のものを移動してください。</translation>
     </message>
     <message id="IDS_CREATE_FAILED">
-        <source>The card database [%1] could not be made: %2. What had been made of it was removed. Check that you may write there and that the disk has free space, then try again.</source>
+        <source>The card database [%1] could not be created: %2. The incomplete card database was removed. Check that you may write there and that the disk has free space, then try again.</source>
         <extracomment>%1: path. %2: reason.</extracomment>
         <translation>名刺データベース [%1] を作成できませんでした: %2。作成途中のものは削除しました。作成先に書き込めること、ディスクに空き容量があることを確認して、もう一度実行してください。</translation>
     </message>
     <message id="IDS_CREATE_NO_PARENT">
-        <source>The folder [%1], in which the card database is to be made, does not exist. Make the folder first, or check the path.</source>
+        <source>The folder [%1], in which the card database is to be created, does not exist. Create the folder first, or check the path.</source>
         <extracomment>%1: folder.</extracomment>
-        <translation>名刺データベースの作成先フォルダ [%1] がありません。先にフォルダを作成するか、パスを確認してください。</translation>
+        <translation>名刺データベースの作成先フォルダー [%1] がありません。先にフォルダーを作成するか、パスを確認してください。</translation>
     </message>
     <message id="IDS_CREATE_WRONG_NAME">
         <source>[%1] cannot be the name of a card database. Choose a name that ends in &quot;.vmdb&quot;.</source>
@@ -676,13 +676,13 @@
     </message>
     <message id="IDS_LABEL_BACKUPS">
         <source>Shows the backups of this card database, to restore or to delete them.</source>
-        <extracomment>What the Backups button does.</extracomment>
+        <extracomment>Describes the Backups button.</extracomment>
         <translation>この名刺データベースのバックアップを表示し、復元または削除します。</translation>
     </message>
     <message id="IDS_LABEL_CHECK">
-        <source>Lists every problem of the interchange folder, and changes nothing.</source>
-        <extracomment>What the Check button does.</extracomment>
-        <translation>データフォルダの問題をすべて表示します。何も変更しません。</translation>
+        <source>Lists every problem in the interchange folder and changes nothing.</source>
+        <extracomment>Describes the Check button.</extracomment>
+        <translation>データフォルダーの問題をすべて表示します。何も変更しません。</translation>
     </message>
     <message id="IDS_LABEL_CHOICE">
         <source>What would you like to do?</source>
@@ -691,14 +691,14 @@
     </message>
     <message id="IDS_LABEL_CHOICE_EXPORT">
         <source>Writes every card of a card database into a folder, as a data file with images and attachments.</source>
-        <translation>名刺データベースのすべての名刺を、データファイル、画像、添付ファイルとしてフォルダに書き出します。</translation>
+        <translation>名刺データベースのすべての名刺を、データファイル、画像、添付ファイルとしてフォルダーに書き出します。</translation>
     </message>
     <message id="IDS_LABEL_CHOICE_IMPORT">
-        <source>Adds the cards of such a folder to a card database. The card database is backed up first.</source>
-        <translation>データフォルダの名刺を名刺データベースに追加します。追加する前に、名刺データベースをバックアップします。</translation>
+        <source>Adds the cards of an interchange folder to a card database. The card database is backed up first.</source>
+        <translation>データフォルダーの名刺を名刺データベースに追加します。追加する前に、名刺データベースをバックアップします。</translation>
     </message>
     <message id="IDS_LABEL_CLOSE_LATER">
-        <source>The card database is still being worked on. Cancel first, or wait for the end.</source>
+        <source>VelmoraConverter is still working on the card database. Cancel first, or wait until it has finished.</source>
         <extracomment>Says why the window does not close.</extracomment>
         <translation>名刺データベースを処理中です。先にキャンセルするか、終了するまでお待ちください。</translation>
     </message>
@@ -744,7 +744,7 @@
     </message>
     <message id="IDS_LABEL_EXPORT_DATA_PATH">
         <source>F&amp;older to export into:</source>
-        <translation>エクスポート先のフォルダ(&amp;O):</translation>
+        <translation>エクスポート先のフォルダー(&amp;O):</translation>
     </message>
     <message id="IDS_LABEL_EXPORT_VMDB_PATH">
         <source>Card &amp;database to export:</source>
@@ -757,7 +757,7 @@
     </message>
     <message id="IDS_LABEL_IMPORT_DATA_PATH">
         <source>Interchange f&amp;older to import:</source>
-        <translation>インポートするデータフォルダ(&amp;O):</translation>
+        <translation>インポートするデータフォルダー(&amp;O):</translation>
     </message>
     <message id="IDS_LABEL_IMPORT_VMDB_PATH">
         <source>Card &amp;database to import into:</source>
@@ -765,7 +765,7 @@
     </message>
     <message id="IDS_LABEL_KEEP_AWAKE">
         <source>Business cards are being converted.</source>
-        <extracomment>Told to the desktop as the reason why the computer must not go to sleep.</extracomment>
+        <extracomment>Reason given to the desktop for keeping the computer awake.</extracomment>
         <translation>名刺データを変換しています。</translation>
     </message>
     <message id="IDS_LABEL_LAST_PATH">
@@ -775,7 +775,7 @@
     </message>
     <message id="IDS_LABEL_LOG_TAIL">
         <source>Only the end of this long log is shown. All of it is in [%1].</source>
-        <extracomment>Stands above the log in its viewer. %1: path.</extracomment>
+        <extracomment>Shown above the log in its viewer. %1: path.</extracomment>
         <translation>ログの末尾だけを表示しています。全体は [%1] にあります。</translation>
     </message>
     <message id="IDS_LABEL_MENU">
@@ -790,7 +790,7 @@
     </message>
     <message id="IDS_LABEL_NOT_FOUND">
         <source>“%1” was not found.</source>
-        <extracomment>In the viewer of the log. %1: what was looked for.</extracomment>
+        <extracomment>In the viewer of the log. %1: the text searched for.</extracomment>
         <translation>「%1」は見つかりません。</translation>
     </message>
     <message id="IDS_LABEL_NO_PROBLEMS">
@@ -799,9 +799,9 @@
         <translation>問題は見つかりませんでした。</translation>
     </message>
     <message id="IDS_LABEL_NO_SINGLE_COPY">
-        <source>VelmoraConverter was not started: another copy seems to run but does not answer, or its runtime folder cannot be used. Quit the other copy, or log out and in again, then start it once more.</source>
+        <source>VelmoraConverter was not started: another copy seems to be running but does not answer, or its runtime folder cannot be used. Quit the other copy, or log out and in again, then start it once more.</source>
         <extracomment>Written to the terminal.</extracomment>
-        <translation>VelmoraConverterを起動しませんでした。すでに起動しているものが応答しないか、実行時用のフォルダを使用できません。起動しているものを終了するか、ログインし直してから、もう一度起動してください。</translation>
+        <translation>VelmoraConverterを起動しませんでした。すでに起動しているものが応答しないか、実行時用のフォルダーを使用できません。起動しているものを終了するか、ログインし直してから、もう一度起動してください。</translation>
     </message>
     <message id="IDS_LABEL_OPEN_REPORT">
         <source>Open the report about this run. Cards with warnings or errors: %L1</source>
@@ -811,7 +811,7 @@
     <message id="IDS_LABEL_PATH_IS_FILE">
         <source>This is a file. Choose a folder.</source>
         <extracomment>Below a path field.</extracomment>
-        <translation>これはファイルです。フォルダを選択してください。</translation>
+        <translation>これはファイルです。フォルダーを選択してください。</translation>
     </message>
     <message id="IDS_LABEL_PATH_NOT_FOUND">
         <source>There is nothing at this path. Check it, or choose with the button.</source>
@@ -819,18 +819,18 @@
         <translation>このパスには何もありません。パスを確認するか、ボタンで選択してください。</translation>
     </message>
     <message id="IDS_LABEL_PATH_NO_DATABASE">
-        <source>This folder is no card database. Choose a folder whose name ends in ".vmdb".</source>
+        <source>This folder is not a card database. Choose a folder whose name ends in ".vmdb".</source>
         <extracomment>Below a path field.</extracomment>
-        <translation>このフォルダは名刺データベースではありません。名前の末尾が「.vmdb」のフォルダを選択してください。</translation>
+        <translation>このフォルダーは名刺データベースではありません。名前の末尾が「.vmdb」のフォルダーを選択してください。</translation>
     </message>
     <message id="IDS_LABEL_PATH_NO_DATA_FILE">
-        <source>This folder holds no file [%1]. Choose the folder that holds it.</source>
+        <source>This folder does not contain the file [%1]. Choose the folder that contains it.</source>
         <extracomment>Below a path field. %1: name of the data file.</extracomment>
-        <translation>このフォルダに [%1] がありません。このファイルがあるフォルダを選択してください。</translation>
+        <translation>このフォルダーに [%1] がありません。このファイルがあるフォルダーを選択してください。</translation>
     </message>
     <message id="IDS_LABEL_PROGRESS">
         <source>Progress</source>
-        <extracomment>What a screen reader calls the progress bar.</extracomment>
+        <extracomment>Name of the progress bar for a screen reader.</extracomment>
         <translation>進行状況</translation>
     </message>
     <message id="IDS_LABEL_SECONDS_LEFT">
@@ -839,7 +839,7 @@
     </message>
     <message id="IDS_LABEL_SELECTED_PROBLEM">
         <source>Selected problem</source>
-        <extracomment>What a screen reader says of the whole text of a problem.</extracomment>
+        <extracomment>Name of the field with the whole text of a problem, for a screen reader.</extracomment>
         <translation>選択した問題</translation>
     </message>
     <message id="IDS_LBL_BACKUP">
@@ -902,7 +902,7 @@
         <translation>添付ファイルをコピーできませんでした。添付ファイルを読み取れること、コピー先に書き込めることを確認してください。</translation>
     </message>
     <message id="IDS_LOG_ERR_COPY_DIFFERS">
-        <source>The copy of the card database [%1] is not the same as the original at [%2]. Something changes the card database, or the disk is faulty: quit other programs that use it, check the disk, then try again.</source>
+        <source>The copy of the card database [%1] is not the same as the original at [%2]. Another program is changing the card database, or the disk is faulty: quit other programs that use it, check the disk, then try again.</source>
         <extracomment>%1: path of the original. %2: path below it, or nothing.</extracomment>
         <translation>名刺データベース [%1] のコピーが、[%2] で元と一致しません。ほかのプログラムが名刺データベースを変更しているか、ディスクに異常があります。使用中のプログラムを終了し、ディスクを確認してから、もう一度実行してください。</translation>
     </message>
@@ -913,7 +913,7 @@
     </message>
     <message id="IDS_LOG_ERR_DATA_FILE_WRITE_FAILURE">
         <source>The data file could not be written. Check that the export folder can be written to and that the disk has free space.</source>
-        <translation>データファイルに書き込めませんでした。エクスポート先のフォルダに書き込めること、ディスクに空き容量があることを確認してください。</translation>
+        <translation>データファイルに書き込めませんでした。エクスポート先のフォルダーに書き込めること、ディスクに空き容量があることを確認してください。</translation>
     </message>
     <message id="IDS_LOG_ERR_DATA_LINE">
         <source>Line %1 of [%2]: the line has %4 items, but %3 are needed. Check the line for missing or surplus tabs and for line breaks inside an item, then try again.</source>
@@ -927,15 +927,15 @@
     </message>
     <message id="IDS_LOG_ERR_IMAGE_FILE_COPY_FAILURE">
         <source>A card image could not be written. Check that the image folder of the export can be written to and that the disk has free space.</source>
-        <translation>名刺画像を書き込めませんでした。エクスポート先の画像フォルダに書き込めること、ディスクに空き容量があることを確認してください。</translation>
+        <translation>名刺画像を書き込めませんでした。エクスポート先の画像フォルダーに書き込めること、ディスクに空き容量があることを確認してください。</translation>
     </message>
     <message id="IDS_LOG_ERR_JOURNAL">
-        <source>The note [%1] that an import is under way could not be written. Check that its folder can be written to, that the disk has free space and that no other import into this card database runs, then import again.</source>
+        <source>The file [%1], which records that an import is running, could not be written. Check that its folder can be written to, that the disk has free space and that no other import into this card database is running, then import again.</source>
         <extracomment>%1: path.</extracomment>
         <translation>インポート中であることを示すファイル [%1] を書き込めませんでした。フォルダーに書き込めること、ディスクに空き容量があること、この名刺データベースへのインポートがほかで実行されていないことを確認してから、もう一度インポートしてください。</translation>
     </message>
     <message id="IDS_LOG_ERR_JOURNAL_UNREADABLE">
-        <source>The note [%1] of an import that did not finish could not be read or removed. Check its access rights and the disk, then try again.</source>
+        <source>The file [%1], which records an import that did not finish, could not be read or removed. Check its access rights and the disk, then try again.</source>
         <extracomment>%1: path.</extracomment>
         <translation>完了しなかったインポートを示すファイル [%1] を読み取れないか、削除できませんでした。アクセス権とディスクを確認してから、もう一度実行してください。</translation>
     </message>
@@ -950,7 +950,7 @@
         <translation>名刺データベース [%1]、または中の名刺ストア、「Images」、「Files」に変更禁止の属性が設定されています。属性を解除 (chattr -i) して、もう一度実行してください。</translation>
     </message>
     <message id="IDS_LOG_ERR_PACKAGE_IN_USE">
-        <source>Another conversion is at work with the card database [%1]. Wait until it has ended, then try again.</source>
+        <source>Another conversion is using the card database [%1]. Wait until it has ended, then try again.</source>
         <extracomment>%1: path.</extracomment>
         <translation>名刺データベース [%1] は、ほかの変換で使用中です。終了するまで待ってから、もう一度実行してください。</translation>
     </message>
@@ -965,9 +965,9 @@
         <translation>名刺データベース [%1] は読み取れますが、書き込めません。名刺データベースと中のすべてのファイルに書き込めることを確認して、もう一度実行してください。</translation>
     </message>
     <message id="IDS_LOG_ERR_PACKAGE_UNREADABLE">
-        <source>[%1] is no card database or cannot be read. Choose a folder whose name ends in ".vmdb", and check that you may read it.</source>
+        <source>[%1] is not a card database or cannot be read. Choose a folder whose name ends in ".vmdb", and check that you may read it.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>[%1] は名刺データベースではないか、読み取れません。名前の末尾が「.vmdb」のフォルダを選択し、読み取れることを確認してください。</translation>
+        <translation>[%1] は名刺データベースではないか、読み取れません。名前の末尾が「.vmdb」のフォルダーを選択し、読み取れることを確認してください。</translation>
     </message>
     <message id="IDS_LOG_ERR_SIZE">
         <source>The size of [%1] could not be measured: %2. Check that the program "du" is installed and that everything in this place can be read, then try again.</source>
@@ -980,7 +980,7 @@
         <translation>[%1] の名刺を読み取れませんでした: %2。名刺データベースを検査し、破損している場合はバックアップに戻してください。</translation>
     </message>
     <message id="IDS_LOG_ERR_STORE_MODEL">
-        <source>The card store [%1] is not of the expected kind: it lacks %2. Open the card database once with the current version of Velmora, then try again.</source>
+        <source>The card store [%1] does not have the expected format: it lacks %2. Open the card database once with the current version of Velmora, then try again.</source>
         <extracomment>%1: path. %2: what is missing.</extracomment>
         <translation>名刺ストア [%1] の形式が想定と異なります (不足しているもの: %2)。最新のVelmoraで名刺データベースを一度開いてから、もう一度実行してください。</translation>
     </message>
@@ -1000,19 +1000,19 @@
         <translation>[%2] の%1行目: タイトル行の項目数が%4個です。必要なのは%3個で、同じタイトルを重ねて書くことはできません。タイトル行を修正して、もう一度実行してください。</translation>
     </message>
     <message id="IDS_LOG_ERR_TITLE_LINE_MISSING">
-        <source>Line %1 of [%2]: the title line has %4 titles, where %3 are needed, and these are missing: %5. Write the missing titles as they stand here, separated by tabs, save the file as UTF-16 text and try again.</source>
+        <source>Line %1 of [%2]: the title line has %4 titles, but %3 are needed, and these are missing: %5. Write the missing titles exactly as shown here, separated by tabs, save the file as UTF-16 text and try again.</source>
         <extracomment>%1: line. %2: path of the data file. %3: titles needed. %4: titles found. %5: the missing titles.</extracomment>
         <translation>[%2] の%1行目: タイトル行が正しくありません (項目数 %4、必要な項目数 %3)。不足しているタイトル: %5。不足しているタイトルをこのとおりにタブ区切りで書き、UTF-16のテキストとして保存して、もう一度実行してください。</translation>
     </message>
     <message id="IDS_LOG_ERR_TRANSFER_COPY">
-        <source>No. %1 [%2]: [%3] could not be copied to [%4]. No. is the line of the data file on import and the number of the card on export. Check that the one can be read, that nothing stands at the other and that the disk has free space, then try again.</source>
+        <source>No. %1 [%2]: [%3] could not be copied to [%4]. No. is the line of the data file on import and the number of the card on export. Check that the original can be read, that nothing exists yet at the destination and that the disk has free space, then try again.</source>
         <extracomment>%1: line of the data file or number of the card. %2: full name on the card. %3: source path. %4: target path.</extracomment>
         <translation>No. %1 [%2]: [%3] を [%4] にコピーできませんでした。No. は、インポートではデータファイルの行番号、エクスポートでは名刺の番号です。コピー元を読み取れること、コピー先に同じ名前のものがないこと、ディスクに空き容量があることを確認して、もう一度実行してください。</translation>
     </message>
     <message id="IDS_LOG_ERR_TRANSFER_PLACE">
-        <source>No. %1 [%2]: the failure concerns [%3]. No. is the line of the data file on import and the number of the card on export. Check that it exists, that you may read and write there and that the disk has free space, then try again.</source>
+        <source>No. %1 [%2]: the failure occurred at [%3]. No. is the line of the data file on import and the number of the card on export. Check that this place exists, that you may read and write there and that the disk has free space, then try again.</source>
         <extracomment>%1: line of the data file or number of the card. %2: full name on the card. %3: path.</extracomment>
-        <translation>No. %1 [%2]: 問題があった場所は [%3] です。No. は、インポートではデータファイルの行番号、エクスポートでは名刺の番号です。存在すること、読み書きできること、ディスクに空き容量があることを確認して、もう一度実行してください。</translation>
+        <translation>No. %1 [%2]: 問題があった場所は [%3] です。No. は、インポートではデータファイルの行番号、エクスポートでは名刺の番号です。この場所が存在すること、読み書きできること、ディスクに空き容量があることを確認して、もう一度実行してください。</translation>
     </message>
     <message id="IDS_LOG_INF_CANCEL_OPERATION">
         <source>The operation was cancelled by the user.</source>
@@ -1035,11 +1035,11 @@
     </message>
     <message id="IDS_LOG_INF_EXISTS_WRN_OR_ERR">
         <source> There are warnings or errors, see the lines above. </source>
-        <extracomment>Stands inside the two end lines, hence the blanks around it.</extracomment>
+        <extracomment>Inserted into the two end lines, so it begins and ends with a blank.</extracomment>
         <translation> 警告またはエラーがあります。上の行を確認してください。 </translation>
     </message>
     <message id="IDS_LOG_INF_JOURNAL_STAYS">
-        <source>The note [%1] of the finished import could not be removed. Nothing is missing in the card database; the next import looks at the note and removes it.</source>
+        <source>The file [%1], which records the finished import, could not be removed. The card database is complete; the next import checks this file and removes it.</source>
         <extracomment>%1: path.</extracomment>
         <translation>完了したインポートを示すファイル [%1] を削除できませんでした。名刺データベースに問題はありません。次のインポートのときに確認して削除します。</translation>
     </message>
@@ -1071,7 +1071,7 @@
     <message id="IDS_LOG_WRN_ATTACH_NOT_REGULAR">
         <source>Line %1 [%2]: the attachment &quot;%3&quot; was skipped, because it is a link, a device or another special file. Put the file itself into the folder and import the card again if it is needed.</source>
         <extracomment>%1: line of the data file. %2: full name on the card. %3: name of the attachment.</extracomment>
-        <translation>%1行目 [%2]: 添付ファイル「%3」は、リンクやデバイスなどの特殊なファイルのため、取り込みませんでした。必要な場合は、ファイルそのものをフォルダに置いて、もう一度インポートしてください。</translation>
+        <translation>%1行目 [%2]: 添付ファイル「%3」は、リンクやデバイスなどの特殊なファイルのため、取り込みませんでした。必要な場合は、ファイルそのものをフォルダーに置いて、もう一度インポートしてください。</translation>
     </message>
     <message id="IDS_LOG_WRN_ATTACH_NOT_REGULAR_FOR_EXPORT">
         <source>Card %1 [%2]: the attachment &quot;%3&quot; was skipped, because it is a link, a device or another special file. Add the file itself to the card in Velmora and export again if it is needed.</source>
@@ -1086,7 +1086,7 @@
     <message id="IDS_LOG_WRN_FILE_NO_EXISTS">
         <source>The file or folder does not exist: [%1]. Check its name and put it in this place.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>ファイルまたはフォルダが見つかりません: [%1]。名前を確認し、この場所に置いてください。</translation>
+        <translation>ファイルまたはフォルダーが見つかりません: [%1]。名前を確認し、この場所に置いてください。</translation>
     </message>
     <message id="IDS_LOG_WRN_IMAGE_FILE_NO_EXISTS">
         <source>Card %1 [%2]: the file of the card images is missing in the card database (code %3), so the card is exported without images. Check the card in Velmora.</source>
@@ -1094,22 +1094,22 @@
         <translation>%1件目 [%2]: 名刺データベースに名刺画像のファイルがないため、画像なしでエクスポートしました (コード %3)。Velmoraでこの名刺を確認してください。</translation>
     </message>
     <message id="IDS_LOG_WRN_ITEM_MAX_LEN">
-        <source>Line %2 [%3]: the item &quot;%1&quot; is too long. At most 256 characters of an item are stored, the rest is not. Shorten the item in the data file if the rest matters.</source>
+        <source>Line %2 [%3]: the item &quot;%1&quot; is too long. At most 256 characters of an item are stored; the rest is left out. Shorten the item in the data file if the rest matters.</source>
         <extracomment>%1: column title. %2: line of the data file. %3: full name on the card.</extracomment>
         <translation>%2行目 [%3]: 項目「%1」が長すぎます。1つの項目に保存されるのは256文字までで、残りは保存されません。必要に応じてデータファイルの項目を短くしてください。</translation>
     </message>
     <message id="IDS_LOG_WRN_NAME_LEADS_OUT">
-        <source>Line %1 [%2]: the name &quot;%3&quot; leads out of the folder [%4], so it was not used. Put the file into that folder, write its name into the data file without &quot;/&quot; or &quot;..&quot; in front, and import the card again.</source>
+        <source>Line %1 [%2]: the name &quot;%3&quot; points outside the folder [%4], so it was not used. Put the file into that folder, write its name into the data file without &quot;/&quot; or &quot;..&quot; in front, and import the card again.</source>
         <extracomment>%1: line of the data file. %2: full name on the card. %3: name in the data file. %4: folder.</extracomment>
-        <translation>%1行目 [%2]: 「%3」はフォルダ [%4] の外を指しているため、使用しませんでした。ファイルをこのフォルダに置き、データファイルには先頭に「/」や「..」を付けずに名前を書いて、もう一度インポートしてください。</translation>
+        <translation>%1行目 [%2]: 「%3」はフォルダー [%4] の外を指しているため、使用しませんでした。ファイルをこのフォルダーに置き、データファイルには先頭に「/」や「..」を付けずに名前を書いて、もう一度インポートしてください。</translation>
     </message>
     <message id="IDS_LOG_WRN_REPORT">
         <source>The report [%1] could not be written: %2. The cards are not affected. Check that you may write to its folder and that the disk has free space.</source>
         <extracomment>%1: path. %2: reason.</extracomment>
-        <translation>レポート [%1] を書き込めませんでした: %2。名刺には影響ありません。このフォルダに書き込めること、ディスクに空き容量があることを確認してください。</translation>
+        <translation>レポート [%1] を書き込めませんでした: %2。名刺には影響ありません。このフォルダーに書き込めること、ディスクに空き容量があることを確認してください。</translation>
     </message>
     <message id="IDS_MSG_BACKUP_DELETE">
-        <source>Delete this backup? It cannot be brought back.
+        <source>Delete this backup? This cannot be undone.
 
 Backup: %1
 Made: %2
@@ -1124,7 +1124,7 @@ Card database: [%4]</source>
 名刺データベース: [%4]</translation>
     </message>
     <message id="IDS_MSG_BACKUP_RESTORE">
-        <source>Put this backup in place of the card database? Quit Velmora first. The card database as it is now is backed up before, and the chosen backup stays, too.
+        <source>Restore the card database from this backup? Quit Velmora first. The current card database is backed up before the restore, and the chosen backup is kept as well.
 
 Backup: %1
 Made: %2
@@ -1159,11 +1159,11 @@ Card database: [%4]</source>
         <translation>名刺データベースの%1が終了しました。</translation>
     </message>
     <message id="IDS_MSG_ERR_0101">
-        <source>There is no log file yet. It is made when an import or export runs.</source>
+        <source>There is no log file yet. It is created when an import or export runs.</source>
         <translation>ログファイルがまだありません。ログファイルは、インポートまたはエクスポートを実行すると作成されます。</translation>
     </message>
     <message id="IDS_MSG_ERR_0102">
-        <source>An internal error occurred, and the operation could not be completed. Try again. If the error comes back, the log holds the details.</source>
+        <source>An internal error occurred, and the operation could not be completed. Try again. If the error occurs again, see the log for details.</source>
         <translation>内部エラーが発生したため、処理を完了できませんでした。もう一度実行してください。エラーが繰り返される場合は、ログで詳細を確認してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0103">
@@ -1176,9 +1176,9 @@ Card database: [%4]</source>
         <translation>インストールされているVelmora [%2] のバージョン (%1) が古いため、実行できません。Velmoraをバージョン1.1.20以降に更新してから、もう一度実行してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0105">
-        <source>[%1] is on a network volume, or it cannot be told where it is. Copy it to a disk of this computer, or choose another place on this computer, and try again.</source>
+        <source>[%1] is on a network volume, or its location cannot be determined. Copy it to a disk of this computer, or choose another place on this computer, and try again.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>[%1] はネットワーク上にあるか、場所を確認できません。このコンピュータのディスクにコピーするか、このコンピュータの別の場所を選択して、もう一度実行してください。</translation>
+        <translation>[%1] はネットワーク上にあるか、場所を確認できません。このコンピューターのディスクにコピーするか、このコンピューターの別の場所を選択して、もう一度実行してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0106">
         <source>Quit Velmora before you begin, and do not use the card database until the operation has finished. Do you want to begin?</source>
@@ -1187,22 +1187,22 @@ Card database: [%4]</source>
     </message>
     <message id="IDS_MSG_ERR_0108">
         <source>The log file could not be opened for viewing. Open it with a text editor: it is VelmoraConverter.log in the folder Library/Logs of your home folder.</source>
-        <translation>ログファイルを表示できませんでした。ホームフォルダのLibrary/LogsにあるVelmoraConverter.logを、テキストエディタで開いてください。</translation>
+        <translation>ログファイルを表示できませんでした。ホームフォルダーのLibrary/LogsにあるVelmoraConverter.logを、テキストエディターで開いてください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0109">
         <source>The path of the card database [%1] is too long. Move the card database to a folder with a shorter path and try again.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>名刺データベース [%1] のパスが長すぎます。パスの短いフォルダに名刺データベースを移動してから、もう一度実行してください。</translation>
+        <translation>名刺データベース [%1] のパスが長すぎます。パスの短いフォルダーに名刺データベースを移動してから、もう一度実行してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0110">
         <source>The path of the folder [%1] is empty or too long. Choose a folder with a shorter path and try again.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>フォルダのパス [%1] が空か、長すぎます。パスの短いフォルダを選択して、もう一度実行してください。</translation>
+        <translation>フォルダーのパス [%1] が空か、長すぎます。パスの短いフォルダーを選択して、もう一度実行してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0111">
         <source>The report could not be opened for viewing. Open it with a web browser: [%1]</source>
         <extracomment>%1: path.</extracomment>
-        <translation>レポートを表示できませんでした。ウェブブラウザで開いてください: [%1]</translation>
+        <translation>レポートを表示できませんでした。ウェブブラウザーで開いてください: [%1]</translation>
     </message>
     <message id="IDS_MSG_ERR_0201">
         <source>The card database to export does not exist at [%1]. Choose an existing card database (.vmdb).</source>
@@ -1212,7 +1212,7 @@ Card database: [%4]</source>
     <message id="IDS_MSG_ERR_0202">
         <source>The folder to export into does not exist at [%1]. Choose an existing folder.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>エクスポート先のフォルダ [%1] が見つかりません。存在するフォルダを選択してください。</translation>
+        <translation>エクスポート先のフォルダー [%1] が見つかりません。存在するフォルダーを選択してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0203">
         <source>The card database [%1] is in use. Quit Velmora and other programs that use it, then export again.</source>
@@ -1220,26 +1220,26 @@ Card database: [%4]</source>
         <translation>名刺データベース [%1] は使用中です。Velmoraなど、名刺データベースを使用しているプログラムを終了してから、もう一度エクスポートしてください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0204">
-        <source>The export folder [%1] could not be created, or the old one could not be replaced. Check that you may write there and that the old folder is no link, or choose another folder.</source>
+        <source>The export folder [%1] could not be created, or the old one could not be replaced. Check that you may write there and that the old folder is not a link, or choose another folder.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>エクスポート用のフォルダ [%1] を作成できないか、以前のフォルダを置き換えられません。書き込めること、以前のフォルダがリンクでないことを確認するか、別のフォルダを選択してください。</translation>
+        <translation>エクスポート用のフォルダー [%1] を作成できないか、以前のフォルダーを置き換えられません。書き込めること、以前のフォルダーがリンクでないことを確認するか、別のフォルダーを選択してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0205">
-        <source>There already is an exported folder at [%1]. It will be deleted with everything in it and made anew. Do you want to continue?</source>
+        <source>There is already an exported folder at [%1]. It will be deleted with everything in it and created again. Do you want to continue?</source>
         <extracomment>Question. %1: path.</extracomment>
-        <translation>以前にエクスポートしたフォルダ [%1] があります。続けると、そのフォルダは中身ごと削除され、新しく作成されます。続けますか?</translation>
+        <translation>以前にエクスポートしたフォルダー [%1] があります。続けると、そのフォルダーは中身ごと削除され、新しく作成されます。続けますか?</translation>
     </message>
     <message id="IDS_MSG_ERR_0206">
         <source>The export was stopped, because the destination disk is full. Free some space or choose a folder on another disk, then export again.</source>
-        <translation>エクスポート先のディスクの空き容量が足りないため、エクスポートを中断しました。空き容量を増やすか、別のディスクのフォルダを選択して、もう一度エクスポートしてください。</translation>
+        <translation>エクスポート先のディスクの空き容量が足りないため、エクスポートを中断しました。空き容量を増やすか、別のディスクのフォルダーを選択して、もう一度エクスポートしてください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0207">
         <source>The export was stopped, because an attachment could not be copied. The log holds the details. Check that the attachment can be read and that you may write to the export folder, then export again.</source>
-        <translation>添付ファイルをコピーできなかったため、エクスポートを中断しました。添付ファイルを読み取れること、エクスポート先のフォルダに書き込めることを確認して、もう一度エクスポートしてください。詳しくはログを確認してください。</translation>
+        <translation>添付ファイルをコピーできなかったため、エクスポートを中断しました。添付ファイルを読み取れること、エクスポート先のフォルダーに書き込めることを確認して、もう一度エクスポートしてください。詳しくはログを確認してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0208">
         <source>The export failed. What was written so far may be incomplete. Check that the card database can be opened in Velmora and that you may write to the selected folder, then export again. The log holds the details.</source>
-        <translation>エクスポートに失敗しました。書き出したデータは完全ではない可能性があります。Velmoraで名刺データベースを開けること、選択したフォルダに書き込めることを確認して、もう一度エクスポートしてください。詳しくはログを確認してください。</translation>
+        <translation>エクスポートに失敗しました。書き出したデータは完全ではない可能性があります。Velmoraで名刺データベースを開けること、選択したフォルダーに書き込めることを確認して、もう一度エクスポートしてください。詳しくはログを確認してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0209">
         <source>The card database holds no cards, so there is nothing to export. Check that you chose the right card database.</source>
@@ -1248,7 +1248,7 @@ Card database: [%4]</source>
     <message id="IDS_MSG_ERR_0210">
         <source>Do you want to cancel the export? The folder written so far will be deleted.</source>
         <extracomment>Question.</extracomment>
-        <translation>エクスポートを中止しますか? ここまでに書き出したフォルダは削除されます。</translation>
+        <translation>エクスポートを中止しますか? ここまでに書き出したフォルダーは削除されます。</translation>
     </message>
     <message id="IDS_MSG_ERR_0211">
         <source>Cards exported: %L1. The export has finished. Do you want to quit VelmoraConverter?</source>
@@ -1281,12 +1281,12 @@ Card database: [%4]</source>
     <message id="IDS_MSG_ERR_0308">
         <source>The interchange folder to import does not exist at [%1]. Choose an existing folder.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>インポートするデータフォルダ [%1] が見つかりません。存在するフォルダを選択してください。</translation>
+        <translation>インポートするデータフォルダー [%1] が見つかりません。存在するフォルダーを選択してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0309">
         <source>There is no data file at [%1]. Choose an interchange folder that holds this file.</source>
         <extracomment>%1: path of the data file.</extracomment>
-        <translation>データファイル [%1] がありません。このファイルがあるデータフォルダを選択してください。</translation>
+        <translation>データファイル [%1] がありません。このファイルがあるデータフォルダーを選択してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0310">
         <source>The data file could not be read, so nothing was imported. Check that you may read it and that it is saved as Unicode text (UTF-16), then import again.</source>
@@ -1295,15 +1295,15 @@ Card database: [%4]</source>
     <message id="IDS_MSG_ERR_0311">
         <source>%1 of the card database failed. Check that its folder can be written to and that the disk has free space, then import again. If a restore failed, the card database may be incomplete or missing: put a copy of the backup in its place first.%2</source>
         <extracomment>%1: Backup or Restore. %2: the path of the backup on a line of its own, or nothing.</extracomment>
-        <translation>名刺データベースの%1に失敗しました。名刺データベースのあるフォルダに書き込めること、ディスクに空き容量があることを確認して、もう一度インポートしてください。復元に失敗した場合は、名刺データベースが不完全か、失われている可能性があります。先にバックアップのコピーを元の場所に置いてください。%2</translation>
+        <translation>名刺データベースの%1に失敗しました。名刺データベースのあるフォルダーに書き込めること、ディスクに空き容量があることを確認して、もう一度インポートしてください。復元に失敗した場合は、名刺データベースが不完全か、失われている可能性があります。先にバックアップのコピーを元の場所に置いてください。%2</translation>
     </message>
     <message id="IDS_MSG_ERR_0313">
-        <source>The import failed, and nothing was imported. Check the interchange folder, and that the card database is free and can be written to, then import again. The log holds the details.</source>
-        <translation>インポートに失敗したため、データは取り込まれていません。データフォルダの内容と、名刺データベースが使用中でなく書き込めることを確認して、もう一度インポートしてください。詳しくはログを確認してください。</translation>
+        <source>The import failed, and nothing was imported. Check the interchange folder, and that the card database is not in use and can be written to, then import again. The log holds the details.</source>
+        <translation>インポートに失敗したため、データは取り込まれていません。データフォルダーの内容と、名刺データベースが使用中でなく書き込めることを確認して、もう一度インポートしてください。詳しくはログを確認してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0314">
         <source>This folder was exported by VelmoraConverter and is not meant to be imported again, so nothing was imported. Choose an interchange folder that another program made for import.</source>
-        <translation>このフォルダはVelmoraConverterがエクスポートしたものです。エクスポートしたフォルダを再びインポートすることはできません。インポート用に作成されたデータフォルダを選択してください。</translation>
+        <translation>このフォルダーはVelmoraConverterがエクスポートしたものです。エクスポートしたフォルダーを再びインポートすることはできません。インポート用に作成されたデータフォルダーを選択してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0315">
         <source>Do you want to cancel the import? The card database will be put back to its state before the import.</source>
@@ -1312,7 +1312,7 @@ Card database: [%4]</source>
     </message>
     <message id="IDS_MSG_ERR_0316">
         <source>The file &quot;Version.txt&quot; of the interchange folder is missing or names another version, so nothing was imported. Choose an interchange folder of version V1.0L10.</source>
-        <translation>データフォルダの「Version.txt」がないか、対応していないバージョンのため、インポートしませんでした。バージョンV1.0L10のデータフォルダを選択してください。</translation>
+        <translation>データフォルダーの「Version.txt」がないか、対応していないバージョンのため、インポートしませんでした。バージョンV1.0L10のデータフォルダーを選択してください。</translation>
     </message>
     <message id="IDS_MSG_ERR_0317">
         <source>Cards imported: %L1. The import has finished. Do you want to quit VelmoraConverter?</source>
@@ -1321,7 +1321,7 @@ Card database: [%4]</source>
     </message>
     <message id="IDS_MSG_EXPORT_COUNT">
         <source>, exported: %L1</source>
-        <extracomment>%L1: number of cards done. Stands directly behind IDS_MSG_DATA_COUNT.</extracomment>
+        <extracomment>%L1: number of cards done. Directly follows IDS_MSG_DATA_COUNT.</extracomment>
         <translation>、エクスポート済み: %L1件</translation>
     </message>
     <message id="IDS_MSG_EXPORT_PROGRESS">
@@ -1331,7 +1331,7 @@ Card database: [%4]</source>
     </message>
     <message id="IDS_MSG_IMPORT_COUNT">
         <source>, imported: %L1</source>
-        <extracomment>%L1: number of cards done. Stands directly behind IDS_MSG_DATA_COUNT.</extracomment>
+        <extracomment>%L1: number of cards done. Directly follows IDS_MSG_DATA_COUNT.</extracomment>
         <translation>、インポート済み: %L1件</translation>
     </message>
     <message id="IDS_MSG_IMPORT_PROGRESS">
@@ -1357,7 +1357,7 @@ Card database: [%4]</source>
         <source>An import into the card database [%1] did not finish.
 Backup from before it: [%2]
 
-Restore the backup now? Yes: the card database becomes as it was before that import. No: it stays as it is, and so does the backup.</source>
+Restore the backup now? Yes: the card database is put back to its state before that import. No: the card database and the backup stay as they are.</source>
         <extracomment>%1, %2: paths. Answered with Yes or No.</extracomment>
         <translation>名刺データベース [%1] へのインポートが完了していません。
 インポート前のバックアップ: [%2]
@@ -1376,19 +1376,19 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_OPEN_DATA_FILE_PANEL_TITLE">
         <source>Choose a Folder</source>
-        <translation>フォルダの選択</translation>
+        <translation>フォルダーの選択</translation>
     </message>
     <message id="IDS_OPEN_VMDB_FILE_PANEL_TITLE">
         <source>Choose a Card Database</source>
         <translation>名刺データベースの選択</translation>
     </message>
     <message id="IDS_REPORT_ASKED">
-        <source>What was asked</source>
+        <source>Operation</source>
         <translation>処理の内容</translation>
     </message>
     <message id="IDS_REPORT_BACKUP">
-        <source>Backup from before</source>
-        <extracomment>Stands before a path.</extracomment>
+        <source>Backup from before the operation</source>
+        <extracomment>Label before a path.</extracomment>
         <translation>処理前のバックアップ</translation>
     </message>
     <message id="IDS_REPORT_CARDS_CONCERNED">
@@ -1400,8 +1400,8 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>エクスポートした名刺</translation>
     </message>
     <message id="IDS_REPORT_CARDS_HANDLED">
-        <source>Cards handled until then</source>
-        <extracomment>Stands for what was undone or is not complete.</extracomment>
+        <source>Cards processed before the end</source>
+        <extracomment>Label for cards that were removed again or are not complete.</extracomment>
         <translation>終了までに処理した名刺</translation>
     </message>
     <message id="IDS_REPORT_CARDS_IMPORTED">
@@ -1410,28 +1410,28 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_COUNT">
         <source>%L1 of %L2</source>
-        <extracomment>%L1: cards handled. %L2: cards there were.</extracomment>
+        <extracomment>%L1: cards handled. %L2: cards in all.</extracomment>
         <translation>%L1件 / %L2件</translation>
     </message>
     <message id="IDS_REPORT_DATA">
-        <source>The same for programs:</source>
-        <extracomment>Stands before the name of a file.</extracomment>
+        <source>The same report for programs:</source>
+        <extracomment>Label before the name of a file.</extracomment>
         <translation>プログラム用の同じ内容:</translation>
     </message>
     <message id="IDS_REPORT_END_EXPORTED">
-        <source>The cards stand in the interchange folder. The card database was only read.</source>
-        <translation>名刺をデータフォルダに書き出しました。名刺データベースは変更していません。</translation>
+        <source>The cards are in the interchange folder. The card database was not changed.</source>
+        <translation>名刺をデータフォルダーに書き出しました。名刺データベースは変更していません。</translation>
     </message>
     <message id="IDS_REPORT_END_EXPORT_INCOMPLETE">
-        <source>What had been written until then stays in the interchange folder, which is not complete. The card database was only read.</source>
-        <translation>途中まで書き出した分はデータフォルダに残っていますが、完全ではありません。名刺データベースは変更していません。</translation>
+        <source>The interchange folder is incomplete: it holds only the cards written so far. The card database was not changed.</source>
+        <translation>途中まで書き出した分はデータフォルダーに残っていますが、完全ではありません。名刺データベースは変更していません。</translation>
     </message>
     <message id="IDS_REPORT_END_EXPORT_REMOVED">
-        <source>What had been written was removed again. The card database was only read.</source>
+        <source>Everything written so far was removed again. The card database was not changed.</source>
         <translation>書き出した分は削除しました。名刺データベースは変更していません。</translation>
     </message>
     <message id="IDS_REPORT_END_IMPORTED">
-        <source>The cards are stored in the card database. The backup from before stays until you delete it.</source>
+        <source>The cards are stored in the card database. The backup from before the import is kept until you delete it.</source>
         <translation>名刺を名刺データベースに保存しました。処理前のバックアップは、削除するまで残ります。</translation>
     </message>
     <message id="IDS_REPORT_END_NOT_RESTORED">
@@ -1447,7 +1447,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>エラー</translation>
     </message>
     <message id="IDS_REPORT_FATE">
-        <source>What became of it</source>
+        <source>Result</source>
         <extracomment>Title of a column.</extracomment>
         <translation>処理の結果</translation>
     </message>
@@ -1468,7 +1468,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>インポートしていません。</translation>
     </message>
     <message id="IDS_REPORT_FATE_STOPPED">
-        <source>Everything stopped here.</source>
+        <source>The operation stopped here.</source>
         <translation>ここで処理が止まりました。</translation>
     </message>
     <message id="IDS_REPORT_FATE_WITHOUT_ATTACHMENT">
@@ -1489,8 +1489,8 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_FROM">
         <source>Interchange folder that was imported</source>
-        <extracomment>Stands before a path.</extracomment>
-        <translation>インポート元のデータフォルダ</translation>
+        <extracomment>Label before a path.</extracomment>
+        <translation>インポート元のデータフォルダー</translation>
     </message>
     <message id="IDS_REPORT_HOURS">
         <source>%L1 h %L2 min</source>
@@ -1499,16 +1499,16 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_INTO">
         <source>Card database imported into</source>
-        <extracomment>Stands before a path.</extracomment>
+        <extracomment>Label before a path.</extracomment>
         <translation>インポート先の名刺データベース</translation>
     </message>
     <message id="IDS_REPORT_KEPT">
-        <source>VelmoraConverter %1 keeps the newest %L2 reports beside the log. Copy those that you want for longer.</source>
+        <source>VelmoraConverter %1 keeps the newest %L2 reports beside the log. Copy the reports that you want to keep longer.</source>
         <extracomment>%1: version. %L2: number of reports.</extracomment>
         <translation>VelmoraConverter %1は、新しいものから%L2件のレポートをログと同じ場所に残します。長く残したいレポートは、別の場所にコピーしてください。</translation>
     </message>
     <message id="IDS_REPORT_LEFT_OUT">
-        <source>There are %L1 more warnings and errors, which only the log tells.</source>
+        <source>There are %L1 more warnings and errors. Only the log lists them.</source>
         <extracomment>%L1: number.</extracomment>
         <translation>このほかに%L1件の警告とエラーがあります。ログを確認してください。</translation>
     </message>
@@ -1519,7 +1519,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_LOG">
         <source>Log</source>
-        <extracomment>Stands before a path.</extracomment>
+        <extracomment>Label before a path.</extracomment>
         <translation>ログ</translation>
     </message>
     <message id="IDS_REPORT_MESSAGE_NUMBER">
@@ -1543,7 +1543,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_NO_NAME">
         <source>(no name)</source>
-        <extracomment>Stands for the name of a card without one.</extracomment>
+        <extracomment>Shown in place of the name of a card without one.</extracomment>
         <translation>(氏名なし)</translation>
     </message>
     <message id="IDS_REPORT_NUMBER">
@@ -1562,7 +1562,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_OUT_OF">
         <source>Card database that was exported</source>
-        <extracomment>Stands before a path.</extracomment>
+        <extracomment>Label before a path.</extracomment>
         <translation>エクスポート元の名刺データベース</translation>
     </message>
     <message id="IDS_REPORT_REASON">
@@ -1576,7 +1576,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_STARTED">
         <source>Started</source>
-        <extracomment>Stands before a date and time.</extracomment>
+        <extracomment>Label before a date and time.</extracomment>
         <translation>開始日時</translation>
     </message>
     <message id="IDS_REPORT_TIME">
@@ -1605,15 +1605,15 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     </message>
     <message id="IDS_REPORT_TO">
         <source>Interchange folder exported to</source>
-        <extracomment>Stands before a path.</extracomment>
-        <translation>エクスポート先のデータフォルダ</translation>
+        <extracomment>Label before a path.</extracomment>
+        <translation>エクスポート先のデータフォルダー</translation>
     </message>
     <message id="IDS_REPORT_WARNING">
         <source>Warning</source>
         <translation>警告</translation>
     </message>
     <message id="IDS_REPORT_WRONG">
-        <source>What was wrong</source>
+        <source>Problem</source>
         <extracomment>Title of a column.</extracomment>
         <translation>問題</translation>
     </message>
@@ -1625,7 +1625,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     <message id="IDS_TITLE_CHECK">
         <source>Check of the Interchange Folder</source>
         <extracomment>Title of a window.</extracomment>
-        <translation>データフォルダのチェック</translation>
+        <translation>データフォルダーのチェック</translation>
     </message>
     <message id="IDS_TITLE_WINDOW">
         <source>VelmoraConverter</source>
@@ -1635,7 +1635,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     <message id="IDS_VERIFY_ATTACHMENTS_UNREADABLE">
         <source>Card &quot;%1&quot; (%2): its attachment folder [%3] cannot be read: %4. Check that it is a folder and that you may read it.</source>
         <extracomment>%1: full name on the card. %2: card ID. %3: folder. %4: reason.</extracomment>
-        <translation>名刺「%1」(%2): 添付ファイルのフォルダ [%3] を読み取れません: %4。フォルダであること、読み取れることを確認してください。</translation>
+        <translation>名刺「%1」(%2): 添付ファイルのフォルダー [%3] を読み取れません: %4。フォルダーであること、読み取れることを確認してください。</translation>
     </message>
     <message id="IDS_VERIFY_ATTACHMENT_UNREADABLE">
         <source>Card &quot;%1&quot; (%2): its attachment [%3] cannot be read. Check that you may read it, or put the file back from a backup of the card database.</source>
@@ -1643,7 +1643,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>名刺「%1」(%2): 添付ファイル [%3] を読み取れません。読み取れることを確認するか、名刺データベースのバックアップからファイルを戻してください。</translation>
     </message>
     <message id="IDS_VERIFY_CARD_NAME_LEADS_OUT">
-        <source>Card &quot;%1&quot; (%2): the name &quot;%3&quot; leads out of the card database and is not followed. Correct the card in Velmora.</source>
+        <source>Card &quot;%1&quot; (%2): the name &quot;%3&quot; points outside the card database and is not used. Correct the card in Velmora.</source>
         <extracomment>%1: full name on the card. %2: card ID. %3: name.</extracomment>
         <translation>名刺「%1」(%2): 名前「%3」は名刺データベースの外を指しているため、使用されません。Velmoraで名刺を修正してください。</translation>
     </message>
@@ -1653,19 +1653,19 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>名刺「%1」(%2): 画像ファイル [%3] がないため、この名刺は画像なしでエクスポートされます。名刺データベースのバックアップからファイルを戻してください。</translation>
     </message>
     <message id="IDS_VERIFY_CARD_PDF_UNUSABLE">
-        <source>Card &quot;%1&quot; (%2): its image file [%3] is damaged, protected or no card PDF, so the card is exported without images. Put the file back from a backup of the card database.</source>
+        <source>Card &quot;%1&quot; (%2): its image file [%3] is damaged, protected or not a card PDF, so the card is exported without images. Put the file back from a backup of the card database.</source>
         <extracomment>%1: full name on the card. %2: card ID. %3: path.</extracomment>
         <translation>名刺「%1」(%2): 画像ファイル [%3] は、破損しているか、保護されているか、名刺のPDFではないため、この名刺は画像なしでエクスポートされます。名刺データベースのバックアップからファイルを戻してください。</translation>
     </message>
     <message id="IDS_VERIFY_FILE_UNNAMED">
-        <source>No card names [%1], so it only takes up space. Once you are sure that you do not need it, move it out of the card database.</source>
+        <source>No card refers to [%1], so it only takes up space. Once you are sure that you do not need it, move it out of the card database.</source>
         <extracomment>%1: path.</extracomment>
         <translation>[%1] はどの名刺からも参照されておらず、容量を使用しているだけです。不要であることを確認してから、名刺データベースの外に移動してください。</translation>
     </message>
     <message id="IDS_VERIFY_FOLDER_UNREADABLE">
         <source>The folder [%1] cannot be read: %2. Check that it is a folder and that you may read it.</source>
         <extracomment>%1: folder. %2: reason.</extracomment>
-        <translation>フォルダ [%1] を読み取れません: %2。フォルダであること、読み取れることを確認してください。</translation>
+        <translation>フォルダー [%1] を読み取れません: %2。フォルダーであること、読み取れることを確認してください。</translation>
     </message>
     <message id="IDS_VERIFY_IN_USE">
         <source>The card database [%1] is in use by another program, so it cannot be verified reliably. Quit that program and verify again.</source>
@@ -1675,7 +1675,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
     <message id="IDS_VERIFY_NO_FOLDER">
         <source>There is no card database at [%1]. Check the path: a card database is a folder whose name ends in &quot;.vmdb&quot;.</source>
         <extracomment>%1: path.</extracomment>
-        <translation>[%1] に名刺データベースがありません。パスを確認してください。名刺データベースは、名前の末尾が「.vmdb」のフォルダです。</translation>
+        <translation>[%1] に名刺データベースがありません。パスを確認してください。名刺データベースは、名前の末尾が「.vmdb」のフォルダーです。</translation>
     </message>
     <message id="IDS_VERIFY_STORE_DAMAGED">
         <source>The card store [%1] is damaged: %2. Do not import into this card database, but go back to a backup of it.</source>
@@ -1683,7 +1683,7 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>名刺ストア [%1] が破損しています: %2。この名刺データベースにはインポートせず、バックアップに戻してください。</translation>
     </message>
     <message id="IDS_VERIFY_STORE_KEYS">
-        <source>The card store [%1] counts its cards up to key %2, but there is a card with key %3, so no card can be added. Go back to a backup of the card database.</source>
+        <source>The card store [%1] records %2 as the highest key of its cards, but there is a card with key %3, so no card can be added. Go back to a backup of the card database.</source>
         <extracomment>%1: path of the store. %2: highest key noted. %3: highest key found.</extracomment>
         <translation>名刺ストア [%1] に記録されている最後のキーは%2ですが、キー%3の名刺があるため、名刺を追加できません。名刺データベースをバックアップに戻してください。</translation>
     </message>
@@ -1693,14 +1693,14 @@ Restore the backup now? Yes: the card database becomes as it was before that imp
         <translation>名刺ストア [%1] がないため、この名刺データベースには名刺がありません。名刺データベースのバックアップからファイルを戻してください。</translation>
     </message>
     <message id="IDS_VERIFY_STORE_MODEL">
-        <source>The card store [%1] is not of the expected kind: it lacks %2. Open the card database once with the current version of Velmora, then verify again.</source>
+        <source>The card store [%1] does not have the expected format: it lacks %2. Open the card database once with the current version of Velmora, then verify again.</source>
         <extracomment>%1: path of the store. %2: missing tables or columns.</extracomment>
         <translation>名刺ストア [%1] の形式が想定と異なります (不足しているもの: %2)。最新のVelmoraで名刺データベースを一度開いてから、もう一度検査してください。</translation>
     </message>
     <message id="IDS_VERIFY_STORE_NOT_READ">
         <source>The card store [%1] could not be read: %2. Check that you may read it and that the folder for temporary files has room for a copy of it, then verify again.</source>
         <extracomment>%1: path of the store. %2: reason.</extracomment>
-        <translation>名刺ストア [%1] を読み取れませんでした: %2。ファイルを読み取れること、一時フォルダにコピーを置ける空き容量があることを確認して、もう一度検査してください。</translation>
+        <translation>名刺ストア [%1] を読み取れませんでした: %2。ファイルを読み取れること、一時フォルダーにコピーを置ける空き容量があることを確認して、もう一度検査してください。</translation>
     </message>
     <message id="IDS_VERIFY_STORE_NO_STORE">
         <source>[%1] is not a card store: %2. Put the file back from a backup of the card database.</source>

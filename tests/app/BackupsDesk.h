@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The list of backups, and the package that they are of.
+// The dialog with the list of backups, and the package to which the backups belong.
 #pragma once
 
 #include "app/dialogs/DBCBackupsDialog.h"
@@ -16,7 +16,7 @@
 
 using namespace Qt::StringLiterals;
 
-// A package of three live cards, and a backup of it from when it had two.
+// A package with three live cards, and a backup from when it had two.
 struct BackupsDesk : BackupFixture {
     using Language = DBCLocalizable::Language;
     explicit BackupsDesk(Language language = Language::English)
@@ -41,7 +41,7 @@ struct BackupsDesk : BackupFixture {
         button(name).click();
         QTRY_VERIFY(isIdle());
     }
-    // A restore waits where it looks for free space, until the gate is opened.
+    // A restore waits where it asks for the free space, until the gate is opened.
     void closeGate()
     {
         host->freeBytes = [this](const QString&) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The dialog with the problems of an interchange folder, and the folder.
+// The dialog that checks an interchange folder, together with such a folder.
 #pragma once
 
 #include "app/dialogs/DBCCheckDialog.h"
@@ -16,7 +16,7 @@
 
 using namespace Qt::StringLiterals;
 
-// A dialog over a folder in a home of its own.
+// A dialog for a folder in a temporary home.
 struct CheckDesk {
     using Key = DBCRecordKey;
     using Language = DBCLocalizable::Language;
@@ -28,7 +28,7 @@ struct CheckDesk {
     }
     ~CheckDesk() { open(); }
 
-    // Cards that name images which are not there.
+    // Writes cards that name images which do not exist.
     void hasCards(int count)
     {
         DataFileBuilder file;
@@ -42,7 +42,7 @@ struct CheckDesk {
     {
         folder.dataFile(DataFileBuilder().titleLine().row({{Key::full_Name, u"星野"_s}}).build());
     }
-    // The check waits at the image of that name, which exists, until open() is called.
+    // Creates the image of this name and makes the check wait there until open() is called.
     void closeGateAt(const QString& image)
     {
         folder.image(image, "no picture");

@@ -12,7 +12,8 @@ constexpr int patienceMs = 20'000;
 
 void startCompanion(QProcess& process, const QString& program, const QStringList& arguments)
 {
-    // A test that crashes or runs out of time does not come to its destructors.
+    // The kernel ends the process, because the destructors do not run in a test that crashes or
+    // times out.
     process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
     process.setStandardErrorFile(QProcess::nullDevice());
     process.start(program, arguments);

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Servers that a test needs beside it.
+// Starts and stops the servers that a test needs.
 #pragma once
 
 #include <QByteArray>
 #include <QProcess>
 
-// The process ends with this one, however this one ends.
+// Starts a process that ends when this one ends, even if this one crashes.
 void startCompanion(QProcess& process, const QString& program, const QStringList& arguments);
 void endCompanion(QProcess& process);
 
-// Without its end; waits for it.
+// Reads one line without its end, and waits for it.
 QByteArray firstLineOf(QProcess& process);

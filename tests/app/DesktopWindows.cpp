@@ -9,9 +9,9 @@
 
 namespace {
 
-constexpr std::uint32_t iconicState = 3; // of the properties WM_STATE and WM_CHANGE_STATE
+constexpr std::uint32_t iconicState = 3; // value in the properties WM_STATE and WM_CHANGE_STATE
 constexpr std::uint32_t askedByUser = 2; // _NET_ACTIVE_WINDOW
-constexpr std::uint8_t sentEvent = 0x80; // mark in an event's type
+constexpr std::uint8_t sentEvent = 0x80; // flag in the type of an event that a program has sent
 constexpr std::uint32_t longestProperty = 1024; // in units of four bytes
 
 template <typename Reply> auto owned(Reply* reply)
@@ -35,7 +35,7 @@ DesktopWindows::DesktopWindows(const QString& display)
     if (xcb_connection_has_error(_connection))
         qFatal("no connection to the display %s", qPrintable(display));
     _root = xcb_setup_roots_iterator(xcb_get_setup(_connection)).data->root;
-    // What programs tell the window manager.
+    // Receives the messages that programs send to the window manager.
     constexpr std::uint32_t events
         = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_change_window_attributes(_connection, _root, XCB_CW_EVENT_MASK, &events);

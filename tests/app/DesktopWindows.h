@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The windows of an X11 display as its window manager sees them, named by their titles, and what a
-// user does to them outside of their program.
+// The windows of an X11 display as its window manager sees them, and the actions of a user outside
+// of the program. Windows are identified by their titles.
 #pragma once
 
 #include <QByteArray>
@@ -14,28 +14,29 @@ struct xcb_connection_t;
 
 class DesktopWindows {
 public:
-    // display: ":7"
+    // display is a name like ":7".
     explicit DesktopWindows(const QString& display);
     ~DesktopWindows();
     DesktopWindows(const DesktopWindows&) = delete;
     DesktopWindows& operator=(const DesktopWindows&) = delete;
 
     bool hasManager();
-    // From the lowest to the topmost.
+    // The titles from the lowest window to the topmost.
     QStringList titles();
-    // Empty: no window has the focus.
+    // The title of the window with the focus; empty: none has it.
     QString activeTitle();
     bool isMinimised(const QString& title);
-    // Whether the window manager has been told that the user wants the window in front, and not
-    // merely its program.
+    // Whether the window manager was asked in the name of the user, and not only of the program, to
+    // bring the window to the front.
     bool isWantedByUser(const QString& title);
-    // What has been said about programs that start, one text after the other.
+    // All messages about starting programs so far, one after the other.
     QByteArray startFeedback();
 
-    // Another program's window, in front and with the focus. It stays while this object lives.
+    // Opens a window of another program in front and with the focus. It stays as long as this
+    // object.
     void openOther(const QString& title);
     void minimise(const QString& title);
-    // What the close box of the window's frame does.
+    // Does the same as a click on the close box of the window's frame.
     void askToClose(const QString& title);
 
 private:

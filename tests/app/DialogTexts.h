@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What holds for every dialog of the window: its texts are in the language, each control that the
-// keyboard reaches has a name for a screen reader, and no two have the same mnemonic.
+// Checks the rules for every dialog of the window: its texts are in the language, each control that
+// the keyboard reaches has a name for a screen reader, and no two controls have the same mnemonic.
 #pragma once
 
 #include "datafile/helpers/DBCLocalizable.h"
@@ -12,7 +12,7 @@
 
 using namespace Qt::StringLiterals;
 
-// What is wrong with the dialog's texts; empty: nothing.
+// The problems with the dialog's texts; empty: none.
 inline QStringList faultsOfTexts(const QDialog& dialog)
 {
     QStringList faults;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A screen in memory with a window manager, for programs that are tested in processes of their own:
+// A screen in memory with a window manager, for tests that run a program in its own process:
 //
 //     VirtualDisplay display;
 //     program.setProcessEnvironment(display.environment());
@@ -17,19 +17,19 @@
 
 class VirtualDisplay {
 public:
-    // On a display number that is free. Both servers end with the object, and with this process
-    // however that ends.
+    // Uses a free display number. Both servers end with the object, and also when this process
+    // crashes.
     VirtualDisplay();
     ~VirtualDisplay();
 
-    // ":7"
+    // The name of the display, for example ":7".
     const QString& name() const { return _name; }
-    // This process's, with the display in place of the user's own screen and a runtime folder that
-    // belongs to this display alone.
+    // The environment of this process, with this display instead of the user's screen and with a
+    // runtime folder of its own.
     QProcessEnvironment environment() const;
     DesktopWindows& windows() { return *_windows; }
 
-    // The display vanishes, as when its server crashes.
+    // Ends the display as if its server had crashed.
     void breakDown();
 
 private:

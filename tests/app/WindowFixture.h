@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The program's window in a home of its own, with every message and question answered in advance:
+// The program's window with a temporary home. The test sets the answers to questions in advance:
 //
 //     WindowFixture fixture;
 //     fixture.choose(OperationType::Import);
@@ -46,14 +46,14 @@ struct WindowFixture {
     QProgressBar& bar() { return control<QProgressBar>("_progressBar"); }
     QString hint() { return control<QLabel>("_progressHint").text(); }
     DBCMessageArea& messageArea() { return control<DBCMessageArea>("_messageArea"); }
-    // What the area says, line by line, as a screen reader gets it.
+    // The lines of the message area, as a screen reader gets them.
     QString message() { return messageArea().accessibleName(); }
     bool isMessageRed()
     {
         return messageArea().text().contains(
             DBCMessageArea::attentionColor(messageArea().palette()).name());
     }
-    // "2 of 102", or "busy" while the bar moves to and fro.
+    // The state of the bar like "2 of 102", or "busy" while it moves to and fro.
     QString barText()
     {
         if (bar().minimum() == 0 && bar().maximum() == 0)
@@ -70,7 +70,7 @@ struct WindowFixture {
     void send(const DBCEvent& event) { window.converter().refreshProgress(event); }
     QAction& quitMenuItem() { return *window.findChild<QAction*>(u"_menuItemTerminate"_s); }
 
-    // The names of the controls that can be used, sorted: what the user sees of a state.
+    // The sorted names of the enabled controls.
     QStringList enabledControls()
     {
         static const QStringList names {u"_closeBtn"_s, u"_convertBtn"_s,
@@ -85,7 +85,7 @@ struct WindowFixture {
         return enabled;
     }
 
-    // The language of the texts, chosen before the window takes them.
+    // Sets the language before the window reads its texts.
     struct Text {
         explicit Text(Language language) { DBCLocalizable::setLanguage(language); }
     };
@@ -94,5 +94,5 @@ struct WindowFixture {
     Text text;
     ScopedHost host;
     DBCMainWindowController window;
-    RecordingPresenter presenter; // takes the place of the window's own
+    RecordingPresenter presenter; // replaces the window's presenter
 };

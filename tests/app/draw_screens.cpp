@@ -21,7 +21,7 @@ using Draw = void (*)(WindowFixture&);
 
 constexpr qint64 cards = 1284;
 
-// The usual dark desktop.
+// The palette of a usual dark desktop.
 QPalette darkPalette()
 {
     const QColor window(0x2b, 0x2b, 0x2e);
@@ -184,7 +184,7 @@ constexpr Screen screens[] {
     {"backups", drawBackups},
 };
 
-// Until the paths, which are nobody's, are looked at.
+// Runs the event loop until the paths, which do not exist, have been looked up.
 void showEverything()
 {
     QElapsedTimer time;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What becomes of a package and its backups when one is restored or deleted in the window.
-#include "carddb/DBCImportJournal.h"
+// Restores and deletes backups in the window and looks at the package and its backups afterwards.
 #include "carddb/DBCPackageGuard.h"
+#include "carddb/DBCPackageJournal.h"
 #include "tests/app/BackupsDesk.h"
 
 #include <QDir>
@@ -20,7 +20,8 @@ private Q_SLOTS:
         const QStringList before = desk.everything().filter(u"vmdb"_s);
         desk.press("restoreBtn");
         QCOMPARE(desk.presenter.questions.size(), 1);
-        QCOMPARE(desk.presenter.questions.constFirst().key, u"IDS_MSG_BACKUP_RESTORE"_s);
+        QCOMPARE(desk.presenter.questions.constFirst().key,
+            DBCMessage::keyOf(DBCQuestionId::RestoreBackup));
         QVERIFY(desk.presenter.questions.constFirst().text.contains(desk.first));
         QCOMPARE(desk.everything().filter(u"vmdb"_s), before);
         QCOMPARE(desk.status(), QString());
@@ -49,7 +50,8 @@ private Q_SLOTS:
         BackupsDesk desk;
         desk.presenter.answer = DBCAnswer::Default;
         desk.list();
-        // A restore asks for the rights at its beginning, and again when the package has been kept.
+        // A restore checks the access rights at its beginning, and again after it has backed up the
+        // package.
         QStringList stages;
         desk.host->isWritable = [&](const QString&) {
             QMetaObject::invokeMethod(
@@ -57,7 +59,7 @@ private Q_SLOTS:
             return true;
         };
         desk.press("restoreBtn");
-        QCOMPARE(stages.constFirst(), u"The backup [%1] is being looked at."_s.arg(desk.first));
+        QCOMPARE(stages.constFirst(), u"The backup [%1] is being read."_s.arg(desk.first));
         QVERIFY2(stages.contains(u"Restore of the card database is running."_s),
             qPrintable(stages.join(u'|')));
     }
@@ -94,7 +96,8 @@ private Q_SLOTS:
         desk.list();
         desk.press("deleteBtn");
         QCOMPARE(desk.presenter.questions.size(), 1);
-        QCOMPARE(desk.presenter.questions.constFirst().key, u"IDS_MSG_BACKUP_DELETE"_s);
+        QCOMPARE(desk.presenter.questions.constFirst().key,
+            DBCMessage::keyOf(DBCQuestionId::DeleteBackup));
         QCOMPARE(snapshotOf(desk.backup), desk.chosen);
     }
 
@@ -148,14 +151,15 @@ private Q_SLOTS:
     {
         BackupsDesk desk;
         {
-            const auto journal = DBCImportJournal::begin(desk.package.path(), desk.backup);
+            const auto journal = DBCPackageJournal::begin(desk.package.path(), desk.backup);
             QVERIFY(journal->enterImport(u"NEW-"_s));
         }
-        desk.presenter.answer = DBCAnswer::Alternate; // keep what is there, restore nothing
+        desk.presenter.answer = DBCAnswer::Alternate; // keep the package as it is
         desk.list();
         desk.press("restoreBtn");
         QCOMPARE(desk.presenter.questions.size(), 2);
-        QCOMPARE(desk.presenter.questions.constFirst().key, u"IDS_MSG_UNFINISHED_IMPORT"_s);
+        QCOMPARE(desk.presenter.questions.constFirst().key,
+            DBCMessage::keyOf(DBCQuestionId::SettleUnfinishedImport));
         QVERIFY(!desk.hasJournal());
     }
 };

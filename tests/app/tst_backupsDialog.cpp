@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The list of backups: what it says of each, and when it can be used.
+// Tests the list of backups: what it shows for each, and when its controls can be used.
 #include "tests/app/BackupsDesk.h"
 #include "tests/app/DialogTexts.h"
 
@@ -14,7 +14,7 @@ private Q_SLOTS:
     void backupsAreListedNewestFirst()
     {
         BackupsDesk desk;
-        QTest::qSleep(20); // past the kernel's tick
+        QTest::qSleep(20); // longer than the kernel's clock tick
         desk.backUp(desk.second);
         desk.list();
         QCOMPARE(desk.names(), QStringList({desk.second, desk.first}));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The check of an interchange folder: what it lists, and what can be done meanwhile.
+// Tests the check of an interchange folder: what it lists, and what the user can do meanwhile.
 #include "tests/app/CheckDesk.h"
 #include "tests/app/DialogTexts.h"
 #include "tests/support/FolderSnapshot.h"
@@ -103,7 +103,7 @@ private Q_SLOTS:
         QVERIFY(!desk.dialog->isVisible());
         QVERIFY(!desk.dialog->isChecking());
         desk.open();
-        desk.dialog.reset(); // waits for the check, which has been given up
+        desk.dialog.reset(); // waits for the abandoned check
         QCOMPARE(desk.reached.available(), 0);
     }
 
@@ -116,7 +116,7 @@ private Q_SLOTS:
         desk.reached.acquire();
         desk.check();
         desk.gate.release();
-        desk.reached.acquire(); // by the second check, when the first has come to its end
+        desk.reached.acquire(); // by the second check, after the first has ended
         QTest::qWait(20);
         QVERIFY(desk.dialog->isChecking());
         QCOMPARE(desk.lines(), QStringList());
@@ -152,7 +152,7 @@ private Q_SLOTS:
         QTest::addColumn<bool>("isJapanese");
         QTest::addColumn<QString>("title");
         QTest::newRow("English") << false << u"Check of the Interchange Folder"_s;
-        QTest::newRow("Japanese") << true << u"データフォルダのチェック"_s;
+        QTest::newRow("Japanese") << true << u"データフォルダーのチェック"_s;
     }
     void textsAreInTheLanguage()
     {

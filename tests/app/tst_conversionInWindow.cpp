@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whole conversions from the window over real folders and packages: what can be used in each state,
-// and what is on the disk afterwards.
+// Runs whole conversions from the window with real folders and packages: which controls can be used
+// in each state, and what is on the disk afterwards.
 #include "carddb/DBCDataBaseController.h"
 #include "datafile/DBCFileReader.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
@@ -21,9 +21,9 @@ namespace {
 
 using Key = DBCRecordKey;
 
-// A package of one card and a folder of three, chosen on the screen of one operation. look is
-// called on the window's thread while the operation waits in its middle: an import when the backup
-// is made, an export when the cards are fetched.
+// A package with one card and a folder with three, chosen on the screen of one operation. look is
+// called on the window's thread while the operation waits halfway: an import during the backup, an
+// export while it fetches the cards.
 struct Conversion : WindowFixture {
     explicit Conversion(OperationType type)
     {
@@ -47,7 +47,7 @@ struct Conversion : WindowFixture {
         databasePath().setText(package.path());
     }
 
-    // On the operation's thread.
+    // Called on the operation's thread.
     void pause()
     {
         if (look)
@@ -164,7 +164,8 @@ private Q_SLOTS:
         conversion.start();
         QTRY_VERIFY(conversion.hasEnded());
         QVERIFY(!isEnabledAfterPress);
-        QCOMPARE(conversion.presenter.questions.value(1).key, u"IDS_MSG_ERR_0315"_s);
+        QCOMPARE(conversion.presenter.questions.value(1).key,
+            DBCMessage::keyOf(DBCQuestionId::CancelImport));
         QCOMPARE(conversion.cards(), 4);
         QCOMPARE(conversion.message(), u"Import has finished.\nCards: 3, imported: 3"_s);
     }
@@ -242,7 +243,8 @@ private Q_SLOTS:
         Conversion conversion(OperationType::Import);
         conversion.presenter.answers = {DBCAnswer::Default};
         conversion.start();
-        // The window's own presenter knows that nobody is there any more; the test's stands for it.
+        // The window's presenter would answer Yes, because nobody is there any more. The test has
+        // replaced it, so its presenter answers Yes.
         conversion.presenter.answer = DBCAnswer::Default;
         conversion.window.converter().windDown();
         QVERIFY(conversion.hasEnded());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The drawings of what goes where, at the usual scales and in light and dark.
+// Tests the drawings of the two operations at the usual scales and in light and dark.
 #include "app/DBCConversionPicture.h"
 
 #include <QImage>
@@ -22,7 +22,7 @@ QPalette paletteOf(bool isDark)
     return palette;
 }
 
-// The widget with a margin, on the window's colour.
+// Draws the widget with a margin on the window's colour.
 QImage drawn(Subject subject, double scale, bool isDark = false, QSize margin = {0, 0})
 {
     DBCConversionPicture picture;
@@ -46,7 +46,7 @@ int darkestIn(const QImage& image, const QRect& place)
     return darkest;
 }
 
-// Whether anything is drawn there.
+// Whether anything is drawn in this place.
 bool isMarked(const QImage& image, const QRect& place)
 {
     for (int y = place.top(); y <= place.bottom(); ++y) {
@@ -93,8 +93,8 @@ private Q_SLOTS:
         }
     }
 
-    // The folder's left side, at half the height of its pocket: blurred, it would begin paler than
-    // ink.
+    // Looks at the folder's left side at half the height of its pocket. A blurred line would begin
+    // with a colour paler than ink.
     void straightLinesAreSharp()
     {
         QFETCH_GLOBAL(double, scale);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Each check before an operation, asked by pressing the button: its one message, nothing started,
-// and a screen that is ready for the next try.
+// Presses the button for each check before an operation that fails: one message is shown, nothing
+// is started, and the screen is ready for the next try.
 #include "datafile/helpers/DBCInterchangeNames.h"
 #include "tests/app/WindowFixture.h"
 
@@ -20,10 +20,10 @@ namespace {
 constexpr quint64 margin = 0x80000; // bytes
 constexpr qsizetype longestDataPath = 520; // bytes
 
-const QString mainApplicationMustNotRun = u"IDS_MSG_ERR_0106"_s;
-const QString oldExportGoes = u"IDS_MSG_ERR_0205"_s;
+const QString mainApplicationMustNotRun = DBCMessage::keyOf(DBCQuestionId::BeginOperation);
+const QString oldExportGoes = DBCMessage::keyOf(DBCQuestionId::ReplaceExport);
 
-// A screen with two good paths on a machine where everything is in order, and a user who says Yes.
+// A screen with two good paths, on a machine where every check passes, and a user who answers Yes.
 struct Situation : WindowFixture {
     explicit Situation(OperationType type)
     {
@@ -68,7 +68,7 @@ struct Situation : WindowFixture {
         return QFile::exists(
             home.path(u"out/%1/old.txt"_s.arg(DBCInterchangeNames::rootFolderName())));
     }
-    // As another process does.
+    // Locks the package as another process does.
     void lockPackage()
     {
         const QString file = home.writeFile(u"cards.vmdb/.VMLock.vmlk"_s, "");
@@ -76,7 +76,7 @@ struct Situation : WindowFixture {
         if (flock(_lock, LOCK_EX | LOCK_NB) != 0)
             qFatal("cannot lock the package");
     }
-    // A path of so many bytes below an existing folder.
+    // Returns a path of so many bytes below an existing folder.
     QString pathOfLength(qsizetype length) const
     {
         QString path = home.path(u"deep/"_s);
@@ -135,7 +135,7 @@ private Q_SLOTS:
         both("file in place of the package", 302, 201, [](Situation& situation) {
             situation.databasePath().setText(situation.home.writeFile(u"p.vmdb"_s, "f"));
         });
-        // A locked one, so that the order shows: the network is looked at first.
+        // The package is locked, too, and the message shows that the network is checked first.
         both("locked package on the network", 105, 105, [](Situation& situation) {
             situation.lockPackage();
             situation.mountOnNetwork(situation.package);
@@ -242,7 +242,7 @@ private Q_SLOTS:
 
     void pathsMayHaveBlanksAHomeSignAndASlash_data()
     {
-        QTest::addColumn<QString>("pattern"); // %1: the path, as the user types around it
+        QTest::addColumn<QString>("pattern"); // what the user types; %1: the path
         QTest::newRow("blanks around") << u"  %1 "_s;
         QTest::newRow("ideographic blank behind") << u"%1\u3000"_s;
         QTest::newRow("slash behind") << u"%1/"_s;
@@ -259,7 +259,8 @@ private Q_SLOTS:
         situation.dataPath().setText(typed(situation.folder));
         situation.databasePath().setText(typed(situation.package));
         situation.convert().click();
-        // The checks let both paths through; what stands there is no interchange folder.
+        // Both paths pass the checks, and the operation then fails because the folder is not an
+        // interchange folder.
         QTRY_VERIFY(!situation.window.converter().isRunning());
         QCOMPARE(situation.presenter.numbers, QList<quint32>({316}));
     }

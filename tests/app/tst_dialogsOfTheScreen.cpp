@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The converter screen's ways to the check of a folder and to the backups.
+// Tests how the converter screen opens the check of a folder and the list of backups.
 #include "app/dialogs/DBCBackupsDialog.h"
 #include "app/dialogs/DBCCheckDialog.h"
 #include "carddb/DBCDataBaseController.h"
@@ -26,7 +26,7 @@ struct Screen : WindowFixture {
     explicit Screen(OperationType type = OperationType::Import)
     {
         package.card();
-        if (!DBCPackageCopy().copy(package.path(), backup))
+        if (DBCPackageCopy().copy(package.path(), backup) != DBCPackageCopy::Outcome::Copied)
             qFatal("no backup");
         chosen = snapshotOf(backup);
         package.card();
@@ -46,7 +46,7 @@ struct Screen : WindowFixture {
         button("backupsBtn").click();
         QTRY_VERIFY(restore().isEnabled());
     }
-    // A restore waits where it looks for free space, until the gate is opened.
+    // A restore waits where it asks for the free space, until the gate is opened.
     void restoreUpToTheGate()
     {
         openBackups();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The two panels that choose a path, as the screen opens them.
+// Tests the two panels that choose a path, as the screen opens them.
 #include "app/dialogs/DBCFilePanels.h"
 #include "tests/app/WindowFixture.h"
 
@@ -116,7 +116,7 @@ private Q_SLOTS:
         _fixture->choose(OperationType::Import);
         QString folder;
         pressChoose(databaseButton, [&](QFileDialog& panel) {
-            // What a double click does.
+            // A double click does this.
             panel.setDirectory(package);
             Q_EMIT panel.directoryEntered(package);
             folder = panel.directory().path();

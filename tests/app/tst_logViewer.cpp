@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The log as the user gets to see it: in the desktop's program, or in the viewer of our own.
+// Tests how the log is shown: in the desktop's program or in our own viewer.
 #include "app/dialogs/DBCLogViewer.h"
 
 #include "datafile/helpers/DBCLocalizable.h"
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QCOMPARE(_failures, 0);
     }
 
-    // It may go on for hours, and must end with the session as any program does.
+    // The desktop's program may run for hours, and must end with the session like any program.
     void desktopsProgramIsIndependentOfThisOne()
     {
         sigset_t ours;
@@ -94,8 +94,8 @@ private Q_SLOTS:
         sigemptyset(&ours);
         sigaddset(&ours, SIGTERM);
         QCOMPARE(pthread_sigmask(SIG_BLOCK, &ours, &former), 0);
-        // The last program takes the shell's place: a shell that waits for one has every signal
-        // blocked.
+        // exec replaces the shell by the last program, because a shell that waits for a program has
+        // all signals blocked.
         setOpener("[ \"$(cut -d' ' -f6 /proc/$$/stat)\" = $$ ] && echo own > \"$0.session\"\n"
                   "exec grep SigBlk /proc/self/status > \"$0.signals\"");
         show();
@@ -300,7 +300,7 @@ private Q_SLOTS:
     }
 
 private:
-    // The opener of the desktop is a shell script with these lines.
+    // Makes a shell script with these lines the opener of the desktop.
     void setOpener(const QByteArray& lines)
     {
         const QString script = _home->writeFile(u"opener"_s, "#!/bin/sh\n" + lines);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The choice screen, the ways out of the program, and what holds for both screens in both
-// languages.
+// Tests the choice screen, the ways to end the program, and the rules that both screens keep in
+// both languages.
 #include "app/dialogs/DBCLocalizedWidgets.h"
 #include "datafile/helpers/DBCLocalizable.h"
 #include "tests/app/WindowFixture.h"
@@ -25,7 +25,7 @@ void bothLanguages()
     QTest::newRow("Japanese") << true;
 }
 
-// The letter behind '&'; null: none.
+// The letter after '&'; null: none.
 QChar mnemonicOf(const QString& text)
 {
     const qsizetype sign = text.indexOf(u'&');
@@ -47,7 +47,7 @@ private Q_SLOTS:
         _window = std::make_unique<DBCMainWindowController>();
         _presenter = std::make_unique<RecordingPresenter>();
         _window->show();
-        // Keys reach the shortcuts of the active window alone.
+        // Only the shortcuts of the active window receive keys.
         _window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(_window.get()));
     }
@@ -224,7 +224,7 @@ private:
         _window->findChild<QRadioButton*>(QLatin1StringView(row))->setChecked(true);
         _window->findChild<QPushButton*>(u"continueBtn"_s)->click();
     }
-    // Runs check on the choice screen, the import and the export screen.
+    // Calls check on the choice screen, the import screen and the export screen.
     void onEachScreen(const std::function<void(const QString& screen)>& check)
     {
         check(u"choice"_s);

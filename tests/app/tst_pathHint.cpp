@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What stands below a path field while it is typed, and how a typed path is understood.
+// Tests the hint below a path field while the user types, and how a typed path is understood.
 #include "app/DBCPathHint.h"
 #include "app/desktop/DBCPaths.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
@@ -63,7 +63,7 @@ private Q_SLOTS:
     void folderThatIsNoDatabaseIsTold()
     {
         QVERIFY(problem(Subject::CardDatabase, _home->path())
-                    .startsWith(u"This folder is no card database."_s));
+                    .startsWith(u"This folder is not a card database."_s));
     }
 
     void hintFollowsTheTyping()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What can be done with the problems that a check has found.
+// Tests what the user can do with the problems that a check has found.
 #include "tests/app/CheckDesk.h"
 #include "tests/support/FileSizeLimit.h"
 

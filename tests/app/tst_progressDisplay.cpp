@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the converter screen shows at each event of an operation.
+// Tests what the converter screen shows at each event of an operation.
 #include "operation/log/DBCLog.h"
 #include "tests/app/WindowFixture.h"
 
@@ -16,16 +16,16 @@ DBCEvent counted(DBCEventName name, qint64 maxCount, qint64 finishedCount)
     return {.name = name, .maxCount = maxCount, .finishedCount = finishedCount};
 }
 
-// The events of the two operations side by side.
+// The events and texts that differ between the two operations.
 struct Names {
     OperationType type;
     DBCEventName willBegin;
     DBCEventName known;
     DBCEventName running;
     DBCEventName finished;
-    QString hint; // in front of the percentage
+    QString hint; // text before the percentage
     QString label;
-    QString count; // in front of the number
+    QString count; // text before the number
 };
 
 const Names importNames {OperationType::Import, DBCEventName::ImportWillBegin,
@@ -158,7 +158,9 @@ private Q_SLOTS:
         QCOMPARE(_fixture->presenter.questions.size(), 1);
         const DBCQuestion& question = _fixture->presenter.questions.first();
         QCOMPARE(question.key,
-            names().type == OperationType::Import ? u"IDS_MSG_ERR_0317"_s : u"IDS_MSG_ERR_0211"_s);
+            names().type == OperationType::Import
+                ? DBCMessage::keyOf(DBCQuestionId::QuitAfterImport)
+                : DBCMessage::keyOf(DBCQuestionId::QuitAfterExport));
         QVERIFY2(question.text.contains(u"97"_s), qPrintable(question.text));
         QCOMPARE(question.defaultButton, u"Yes"_s);
         QCOMPARE(question.alternateButton, u"No"_s);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The program as it is started from a desktop: on a screen with a window manager, in a process of
-// its own.
+// Tests the program as a desktop starts it: in its own process, on a screen with a window manager.
 #include "tests/app/VirtualDisplay.h"
 #include "tests/support/TestHome.h"
 
@@ -50,7 +49,7 @@ private Q_SLOTS:
         startSecondCopy();
         QTRY_COMPARE(_display->windows().activeTitle(), _title);
         QTRY_COMPARE(_display->windows().titles(), QStringList({_other, _title}));
-        // Stricter window managers than this one raise nothing else.
+        // Stricter window managers than this one raise a window only after such a request.
         QVERIFY(_display->windows().isWantedByUser(_title));
     }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the program asks of the desktop over the session bus: to stay awake, and to show a note.
+// Tests the requests to the desktop over the session bus: to stay awake and to show a notification.
 #include "app/desktop/DBCDesktopNotification.h"
 #include "app/desktop/DBCSuspendInhibitor.h"
 #include "operation/log/DBCSettings.h"
@@ -23,11 +23,11 @@ const QString reason = u"Business cards are being converted."_s;
 
 } // namespace
 
-// Either service that keeps a computer awake; a test says how it answers.
+// Takes the place of a service that keeps the computer awake. The test sets its answer.
 class FakeAwakeService : public QObject, protected QDBusContext {
     Q_OBJECT
 public:
-    QStringList held; // "program, reason" of each wish that has not been taken back
+    QStringList held; // "program, reason" of each request that has not been taken back
     bool isSlow = false;
 
     void answerAtLast()
@@ -81,8 +81,8 @@ class FakeNotifications : public QObject {
 public:
     QStringList capabilities;
     QStringList shown; // "number: title, text"
-    QStringList actions; // of the last note
-    QVariantMap hints; // of the last note
+    QStringList actions; // of the last notification
+    QVariantMap hints; // of the last notification
     uint lastReplaced = 0;
 
 public Q_SLOTS:
@@ -119,7 +119,7 @@ private Q_SLOTS:
     {
         for (const QString& service : std::exchange(_offered, {}))
             desktop().unregisterService(service);
-        // An object that is destroyed leaves the bus.
+        // A destroyed object is removed from the bus.
         _sessionManager = std::make_unique<FakeSessionManager>();
         _powerManagement = std::make_unique<FakePowerManagement>();
         _notifications = std::make_unique<FakeNotifications>();
@@ -254,7 +254,7 @@ private Q_SLOTS:
         offerNotifications();
         QByteArrayList clicks;
         DBCDesktopNotification notification([&](const QByteArray& leave) { clicks << leave; });
-        // Twice, since what listens to clicks must not listen twice.
+        // There are two notifications, because the second must not connect the click again.
         for (const char* const text : {"one", "two"}) {
             notification.show(u"Import"_s, QString::fromLatin1(text));
             QTRY_VERIFY(_notifications->shown.value(_notifications->shown.size() - 1)
@@ -327,7 +327,7 @@ private:
         QCOMPARE(connection.call(call).type(), QDBusMessage::ReplyMessage);
     }
 
-    // Everything that has been sent so far has arrived.
+    // Waits until everything sent so far has arrived.
     void settle() const
     {
         callBus(desktop(), "GetId");

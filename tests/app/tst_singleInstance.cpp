@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which of several starts runs, and what the others tell it.
+// Tests which of several copies runs, and what the others tell it.
 #include "app/desktop/DBCSingleInstance.h"
 
 #include "tests/support/TestHome.h"
@@ -24,7 +24,7 @@ constexpr QFile::Permissions ownersRights = QFile::ReadOwner | QFile::WriteOwner
 constexpr QFile::Permissions othersRights = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup
     | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
 
-// A copy of its own in the process, with the environment of the test.
+// Starts another copy inside this process, with the environment of the test.
 std::future<Role> startedMeanwhile(const QString& folder, const QByteArray& token = {})
 {
     return std::async(std::launch::async, [=] { return DBCSingleInstance(folder).claim(token); });
@@ -100,7 +100,7 @@ private Q_SLOTS:
     {
         auto ending = std::make_unique<DBCSingleInstance>(folder());
         QCOMPARE(ending->claim({}), Role::First);
-        // No answer comes, since nothing runs this thread's event loop.
+        // The first copy does not answer, because its event loop is not running.
         auto next = startedMeanwhile(folder());
         QTest::qSleep(200);
         QVERIFY(!hasEnded(next));
@@ -108,7 +108,7 @@ private Q_SLOTS:
         QCOMPARE(next.get(), Role::First);
     }
 
-    // It holds its place and does not listen yet.
+    // The first copy holds the lock but does not listen yet.
     void firstThatBeginsMeanwhileIsFound()
     {
         DBCSingleInstance first(folder());
@@ -241,7 +241,7 @@ private Q_SLOTS:
 
 private:
     QString folder() const { return _home->path(); }
-    // The program itself, without a screen; it runs until it is ended.
+    // Starts the real program without a screen; it runs until it is ended.
     std::unique_ptr<QProcess> startProgram() const
     {
         auto program = std::make_unique<QProcess>();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The desktop's leave to take the focus, from a start to the window. What a window manager makes of
-// it is tested with the running copies.
+// Tests how the desktop's permission to take the focus gets from a start to the window. The
+// reaction of a window manager is tested in tst_runningCopy.
 #include "app/desktop/DBCWindowActivation.h"
 
 #include <QTest>

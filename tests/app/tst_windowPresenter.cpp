@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Boxes over the window, asked for from the window's thread and from the operation's.
+// Tests the boxes over the window, requested by the window's thread and by the operation's thread.
 #include "app/DBCWindowPresenter.h"
 #include "tests/support/TestHome.h"
 
@@ -20,7 +20,7 @@ QMessageBox* openBox()
     return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
 }
 
-// Does what a user does as soon as a box stands on the screen.
+// Acts for the user as soon as a box is on the screen.
 void whenABoxOpens(const std::function<void(QMessageBox&)>& act)
 {
     auto* const timer = new QTimer(qApp);
@@ -105,8 +105,8 @@ private Q_SLOTS:
         for (const auto& [label, answer] : answers) {
             whenABoxOpens(
                 [label = label](QMessageBox& box) { buttonLabelled(box, label)->click(); });
-            QCOMPARE(DBCMessage::ShowInfoMessage(
-                         u"IDS_MSG_ERR_0205"_s, DBCButton::Yes, DBCButton::No, u"Third"_s),
+            QCOMPARE(DBCMessage::ShowInfoMessage(DBCMessage::keyOf(DBCQuestionId::ReplaceExport),
+                         DBCButton::Yes, DBCButton::No, u"Third"_s),
                 answer);
         }
     }
@@ -120,7 +120,8 @@ private Q_SLOTS:
             QCOMPARE(box.windowModality(), Qt::WindowModal);
             pressKey(box, Qt::Key_Return);
         });
-        QCOMPARE(askOnAnotherThread(u"IDS_MSG_ERR_0315"_s), DBCAnswer::Default);
+        QCOMPARE(
+            askOnAnotherThread(DBCMessage::keyOf(DBCQuestionId::CancelImport)), DBCAnswer::Default);
         QCOMPARE(thread, _window.thread());
     }
 
@@ -153,9 +154,10 @@ private Q_SLOTS:
         DBCWindowPresenter presenter(_window);
         std::optional<DBCAnswer> answer;
         bool isDismissed = false;
-        QCOMPARE(DBCMessage::ShowInfoMessageAlertSheet(
-                     nullptr, [&](DBCAnswer given) { answer = given; }, [&] { isDismissed = true; },
-                     u"IDS_MSG_ERR_0205"_s, DBCButton::Yes, DBCButton::No),
+        QCOMPARE(
+            DBCMessage::ShowInfoMessageAlertSheet(
+                nullptr, [&](DBCAnswer given) { answer = given; }, [&] { isDismissed = true; },
+                DBCMessage::keyOf(DBCQuestionId::ReplaceExport), DBCButton::Yes, DBCButton::No),
             DBCAnswer::Alternate);
         QVERIFY(!answer);
         whenABoxOpens([](QMessageBox& box) { pressKey(box, Qt::Key_Return); });
@@ -164,7 +166,19 @@ private Q_SLOTS:
         QVERIFY(isDismissed);
     }
 
-    // Behind a box the focus goes back to the window that it came over.
+    void sheetsNeedNoCallbacks()
+    {
+        DBCWindowPresenter presenter(_window);
+        DBCMessage::ShowErrorMessageAlertSheet(nullptr, {}, 209);
+        whenABoxOpens([](QMessageBox& box) { pressKey(box, Qt::Key_Escape); });
+        QTRY_VERIFY(!_window.findChild<QMessageBox*>());
+        DBCMessage::ShowInfoMessageAlertSheet(nullptr, {}, {},
+            DBCMessage::keyOf(DBCQuestionId::ReplaceExport), DBCButton::Yes, DBCButton::No);
+        whenABoxOpens([](QMessageBox& box) { pressKey(box, Qt::Key_Return); });
+        QTRY_VERIFY(!_window.findChild<QMessageBox*>());
+    }
+
+    // When a box closes, the window below it gets the focus back.
     void boxesComeOverTheWindowInFront()
     {
         DBCWindowPresenter presenter(_window);
@@ -188,23 +202,24 @@ private Q_SLOTS:
     {
         DBCWindowPresenter presenter(_window);
         presenter.leaveUnattended();
-        QCOMPARE(ask(u"IDS_MSG_ERR_0315"_s), DBCAnswer::Default);
-        QCOMPARE(ask(u"IDS_MSG_ERR_0210"_s), DBCAnswer::Default);
+        QCOMPARE(ask(DBCMessage::keyOf(DBCQuestionId::CancelImport)), DBCAnswer::Default);
+        QCOMPARE(ask(DBCMessage::keyOf(DBCQuestionId::CancelExport)), DBCAnswer::Default);
     }
 
     void unattendedQuestionTakesTheAlternateAnswer()
     {
         DBCWindowPresenter presenter(_window);
         presenter.leaveUnattended();
-        QCOMPARE(ask(u"IDS_MSG_ERR_0205"_s), DBCAnswer::Alternate);
-        QCOMPARE(ask(u"IDS_MSG_ERR_0317"_s), DBCAnswer::Alternate);
+        QCOMPARE(ask(DBCMessage::keyOf(DBCQuestionId::ReplaceExport)), DBCAnswer::Alternate);
+        QCOMPARE(ask(DBCMessage::keyOf(DBCQuestionId::QuitAfterImport)), DBCAnswer::Alternate);
     }
 
-    // The window's thread may be on its way out of the program and turn no event loop any more.
+    // The window's thread may be ending the program and run no event loop any more.
     void openQuestionOfAnotherThreadEndsWhenNobodyIsThere()
     {
         DBCWindowPresenter presenter(_window);
-        auto answer = std::async(std::launch::async, [] { return ask(u"IDS_MSG_ERR_0315"_s); });
+        auto answer = std::async(
+            std::launch::async, [] { return ask(DBCMessage::keyOf(DBCQuestionId::CancelImport)); });
         std::future_status whileOpen = std::future_status::timeout;
         whenABoxOpens([&](QMessageBox& /*box*/) {
             presenter.leaveUnattended();
@@ -216,11 +231,11 @@ private Q_SLOTS:
     }
 
 private:
-    static DBCAnswer ask(const QString& key = u"IDS_MSG_ERR_0205"_s)
+    static DBCAnswer ask(const QString& key = DBCMessage::keyOf(DBCQuestionId::ReplaceExport))
     {
         return DBCMessage::ShowInfoMessage(key, DBCButton::Yes, DBCButton::No);
     }
-    // The answer that a thread of its own gets, while this one's event loop runs.
+    // Asks on a separate thread while the event loop of this one runs, and returns the answer.
     static DBCAnswer askOnAnotherThread(const QString& key)
     {
         auto answer = std::async(std::launch::async, [key] { return ask(key); });

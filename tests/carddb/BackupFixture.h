@@ -20,10 +20,11 @@ struct BackupFixture {
         package.card().deleted();
     }
 
-    // A copy of the package as it is now.
+    // Copies the package as it is now.
     QString backUp(const QString& name = u"Velmora DB_bak.vmdb"_s) const
     {
-        if (!DBCPackageCopy().copy(package.path(), home.path(name)))
+        if (DBCPackageCopy().copy(package.path(), home.path(name))
+            != DBCPackageCopy::Outcome::Copied)
             qFatal("no backup");
         return home.path(name);
     }
@@ -45,7 +46,7 @@ struct BackupFixture {
     {
         return QFileInfo::exists(home.path(u".Velmora DB.vmdb.velmora-import"_s));
     }
-    // Everything in the folder in which package and backups lie.
+    // The names of everything in the folder that holds the package and its backups.
     QStringList everything() const { return snapshotOf(home.path()); }
 
     StandardInputKeeper standardInput;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An open package, an interchange folder, and what the log was told.
+// An open package, an interchange folder and the recorded log messages.
 #pragma once
 
 #include "carddb/DBCDataBaseController.h"
@@ -25,7 +25,7 @@ struct RecordedLog {
 
     QStringList warnings;
     QStringList errors;
-    std::vector<DBCLogOrigin> origins; // what each message is about
+    std::vector<DBCLogOrigin> origins; // the card and consequence of each message
     std::function<void(const DBCLogEntry& entry)> onEntry = [](const DBCLogEntry&) {};
 
 private:
@@ -36,7 +36,7 @@ private:
     }};
 };
 
-// What the system says a folder takes, in bytes.
+// The disk usage of a folder in bytes, as the system reports it.
 inline quint64 diskUsage(const QString& folder)
 {
     QProcess process;
@@ -48,7 +48,7 @@ inline quint64 diskUsage(const QString& folder)
 struct TransferFixture {
     using Values = std::initializer_list<std::pair<DBCRecordKey, QString>>;
 
-    // As the reader makes it: number and line of the record are texts.
+    // A record as the file reader makes it, in which the record and line numbers are texts.
     static DBCRecord record(const Values& values)
     {
         DBCRecord record;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What happens to a user who may not read or write something, by the system's own word.
+// How the card database reports files and folders that the user may not read or write; the rights
+// are real. These tests drop root's rights.
 #include "carddb/DBCPackageCreator.h"
 #include "carddb/DBCPackageVerifier.h"
 #include "carddb/store/DBCCard.h"
@@ -27,7 +28,7 @@ const QString cardId = u"0A1B-1"_s;
 const QString named = u"plans"_s;
 const QString nothing = u""_s;
 
-// In the user's language.
+// The reason, in the user's language.
 QString refused()
 {
     return QString::fromLocal8Bit(std::strerror(EACCES));

@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Answers both questions of a copy and counts them.
+// A cancel delegate that counts the questions and answers them as told.
 struct Driver : DBCCancelDelegate {
     bool checkIsNeedToConfirmCancelOperation() override
     {
@@ -50,7 +50,7 @@ private:
     DBCDataBaseController& database() { return *_f->database; }
     void makeFile(const QString& name) const { _f->home.writeFile(name, "x"); }
 
-    // The name that a package of this path would be backed up under.
+    // The backup name that a package at this path would get.
     static std::optional<QString> nameFor(const QString& package)
     {
         StandardInputKeeper keeper;
@@ -236,6 +236,7 @@ private Q_SLOTS:
         const QString pipe = _f->packagePath(u"zz-pipe"_s);
         QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
         QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
+        QVERIFY(!database().isBackupCancelled());
         expectNoBackup();
         QVERIFY(QFileInfo::exists(_f->package.storePath()));
     }
@@ -246,6 +247,7 @@ private Q_SLOTS:
         driver.cancels = true;
         database().setDelegate(&driver);
         QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
+        QVERIFY(database().isBackupCancelled());
         QVERIFY(driver.cancelQuestions > 0);
         expectNoBackup();
     }
@@ -256,6 +258,7 @@ private Q_SLOTS:
         driver.itemsAllowed = 2;
         database().setDelegate(&driver);
         QCOMPARE(database().backup(), DBCResultCode::BackupFailure);
+        QVERIFY(database().isBackupCancelled());
         QCOMPARE(driver.items.size(), 3);
         expectNoBackup();
     }

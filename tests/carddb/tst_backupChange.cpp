@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCBackupChange.h"
 
-#include "carddb/DBCImportJournal.h"
 #include "carddb/DBCPackageGuard.h"
+#include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageRecovery.h"
 #include "tests/carddb/BackupFixture.h"
 #include "tests/support/AsOrdinaryUser.h"
@@ -212,7 +212,7 @@ private Q_SLOTS:
     {
         const World world;
         QVERIFY(
-            DBCImportJournal::begin(world.package.path(), world.backup)->enterImport(u"NEW-"_s));
+            DBCPackageJournal::begin(world.package.path(), world.backup)->enterImport(u"NEW-"_s));
         const QStringList before = world.everything();
         QCOMPARE(world.restore().outcome, Outcome::Refused);
         QCOMPARE(world.remove().outcome, Outcome::Refused);
@@ -265,7 +265,7 @@ private Q_SLOTS:
         QVERIFY(!world.hasJournal());
     }
 
-    // The disk may let the backup down at the last moment.
+    // A file of the backup becomes unreadable after all checks have passed.
     void restoreThatFailsBringsBackWhatStoodThere()
     {
         const AsOrdinaryUser user;
@@ -301,7 +301,7 @@ private Q_SLOTS:
         QCOMPARE(snapshotOf(world.package.path()), world.chosen);
     }
 
-    // Killed between the first change and the last: what the journal says by then.
+    // Looks at the journal as a kill between the first and the last change would leave it.
     void restoreIsNotedForAsLongAsThePackageChanges()
     {
         const World world;

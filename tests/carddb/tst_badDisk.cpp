@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The card database where one kind of system call fails: a disk that goes bad at the worst moment.
-#include "carddb/DBCImportJournal.h"
+// Lets one kind of system call fail at a time, as on a disk that goes bad at the worst moment, and
+// checks the card database.
 #include "carddb/DBCPackageCopy.h"
+#include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageRecovery.h"
 #include "carddb/DBCPackageRestore.h"
 #include "carddb/store/DBCCard.h"
@@ -20,7 +21,7 @@
 using namespace Qt::StringLiterals;
 
 using Key = DBCRecordKey;
-using Journal = DBCImportJournal;
+using Journal = DBCPackageJournal;
 
 namespace {
 
@@ -30,7 +31,7 @@ const QString named = u"plans"_s;
 struct Database : TransferFixture {
     Database()
     {
-        // "du" would fail with the rest.
+        // Replaces "du", whose system calls would fail, too.
         const QString program = home.writeFile(u"du"_s, "#!/bin/sh\nprintf '4\\t%s\\n' \"$3\"\n");
         QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
         host->diskUsageProgram = program;
@@ -135,7 +136,7 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(target));
     }
 
-    // The journal of an import
+    // --- the journal ---
 
     void journalThatIsNotOnTheDiskIsNone_data()
     {
@@ -187,7 +188,7 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(f.home.path(u"Velmora DB_bak.vmdb"_s)));
     }
 
-    // The next note does not fit on the disk any more.
+    // The disk is too full for the next line of the journal.
     void backupThatTheJournalCannotNoteIsRemoved()
     {
         struct Filler : DBCCancelDelegate {
@@ -227,7 +228,7 @@ private Q_SLOTS:
         QVERIFY(f.home.logText().contains(u"velmora-import"_s));
     }
 
-    // Backups
+    // --- backups ---
 
     void copyIsNoneUntilItIsOnTheDisk_data()
     {
@@ -242,10 +243,10 @@ private Q_SLOTS:
         const TestHome home;
         const PackageFixture package(home);
         const QString copy = home.path(u"copy.vmdb"_s);
-        bool isCopied = true;
+        auto outcome = DBCPackageCopy::Outcome::Copied;
         QVERIFY(FailingCall(call, EIO).during(
-            [&] { isCopied = DBCPackageCopy().copy(package.path(), copy); }));
-        QVERIFY(!isCopied);
+            [&] { outcome = DBCPackageCopy().copy(package.path(), copy); }));
+        QCOMPARE(outcome, DBCPackageCopy::Outcome::Failed);
         QStringList names = entries(home.path());
         names.removeAll(u"home"_s);
         QCOMPARE(names, QStringList {u"Velmora DB.vmdb"_s});

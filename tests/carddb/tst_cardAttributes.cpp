@@ -28,7 +28,7 @@ private Q_SLOTS:
             QVERIFY2(types.contains(column), qPrintable(column));
             QCOMPARE(types.take(column), QString::fromLatin1(expected));
         }
-        // What is left is the framework's own and the main application's.
+        // The remaining columns belong to the object store framework and to the main application.
         QCOMPARE(types.keys(),
             QStringList({u"ZOWNER"_s, u"ZTHUMBNAIL"_s, u"Z_ENT"_s, u"Z_OPT"_s, u"Z_PK"_s}));
     }

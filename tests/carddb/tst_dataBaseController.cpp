@@ -44,7 +44,7 @@ private Q_SLOTS:
         QVERIFY(!fromEmpty);
         QVERIFY(!fromNull);
         QVERIFY(QDir(empty).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
-        // No controller was made, so none closed it.
+        // No controller was created, so none can have closed the descriptor.
         QVERIFY(fcntl(STDIN_FILENO, F_GETFD) != -1);
     }
 

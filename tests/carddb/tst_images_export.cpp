@@ -30,7 +30,7 @@ QByteArray cardPdf()
     return PdfBuilder::cardPdf({jpeg(300, 180), jpeg(180, 300)});
 }
 
-// A card PDF whose only page draws lines and holds no image.
+// A card PDF with one page that draws lines and contains no image.
 QByteArray drawnPdf()
 {
     PdfPage page;
@@ -44,7 +44,7 @@ QByteArray foreignPdf()
     return PdfBuilder().creator("Another producer").page({}).bytes();
 }
 
-// Passes as a card PDF, and has nothing to draw.
+// A file that is accepted as a card PDF but has nothing to draw.
 QByteArray pdfWithoutPages()
 {
     return PdfBuilder().bytes();
@@ -154,7 +154,7 @@ private Q_SLOTS:
     {
         QCOMPARE(convert(written(PdfBuilder::searchableCardPdf("Taro Yamada"))), faceOnly);
         QVERIFY(!_f->error);
-        // The page of 252 x 144 points.
+        // The page has 252 x 144 points.
         QCOMPARE(sizeOf(faceOnly[0]), QSize(1050, 600));
     }
 
@@ -359,7 +359,7 @@ private Q_SLOTS:
         QFETCH(QString, name);
         _f->home.writeFile(u"outside.pdf"_s, cardPdf());
         name.replace(u"%1"_s, _f->home.path());
-        // Where an absolute name would be found if it were taken for a relative one.
+        // An absolute name would be found here if it were treated as a relative one.
         _f->package.writeFile(u"Images/"_s + _f->home.path(u"outside.pdf"_s), cardPdf());
         QCOMPARE(exportCard({{Key::face_Image_File, name}}), none);
         QVERIFY(!_f->error);

@@ -262,6 +262,24 @@ private Q_SLOTS:
             }));
     }
 
+    // The disk space is measured between the look-up of the image and the reading of it. The
+    // program that measures exchanges the image for a link here, which must not be followed.
+    void imageExchangedForALinkAfterTheLookUpIsNotFollowed()
+    {
+        const QByteArray secret = backJpeg();
+        const QString outside = _f->home.writeFile(u"secret.jpg"_s, secret);
+        const QByteArray script
+            = "#!/bin/sh\nln -sf '" + QFile::encodeName(outside) + "' \"$3\" && printf '4\\t'\n";
+        const QString program = _f->home.writeFile(u"du"_s, script);
+        QCOMPARE(chmod(QFile::encodeName(program).constData(), 0700), 0);
+        ScopedHost host;
+        host->diskUsageProgram = program;
+        QCOMPARE(add({{Key::face_Image_File, u"face.jpg"_s}}), pdfName);
+        QVERIFY(QFileInfo(_f->folder.imagePath(u"face.jpg"_s)).isSymLink());
+        QVERIFY(pdf().contains(faceJpeg()));
+        QVERIFY(!pdf().contains(secret));
+    }
+
     void absoluteNameIsMissing()
     {
         const QString outside = _f->home.writeFile(u"secret.jpg"_s, faceJpeg());

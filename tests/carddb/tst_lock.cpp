@@ -23,7 +23,7 @@ bool isOpen(int descriptor)
     return fcntl(descriptor, F_GETFD) != -1;
 }
 
-// Whether the file's lock is free for another descriptor.
+// Whether another descriptor can lock the file.
 bool canLock(const QString& path)
 {
     const int descriptor = open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC);
@@ -42,7 +42,7 @@ private Q_SLOTS:
     {
         _home = std::make_unique<TestHome>();
         _package = std::make_unique<PackageFixture>(*_home);
-        // Some tests close it.
+        // Some tests close standard input.
         if (!isOpen(STDIN_FILENO))
             QCOMPARE(open("/dev/null", O_RDONLY), STDIN_FILENO);
     }
@@ -180,8 +180,8 @@ private Q_SLOTS:
             QVERIFY(!canLock(path));
         }
         QVERIFY(!isOpen(STDIN_FILENO));
-        // The other descriptor of the same open file would hold the lock still, had it not been
-        // freed.
+        // The second descriptor shares the open file and with it the lock, so closing the first
+        // does not release it. The lock is free only if it was released explicitly.
         QVERIFY(isOpen(file));
         QVERIFY(canLock(path));
         close(file);
@@ -218,7 +218,7 @@ private:
             qFatal("no lock file");
         return status;
     }
-    // A folder with something in it cannot be replaced by a lock file.
+    // A folder that is not empty cannot be replaced by a lock file.
     void blockLockFile() const { _package->writeFile(u".VMLock.vmlk/x"_s, "x"); }
 
     StandardInputKeeper _standardInput;

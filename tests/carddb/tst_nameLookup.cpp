@@ -25,7 +25,7 @@ namespace {
 const QString composedGa = QString(QChar(0x304C));
 const QString decomposedGa = QString(QChar(0x304B)) + QChar(0x3099);
 
-// Tells how often a folder has been listed.
+// Notices whether a folder has been listed since the last question.
 class ListingCounter {
 public:
     explicit ListingCounter(const QString& folder)
@@ -116,7 +116,7 @@ private Q_SLOTS:
 
     void normalFormGoesBeforeLetterCase()
     {
-        // Sorted, the name that differs in case stands first.
+        // In byte order, the name that differs in case comes first.
         file(composedGa + u"A.jpg"_s);
         file(decomposedGa + u"a.jpg"_s);
         file(decomposedGa + u"A.JPG"_s);
@@ -322,7 +322,7 @@ private Q_SLOTS:
         close(descriptor);
         file(u"Good.jpg"_s);
         QCOMPARE(found(u"good.jpg"_s), u"Good.jpg"_s);
-        // The temporary folder cannot remove what Qt cannot name.
+        // The temporary folder cannot remove entries whose names Qt cannot represent.
         QCOMPARE(unlink(path.constData()), 0);
     }
 
@@ -356,7 +356,7 @@ private Q_SLOTS:
     {
         QCOMPARE(outcome(u"late.jpg"_s), Outcome::Missing);
         file(u"Late.jpg"_s);
-        // The clock behind a folder's time stamp is coarse.
+        // The folder's time stamp changes only every few milliseconds.
         const timespec later[2] = {{0, UTIME_OMIT}, {4000000000, 0}};
         QCOMPARE(utimensat(AT_FDCWD, QFile::encodeName(_folder).constData(), later, 0), 0);
         QCOMPARE(found(u"late.jpg"_s), u"Late.jpg"_s);

@@ -21,7 +21,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Does something before an item is copied, or when it is asked for a cancel.
+using Outcome = DBCPackageCopy::Outcome;
+
+// A cancel delegate that runs test code before an item is copied, or when it is asked for a cancel.
 struct Meddler : DBCCancelDelegate {
     bool checkIsNeedToConfirmCancelOperation() override { return cancels && cancels(); }
     bool fileManager(const DBCFileManager*, const QString& path, const QString& toPath) override
@@ -42,11 +44,12 @@ struct Copying {
         before = everythingBeside();
     }
 
-    bool copy(DBCCancelDelegate* delegate = nullptr)
+    Outcome copy(DBCCancelDelegate* delegate = nullptr)
     {
         return DBCPackageCopy(delegate).copy(package.path(), target);
     }
-    // The names beside the package, hidden ones included, the user's home aside.
+    // The names of everything beside the package, hidden names included, except the user's home
+    // folder.
     QStringList everythingBeside() const
     {
         QStringList names
@@ -77,7 +80,7 @@ private Q_SLOTS:
     void copyStandsUnderItsNameAndNothingElseIsLeft()
     {
         Copying copying;
-        QVERIFY(copying.copy());
+        QCOMPARE(copying.copy(), Outcome::Copied);
         QCOMPARE(snapshotOf(copying.target), snapshotOf(copying.package.path()));
         QCOMPARE(copying.everythingBeside(), copying.before + QStringList(u"copy.vmdb"_s));
         QVERIFY(copying.log.isEmpty());
@@ -93,7 +96,7 @@ private Q_SLOTS:
             QVERIFY(toPath.startsWith(copying.home.path(unfinished)));
             QVERIFY(!QFileInfo::exists(copying.target));
         };
-        QVERIFY(copying.copy(&meddler));
+        QCOMPARE(copying.copy(&meddler), Outcome::Copied);
         QVERIFY(items > 5);
     }
 
@@ -102,7 +105,7 @@ private Q_SLOTS:
         Copying copying;
         copying.home.writeFile(unfinished + u"/Velmora.sqldb"_s, "half");
         copying.home.writeFile(discarded + u"/Velmora.sqldb"_s, "old");
-        QVERIFY(copying.copy());
+        QCOMPARE(copying.copy(), Outcome::Copied);
         QCOMPARE(snapshotOf(copying.target), snapshotOf(copying.package.path()));
         QCOMPARE(copying.everythingBeside(), copying.before + QStringList(u"copy.vmdb"_s));
     }
@@ -111,7 +114,7 @@ private Q_SLOTS:
     {
         Copying copying;
         copying.home.writeFile(u"copy.vmdb/mine"_s, "mine");
-        QVERIFY(!copying.copy());
+        QCOMPARE(copying.copy(), Outcome::Failed);
         QCOMPARE(QDir(copying.target).entryList(QDir::Files), QStringList {u"mine"_s});
         QCOMPARE(copying.everythingBeside(), copying.before + QStringList(u"copy.vmdb"_s));
     }
@@ -121,7 +124,7 @@ private Q_SLOTS:
         Copying copying;
         Meddler meddler;
         meddler.cancels = [] { return true; };
-        QVERIFY(!copying.copy(&meddler));
+        QCOMPARE(copying.copy(&meddler), Outcome::Cancelled);
         QCOMPARE(copying.everythingBeside(), copying.before);
         QVERIFY(copying.log.isEmpty());
     }
@@ -132,11 +135,11 @@ private Q_SLOTS:
         Meddler meddler;
         meddler.cancels = [&] {
             const QFileInfo last(copying.home.path(unfinished));
-            // Its own attributes come last: from then on the copy is compared.
+            // The copy's attributes are set last, so from then on it is being compared.
             return last.exists()
                 && last.lastModified() == QFileInfo(copying.package.path()).lastModified();
         };
-        QVERIFY(!copying.copy(&meddler));
+        QCOMPARE(copying.copy(&meddler), Outcome::Cancelled);
         QCOMPARE(copying.everythingBeside(), copying.before);
         QVERIFY(copying.log.isEmpty());
     }
@@ -149,13 +152,13 @@ private Q_SLOTS:
             if (path.endsWith(u"a.txt"_s))
                 copying.package.writeFile(u"Images/new.pdf"_s, "x");
         };
-        // Whether the new file is copied depends on the order on the disk, so the copy is changed,
-        // too.
+        // Whether the new file is copied depends on the order on the disk, so the file is also
+        // removed from the copy.
         meddler.cancels = [&] {
             QFile::remove(copying.home.path(unfinished) + u"/Images/new.pdf"_s);
             return false;
         };
-        QVERIFY(!copying.copy(&meddler));
+        QCOMPARE(copying.copy(&meddler), Outcome::Failed);
         QCOMPARE(copying.everythingBeside(), copying.before);
         QCOMPARE(copying.log.errors,
             QStringList {TransferFixture::text(
@@ -167,7 +170,7 @@ private Q_SLOTS:
         Copying copying;
         {
             const FileSizeLimit full(2000);
-            QVERIFY(!copying.copy());
+            QCOMPARE(copying.copy(), Outcome::Failed);
         }
         QCOMPARE(copying.everythingBeside(), copying.before);
     }
@@ -178,7 +181,7 @@ private Q_SLOTS:
         Copying copying;
         copying.target = copying.home.makeFolder(u"closed"_s) + u"/copy"_s;
         const ScopedMode mode(copying.home.path(u"closed"_s), S_IRUSR | S_IXUSR);
-        QVERIFY(!copying.copy());
+        QCOMPARE(copying.copy(), Outcome::Failed);
         QVERIFY(!QFileInfo::exists(copying.target));
     }
 
@@ -187,7 +190,7 @@ private Q_SLOTS:
         const AsOrdinaryUser user;
         Copying copying;
         const ScopedMode mode(copying.package.path(u"Files/CARD-1/a.txt"_s), 0);
-        QVERIFY(!copying.copy());
+        QCOMPARE(copying.copy(), Outcome::Failed);
         QCOMPARE(copying.everythingBeside(), copying.before);
     }
 
@@ -197,7 +200,7 @@ private Q_SLOTS:
         Meddler own;
         Meddler other;
         DBCFileManager::defaultManager()->setDelegate(&own);
-        QVERIFY(copying.copy(&other));
+        QCOMPARE(copying.copy(&other), Outcome::Copied);
         QCOMPARE(DBCFileManager::defaultManager()->delegate(), &own);
         DBCFileManager::defaultManager()->setDelegate(nullptr);
     }

@@ -49,7 +49,7 @@ private Q_SLOTS:
     void versionFileNamesTheVersion()
     {
         QCOMPARE(DBCPackageCreator::create(packagePath()).outcome, Outcome::Created);
-        // Little-endian UTF-16 with its mark.
+        // Little-endian UTF-16 with a byte order mark.
         QCOMPARE(_home->readFile(u"New.vmdb/Version.txt"_s).toHex(' '),
             QByteArray("ff fe 56 00 65 00 6c 00 6d 00 6f 00 72 00 61 00 09 00 "
                        "56 00 31 00 2e 00 30 00 4c 00 31 00 30 00 0d 00 0a 00"));
@@ -153,7 +153,8 @@ private Q_SLOTS:
     void halfMadePackageIsRemoved()
     {
         ScopedHost host;
-        host.setFreeBytes(100); // too little for the version file, which comes behind the folders
+        host.setFreeBytes(
+            100); // too little for the version file, which is written after the folders
         const auto result = DBCPackageCreator::create(packagePath());
         QCOMPARE(result.outcome, Outcome::Failed);
         QVERIFY(result.problem.text.contains(packagePath()));
@@ -162,7 +163,7 @@ private Q_SLOTS:
 
     void packageWhoseStoreFillsTheDiskIsRemoved()
     {
-        const FileSizeLimit full(1000); // room for the version file, and for no page of the store
+        const FileSizeLimit full(1000); // enough for the version file, not for a page of the store
         const auto result = DBCPackageCreator::create(packagePath());
         QCOMPARE(result.outcome, Outcome::Failed);
         QVERIFY(result.problem.text.contains(packagePath()));

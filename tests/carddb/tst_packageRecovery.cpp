@@ -14,7 +14,7 @@
 
 using namespace Qt::StringLiterals;
 
-using Stage = DBCImportJournal::Stage;
+using Stage = DBCPackageJournal::Stage;
 using State = DBCPackageRecovery::State;
 
 namespace {
@@ -92,7 +92,7 @@ private Q_SLOTS:
         QVERIFY(QDir(dead.package.path()).removeRecursively());
         DBCPackageRecovery recovery(dead.package.path());
         QCOMPARE(recovery.state(), State::Unfinished);
-        QVERIFY(!recovery.keep()); // there is nothing to keep
+        QVERIFY(!recovery.keep()); // there is no package to keep
         QCOMPARE(recovery.restore(), DBCResultCode::Success);
         QCOMPARE(snapshotOf(dead.package.path()), dead.original);
     }
@@ -101,7 +101,7 @@ private Q_SLOTS:
     {
         DeadImport dead(Stage::Import);
         dead.hasNewCards(100);
-        // The last cards; what opening looks at stays sound.
+        // Damages the page of the last cards; the pages that opening a store reads stay sound.
         constexpr qsizetype page = 4096;
         const QByteArray store = dead.package.readFile(u"Velmora.sqldb"_s);
         dead.package.writeFile(u"Velmora.sqldb"_s, store.chopped(page) + QByteArray(page, '\xFF'));
@@ -219,7 +219,7 @@ private Q_SLOTS:
         const StandardInputKeeper keeper;
         const TestHome home;
         const PackageFixture package(home);
-        const auto journal = DBCImportJournal::begin(package.path(), home.path(u"bak.vmdb"_s));
+        const auto journal = DBCPackageJournal::begin(package.path(), home.path(u"bak.vmdb"_s));
         QCOMPARE(DBCPackageRecovery(package.path()).state(), State::InUse);
     }
 

@@ -109,7 +109,7 @@ private Q_SLOTS:
         auto user = DBCDataBaseController::initDBwithPath(_package->path());
         QVERIFY(user);
         QVERIFY(verify().couldNotLook);
-        // The other's lock is still there.
+        // The first check must not have released the other's lock.
         QVERIFY(verify().couldNotLook);
         user.reset();
         QVERIFY(!verify().couldNotLook);
@@ -134,7 +134,8 @@ private Q_SLOTS:
     {
         _package->remove(u"Velmora.sqldb"_s);
         _package->writeFile(u"Images/x.pdf"_s, "x");
-        // What the cards name is not known, so no file can be said to be named by none.
+        // Without the store nobody knows which files the cards name, so no file is reported as
+        // unnamed.
         QCOMPARE(problemPaths(), QStringList({u"Velmora.sqldb"_s}));
         QVERIFY(!QFile::exists(_package->storePath()));
     }
@@ -191,7 +192,7 @@ private Q_SLOTS:
         _package->card({{"ZFACE_IMAGE_FILE", u""_s}});
         _package->card({{"ZFACE_IMAGE_FILE", QVariant()}, {"ZCARDID", QVariant()}});
         QCOMPARE(problemPaths(), QStringList());
-        // One that bears its ID is its own all the same.
+        // A file named by the card's ID belongs to the card even if the card names no image.
         _package->writeFile(u"Images/CARD-1_N1.pdf"_s, "damaged");
         QCOMPARE(problemPaths(), QStringList({u"Images/CARD-1_N1.pdf"_s}));
     }
@@ -299,7 +300,7 @@ private Q_SLOTS:
 
 private:
     DBCFindings verify() const { return DBCPackageVerifier::verify(_package->path(), {}); }
-    // The problems' paths inside the package.
+    // The paths of the problems, relative to the package.
     QStringList problemPaths() const
     {
         const DBCFindings findings = verify();

@@ -25,7 +25,7 @@ std::optional<DBCResultCode> codeOf(const DBCError& error)
     return error ? std::optional(error.code()) : std::nullopt;
 }
 
-// Answers the cancel question with yes once it has been asked often enough.
+// A cancel delegate that answers yes after a number of questions.
 struct CancellingDelegate : DBCCancelDelegate {
     explicit CancellingDelegate(int questionsAnsweredNo)
         : remaining(questionsAnsweredNo)
@@ -45,7 +45,7 @@ struct CancellingDelegate : DBCCancelDelegate {
     int asked = 0;
 };
 
-// Stands in for the two steps that write a card's files.
+// Replaces the two steps that write a card's files.
 class SubstituteSteps : public DBCDataBaseController {
 public:
     std::optional<QStringList> _exportImageFile(
@@ -67,10 +67,10 @@ public:
 
     std::optional<QStringList> images = QStringList();
     DBCError imageError;
-    QString imageFolder; // empty: not called
+    QString imageFolder; // empty if the step was not called
     std::optional<QString> attachment = u""_s;
     DBCError attachmentError;
-    QString attachmentFolder; // empty: not called
+    QString attachmentFolder; // empty if the step was not called
 };
 
 DBCRecord cardRecord()
@@ -441,7 +441,7 @@ private:
     {
         return DBCDataBaseController::initDBwithPath(_package->path());
     }
-    // The live cards' texts of one key.
+    // The text of one key for each live card.
     QStringList fetchTexts(Key key) const
     {
         QStringList texts;

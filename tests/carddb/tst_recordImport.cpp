@@ -30,7 +30,7 @@ DBCRecord record(const Values& values)
     return result;
 }
 
-// The record as a reader delivers it: every column and the two numbers.
+// A record as the file reader returns it: all columns, the record number and the line number.
 DBCRecord wholeRecord(const Values& values = {})
 {
     DBCRecord result;
@@ -55,7 +55,7 @@ Card cardOf(const DBCRecord& data)
     return card;
 }
 
-// None, and not "", for an attribute that is not set.
+// Returns none, and not an empty text, for an attribute that is not set.
 std::optional<QString> textOf(const Card& card, Key key)
 {
     const DBCValue* value = card.value(key);
@@ -90,7 +90,7 @@ const QRegularExpression& uuidPattern()
     return pattern;
 }
 
-// Stands in for the two steps that bring files into the package.
+// Replaces the two steps that bring files into the package.
 class SubstituteSteps : public DBCDataBaseController {
 public:
     std::optional<QString> _addImageFileIntoDB(

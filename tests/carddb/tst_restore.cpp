@@ -42,7 +42,7 @@ private:
     DBCDataBaseController& database() { return *_f->database; }
     QString package() const { return _f->package.path(); }
     void backUp() { QCOMPARE(database().backup(), DBCResultCode::Success); }
-    // The log lies in the home folder too, and the note that an import has begun.
+    // The home folder also holds the log and the journal of the import.
     QStringList packagesAndBackups() const
     {
         return snapshotOf(_f->home.path()).filter(QRegularExpression(u"^[^.][^/]*\\.vmdb"_s));
@@ -279,7 +279,7 @@ private Q_SLOTS:
         const QString locked = _backup + u"/Locked"_s;
         setMode(_f->home.path(), 0777);
         setMode(locked, 0555);
-        QVERIFY(DBCLog::logInstance()); // made while its folder can be written
+        QVERIFY(DBCLog::logInstance()); // created while its folder is still writable
         {
             const AsOrdinaryUser user;
             QCOMPARE(database().removeBackupDB(), DBCResultCode::Success);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Attachments that somebody takes away while a card's folder is being copied. The moment is that of
-// the warning about a name that is left out, which comes before the names behind it.
+// Removes attachments while the folder of a card is being copied. The moment of removal is the
+// warning about a name that is left out, which is logged before the names after it are copied.
 #include "tests/carddb/AttachmentFixture.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/ScopedMode.h"

@@ -14,7 +14,7 @@ namespace {
 const QByteArray FacePicture = JpegBuilder(40, 20).bytes();
 const QByteArray BackPicture = JpegBuilder(30, 50).gray().bytes();
 
-// One call: what was in the outputs before and is in them after.
+// One call and its outputs, which a test may fill beforehand to see whether they are left alone.
 struct Call {
     DBCResultCode run(const QByteArray& bytes)
     {
@@ -34,7 +34,7 @@ DBCBitmap anyBitmap()
     return DBCBitmap::of(JpegBuilder::quarters(4, 4), DBCBitmap::ColorModel::DeviceRGB);
 }
 
-// A card of one page that shows the image, with further entries in the page.
+// A card PDF of one page that shows the face, with further entries in the page's dictionary.
 QByteArray onePage(const QByteArray& furtherEntries, const QByteArray& matrix = "252 0 0 144 0 0")
 {
     PdfBuilder pdf;
@@ -210,7 +210,7 @@ private Q_SLOTS:
     void resolutionsOfWidthAndHeightAreNotMixedUp()
     {
         PdfBuilder pdf;
-        PdfPage page = PdfPage::ofImage(pdf.jpegImage(FacePicture)); // 40 x 20
+        PdfPage page = PdfPage::ofImage(pdf.jpegImage(FacePicture)); // 40 x 20 pixels
         page.mediaBox = "[0 0 14.4 14.4]";
         const CardImageInfo info = faceInfoOf(pdf.page(page).bytes());
         QCOMPARE(info.xResolution, 200);
@@ -298,7 +298,7 @@ private Q_SLOTS:
 
     void pictureIsDecodedAsStored()
     {
-        // The Exif orientation says "turn me", and nobody does.
+        // The Exif orientation asks for a turn, which must not be made.
         Call call;
         const QByteArray picture = JpegBuilder(64, 32).exifOrientation(6).bytes();
         QCOMPARE(call.run(PdfBuilder::cardPdf({picture})), DBCResultCode::Success);

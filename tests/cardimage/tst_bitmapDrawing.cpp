@@ -11,7 +11,7 @@ Q_DECLARE_METATYPE(QImage::Format)
 
 namespace {
 
-// Every pixel differs from every other one; not square, and odd in both directions.
+// All pixels differ, and the sides are odd and unequal, so that any misplaced pixel shows.
 QImage distinctPixels(int width = 7, int height = 5)
 {
     QImage pixels(width, height, QImage::Format_RGB888);
@@ -43,7 +43,7 @@ DBCBitmap converted(const DBCBitmap& bitmap, int depth)
     return result;
 }
 
-// White, but for a black pixel at 1, 0.
+// All white except for one black pixel at x 1, y 0.
 DBCBitmap oneBitBitmap()
 {
     DBCBitmap bitmap = DBCBitmap::blank(QSize(4, 2), QImage::Format_Mono, ColorModel::DeviceBlack);
@@ -72,7 +72,7 @@ private Q_SLOTS:
 
     void resultTooLargeIsAFailure()
     {
-        // Small enough as one bit a pixel, but not as thirty-two.
+        // Within the limit at one bit per pixel, beyond it at 32.
         const DBCBitmap large
             = DBCBitmap::blank(QSize(20000, 10000), QImage::Format_Mono, ColorModel::DeviceRGB);
         QVERIFY(!large.isNull());
@@ -240,7 +240,8 @@ private Q_SLOTS:
         }
         const QImage result = turned(colorBitmap(pixels), 45).pixels;
         QCOMPARE(result.size(), QSize(101, 101));
-        // 35 pixels right of the centre has become 25 right of it and 25 above.
+        // The square 35 pixels to the right of the centre is now 25 pixels to its right and 25
+        // above.
         QCOMPARE(result.pixelColor(75, 25), QColor(Qt::red));
         QCOMPARE(result.pixelColor(85, 50), QColor(Qt::blue));
         QCOMPARE(result.pixelColor(50, 50), QColor(Qt::blue));

@@ -21,7 +21,7 @@ DBCBitmap bitmapOf(const QByteArray& data, const ImageDescriptor& descriptor)
     return createBitmapImageRep(&data, &descriptor);
 }
 
-// "#" for black and "." for white, a text for each row.
+// The bitmap as text, one line per row: "#" is black and "." is white.
 QStringList drawingOf(const DBCBitmap& bitmap)
 {
     QStringList rows;
@@ -57,7 +57,7 @@ private Q_SLOTS:
 
     void jpegIsDecoded()
     {
-        // The descriptor's size has no say: the JPEG knows its own.
+        // The size in the JPEG itself counts, not the one in the descriptor.
         const DBCBitmap bitmap
             = bitmapOf(JpegBuilder(64, 32).bytes(), descriptorOf(5, 5, DBCJpegDepth));
         QCOMPARE(bitmap.pixels.size(), QSize(64, 32));

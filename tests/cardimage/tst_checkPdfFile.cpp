@@ -113,7 +113,7 @@ private Q_SLOTS:
     {
         PdfBuilder pdf;
         const QByteArray reference = "/Creator " + PdfBuilder::reference(pdf.object("(Velmora)"));
-        // Of the same length, so that every object stays where it is.
+        // The replacement has the same length, so that the offsets in the file stay correct.
         const QByteArray placeholder(reference.size() - QByteArrayView("/Creator ()").size(), 'X');
         QByteArray bytes = pdf.creator(placeholder).bytes();
         QCOMPARE(check(bytes), DBCResultCode::PdfNotCard);
@@ -216,7 +216,7 @@ private Q_SLOTS:
 
     void documentThatSpeaksOfMemoryIsNoWantOfIt()
     {
-        // The library warns of a name that stands twice, and quotes it.
+        // The library's warning of a duplicate key quotes the key, here the text of an exception.
         PdfBuilder pdf;
         PdfPage page = PdfPage::ofImage(pdf.jpegImage(jpeg()));
         page.furtherEntries = "/std::bad_alloc 1 /std::bad_alloc 2";

@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// JPEGs in a folder, and what becomes of them.
+// JPEG files in a folder of their own, and the PDF that convertJPG2PDF() makes of them.
 class Conversion {
 public:
     Conversion& add(const QByteArray& bytes)
@@ -86,7 +86,8 @@ QByteArray smallPicture()
     return JpegBuilder(40, 20).dotsPerInch(300, 300).bytes();
 }
 
-// Far more bytes than a file's buffer takes.
+// Its JPEG is far larger than the buffer of a file, so that writing fails before the file is
+// closed.
 QByteArray noisyPicture()
 {
     QImage noise(300, 200, QImage::Format_RGB888);
@@ -94,7 +95,7 @@ QByteArray noisyPicture()
     return JpegBuilder(noise).fullColor().quality(100).bytes();
 }
 
-// Exit code 0 and the output.
+// The standard output of the program, which must end with exit code 0.
 QByteArray outputOf(const QString& program, const QStringList& arguments)
 {
     QProcess process;
@@ -205,7 +206,7 @@ private Q_SLOTS:
     void numbersHaveAPointInEveryLocale()
     {
         const QByteArray before = std::setlocale(LC_ALL, nullptr);
-        // Where this locale is not installed the test says no more than the ones above.
+        // If this locale is not installed, the test passes but proves nothing more than the others.
         std::setlocale(LC_ALL, "de_DE.UTF-8");
         Conversion conversion;
         const DBCResultCode code = conversion.add(picture(21000, 12000).bytes()).run();
@@ -433,7 +434,7 @@ private Q_SLOTS:
     {
         Conversion conversion;
         const QString path = conversion.home().writeFile(u"huge.jpg"_s, smallPicture());
-        QVERIFY(QFile::resize(path, 1024LL * 1024 * 1024)); // a hole, no data
+        QVERIFY(QFile::resize(path, 1024LL * 1024 * 1024)); // sparse: takes no disk space
         QCOMPARE(conversion.addPath(path).run(), DBCResultCode::PdfCreateFailure);
     }
 
@@ -475,7 +476,7 @@ private Q_SLOTS:
 
     void spaceIsNeededForAllFilesAndAMargin()
     {
-        // "du" stands in for itself: every file takes 100 KiB.
+        // A script replaces "du" and reports 100 KiB for every file.
         ScopedHost host;
         Conversion conversion;
         const QString du

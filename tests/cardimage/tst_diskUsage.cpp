@@ -25,7 +25,7 @@ void sendDebugTextsToTheConsole(const TestHome& home)
         "<plist version=\"1.0\"><dict><key>Log Level</key><integer>0</integer></dict></plist>");
 }
 
-// A home whose disk usage program is the given shell script.
+// A home folder whose disk usage program is replaced by this shell script.
 struct ScriptedHome {
     TestHome home;
     ScopedHost host;
@@ -51,7 +51,7 @@ private Q_SLOTS:
     {
         const TestHome home;
         ScopedHost host;
-        host->diskUsageProgram = u"/nowhere/du"_s; // must not even be asked
+        host->diskUsageProgram = u"/nowhere/du"_s; // must not be started
         DBCError error;
         QCOMPARE(getSizeWithPath(QString(), &error), quint64(0));
         QCOMPARE(getSizeWithPath(home.path(u"missing"_s), &error), quint64(0));

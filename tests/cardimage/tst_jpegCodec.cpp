@@ -17,7 +17,7 @@ JpegFacts factsOf(const DBCBitmap& bitmap)
     return JpegFacts::of(encodeJpeg(bitmap)).value_or(JpegFacts());
 }
 
-// Something like a card: paper, a coloured bar, dark lines.
+// Resembles a card: white paper, a coloured bar, dark lines.
 QImage cardPicture()
 {
     QImage pixels(525, 300, QImage::Format_RGB888);
@@ -146,7 +146,7 @@ private Q_SLOTS:
     void pictureOfEndlessScansIsGivenUp()
     {
         const QByteArray jpeg = JpegBuilder(64, 64).progressive().bytes();
-        // The last scan again and again.
+        // Repeats the last scan. 100 scans are few enough to be decoded, 1,000 are too many.
         const qsizetype lastScan = jpeg.lastIndexOf("\xFF\xDA");
         const QByteArray scan = jpeg.mid(lastScan, jpeg.size() - 2 - lastScan);
         QVERIFY(!decodeJpeg(jpeg.chopped(2) + scan.repeated(100) + "\xFF\xD9").isNull());
@@ -155,7 +155,7 @@ private Q_SLOTS:
 
     void largePictureOfManyScansIsGivenUp()
     {
-        // 49 million pixels, 90 times over.
+        // 49 million pixels times 90 scans exceeds DBCMostScannedPixels.
         const QByteArray jpeg = JpegBuilder(8, 8).progressive().claimedSize(7000, 7000).bytes();
         const qsizetype lastScan = jpeg.lastIndexOf("\xFF\xDA");
         const QByteArray scan = jpeg.mid(lastScan, jpeg.size() - 2 - lastScan);
@@ -164,7 +164,8 @@ private Q_SLOTS:
 
     void largePictureOfSeveralScansIsGivenUp()
     {
-        // 81 million pixels: 243 MB, and twice as much again before they can be shown.
+        // 81 million pixels fit into memory (243 MB), but not together with their coefficients (486
+        // MB).
         const JpegBuilder picture = JpegBuilder(8, 8).claimedSize(9000, 9000);
         QVERIFY(decodeJpeg(JpegBuilder(picture).progressive().bytes()).isNull());
     }
@@ -244,7 +245,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("unit");
         QTest::addColumn<int>("x");
         QTest::addColumn<int>("y");
-        // The picture has 1050 x 600 pixels.
+        // For a picture of 1050 x 600 pixels.
         QTest::newRow("a point a pixel") << QSizeF(1050, 600) << 1 << 72 << 72;
         QTest::newRow("300 dpi") << QSizeF(252, 144) << 1 << 300 << 300;
         QTest::newRow("different") << QSizeF(126, 144) << 1 << 600 << 300;

@@ -119,7 +119,7 @@ private Q_SLOTS:
 
     void orientationInEveryFormat_data()
     {
-        QTest::addColumn<QByteArray>("format"); // type and count
+        QTest::addColumn<QByteArray>("format"); // the type and count fields of the Exif entry
         QTest::addColumn<QByteArray>("value");
         QTest::addColumn<std::optional<qint32>>("orientation");
         const auto row = [](const char* name, const char* format, const char* value,
@@ -164,7 +164,8 @@ private Q_SLOTS:
     void densityInAnUnknownUnitIsNone()
     {
         QByteArray jpeg = picture().dotsPerInch(300, 300).bytes();
-        constexpr qsizetype unitAt = 13; // in the JFIF header, which comes first
+        constexpr qsizetype unitAt
+            = 13; // offset in the file, whose first segment is the JFIF header
         QCOMPARE(jpeg[unitAt], char(1));
         jpeg[unitAt] = 3;
         const auto properties = readJpegProperties(jpeg);

@@ -46,7 +46,7 @@ Acquired acquire(PdfBuilder& pdf, const PdfPage& page)
     return acquire(pdf.page(page).bytes());
 }
 
-// A page whose XObject dictionary has these entries.
+// A page whose resources have an XObject dictionary with these entries.
 PdfPage pageOf(const QByteArray& objects, const QByteArray& contents = Upright)
 {
     PdfPage page;
@@ -60,7 +60,7 @@ QByteArray named(const QByteArray& name, int number)
     return '/' + name + ' ' + PdfBuilder::reference(number) + ' ';
 }
 
-// The image stream with other entries than the usual ones.
+// An image stream whose dictionary has these entries instead of the usual ones.
 Acquired acquireImage(const QByteArray& entries, const QByteArray& data)
 {
     PdfBuilder pdf;
@@ -274,7 +274,7 @@ private Q_SLOTS:
     {
         PdfBuilder pdf;
         PdfPage page = PdfPage::ofImage(pdf.jpegImage(JpegBuilder(600, 300).bytes()));
-        page.mediaBox = "[0 0 72 72]"; // 600 and 300 dots per inch
+        page.mediaBox = "[0 0 72 72]"; // gives 600 and 300 dots per inch
         const Acquired result = acquire(pdf, page);
         std::array<char, 86> record {};
         std::memcpy(record.data(), &result.descriptor, record.size());
@@ -311,7 +311,7 @@ private Q_SLOTS:
 
     void bitmapWithPredictorIsDecoded()
     {
-        // Two rows of one byte each, the second the same as the one above.
+        // Two rows of one byte each; the second has filter type 2 (Up) and no difference.
         const QByteArray predicted = PdfBuilder::deflated(QByteArray("\x00\xA5\x02\x00", 4));
         const Acquired result = acquireImage(
             "/Type /XObject /Subtype /Image /BitsPerComponent 1 /Width 8 /Height 2 "
@@ -346,7 +346,7 @@ private Q_SLOTS:
                            "/Filter /FlateDecode",
                 zeros);
         QCOMPARE(result.code, DBCResultCode::Success);
-        QCOMPARE(result.data, QByteArray(9, '\0')); // four rows, and one byte that shows the excess
+        QCOMPARE(result.data, QByteArray(9, '\0')); // four rows and one surplus byte
     }
 
     void depthFollowsTheFilter_data()
@@ -415,7 +415,7 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("contents");
         QTest::addColumn<int>("fromWidth");
         QTest::addColumn<int>("fromHeight");
-        // The image is always 2550 x 3300.
+        // The image has 2550 x 3300 pixels in every row.
         QTest::newRow("letter") << QByteArray("[0 0 612 792]") << Upright << 300 << 300;
         QTest::newRow("different") << QByteArray("[0 0 306 396.0]") << Upright << 600 << 600;
         QTest::newRow("half turn") << QByteArray("[0 0 306 792]") << Turned180 << 600 << 300;
@@ -442,7 +442,7 @@ private Q_SLOTS:
         page.contents = contents;
         const Acquired result = acquire(pdf, page);
         QCOMPARE(result.code, DBCResultCode::Success);
-        // Crosswise: the vertical field belongs to the width.
+        // Exchanged on purpose: the vertical field is computed from the width.
         QCOMPARE(qint32(result.descriptor.verticalResolution), fromWidth);
         QCOMPARE(qint32(result.descriptor.horizontalResolution), fromHeight);
     }
@@ -452,7 +452,7 @@ private Q_SLOTS:
         PdfBuilder pdf;
         PdfPage page
             = PdfPage::ofImage(pdf.jpegImage(JpegBuilder(8, 8).claimedSize(720, 720).bytes()));
-        page.mediaBox = "[20 28 100 100]"; // 100 - 28 wide and 100 - 20 high
+        page.mediaBox = "[20 28 100 100]"; // counts as 100 - 28 wide and 100 - 20 high
         const Acquired result = acquire(pdf, page);
         QCOMPARE(qint32(result.descriptor.verticalResolution), 720);
         QCOMPARE(qint32(result.descriptor.horizontalResolution), 648);
@@ -474,7 +474,7 @@ private Q_SLOTS:
         PdfBuilder pdf;
         const QByteArray first = JpegBuilder(10, 10).bytes();
         const QByteArray last = JpegBuilder(20, 20).bytes();
-        // The order of the names' bytes, whatever the order in the file.
+        // The names are visited in the order of their bytes, not in that of the file.
         const QByteArray objects
             = named("Im2", pdf.jpegImage(last)) + named("Im1", pdf.jpegImage(first));
         QVERIFY(acquire(pdf, pageOf(objects)).data == last);

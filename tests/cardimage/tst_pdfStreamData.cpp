@@ -12,7 +12,7 @@
 
 namespace {
 
-// What a Flate stream of these unpacked bytes gives, which its parameters say are differences.
+// Packs the bytes into a Flate stream with these /DecodeParms and returns the decoded data.
 std::optional<QByteArray> decoded(
     const QByteArray& rows, const QByteArray& parameters, qint64 limit = 1000)
 {
@@ -34,11 +34,11 @@ private Q_SLOTS:
 
     void pngRowsAreRestored()
     {
-        const QByteArray rows("\x01\x0A\x01\x01\x01" // each from its left neighbour
-                              "\x02\x01\x01\x01\x01" // from above
-                              "\x03\x0A\x00\x00\x00" // from the mean of both
-                              "\x04\x01\x00\x00\x00" // from the nearest of three
-                              "\x00\x07\x08\x09\x0A", // as it is
+        const QByteArray rows("\x01\x0A\x01\x01\x01" // Sub: differences from the left neighbour
+                              "\x02\x01\x01\x01\x01" // Up: from the neighbour above
+                              "\x03\x0A\x00\x00\x00" // Average: from the mean of both
+                              "\x04\x01\x00\x00\x00" // Paeth: from the nearest of three
+                              "\x00\x07\x08\x09\x0A", // None: stored unchanged
             25);
         const QByteArray restored("\x0A\x0B\x0C\x0D"
                                   "\x0B\x0C\x0D\x0E"
@@ -105,7 +105,8 @@ private Q_SLOTS:
         QCOMPARE(decoded(zeros, "/Predictor 2 /Columns 500", 1'000), QByteArray(1'000, '\0'));
     }
 
-    // What a document keeps in streams of its own, its tables and objects, nobody sets a limit to.
+    // The library unpacks cross-reference tables and object streams itself, without a limit of the
+    // caller; only the limit in the filter protects these.
     void unpackingEndsWhereEveryImageDoes()
     {
         constexpr qsizetype tooMuch = DBCBitmap::maximumBytes + 1'000'000;

@@ -36,7 +36,7 @@ DBCBitmap grayBitmap(int width = 64, int height = 32)
         ColorModel::DeviceGray);
 }
 
-// White with a black left half.
+// The left half is black, the right half white.
 DBCBitmap oneBitBitmap(int width = 64, int height = 32)
 {
     DBCBitmap bitmap
@@ -48,7 +48,7 @@ DBCBitmap oneBitBitmap(int width = 64, int height = 32)
     return bitmap;
 }
 
-// The file that a call writes, seen from outside.
+// Calls saveJpgFile() and reads the file that it wrote with QImageReader.
 struct Saved {
     Saved(const DBCBitmap& bitmap, qint32 rotation, qint32 isColor, qint32 xResolution = 300,
         qint32 yResolution = 300)
@@ -195,7 +195,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<qint32>("rotation");
         QTest::addColumn<QList<QColor>>(
-            "corners"); // top left, top right, bottom left, bottom right
+            "corners"); // in the order top left, top right, bottom left, bottom right
         const QColor red(Qt::red);
         const QColor green(Qt::green);
         const QColor blue(Qt::blue);
@@ -230,7 +230,8 @@ private Q_SLOTS:
 
     void pictureTooLargeToConvertIsAFailure()
     {
-        // Fits in memory with one bit a pixel, but not with thirty-two, nor, turned, with eight.
+        // Within the limit at one bit per pixel, but beyond it at 32, and also at the 8 bits that a
+        // turned bitmap has.
         const DBCBitmap large
             = DBCBitmap::blank(QSize(30000, 30000), QImage::Format_Mono, ColorModel::DeviceBlack);
         QVERIFY(!large.isNull());
@@ -348,7 +349,8 @@ private Q_SLOTS:
         QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -EACCES);
     }
 
-    // The kernel's files claim a page and hold less, or nothing that can be read.
+    // A file of sysfs claims the size of a memory page but gives fewer bytes, or fails when it is
+    // read.
     void fileThatEndsEarlyIsRefused()
     {
         const QString path = u"/sys/class/net/lo/mtu"_s;
@@ -385,7 +387,7 @@ private Q_SLOTS:
     {
         const TestHome home;
         const QString path = home.writeFile(u"card.jpg"_s, "x");
-        QVERIFY(QFile::resize(path, 4LL * 1024 * 1024 * 1024)); // a hole, no data
+        QVERIFY(QFile::resize(path, 4LL * 1024 * 1024 * 1024)); // sparse: takes no disk space
         QByteArray buffer;
         QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -4960);
     }

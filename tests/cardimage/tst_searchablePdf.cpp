@@ -27,7 +27,7 @@ struct Drawing {
     DBCResultCode code;
 };
 
-// A page of 72 x 36 points, which is 300 x 150 pixels.
+// A page of 72 x 36 points, which is drawn with 300 x 150 pixels.
 PdfPage smallPage(const QByteArray& contents)
 {
     PdfPage page;
@@ -141,7 +141,7 @@ private Q_SLOTS:
 
     void marksStandWhereTheyBelong()
     {
-        // The page's origin is at the bottom left.
+        // In PDF the origin is at the bottom left, in the bitmap at the top left.
         const QImage pixels = Drawing(PdfBuilder()
                                           .page(smallPage("1 0 0 rg 0 0 36 18 re f\n"
                                                           "0 0 1 rg 36 18 36 18 re f\n"))
@@ -158,7 +158,8 @@ private Q_SLOTS:
         page.furtherEntries = "/Rotate 90";
         const QImage pixels = Drawing(PdfBuilder().page(page).bytes()).bitmap.pixels;
         QCOMPARE(pixels.size(), QSize(150, 300));
-        QCOMPARE(pixels.pixelColor(20, 20), QColor(Qt::red)); // bottom left has become top left
+        QCOMPARE(pixels.pixelColor(20, 20),
+            QColor(Qt::red)); // the bottom left corner was turned to the top left
         QCOMPARE(pixels.pixelColor(130, 280), QColor(Qt::white));
     }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Runs velmora-convert as its users do: a process of its own, with a home folder of the test's.
+// Runs velmora-convert as its users do: in its own process, with a home folder of the test.
 #pragma once
 
 #include "tests/support/TestHome.h"
@@ -20,7 +20,7 @@ struct ProgramRun {
     QString errors;
 
     QStringList outputLines() const { return output.split(u'\n', Qt::SkipEmptyParts); }
-    // The output as one object a line; a line that is no object becomes an empty one.
+    // The output as one object per line; a line that is not an object becomes an empty object.
     QList<QJsonObject> objects() const
     {
         QList<QJsonObject> all;
@@ -28,7 +28,7 @@ struct ProgramRun {
             all << QJsonDocument::fromJson(line.toUtf8()).object();
         return all;
     }
-    // The members under the only name of an object of that name; the last one of several.
+    // The members of the last object with this name.
     QJsonObject object(const QString& name) const
     {
         QJsonObject found;
@@ -56,12 +56,12 @@ public:
 
     QString language = u"C"_s;
     QString workingFolder;
-    QByteArray input; // nothing else comes in
+    QByteArray input; // everything that the program can read from standard input
 
     static QString path() { return QStringLiteral(VELMORA_CONVERT); }
 
     ProgramRun run(const QStringList& arguments) const { return finish(start(path(), arguments)); }
-    // With further shell words behind the arguments: "<&-" closes standard input.
+    // Runs the program in a shell with redirections after the arguments, for example "<&-".
     ProgramRun runInShell(const QStringList& arguments, const QString& redirections) const
     {
         QStringList words {u"-c"_s, u"exec \"$0\" \"$@\" "_s + redirections, path()};

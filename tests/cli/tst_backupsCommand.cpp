@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// velmora-convert backups.
+// Tests "velmora-convert backups".
 #include "carddb/DBCPackageCopy.h"
 #include "tests/cli/ConvertProgram.h"
 #include "tests/support/FolderSnapshot.h"
@@ -20,19 +20,20 @@ const QString yes = u"--yes"_s;
 const QString restore = u"--restore"_s;
 const QString deletion = u"--delete"_s;
 
-// A package of a card, a backup of it, and a damaged one.
+// A package with one card, a backup of it, and a damaged backup.
 struct Desk {
     Desk()
     {
         backUp(first);
-        QTest::qSleep(20); // past the kernel's tick: the list is in the order of time
+        QTest::qSleep(20); // longer than the kernel's clock tick: the list is sorted by time
         package.card();
         backUp(second);
         home.writeFile(second + u"/Velmora.sqldb"_s, "these are no cards");
     }
     void backUp(const QString& name) const
     {
-        if (!DBCPackageCopy().copy(package.path(), home.path(name)))
+        if (DBCPackageCopy().copy(package.path(), home.path(name))
+            != DBCPackageCopy::Outcome::Copied)
             qFatal("no backup");
     }
     ProgramRun backups(const QStringList& options = {}) const

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What velmora-convert makes of its arguments.
+// Tests how velmora-convert understands its arguments.
 #include "tests/cli/ConvertProgram.h"
 
 #include <QDir>

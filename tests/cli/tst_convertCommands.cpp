@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// velmora-convert import and export, as a person and as a script run them.
+// Tests "velmora-convert import" and "export" as a user and as a script run them.
 #include "datafile/helpers/DBCInterchangeNames.h"
 #include "tests/cli/ConvertProgram.h"
 #include "tests/support/AsOrdinaryUser.h"
@@ -53,7 +53,7 @@ struct Terminal {
         const ssize_t count = read(master, bytes.data(), static_cast<size_t>(bytes.size()));
         return QString::fromUtf8(bytes.left(qMax(ssize_t {0}, count)));
     }
-    // Puts a child's standard input and standard error on the terminal.
+    // Connects a child's standard input and standard error to the terminal.
     std::function<void()> attach() const
     {
         return [this] {
@@ -95,7 +95,7 @@ struct Desk {
         return QStringList({u"export"_s, package.path(), parent}) + options;
     }
     QString exported() const { return parent + u'/' + DBCInterchangeNames::rootFolderName(); }
-    // The path of the one report there is; empty: none or several.
+    // The path of the only report; empty: there is none, or there are several.
     QString report() const
     {
         const QDir logs(home.path(u"home/Library/Logs"_s));
@@ -116,8 +116,8 @@ struct Desk {
 
 const QStringList yesAndJson {u"--yes"_s, u"--json"_s};
 
-// Starts a conversion of many cards and sends the signal once the first card is through. Nobody
-// reads the output meanwhile, so a full pipe holds the program before it can come to its end.
+// Starts a conversion of many cards and sends the signal after the first card. Nobody reads the
+// output meanwhile, so the full pipe blocks the program before it reaches the last card.
 ProgramRun signalled(const Desk& desk, const QStringList& arguments, const char* event,
     const QList<int>& signalNumbers)
 {
@@ -168,7 +168,7 @@ private Q_SLOTS:
 
         const ProgramRun run = desk.program.run(desk.exporting());
 
-        // The card names no image, and the package has none for it, which the log warns of.
+        // The card has no image, and the log contains a warning about it.
         QCOMPARE(run.exitCode, 4);
         QVERIFY(run.outputLines().at(0).contains(u"1 of 1"_s));
         QVERIFY(run.outputLines().at(0).contains(desk.exported()));
@@ -281,7 +281,7 @@ private Q_SLOTS:
         desk.home.writeFile(u"home/Library/Logs/VelmoraConverter.log"_s, {});
         const ScopedMode mode(logs, 0555);
 
-        // A program that is not quite its user's would not start.
+        // The toolkit refuses to start when the real and the effective user differ.
         const auto becomeUser = [] { (void)setreuid(geteuid(), geteuid()); };
         const ProgramRun run = ConvertProgram::finish(
             desk.program.start(ConvertProgram::path(), desk.importing(yesAndJson), becomeUser));
@@ -312,7 +312,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("folder");
         QTest::addColumn<QString>("package");
-        QTest::addColumn<QString>("named"); // what the refusal is about
+        QTest::addColumn<QString>("named"); // the path that the refusal names
         QTest::newRow("no folder") << u"nowhere"_s << u"Velmora DB.vmdb"_s << u"nowhere"_s;
         QTest::newRow("no package") << u"Interchange"_s << u"none.vmdb"_s << u"none.vmdb"_s;
         QTest::newRow("folder without data file")
@@ -426,7 +426,7 @@ private Q_SLOTS:
     {
         const Desk desk;
 
-        // The shell waits for both ends of the pipe.
+        // The shell waits for both programs of the pipe.
         desk.program.runInShell(desk.importing(yesAndJson), u"| true"_s);
 
         QCOMPARE(desk.cardCount(), 2);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// velmora-convert check, verify and create.
+// Tests "velmora-convert check", "verify" and "create".
 #include "tests/cli/ConvertProgram.h"
 #include "tests/support/DataFileBuilder.h"
 #include "tests/support/FolderSnapshot.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Conversions while other programs, or others of our own, use the same card database: nothing is
-// lost, and whoever has to give way says why.
+// Runs conversions while another program or another conversion uses the same card database: no data
+// is lost, and a conversion that cannot go on says why.
 #include "tests/cli/ConvertProgram.h"
 #include "tests/support/DataFileBuilder.h"
 #include "tests/support/InterchangeFolder.h"
@@ -54,7 +54,7 @@ struct Desk {
     ConvertProgram program {home};
 };
 
-// Another program with the store open.
+// Another program that has the store open.
 class OtherProgram {
 public:
     explicit OtherProgram(const PackageFixture& package)
@@ -68,7 +68,7 @@ private:
     SQLite::Database _store;
 };
 
-// A conversion of ours at work with a package, as another process of it holds the folder.
+// Holds the lock on the package folder that another running conversion holds.
 class ConversionAtWork {
 public:
     ConversionAtWork(const QString& package, int lock)
@@ -109,8 +109,8 @@ private Q_SLOTS:
         QFETCH(bool, reads);
         QFETCH(QString, saying);
         const Desk desk;
-        // Looked at before and after the hold: closing the store's file in this process, where the
-        // other program lives, would end it.
+        // The package is read only before and after the other program is active. It runs in this
+        // process, and closing the store's file here would release its locks.
         const auto before = desk.package.contents();
         ProgramRun run;
         {
@@ -206,8 +206,7 @@ private Q_SLOTS:
         QCOMPARE(run.exitCode, exitCode);
         QCOMPARE(desk.package.contents(), before);
         if (exitCode == 1)
-            QVERIFY2(
-                run.errors.contains(u"Another conversion is at work"_s), qPrintable(run.errors));
+            QVERIFY2(run.errors.contains(u"Another conversion is using"_s), qPrintable(run.errors));
     }
 };
 

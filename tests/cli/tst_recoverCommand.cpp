@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// velmora-convert recover, and what the other commands do about an import that did not finish.
+// Tests "velmora-convert recover", and how the other commands treat an import that did not finish.
 #include "tests/cli/ConvertProgram.h"
 #include "tests/support/DeadImport.h"
 
@@ -8,7 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-using Stage = DBCImportJournal::Stage;
+using Stage = DBCPackageJournal::Stage;
 
 namespace {
 
@@ -82,7 +82,7 @@ private Q_SLOTS:
     {
         const TestHome home;
         const PackageFixture package(home);
-        const auto running = DBCImportJournal::begin(package.path(), home.path(u"bak.vmdb"_s));
+        const auto running = DBCPackageJournal::begin(package.path(), home.path(u"bak.vmdb"_s));
         const ProgramRun run = ConvertProgram(home).run({u"recover"_s, package.path(), yes});
         QCOMPARE(run.exitCode, 3);
         QVERIFY(run.errors.contains(package.path()));

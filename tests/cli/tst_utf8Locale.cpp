@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The application object finds a UTF-8 locale whatever the user's locale is, while the language of
-// the texts and the environment of other programs stay the user's.
+// Tests that the application object gets a UTF-8 locale for every locale of the user, while the
+// language of the texts and the environment of other programs stay the user's.
 #include "datafile/helpers/DBCLocalizable.h"
 #include "system/DBCUtf8Locale.h"
 
@@ -49,7 +49,7 @@ private Q_SLOTS:
         row("LC_ALL=POSIX LANG=ja_JP.UTF-8", u"UTF-8 Yes POSIX"_s);
         row("LC_CTYPE=C LANG=C.UTF-8", u"UTF-8 Yes unset"_s);
         row("LC_CTYPE=C LANG=ja_JP.UTF-8", u"UTF-8 はい unset"_s);
-        // Installed nowhere.
+        // This locale is not installed on any machine.
         row("LC_ALL=ja_JP.NONE", u"UTF-8 はい ja_JP.NONE"_s);
         row("LANG=ja_JP.NONE", u"UTF-8 はい unset"_s);
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the tests of the file reader share: a home of their own, a data file in it, and the log.
+// Base of the file reader's tests: a home folder with a data file, and access to the log.
 #pragma once
 
 #include "datafile/DBCFileReader.h"
@@ -26,7 +26,7 @@ protected:
     {
         return DBCFileReader::initWithFullFileName(file.writeTo(dataFile()));
     }
-    // What loading the file gives; its error is kept in _error.
+    // Loads the file, keeps the error in _error and returns the records.
     std::optional<Records> load(const DataFileBuilder& file)
     {
         return readerFor(file)->loadData(&_error);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the tests of the file writer share: a home of their own, writers of the two kinds, and the
-// bytes that were written.
+// Base of the file writer's tests: a home folder, writers in both encodings, and the bytes that
+// they wrote.
 #pragma once
 
 #include "datafile/records/DBCColumns.h"
@@ -35,7 +35,7 @@ protected:
         return bytes;
     }
 
-    // A record with the 21 columns, all empty.
+    // A record whose 21 columns are all empty.
     static DBCRecord emptyRecord()
     {
         DBCRecord record;

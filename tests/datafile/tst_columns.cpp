@@ -74,7 +74,7 @@ private Q_SLOTS:
         QCOMPARE(DBCCommonFunction::createRecordKeyNamesForDataFile().size(), std::size_t(21));
     }
 
-    // A folder written under one language must read under the other.
+    // A folder written in one language must be readable in the other.
     void titlesAreTheSameInBothLanguages()
     {
         const TestHome home;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Record by record: getNextRecordCopy() on a file that is read in chunks, open, close and reset.
+// The file reader: getNextRecordCopy() on a file that is read in chunks, open, close and reset.
 #include "tests/datafile/ReaderFixture.h"
 
 #include <QtTest>
@@ -31,8 +31,8 @@ private Q_SLOTS:
     void init() { begin(); }
     void cleanup() { end(); }
 
-    // Chunks that hold the title line and end inside units, surrogate pairs and line ends, and one
-    // that takes the whole file.
+    // Chunk sizes that end inside UTF-16 units, surrogate pairs and line ends, and one that holds
+    // the whole file. Each holds at least the title line.
     void everyChunkSizeGivesTheSameRecords_data()
     {
         QTest::addColumn<Encoding>("encoding");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Files of every kind: encodings, refusals, and reading for every problem.
+// The file reader: encodings, files that are refused, and readRecords().
 #include "tests/datafile/ReaderFixture.h"
 #include "tests/support/AsOrdinaryUser.h"
 
@@ -18,10 +18,10 @@ using Mark = DataFileBuilder::Mark;
 
 namespace {
 
-DBCFileReader::Reading noRecord(const DBCRecord& /*record*/)
+DBCLoopControl noRecord(const DBCRecord& /*record*/)
 {
     QTest::qFail("no record expected", __FILE__, __LINE__);
-    return DBCFileReader::Reading::Stop;
+    return DBCLoopControl::Stop;
 }
 
 } // namespace
@@ -50,7 +50,8 @@ private Q_SLOTS:
     void fileWithoutMarkIsRead()
     {
         QFETCH(Encoding, encoding);
-        // The first title decides about the byte order: it must not be possible in both.
+        // The reader finds the byte order by the first title, so it must be possible in one order
+        // only.
         QStringList titles = DataFileBuilder::titles();
         const auto kana = std::find_if(titles.begin(), titles.end(), [](const QString& title) {
             return title.front() >= QChar(0x3041) && title.front() <= QChar(0x30FE);
@@ -83,7 +84,7 @@ private Q_SLOTS:
         QVERIFY(!_error.lineNo());
     }
 
-    // As UTF-16 it is either no text or a text without one of the titles.
+    // Read as UTF-16, the bytes are either invalid or a text without the titles.
     void utf8FileIsRefused()
     {
         const DataFileBuilder file = DataFileBuilder(Encoding::Utf8).titleLine().row(21);
@@ -152,7 +153,7 @@ private Q_SLOTS:
         QCOMPARE(_error.code(), Code::DataFileOpenFailure);
     }
 
-    // A process's memory is a regular file whose first page cannot be read.
+    // /proc/self/mem is a regular file whose first page cannot be read.
     void failingReadIsAnInternalException()
     {
         const auto reader = DBCFileReader::initWithFullFileName(u"/proc/self/mem"_s);
@@ -184,13 +185,13 @@ private Q_SLOTS:
         reader->readRecords(
             [&seen](const DBCRecord& record) {
                 seen << u"record "_s + text(record, Key::lineNo);
-                return DBCFileReader::Reading::GoOn;
+                return DBCLoopControl::Continue;
             },
             [&](const DBCError& error) {
                 seen << u"error %1 in %2"_s.arg(toNumber(error.code())).arg(*error.lineNo());
                 if (!reader->lineErrorText().contains(error.lineNo() == 2 ? u"20" : u"22"))
                     seen << reader->lineErrorText();
-                return DBCFileReader::Reading::GoOn;
+                return DBCLoopControl::Continue;
             });
         QCOMPARE(seen,
             QStringList(
@@ -206,11 +207,11 @@ private Q_SLOTS:
             ->readRecords(
                 [&records](const DBCRecord&) {
                     ++records;
-                    return DBCFileReader::Reading::GoOn;
+                    return DBCLoopControl::Continue;
                 },
                 [&problems](const DBCError&) {
                     ++problems;
-                    return DBCFileReader::Reading::Stop;
+                    return DBCLoopControl::Stop;
                 });
         QCOMPARE(records, 1);
         QCOMPARE(problems, 1);
@@ -223,10 +224,9 @@ private Q_SLOTS:
             ->readRecords(
                 [&records](const DBCRecord&) {
                     ++records;
-                    return records == 2 ? DBCFileReader::Reading::Stop
-                                        : DBCFileReader::Reading::GoOn;
+                    return records == 2 ? DBCLoopControl::Stop : DBCLoopControl::Continue;
                 },
-                [](const DBCError&) { return DBCFileReader::Reading::GoOn; });
+                [](const DBCError&) { return DBCLoopControl::Continue; });
         QCOMPARE(records, 2);
     }
 
@@ -234,8 +234,8 @@ private Q_SLOTS:
     {
         const QString tooLong(1000, u'x');
         readerFor(fileWithTitle().row({{Key::full_Name, tooLong}}))
-            ->readRecords([](const DBCRecord&) { return DBCFileReader::Reading::GoOn; },
-                [](const DBCError&) { return DBCFileReader::Reading::GoOn; });
+            ->readRecords([](const DBCRecord&) { return DBCLoopControl::Continue; },
+                [](const DBCError&) { return DBCLoopControl::Continue; });
         QCOMPARE(warnings().size(), 0);
         readerFor(fileWithTitle().row({{Key::full_Name, tooLong}}))->loadData(&_error);
         QCOMPARE(warnings().size(), 1);
@@ -248,9 +248,9 @@ private Q_SLOTS:
         reader->readRecords(
             [&](const DBCRecord&) {
                 counts << reader->lineCount();
-                return DBCFileReader::Reading::GoOn;
+                return DBCLoopControl::Continue;
             },
-            [](const DBCError&) { return DBCFileReader::Reading::GoOn; });
+            [](const DBCError&) { return DBCLoopControl::Continue; });
         QCOMPARE(counts, QList<qint64>({4}));
     }
 
@@ -260,7 +260,7 @@ private Q_SLOTS:
         readerFor(DataFileBuilder().titleLine({u"wrong"_s}).row(21).row(21))
             ->readRecords(noRecord, [&problems](const DBCError& error) {
                 problems << error.code();
-                return DBCFileReader::Reading::GoOn;
+                return DBCLoopControl::Continue;
             });
         QCOMPARE(problems, QList<Code>({Code::TitleLineFormatError}));
     }
@@ -271,7 +271,7 @@ private Q_SLOTS:
         DBCFileReader::initWithFullFileName(dataFile())
             ->readRecords(noRecord, [&problems](const DBCError& error) {
                 problems << error.code();
-                return DBCFileReader::Reading::GoOn;
+                return DBCLoopControl::Continue;
             });
         QCOMPARE(problems, QList<Code>({Code::FolderNotExist}));
     }

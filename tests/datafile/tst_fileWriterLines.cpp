@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Lines made of records.
+// The file writer: lines made from records.
 #include "datafile/helpers/DBCLocalizable.h"
 #include "tests/datafile/WriterFixture.h"
 #include "tests/support/RecordKeys.h"
@@ -173,7 +173,7 @@ private Q_SLOTS:
     }
 
 private:
-    // What stands in a key's column when the record holds nothing but this value.
+    // The text in the key's column of the line for a record with this one value.
     QString writtenItem(DBCRecordKey key, const DBCValue& value) const
     {
         DBCRecord record = emptyRecord();

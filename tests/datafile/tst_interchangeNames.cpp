@@ -28,6 +28,14 @@ private Q_SLOTS:
         QCOMPARE(Names::attachmentFolderName(), u"添付ファイル"_s);
     }
 
+    void exportFolderIsInItsParent()
+    {
+        QCOMPARE(Names::exportFolder(u"/data"_s), u"/data/名刺データ"_s);
+        QCOMPARE(Names::exportFolder(u"/data/"_s), u"/data/名刺データ"_s);
+        QCOMPARE(Names::exportFolder(u"/"_s), u"/名刺データ"_s);
+        QCOMPARE(Names::exportFolder({}), u"名刺データ"_s);
+    }
+
     void pathsInsideTheFolder()
     {
         const QString folder = u"/data/cards"_s;

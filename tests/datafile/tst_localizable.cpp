@@ -40,7 +40,7 @@ private Q_SLOTS:
     void environmentChoosesTheLanguage_data()
     {
         QTest::addColumn<QStringList>("environment");
-        QTest::addColumn<QString>("texts"); // ours and Qt's
+        QTest::addColumn<QString>("texts"); // of our table and of Qt
         const QString english = u"Yes/Options:"_s;
         const QString japanese = u"はい/オプション:"_s;
         const auto row = [](const char* settings, const QString& texts) {
@@ -176,7 +176,8 @@ private Q_SLOTS:
 int main(int argc, char* argv[])
 {
     QCoreApplication application(argc, argv);
-    // What a program started under another locale says, for environmentChoosesTheLanguage().
+    // environmentChoosesTheLanguage() starts this program again in another locale; then this prints
+    // the texts.
     if (application.arguments().contains(u"--speak"_s)) {
         const QString texts = getLocalString(u"IDS_BUTTON_MSG_YES"_s) + u'/'
             + QCoreApplication::translate("QCommandLineParser", "Options:");

@@ -20,7 +20,7 @@ private Q_SLOTS:
         QVERIFY(!record.value(Key::memo));
     }
 
-    // Set from the last key to the first, so that each one is put before all others.
+    // Sets the keys from the last to the first, so that each value is inserted before all others.
     void everyKeyHoldsItsOwnValue()
     {
         DBCRecord record;

@@ -26,7 +26,7 @@ QByteArray utf16(const QString& text)
     return bytes;
 }
 
-// "-" when there is no version information.
+// Returns "-" when there is no version information.
 QString versionLine(const QString& path)
 {
     const auto info = Common::getVersionInfo(path);
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QVERIFY(!Common::getVersionInfo(path));
     }
 
-    // A process's memory is a regular file whose first page cannot be read.
+    // /proc/self/mem is a regular file whose first page cannot be read.
     void versionOfAFileThatFailsToBeReadIsNone()
     {
         QVERIFY(!Common::getVersionInfo(u"/proc/self/mem"_s));
@@ -123,7 +123,7 @@ private Q_SLOTS:
     void versionOfAHugeFileReadsItsStart()
     {
         const QString path = _home->writeFile(u"Version.txt"_s, utf16(u"ACME\tV1.0L10\r\n"_s));
-        // A hole of 64 GB; reading it whole would need all of the memory.
+        // The file has 64 GB without content; reading all of it would fill the memory.
         QCOMPARE(truncate(QFile::encodeName(path).constData(), off_t {1} << 36), 0);
         QCOMPARE(versionLine(path), u"ACME\tV1.0L10"_s);
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A package and an interchange folder on the disk, and whole conversions between the two.
+// A real package and a real interchange folder, and whole conversions between the two.
 #pragma once
 
 #include "datafile/helpers/DBCInterchangeNames.h"
@@ -38,7 +38,7 @@ struct ConversionWorld {
         writeCards({});
     }
 
-    // last: items of the third card besides its name.
+    // Writes the data file with three cards. last: the items of the third card, without its name.
     void writeCards(const DataFileBuilder::Items& last)
     {
         DataFileBuilder::Items third {{Key::full_Name, text(u"渡辺 三郎")}};
@@ -71,6 +71,7 @@ struct ConversionWorld {
         controller->setWindowController(&receiver);
         return controller->run();
     }
+    // The user asks for a cancel at that event, the first one being number 1, and confirms it.
     void cancelAt(DBCEventName name, int occurrence)
     {
         presenter.answer = DBCAnswer::Default;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the tests of the log share: a home of their own and the lines of its default log.
+// Shared by the tests of the log: a home folder of their own and the lines of the default log in
+// it.
 #pragma once
 
 #include "tests/support/TestHome.h"
@@ -13,7 +14,7 @@ protected:
     void begin() { _home.emplace(); }
     void end() { _home.reset(); }
 
-    // The messages of the default log without what stands before their tags.
+    // The lines of the default log, each from its tag on.
     QStringList loggedLines() const
     {
         QStringList lines = _home->logText().split(u'\n', Qt::SkipEmptyParts);

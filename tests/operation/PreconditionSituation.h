@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the checks before an operation look at, everything in order until a test spoils something.
+// Everything that the checks before an operation examine. All of it is in order until a test
+// changes something.
 #pragma once
 
 #include "datafile/helpers/DBCInterchangeNames.h"
@@ -18,12 +19,11 @@
 
 using namespace Qt::StringLiterals;
 
-// What has to be free beside everything else.
+// The free bytes that every operation requires.
 constexpr quint64 margin = 0x80000;
 
-// A machine on which everything is in order: a usable package, an interchange folder with a data
-// file, an empty folder to export into, local disks with exactly the room that is needed, and a
-// user who answers Yes.
+// A usable package, an interchange folder with a data file, an empty folder to export into, local
+// disks with exactly the free bytes that are required, and a user who answers Yes.
 struct Situation {
     TestHome home;
     ScopedHost host;
@@ -63,7 +63,7 @@ struct Situation {
     {
         home.writeFile(u"Applications/Velmora/Velmora.app/Contents/version.plist"_s, list);
     }
-    // Held until the returned descriptor is closed.
+    // Locks the package until the returned descriptor is closed.
     int lockPackage() const
     {
         const QString file = home.writeFile(u"cards.vmdb/.VMLock.vmlk"_s, "");
@@ -98,11 +98,11 @@ private:
     QByteArray _mounts;
 };
 
-// path, made longer below parent, until it has exactly so many bytes.
+// Returns a path below parent that has exactly the given number of bytes.
 inline QString pathOfBytes(const QString& parent, qsizetype bytes)
 {
     QString path = parent;
-    while (bytes - path.toUtf8().size() > 256) // longer names do not exist on disks
+    while (bytes - path.toUtf8().size() > 256) // file systems allow no longer names
         path += u'/' + QString(200, u'x');
     return path + u'/' + QString(bytes - path.toUtf8().size() - 1, u'y');
 }

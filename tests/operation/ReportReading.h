@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A report as a reader takes it in: the page read as XML, the data as JSON.
+// Reads a report for a test: the page as XML, and the data as JSON.
 #pragma once
 
 #include <QFile>
@@ -14,15 +14,16 @@ using namespace Qt::StringLiterals;
 struct ReadPage {
     QString error; // empty: the page is well-formed
     QString language;
-    QString end; // how the page is coloured
+    QString end; // the style class of the body, which names the end of the conversion
     QString title;
-    QStringList titles; // of the sections
-    QMap<QString, QString> values; // behind each label
+    QStringList titles; // the headings of the sections
+    QMap<QString, QString> values; // the values by their labels
     QStringList columns;
-    QList<QStringList> cards; // number, name, then problem and fate of each problem in turn
+    // For each card its number and name, then for each problem its text and the fate of the card.
+    QList<QStringList> cards;
     QStringList reasons;
     QStringList others;
-    QString everything;
+    QString everything; // all text of the page
 
     static ReadPage of(const QByteArray& bytes)
     {
@@ -60,7 +61,7 @@ struct ReadPage {
         return page;
     }
 
-    // The card of that number or line; empty: none.
+    // The card with that number or line; empty if the page does not list it.
     QStringList card(int number) const
     {
         for (const QStringList& candidate : cards) {

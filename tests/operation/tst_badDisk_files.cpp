@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Copies, comparisons and questions about files where one kind of system call fails.
+// Lets one kind of system call fail at a time, and checks copies, comparisons and checks of files.
 #include "operation/copy/DBCTreeComparison.h"
 #include "operation/copy/DBCTreeCopy.h"
 #include "system/DBCDescriptor.h"
@@ -51,7 +51,7 @@ DBCDescriptor opened(const QString& path)
     return DBCDescriptor(open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC));
 }
 
-// By a short path: that of a socket must not be long.
+// Uses a relative path, because a socket's path must be short.
 void makeSocket(const QString& path)
 {
     const QString old = QDir::currentPath();
@@ -61,12 +61,12 @@ void makeSocket(const QString& path)
     qstrncpy(address.sun_path, QFile::encodeName(QFileInfo(path).fileName()).constData(),
         sizeof address.sun_path);
     const DBCDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    // bind() takes the general form of an address.
+    // bind() expects the general type of an address.
     QCOMPARE(bind(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     QDir::setCurrent(old);
 }
 
-// False where this user or file system cannot.
+// False when the user may not or the file system cannot do that.
 bool setImmutable(const QString& path, bool immutable)
 {
     const DBCDescriptor file = opened(path);
@@ -243,8 +243,8 @@ private Q_SLOTS:
 
     void whatHasNoFlagsIsNotImmutableOnAnOldSystem_data()
     {
-        QTest::addColumn<QString>("path"); // %1: the home
-        QTest::addColumn<int>("immutable"); // -1: cannot be told
+        QTest::addColumn<QString>("path"); // %1 is replaced by the home folder
+        QTest::addColumn<int>("immutable"); // -1 means that it cannot be read
         const auto row = [](const char* name, const char* path, int immutable) {
             QTest::newRow(name) << QString::fromLatin1(path) << immutable;
         };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The two threads of a conversion: events that cross over, and a cancel that is asked for on one
-// thread and found on the other.
+// A conversion on two threads: events go from the operation thread to this one, and a cancel that
+// is asked for on this thread is noticed on the operation thread.
 #include "cardimage/DBCDiskUsage.h"
 #include "datafile/helpers/DBCLocalizable.h"
 #include "tests/support/ScriptedConversion.h"
@@ -11,8 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
-// In place of the one that starts "du": until it has become that program, a child process shares
-// its parent's memory, and the thread sanitizer takes what it does for this thread's doing.
+// Replaces the function that starts "du". A child process shares its parent's memory until it has
+// become that program, and the thread sanitizer takes the child's accesses for this thread's.
 quint64 getSizeWithPath(const QString& /*path*/, DBCError* /*outError*/)
 {
     return 0;
@@ -36,7 +36,7 @@ QStringList threeNames()
     return {u"Sato"_s, u"Suzuki"_s, u"Tanaka"_s};
 }
 
-// Runs the conversion on a thread of its own, as a window does, with events handled here.
+// Runs the conversion on a new thread, as a window does. The events are handled on this thread.
 bool runOnItsOwnThread(DBCConverterController& controller)
 {
     bool isOk = false;
@@ -180,10 +180,11 @@ private Q_SLOTS:
         conversion.hasCards(threeNames());
         conversion.presenter.answer = DBCAnswer::Default;
         conversion.cancelWhen(backupBegins);
-        // The copy asks, is told to stop, and leaves nothing.
+        // The copy asks whether it may go on, gets a no, and leaves nothing behind.
         conversion.script.onBackup
             = [&] { QVERIFY(!conversion.controller->fileManager(nullptr, QString(), QString())); };
         conversion.script.backupResult = DBCResultCode::BackupFailure;
+        conversion.script.isBackupCancelled = true;
 
         QVERIFY(runOnItsOwnThread(*conversion.controller));
 
@@ -197,7 +198,7 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(conversion.package));
     }
 
-    void importCancelledAfterTheBackupWasWhole()
+    void importCancelledDuringTheBackupRemovesWhatIsAtTheBackupPath()
     {
         ScriptedConversion conversion(OperationType::Import);
         conversion.makesBackup();
@@ -206,6 +207,7 @@ private Q_SLOTS:
             conversion.controller->setConfirmCancelOperation(true);
             conversion.controller->checkIsNeedToConfirmCancelOperation();
         };
+        conversion.script.isBackupCancelled = true;
 
         QVERIFY(runOnItsOwnThread(*conversion.controller));
 
@@ -219,6 +221,7 @@ private Q_SLOTS:
     void cancelledImportThatCannotBeRestoredIsAnError()
     {
         ScriptedConversion conversion(OperationType::Import);
+        const DBCLocalizable::Substitute texts(shortTexts());
         conversion.makesBackup();
         conversion.hasCards(threeNames());
         conversion.presenter.answer = DBCAnswer::Default;
@@ -230,6 +233,7 @@ private Q_SLOTS:
         QCOMPARE(conversion.controller->outcome().code, DBCResultCode::RestoreFailure);
         QCOMPARE(conversion.presenter.numbers, QList<quint32> {311});
         QVERIFY(conversion.hasBackup());
+        QVERIFY(conversion.log().filter(u"end IMPORT"_s).isEmpty());
         QCOMPARE(conversion.receiver.events.mid(6),
             QStringList({u"DBC_DatabaseRestoreWillBeginNotification"_s,
                 u"DBC_DatabaseRestoreDidFinishedNotification ok=false"_s,

@@ -20,7 +20,7 @@ namespace {
 
 constexpr quint64 KiB = 1024;
 
-// A package in a home of its own, and the paths of its parts.
+// A package in its own home folder, and the paths of its parts.
 struct Package {
     TestHome home;
     QString path;
@@ -64,7 +64,7 @@ class tst_checker : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    // checkDBAttributes
+    // Tests of checkDBAttributes().
 
     void emptyPackagePathIsAGeneralFailure()
     {
@@ -238,7 +238,7 @@ private Q_SLOTS:
         QCOMPARE(DBCChecker::checkDBAttributes(package.path), DBCResultCode::PackageReadOnly);
     }
 
-    // checkDBFileISLocked
+    // Tests of checkDBFileISLocked().
 
     void emptyPathAndMissingFileAreNotLocked()
     {
@@ -270,11 +270,11 @@ private Q_SLOTS:
 
     void fileThatCannotBeOpenedForWritingCountsAsLocked()
     {
-        const TestHome home; // a folder cannot be, not even by root
+        const TestHome home; // opening a folder for writing fails, even as root
         QVERIFY(DBCChecker::checkDBFileISLocked(home.makeFolder(u"folder"_s)));
     }
 
-    // checkDiskSizeIsEnough
+    // Tests of checkDiskSizeIsEnough().
 
     void freeSpaceIsComparedWithTheNeed_data()
     {
@@ -317,7 +317,7 @@ private Q_SLOTS:
         QVERIFY(!DBCChecker::checkDiskSizeIsEnough(home.path(), 0));
     }
 
-    // checkVelmoraIsLaunched
+    // Tests of checkVelmoraIsLaunched().
 
     void mainApplicationRunsWhenAProcessHasExactlyItsName_data()
     {
@@ -337,7 +337,7 @@ private Q_SLOTS:
         QTEST(DBCChecker::checkVelmoraIsLaunched(), "launched");
     }
 
-    // isBlank
+    // Tests of isBlank().
 
     void blankTexts_data()
     {
@@ -358,7 +358,7 @@ private Q_SLOTS:
         QTEST(DBCChecker::isBlank(text), "blank");
     }
 
-    // checkAppLocationIsCorrect
+    // Tests of checkAppLocationIsCorrect().
 
     void programBesideTheMainApplicationStandsCorrectly()
     {
@@ -401,7 +401,7 @@ private Q_SLOTS:
         QVERIFY(!DBCChecker::checkAppLocationIsCorrect());
     }
 
-    // checkVersionInfo
+    // Tests of checkVersionInfo().
 
     void versionLineIsJudged_data()
     {
@@ -436,7 +436,7 @@ private Q_SLOTS:
             DBCResultCode::VersionFileMismatch);
     }
 
-    // isMacOSXVersionAbove
+    // Tests of isMacOSXVersionAbove().
 
     void systemVersionIsComparedInclusively_data()
     {
@@ -456,7 +456,7 @@ private Q_SLOTS:
 
     void systemThatCannotBeAskedIsNotAbove() { QVERIFY(!DBCChecker::isMacOSXVersionAbove(0)); }
 
-    // isValidPathLength
+    // Tests of isValidPathLength().
 
     void pathLengthCountsUtf8BytesInclusively()
     {
@@ -469,7 +469,7 @@ private Q_SLOTS:
 
     void emptyPathHasNoValidLength() { QVERIFY(!DBCChecker::isValidPathLength(QString(), 520)); }
 
-    // isValidAttachmentForExport
+    // Tests of isValidAttachmentForExport().
 
     void attachmentNamesForExport_data()
     {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whole conversions that meet what goes wrong outside of them.
+// Whole conversions in an environment with a fault: no log, no disk space, no rights, another
+// conversion, or no thread.
 #include "carddb/DBCPackageGuard.h"
 #include "datafile/helpers/DBCLocalizable.h"
 #include "tests/operation/ConversionWorld.h"
@@ -18,7 +19,7 @@ using World = ConversionWorld;
 
 namespace {
 
-// "du" fails for every path that ends so and works for the others.
+// Makes "du" fail for every path with that ending. It works for all others.
 void failToMeasure(World& world, const char* ending)
 {
     const QString program = world.home.writeFile(u"du"_s,
@@ -28,7 +29,7 @@ void failToMeasure(World& world, const char* ending)
     world.host->diskUsageProgram = program;
 }
 
-// Where the log's folder should come to stand, there is a file.
+// Puts a file at the place of the log's folder, so that no log can be written.
 void takeTheLogAway(World& world)
 {
     world.home.writeFile(u"home/Library"_s, "no folder");
@@ -111,7 +112,7 @@ private Q_SLOTS:
 
         QCOMPARE(world.controller->outcome().code, DBCResultCode::VersionFileWriteFailure);
         QCOMPARE(world.presenter.numbers, QList<quint32> {208});
-        QCOMPARE(world.exportedRows().size(), 2); // what was written stays
+        QCOMPARE(world.exportedRows().size(), 2); // the rows are kept
     }
 
     void diskThatFillsUpInTheDataFileEndsTheExport()

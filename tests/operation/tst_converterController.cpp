@@ -176,6 +176,51 @@ private Q_SLOTS:
         QVERIFY(conversion.log().isEmpty());
     }
 
+    void endLineMentionsWarningsOfTheDefaultLogOnly_data()
+    {
+        QTest::addColumn<bool>("isDefault");
+        QTest::addColumn<QString>("endLine");
+        QTest::newRow("warning in the default log") << true << u"end IMPORT|SEE LOG|1|1"_s;
+        QTest::newRow("warning in the operation's own") << false << u"end IMPORT| |1|1"_s;
+    }
+    void endLineMentionsWarningsOfTheDefaultLogOnly()
+    {
+        QFETCH(bool, isDefault);
+        QFETCH(QString, endLine);
+        ScriptedConversion conversion(OperationType::Import);
+        const DBCLocalizable::Substitute texts(shortTexts());
+        conversion.makesBackup();
+        conversion.hasCards({u"Sato"_s});
+        const QString own = conversion.home.path(u"other.log"_s);
+        conversion.controller->setLogFilePath(own);
+        conversion.script.onAdd = [&](int) {
+            DBCLog* const log = isDefault ? DBCLog::logInstance() : DBCLog::logInstance(own);
+            log->logWarning(u"no such image"_s);
+            return DBCError();
+        };
+
+        QVERIFY(conversion.controller->run());
+
+        const QString text = QString::fromUtf8(conversion.home.readFile(u"other.log"_s));
+        QVERIFY2(text.endsWith(endLine + u'\n'), qPrintable(text));
+    }
+
+    void operationIsFinishedOnlyAfterItsLastEvent()
+    {
+        ScriptedConversion conversion(OperationType::Import);
+        conversion.makesBackup();
+        QStringList early;
+        conversion.receiver.onEvent = [&](const DBCEvent& event) {
+            if (conversion.controller->isOperationFinished())
+                early << RecordingReceiver::describe(event);
+        };
+
+        QVERIFY(conversion.controller->run());
+
+        QCOMPARE(early, QStringList());
+        QVERIFY(conversion.controller->isOperationFinished());
+    }
+
     void exceptionEscapingASequenceIsMessage102()
     {
         ScriptedConversion conversion(OperationType::Import);
@@ -262,92 +307,6 @@ private Q_SLOTS:
         QCOMPARE(DBCEventMaxCount, "ProgressInfoMaxCount");
         QCOMPARE(DBCEventFinishedCount, "ProgressInfoFinishedCount");
         QCOMPARE(DBCEventConfirmCancelResult, "ConfirmCancelResult");
-    }
-
-    void noCancelAskedMeansNoQuestion()
-    {
-        ScriptedConversion conversion(OperationType::Import);
-
-        QVERIFY(!conversion.controller->checkIsNeedToConfirmCancelOperation());
-
-        QVERIFY(conversion.presenter.questions.isEmpty());
-        QVERIFY(conversion.receiver.events.isEmpty());
-    }
-
-    void confirmedCancelStops_data()
-    {
-        QTest::addColumn<OperationType>("type");
-        QTest::addColumn<QString>("key");
-        QTest::newRow("import") << OperationType::Import << u"IDS_MSG_ERR_0315"_s;
-        QTest::newRow("export") << OperationType::Export << u"IDS_MSG_ERR_0210"_s;
-    }
-    void confirmedCancelStops()
-    {
-        QFETCH(OperationType, type);
-        QFETCH(QString, key);
-        ScriptedConversion conversion(type);
-        const DBCLocalizable::Substitute texts(shortTexts());
-        conversion.presenter.answer = DBCAnswer::Default;
-        conversion.controller->setConfirmCancelOperation(true);
-
-        QVERIFY(conversion.controller->checkIsNeedToConfirmCancelOperation());
-
-        QVERIFY(conversion.controller->isStopRunning());
-        QVERIFY(!conversion.controller->isConfirmCancelOperation());
-        QCOMPARE(conversion.presenter.questions.size(), 1);
-        const DBCQuestion question = conversion.presenter.questions.constFirst();
-        QCOMPARE(question.key, key);
-        QCOMPARE(question.defaultButton, getLocalString(u"IDS_BUTTON_MSG_YES"_s));
-        QCOMPARE(question.alternateButton, getLocalString(u"IDS_BUTTON_MSG_NO"_s));
-        QVERIFY(question.otherButton.isEmpty());
-        QCOMPARE(conversion.log(), QStringList(u"[Info] cancelled"_s));
-        QCOMPARE(conversion.receiver.events,
-            QStringList(u"DBC_OperationDidCanceledNotification cancel=true"_s));
-    }
-
-    void declinedCancelGoesOn()
-    {
-        ScriptedConversion conversion(OperationType::Import);
-        conversion.presenter.answer = DBCAnswer::Alternate;
-        conversion.controller->setConfirmCancelOperation(true);
-        conversion.controller->setStopRunning(true);
-
-        QVERIFY(!conversion.controller->checkIsNeedToConfirmCancelOperation());
-
-        QVERIFY(!conversion.controller->isStopRunning());
-        QVERIFY(conversion.log().isEmpty());
-        QCOMPARE(conversion.receiver.events,
-            QStringList(u"DBC_OperationDidCanceledNotification cancel=false"_s));
-        QVERIFY(!conversion.controller->checkIsNeedToConfirmCancelOperation());
-        QCOMPARE(conversion.presenter.questions.size(), 1);
-    }
-
-    void cancelWithoutOperationCannotBeAsked()
-    {
-        ScriptedConversion conversion(OperationType::Import);
-        conversion.presenter.answer = DBCAnswer::Default;
-        conversion.controller->setOperationType(OperationType::None);
-        conversion.controller->setConfirmCancelOperation(true);
-
-        QVERIFY(!conversion.controller->checkIsNeedToConfirmCancelOperation());
-
-        QVERIFY(conversion.presenter.questions.isEmpty());
-        QCOMPARE(conversion.presenter.numbers, QList<quint32> {102});
-    }
-
-    void copyGoesOnUntilACancelIsConfirmed()
-    {
-        ScriptedConversion conversion(OperationType::Import);
-        conversion.presenter.answers = {DBCAnswer::Alternate, DBCAnswer::Default};
-        const auto mayCopy
-            = [&] { return conversion.controller->fileManager(nullptr, u"/a"_s, u"/b"_s); };
-
-        QVERIFY(mayCopy());
-        conversion.controller->setConfirmCancelOperation(true);
-        QVERIFY(mayCopy());
-        conversion.controller->setConfirmCancelOperation(true);
-        QVERIFY(!mayCopy());
-        QVERIFY(!mayCopy());
     }
 };
 

@@ -1,42 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The export's steps with a scripted database: what is sent, logged, shown, written and cleaned up
-// in each situation.
-#include "datafile/helpers/DBCInterchangeNames.h"
-#include "datafile/helpers/DBCLocalizable.h"
+// The steps of an export with a scripted database: what it sends, logs, shows and writes when all
+// goes well, and when it ends before the first card.
 #include "operation/log/DBCLog.h"
-#include "tests/support/ScriptedConversion.h"
+#include "tests/operation/ScriptedExport.h"
 
 #include <QtTest>
 
-#include <stdexcept>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
+using Export = ScriptedExport;
+
 namespace {
 
-const QString exportBegins = u"DBC_ExportWillBeginNotification"_s;
-const QString endedWell = u"DBC_OperationDidFinishedNotification ok=true"_s;
-const QString endedBadly = u"DBC_OperationDidFinishedNotification ok=false"_s;
+// The export folder as it was when its file system was flushed.
+struct Flush {
+    QStringList names;
+    QByteArray data; // the data file
+};
 
-QString fetched(int max)
-{
-    return u"DBC_ExportDataFetchDidFinishedNotification max=%1 finished=0"_s.arg(max);
-}
+std::vector<Flush>* flushes = nullptr; // null: calls are not noted
+const ScriptedExport* watched = nullptr;
 
-QString running(int max, int finished)
-{
-    return u"DBC_ExportIsRunningNotification max=%1 finished=%2"_s.arg(max).arg(finished);
-}
-
-QString finished(bool ok, int max, int count)
-{
-    return u"DBC_ExportDidFinishedNotification ok=%1 max=%2 finished=%3"_s
-        .arg(ok ? u"true"_s : u"false"_s)
-        .arg(max)
-        .arg(count);
-}
-
-// The bytes of a text in the data file's encoding, its mark included.
+// The bytes of a text in the data file's encoding, including the byte-order mark.
 QByteArray marked(const QString& text)
 {
     QByteArray bytes("\xff\xfe", 2);
@@ -47,50 +35,17 @@ QByteArray marked(const QString& text)
     return bytes;
 }
 
-struct Export : ScriptedConversion {
-    Export()
-        : ScriptedConversion(OperationType::Export)
-    {
-    }
-    DBCLocalizable::Substitute texts {shortTexts()};
-
-    DBCResultCode code() const { return controller->outcome().code; }
-    QString startLine() const
-    {
-        return u"[Info] begin EXPORT From:[%1]  To:[%2]"_s.arg(package, folder);
-    }
-    QStringList logAfterSeparator() const { return log().mid(1); }
-    QString versionPath() const { return folder + u"/Version.txt"_s; }
-    QString dataPath() const { return DBCInterchangeNames::dataFile(folder); }
-    // The data file's lines; empty when there is none.
-    QStringList rows() const
-    {
-        const QByteArray bytes = bytesOf(dataPath());
-        const QString text = QString::fromUtf16(
-            reinterpret_cast<const char16_t*>(bytes.constData()), bytes.size() / 2);
-        return text.split(u"\r\n"_s, Qt::SkipEmptyParts);
-    }
-    static QByteArray bytesOf(const QString& path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-};
-
-// 10 KiB in images and 20 KiB in attachments; a path with "bad" in it cannot be measured.
-constexpr const char* tenKiBImagesTwentyKiBAttachments
-    = "case \"$3\" in *bad*) exit 1;; */Images/*) k=10;; */Files/*) k=20;; *) k=999;; esac\n"
-      "printf '%s\\t%s\\n' \"$k\" \"$3\"";
-
-DBCRecord storedCard(const QString& cardID)
-{
-    DBCRecord card;
-    card.setValue(DBCRecordKey::cardID, cardID);
-    card.setValue(DBCRecordKey::face_Image_File, QString());
-    return card;
-}
-
 } // namespace
+
+// Replaces the system's function in this program, takes note of the call, and then makes it.
+extern "C" int syncfs(int descriptor) noexcept
+{
+    if (flushes) {
+        flushes->push_back({QDir(watched->folder).entryList(QDir::Files, QDir::Name),
+            ScriptedExport::bytesOf(watched->dataPath())});
+    }
+    return static_cast<int>(syscall(SYS_syncfs, descriptor));
+}
 
 class tst_exportSequence : public QObject {
     Q_OBJECT
@@ -119,6 +74,24 @@ private Q_SLOTS:
         QCOMPARE(rows.at(1).section(u'\t', 3, 3), u"Sato"_s);
         QCOMPARE(rows.at(2).section(u'\t', 3, 3), u"Suzuki"_s);
         QCOMPARE(Export::bytesOf(exporting.versionPath()), marked(u"TELKA\tV1.0L10\r\n"_s));
+    }
+
+    void dataFileIsOnTheDiskBeforeTheVersionFileIsWritten()
+    {
+        Export exporting;
+        exporting.hasCards({u"Sato"_s});
+        std::vector<Flush> seen;
+        watched = &exporting;
+        flushes = &seen;
+
+        const bool isDone = exporting.controller->run();
+        flushes = nullptr;
+
+        QVERIFY(isDone);
+        QCOMPARE(seen.size(), std::size_t(2));
+        QCOMPARE(seen[0].names, QStringList(DBCInterchangeNames::dataFileName()));
+        QCOMPARE(seen[0].data, Export::bytesOf(exporting.dataPath()));
+        QVERIFY(seen[1].names.contains(u"Version.txt"_s));
     }
 
     void zeroCardsGiveAVersionFileAndNoTitleLine()
@@ -212,21 +185,6 @@ private Q_SLOTS:
         QVERIFY(exporting.presenter.numbers.isEmpty());
     }
 
-    void cardThatCannotBeMeasuredEndsTheExport()
-    {
-        Export exporting;
-        exporting.hasCards({u"Sato"_s});
-        exporting.script.records.at(0).setValue(DBCRecordKey::cardID, u"ID"_s);
-        exporting.home.writeFile(u"Velmora DB.vmdb/Files/ID/a.txt"_s, "a");
-        exporting.measuresBy("exit 1");
-
-        QVERIFY(!exporting.controller->run());
-
-        QCOMPARE(exporting.code(), DBCResultCode::SizeMeasureFailure);
-        QCOMPARE(exporting.presenter.numbers, QList<quint32> {208});
-        QVERIFY(!exporting.receiver.events.contains(fetched(1)));
-    }
-
     void missingExportFolderIsAnError()
     {
         Export exporting;
@@ -239,240 +197,12 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(exporting.folder));
     }
 
-    void tooLittleSpaceIsAnError()
-    {
-        Export exporting;
-        exporting.hasCards({u"Sato"_s});
-        exporting.host.setFreeBytes(0x80000 + 2843);
-        QVERIFY(!exporting.controller->run());
-        QCOMPARE(exporting.code(), DBCResultCode::NoSpace);
-        QCOMPARE(exporting.presenter.numbers, QList<quint32> {103});
-
-        Export enough;
-        enough.hasCards({u"Sato"_s});
-        enough.host.setFreeBytes(0x80000 + 2844);
-        QVERIFY(enough.controller->run());
-    }
-
-    void titleLineThatCannotBeWrittenIsAnError()
-    {
-        Export exporting;
-        exporting.hasCards({u"Sato"_s});
-        QVERIFY(QDir().mkpath(exporting.dataPath()));
-
-        QVERIFY(!exporting.controller->run());
-
-        QCOMPARE(exporting.code(), DBCResultCode::DataFileWriteFailure);
-        QCOMPARE(exporting.logAfterSeparator(),
-            QStringList({exporting.startLine(), u"[Error] row not written"_s,
-                u"[Error] message 208"_s, u"[Info] end EXPORT|SEE LOG|1|0"_s}));
-        QVERIFY(exporting.script.calls.filter(u"export"_s).isEmpty());
-        QVERIFY(!QFile::exists(exporting.versionPath()));
-    }
-
-    void cardWithoutRowStopsTheExportAndKeepsTheRowsBefore()
-    {
-        Export exporting;
-        exporting.hasCards({u"Sato"_s, u"Suzuki"_s, u"Ito"_s});
-        exporting.script.onExport
-            = [](int index, const DBCRecord& card, DBCError* error) -> std::optional<DBCRecord> {
-            if (index != 1)
-                return card;
-            *error = DBCError(DBCResultCode::NoSpaceForExport);
-            return {};
-        };
-
-        QVERIFY(!exporting.controller->run());
-
-        QCOMPARE(exporting.code(), DBCResultCode::NoSpaceForExport);
-        QCOMPARE(exporting.receiver.events,
-            QStringList(
-                {exportBegins, fetched(3), running(3, 1), finished(false, 3, 1), endedBadly}));
-        QCOMPARE(exporting.rows().size(), 2);
-        QCOMPARE(exporting.rows().at(1).section(u'\t', 3, 3), u"Sato"_s);
-        QVERIFY(QFile::exists(exporting.versionPath()));
-        QCOMPARE(exporting.logAfterSeparator(),
-            QStringList({exporting.startLine(), u"[Error] message 206"_s,
-                u"[Info] end EXPORT|SEE LOG|3|1"_s}));
-    }
-
-    void cardWithoutRowAndErrorIsAGeneralFailure()
-    {
-        Export exporting;
-        exporting.hasCards({u"Sato"_s});
-        exporting.script.onExport
-            = [](int, const DBCRecord&, DBCError*) { return std::optional<DBCRecord>(); };
-
-        QVERIFY(!exporting.controller->run());
-
-        QCOMPARE(exporting.code(), DBCResultCode::GeneralFailure);
-        QVERIFY(QFile::exists(exporting.versionPath()));
-    }
-
-    void cardWithRowAndErrorStopsTheExport()
-    {
-        Export exporting;
-        exporting.hasCards({u"Sato"_s});
-        exporting.script.onExport = [](int, const DBCRecord& card, DBCError* error) {
-            *error = DBCError(DBCResultCode::AttachmentExportFailure);
-            return std::optional(card);
-        };
-
-        QVERIFY(!exporting.controller->run());
-
-        QCOMPARE(exporting.code(), DBCResultCode::AttachmentExportFailure);
-        QCOMPARE(exporting.presenter.numbers, QList<quint32> {207});
-        QCOMPARE(exporting.rows().size(), 1);
-    }
-
-    void rowThatLacksAColumnIsAnError()
-    {
-        Export exporting;
-        exporting.hasCards({u"Sato"_s});
-        exporting.script.records.at(0).removeValue(DBCRecordKey::fax_Number);
-
-        QVERIFY(!exporting.controller->run());
-
-        QCOMPARE(exporting.code(), DBCResultCode::DataFileWriteFailure);
-        QVERIFY(exporting.log().contains(u"[Error] row not written"_s));
-        QVERIFY(QFile::exists(exporting.versionPath()));
-    }
-
-    void folderDeletedWhileExportingLosesTheVersionFileToo()
-    {
-        Export exporting;
-        exporting.hasCards({u"Sato"_s, u"Suzuki"_s});
-        exporting.receiver.onEvent = [&](const DBCEvent& event) {
-            if (event.name == DBCEventName::ExportIsRunning)
-                QDir(exporting.folder).removeRecursively();
-        };
-
-        QVERIFY(!exporting.controller->run());
-
-        QCOMPARE(exporting.code(), DBCResultCode::VersionFileWriteFailure);
-        QVERIFY(!QFile::exists(exporting.folder));
-    }
-
-    void packageDeletedWhileExportingIsAnError()
-    {
-        Export exporting;
-        exporting.hasCards({u"Sato"_s, u"Suzuki"_s});
-        exporting.receiver.onEvent = [&](const DBCEvent& event) {
-            if (event.name == DBCEventName::ExportIsRunning)
-                QDir(exporting.package).removeRecursively();
-        };
-
-        QVERIFY(!exporting.controller->run());
-
-        QCOMPARE(exporting.code(), DBCResultCode::FolderNotExist);
-        QCOMPARE(exporting.rows().size(), 2);
-        QVERIFY(QFile::exists(exporting.versionPath()));
-    }
-
-    void versionFileThatCannotBeWrittenReplacesTheError()
-    {
-        Export exporting;
-        exporting.hasCards({u"Sato"_s});
-        QVERIFY(QDir().mkpath(exporting.versionPath()));
-        exporting.script.onExport = [](int, const DBCRecord& card, DBCError* error) {
-            *error = DBCError(DBCResultCode::NoSpaceForExport);
-            return std::optional(card);
-        };
-
-        QVERIFY(!exporting.controller->run());
-
-        QCOMPARE(exporting.code(), DBCResultCode::VersionFileWriteFailure);
-        QCOMPARE(exporting.presenter.numbers, QList<quint32> {208});
-    }
-
-    void exceptionWhileExportingIsAnError()
-    {
-        Export exporting;
-        exporting.hasCards({u"Sato"_s, u"Suzuki"_s});
-        exporting.script.onExport
-            = [](int index, const DBCRecord& card, DBCError*) -> std::optional<DBCRecord> {
-            if (index == 1)
-                throw std::runtime_error("out of everything");
-            return card;
-        };
-
-        QVERIFY(!exporting.controller->run());
-
-        QCOMPARE(exporting.code(), DBCResultCode::InternalException);
-        QCOMPARE(exporting.receiver.events,
-            QStringList(
-                {exportBegins, fetched(2), running(2, 1), finished(false, 2, 1), endedBadly}));
-        QCOMPARE(exporting.presenter.numbers, QList<quint32> {102});
-        QVERIFY(!QFile::exists(exporting.versionPath()));
-    }
-
     void withoutErrorSlotNothingHappens()
     {
         Export exporting;
         QVERIFY(!exporting.controller->_doExport(nullptr));
         QVERIFY(exporting.receiver.events.isEmpty());
         QVERIFY(exporting.log().isEmpty());
-    }
-
-    void estimateCountsRowImagesAndAttachments()
-    {
-        Export exporting;
-        exporting.measuresBy(tenKiBImagesTwentyKiBAttachments);
-        exporting.home.writeFile(u"Velmora DB.vmdb/Images/A_N1.pdf"_s, "pdf");
-        exporting.home.makeFolder(u"Velmora DB.vmdb/Files/A"_s);
-        DBCError error;
-
-        QCOMPARE(exporting.controller->estimateDiskSpaceForExport(
-                     {storedCard(u"A"_s), storedCard(u"B"_s)}, &error),
-            quint64 {2844 + 10240 + 20480 + 2844});
-        QVERIFY(!error);
-    }
-
-    void estimateLeavesOutWhatACardDoesNotName()
-    {
-        Export exporting;
-        exporting.measuresBy(tenKiBImagesTwentyKiBAttachments);
-        exporting.home.makeFolder(u"Velmora DB.vmdb/Images"_s);
-        exporting.home.makeFolder(u"Velmora DB.vmdb/Files"_s);
-        DBCError error;
-
-        QCOMPARE(exporting.controller->estimateDiskSpaceForExport(
-                     {DBCRecord(), storedCard(QString())}, &error),
-            quint64 {2844 + 2844});
-        QVERIFY(!error);
-    }
-
-    void estimateNeverLeavesThePackage()
-    {
-        Export exporting;
-        exporting.measuresBy(tenKiBImagesTwentyKiBAttachments);
-        exporting.home.makeFolder(u"Velmora DB.vmdb/Images"_s);
-        DBCRecord card = storedCard(u".."_s);
-        card.setValue(DBCRecordKey::face_Image_File, u"../../../.."_s);
-        DBCError error;
-
-        QCOMPARE(exporting.controller->estimateDiskSpaceForExport({card}, &error), quint64 {2844});
-    }
-
-    void estimateStopsAtTheFirstErrorWithTheCardsSoFar()
-    {
-        Export exporting;
-        exporting.measuresBy(tenKiBImagesTwentyKiBAttachments);
-        exporting.home.makeFolder(u"Velmora DB.vmdb/Files/bad"_s);
-        exporting.home.makeFolder(u"Velmora DB.vmdb/Files/C"_s);
-        DBCError error;
-
-        QCOMPARE(exporting.controller->estimateDiskSpaceForExport(
-                     {storedCard(u"A"_s), storedCard(u"bad"_s), storedCard(u"C"_s)}, &error),
-            quint64 {2844});
-        QCOMPARE(error.code(), DBCResultCode::SizeMeasureFailure);
-    }
-
-    void estimateWithoutErrorSlotIsZero()
-    {
-        Export exporting;
-        QCOMPARE(exporting.controller->estimateDiskSpaceForExport({storedCard(QString())}, nullptr),
-            0ULL);
     }
 
     void errorsBecomeTheirMessages_data()

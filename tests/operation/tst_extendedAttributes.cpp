@@ -28,7 +28,7 @@ struct Files {
                    std::size_t(value.size()), 0)
             == 0;
     }
-    // "-" where there is none.
+    // The value of an attribute, or "-" when it is not set.
     QByteArray copied(const char* name) const
     {
         QByteArray value(70000, '\0');
@@ -88,7 +88,7 @@ private Q_SLOTS:
         QCOMPARE(files.copied("trusted.mark"), QByteArray("-"));
     }
 
-    // The kernel's own files have no attributes of users.
+    // Files of the kernel cannot have user attributes.
     void fileSystemWithoutAttributesIsNoFailure()
     {
         const Files files;

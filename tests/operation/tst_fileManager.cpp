@@ -19,7 +19,7 @@ namespace {
 
 constexpr uid_t nobody = 65534;
 
-// Answers both questions and counts them.
+// A cancel delegate that counts the questions and answers them as told.
 struct Answers : DBCCancelDelegate {
     bool cancelConfirmed = false;
     int itemsToCopy = std::numeric_limits<int>::max();
@@ -279,7 +279,7 @@ private Q_SLOTS:
         QVERIFY(folders.inDestination().isEmpty());
     }
 
-    // cleanFolder
+    // --- cleanFolder ---
 
     void folderIsRemovedWithEverythingInIt()
     {
@@ -370,7 +370,7 @@ private Q_SLOTS:
         QCOMPARE(folders.read(u"source/inner/two"_s), QByteArray("22"));
     }
 
-    // callbackFileOperationStatus
+    // --- callbackFileOperationStatus ---
 
     void onlyTheStageOfACompletedOperationIsKept_data()
     {

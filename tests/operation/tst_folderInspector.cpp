@@ -21,7 +21,8 @@ namespace {
 
 using Key = DBCRecordKey;
 
-// A folder with one line a test fills in; the texts of the problems are their keys and arguments.
+// A folder whose data file has one line, which each test fills in. The texts of the problems are
+// replaced by short ones that show their key and arguments.
 struct Inspection {
     Inspection()
     {
@@ -29,7 +30,7 @@ struct Inspection {
     }
 
     DBCFolderReport report() const { return DBCFolderInspector::inspect(folder.path()); }
-    // "line|text" of each problem, "-" for one without a line.
+    // Each problem as "line|text"; a problem without a line has "-" instead.
     QStringList problems() const
     {
         QStringList lines;
@@ -137,7 +138,7 @@ private Q_SLOTS:
         QStringList steps;
         DBCFolderInspector::inspect(inspection.folder.path(), [&](qint64 finished, qint64 max) {
             steps << u"%1 of %2"_s.arg(finished).arg(max);
-            return DBCFolderInspector::Looking::GoOn;
+            return DBCLoopControl::Continue;
         });
         QCOMPARE(steps, QStringList({u"0 of 0"_s, u"2 of 5"_s, u"4 of 5"_s}));
     }
@@ -161,8 +162,7 @@ private Q_SLOTS:
             DataFileBuilder().titleLine().row(20).row(card).row(card).build());
         const DBCFolderReport report
             = DBCFolderInspector::inspect(inspection.folder.path(), [&](qint64 finished, qint64) {
-                  return finished < lastLine ? DBCFolderInspector::Looking::GoOn
-                                             : DBCFolderInspector::Looking::Stop;
+                  return finished < lastLine ? DBCLoopControl::Continue : DBCLoopControl::Stop;
               });
         QCOMPARE(report.wasStopped, lastLine < 100);
         QTEST(qsizetype(report.findings.problems.size()), "problems");
@@ -410,10 +410,26 @@ private Q_SLOTS:
                 title("IDS_CSV_TITLE_OFFICE_ADDRESS"))));
     }
 
+    // An import warns in column order, and the address precedes the telephone number.
+    void overlongItemsComeInTheOrderOfTheImport()
+    {
+        Inspection inspection;
+        inspection.hasOneCard({{Key::zip_PostalCode, longText(33)}, {Key::address, longText(129)},
+            {Key::telephone_Number, longText(33)}});
+
+        const QStringList problems = inspection.problems();
+
+        QCOMPARE(problems.size(), 3);
+        QVERIFY(problems[0].startsWith(u"2|TOO_LONG "_s + title("IDS_CSV_TITLE_OFFICE_POST")));
+        QVERIFY(
+            problems[1].startsWith(u"2|TOO_LONG "_s + title("IDS_CSV_TITLE_OFFICE_ADDRESS_STATE")));
+        QVERIFY(problems[2].startsWith(u"2|TOO_LONG "_s + title("IDS_CSV_TITLE_OFFICE_PHONE")));
+    }
+
     void overlongAddressPartsAloneAreNotMeasured()
     {
         Inspection inspection;
-        // With the parts there, the whole address is not taken.
+        // When the parts are filled, the whole address is ignored.
         inspection.hasOneCard({{Key::state, longText(10)}, {Key::city, longText(10)},
             {Key::street, longText(10)}, {Key::address, longText(500)}});
 

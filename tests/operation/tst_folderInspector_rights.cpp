@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A folder with things in it that the user who checks it may not read.
+// The check of a folder by a user who may not read all of it.
 #include "operation/DBCFolderInspector.h"
 
 #include "datafile/helpers/DBCLocalizable.h"
@@ -31,7 +31,7 @@ struct Inspection {
                               {Key::attachmentFile, u"plans"_s}})
                           .build());
     }
-    // The paths that the problems are about, below the folder.
+    // The paths of the problems, relative to the folder.
     QStringList problems() const
     {
         QStringList paths;
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QCOMPARE(inspection.problems(), QStringList {inspection.below(path)});
     }
 
-    // Which keeps the whole from being measured, too.
+    // Such a folder also prevents measuring the interchange folder, so there are two problems.
     void attachmentFolderThatCannotBeListedIsReported()
     {
         const Inspection inspection;

@@ -16,7 +16,7 @@ private:
     static QStringList namesFor(const QString& path)
     {
         return {DBCHiddenName::unfinishedCopyOf(path), DBCHiddenName::discarded(path),
-            DBCHiddenName::importJournalOf(path)};
+            DBCHiddenName::journalOf(path)};
     }
 
 private Q_SLOTS:
@@ -40,7 +40,7 @@ private Q_SLOTS:
         QCOMPARE(DBCHiddenName::discarded(u"a.vmdb"_s), u".a.vmdb.velmora-discarded"_s);
     }
 
-    // Counted in bytes, of which a kanji takes three.
+    // The limit is in bytes, and a kanji takes three.
     void longNameFitsIntoAFolder_data()
     {
         QTest::addColumn<QString>("name");

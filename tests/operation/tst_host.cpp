@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The machine as it is, without substitutes.
+// Checks the answers of the real machine, without the tests' replacements.
 #include "system/DBCHost.h"
 #include "tests/support/ScopedMode.h"
 #include "tests/support/TestHome.h"
@@ -27,7 +27,7 @@ QByteArray bytesOf(const QString& path)
     return QFile::encodeName(path);
 }
 
-// Runs a check without root's right to everything; as an ordinary user it just runs it.
+// Runs a check without root's privileges. An ordinary user has none to drop.
 template <typename Check> auto asOrdinaryUser(Check check)
 {
     const bool wasRoot = geteuid() == 0;
@@ -39,7 +39,8 @@ template <typename Check> auto asOrdinaryUser(Check check)
     return answer;
 }
 
-// Sets or clears the immutable attribute; false where this user or file system cannot.
+// Sets or clears the immutable attribute. False when the user may not or the file system cannot do
+// that.
 bool setImmutable(const QString& path, bool immutable)
 {
     const int file = open(bytesOf(path).constData(), O_RDONLY | O_CLOEXEC);
@@ -66,7 +67,7 @@ private Q_SLOTS:
         df.start(u"df"_s, {u"--block-size=1"_s, u"--output=avail"_s, home.path()});
         QVERIFY(df.waitForFinished());
         const quint64 expected = df.readAllStandardOutput().split('\n').value(1).toULongLong();
-        const quint64 drift = 512u << 20; // others write meanwhile
+        const quint64 drift = 512u << 20; // other processes may write meanwhile
         QVERIFY(*free < expected + drift && expected < *free + drift);
     }
 
@@ -132,7 +133,7 @@ private Q_SLOTS:
 
     void attributesOfAnUnreadableFileWithoutFlagsAreNotAFailure()
     {
-        const QString file = u"/proc/self/auxv"_s; // root's as long as this runs as root
+        const QString file = u"/proc/self/auxv"_s; // belongs to root while the test runs as root
         const auto immutable
             = asOrdinaryUser([&file] { return DBCHost::real().isImmutable(file); });
         QCOMPARE(immutable, std::optional(false));

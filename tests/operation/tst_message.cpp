@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString cancelImport = u"IDS_MSG_ERR_0315"_s;
+const QString cancelImport = DBCMessage::keyOf(DBCQuestionId::CancelImport);
 
 QString internalErrorText()
 {
@@ -145,6 +145,36 @@ private Q_SLOTS:
         QVERIFY(presenter.texts.isEmpty());
     }
 
+    void questionsHaveTheirKeys_data()
+    {
+        QTest::addColumn<DBCQuestionId>("question");
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<bool>("asksToCancel");
+        using Id = DBCQuestionId;
+        const auto row = [](Id question, const char* key, bool asksToCancel = false) {
+            QTest::newRow(key) << question << QString::fromLatin1(key) << asksToCancel;
+        };
+        row(Id::BeginOperation, "IDS_MSG_ERR_0106");
+        row(Id::ReplaceExport, "IDS_MSG_ERR_0205");
+        row(Id::CancelExport, "IDS_MSG_ERR_0210", true);
+        row(Id::QuitAfterExport, "IDS_MSG_ERR_0211");
+        row(Id::CancelImport, "IDS_MSG_ERR_0315", true);
+        row(Id::QuitAfterImport, "IDS_MSG_ERR_0317");
+        row(Id::SettleUnfinishedImport, "IDS_MSG_UNFINISHED_IMPORT");
+        row(Id::RestoreBackup, "IDS_MSG_BACKUP_RESTORE");
+        row(Id::DeleteBackup, "IDS_MSG_BACKUP_DELETE");
+    }
+    void questionsHaveTheirKeys()
+    {
+        QFETCH(DBCQuestionId, question);
+        QFETCH(QString, key);
+        RecordingPresenter presenter;
+        QCOMPARE(DBCMessage::keyOf(question), key);
+        DBCMessage::ShowInfoMessage(DBCMessage::keyOf(question), DBCButton::Yes, DBCButton::No);
+        QCOMPARE(presenter.questions.size(), 1);
+        QTEST(presenter.questions.constFirst().asksToCancel(), "asksToCancel");
+    }
+
     void questionWithAThirdButton()
     {
         RecordingPresenter presenter;
@@ -155,8 +185,8 @@ private Q_SLOTS:
     void questionFillsItsArguments()
     {
         RecordingPresenter presenter;
-        DBCMessage::ShowInfoMessage(
-            u"IDS_MSG_ERR_0317"_s, DBCButton::Yes, DBCButton::No, {}, {qint64 {1200}});
+        DBCMessage::ShowInfoMessage(DBCMessage::keyOf(DBCQuestionId::QuitAfterImport),
+            DBCButton::Yes, DBCButton::No, {}, {qint64 {1200}});
         QVERIFY(presenter.questions.first().text.startsWith(u"Cards imported: 1,200."_s));
     }
 
@@ -204,7 +234,8 @@ private Q_SLOTS:
         int dismissed = 0;
         const DBCAnswer immediate = DBCMessage::ShowInfoMessageAlertSheet(
             nullptr, [&](DBCAnswer answer) { answers << answer; }, [&] { ++dismissed; },
-            u"IDS_MSG_ERR_0211"_s, DBCButton::Yes, DBCButton::No, {}, {qint64 {3}});
+            DBCMessage::keyOf(DBCQuestionId::QuitAfterExport), DBCButton::Yes, DBCButton::No, {},
+            {qint64 {3}});
         QCOMPARE(static_cast<int>(immediate), 0);
         QCOMPARE(answers, QList<DBCAnswer> {DBCAnswer::Default});
         QCOMPARE(dismissed, 1);

@@ -12,7 +12,7 @@ using Code = DBCResultCode;
 
 namespace {
 
-// "|" between the arguments.
+// The arguments as texts, with "|" between them.
 QString shown(const DBCMessageArguments& arguments)
 {
     QStringList texts;

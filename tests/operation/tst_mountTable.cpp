@@ -98,7 +98,7 @@ private Q_SLOTS:
         const TestHome home;
         QVERIFY(!DBCMountTable::read(home.path(u"missing"_s)).has_value());
         QVERIFY(!DBCMountTable::read(home.path()).has_value());
-        // Opens, and then fails to be read.
+        // Opening this file succeeds, and reading it fails.
         QVERIFY(!DBCMountTable::read(u"/proc/self/mem"_s).has_value());
     }
 

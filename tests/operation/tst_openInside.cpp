@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A folder "in" with files, and a file beside it.
+// A folder "in" with files in it, and a file beside that folder.
 struct Place {
     Place()
     {
@@ -30,7 +30,8 @@ struct Place {
         QVERIFY(QFile::link(target, at(name)));
     }
     QString at(const QString& name) const { return folder + u'/' + name; }
-    // What can be read at the path; the error's number where nothing can be opened.
+    // Returns the bytes of the file at the path, or the number of the error when it cannot be
+    // opened.
     QByteArray opened(const QString& path) const
     {
         const DBCDescriptor file = openInside(folder, path, O_RDONLY);
@@ -119,7 +120,7 @@ private Q_SLOTS:
         QCOMPARE(place.opened(path), QByteArray("a"));
     }
 
-    // A lookup that resolved links gives the folder's real path.
+    // DBCNameLookup resolves links, so it returns paths that begin with the folder's real path.
     void folderMayBeALinkItself()
     {
         Place place;

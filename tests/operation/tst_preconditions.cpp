@@ -25,7 +25,8 @@ private Q_SLOTS:
         QVERIFY(preconditions._checkPrecondition());
         QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::None);
         QCOMPARE(situation.presenter.numbers, nothingShown);
-        QCOMPARE(situation.questionKeys(), QStringList(u"IDS_MSG_ERR_0106"_s));
+        QCOMPARE(situation.questionKeys(),
+            QStringList(DBCMessage::keyOf(DBCQuestionId::BeginOperation)));
     }
 
     void questionOffersYesAndNoAndNoThirdButton()
@@ -59,7 +60,8 @@ private Q_SLOTS:
     void questionThatCannotBeAskedRefuses()
     {
         Situation situation(OperationType::Export);
-        const DBCLocalizable::Substitute texts({{u"IDS_MSG_ERR_0106"_s, std::nullopt}});
+        const DBCLocalizable::Substitute texts(
+            {{DBCMessage::keyOf(DBCQuestionId::BeginOperation), std::nullopt}});
         DBCPreconditions preconditions = situation.preconditions();
         QVERIFY(!preconditions._checkPrecondition());
         QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::ByCheck);
@@ -73,7 +75,7 @@ private Q_SLOTS:
         QTest::addColumn<OperationType>("type");
         QTest::addColumn<Change>("change");
         QTest::addColumn<quint32>("number");
-        QTest::addColumn<QString>("place"); // relative to the home of the situation
+        QTest::addColumn<QString>("place"); // relative to the situation's home folder
         const auto row = [](quint32 number, OperationType type, const char* place, Change change) {
             QTest::addRow("%u", number)
                 << type << std::move(change) << number << QString::fromUtf8(place);
@@ -109,7 +111,7 @@ private Q_SLOTS:
         QVERIFY2(!text.contains(u'%'), qPrintable(text));
     }
 
-    // The main application's version
+    // Tests of the check for the main application's version.
 
     void versionOfTheMainApplicationIsComparedAsText_data()
     {
@@ -158,7 +160,7 @@ private Q_SLOTS:
         QVERIFY(situation.check());
     }
 
-    // Order
+    // Tests of the order of the checks.
 
     void sourceOfTheOperationIsCheckedFirst_data() { bothOperations(); }
     void sourceOfTheOperationIsCheckedFirst()
@@ -180,7 +182,7 @@ private Q_SLOTS:
         QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::ByCheck);
     }
 
-    // The data path of an import
+    // Tests of the data path of an import.
 
     void importFolderPathOf520BytesIsTheLongest()
     {
@@ -244,7 +246,7 @@ private Q_SLOTS:
         QCOMPARE(situation.presenter.numbers, QList<quint32> {309});
     }
 
-    // The data path of an export
+    // Tests of the data path of an export.
 
     void newExportFolderAndItsTwoFoldersAreMade()
     {
@@ -310,8 +312,9 @@ private Q_SLOTS:
         Situation situation(OperationType::Export);
         situation.makeOldExport();
         QVERIFY(situation.check());
-        QCOMPARE(
-            situation.questionKeys(), QStringList({u"IDS_MSG_ERR_0106"_s, u"IDS_MSG_ERR_0205"_s}));
+        QCOMPARE(situation.questionKeys(),
+            QStringList({DBCMessage::keyOf(DBCQuestionId::BeginOperation),
+                DBCMessage::keyOf(DBCQuestionId::ReplaceExport)}));
         QVERIFY(!situation.oldExportStands());
         QVERIFY(QFileInfo(situation.exportFolder()).isDir());
     }
@@ -331,7 +334,8 @@ private Q_SLOTS:
     void olderExportThatCannotBeRemovedIsAnError()
     {
         Situation situation(OperationType::Export);
-        QVERIFY(QFile::link(situation.interchange, situation.exportFolder())); // never followed
+        QVERIFY(QFile::link(
+            situation.interchange, situation.exportFolder())); // the removal must not follow it
         QVERIFY(!situation.preconditions()._dataPathCheck());
         QCOMPARE(situation.presenter.numbers, QList<quint32> {204});
         QVERIFY(QFileInfo::exists(DBCInterchangeNames::dataFile(situation.interchange)));
@@ -378,7 +382,7 @@ private Q_SLOTS:
         QCOMPARE(situation.presenter.numbers, QList<quint32> {204});
     }
 
-    // Volumes
+    // Tests of the check for network volumes.
 
     void localAndNetworkVolumesAreTold_data()
     {
@@ -438,7 +442,7 @@ private Q_SLOTS:
             DBCPreconditions::_networkPathCheck(situation.package), DBCResultCode::GeneralFailure);
     }
 
-    // Paths
+    // Tests of expandedPath() and the default paths.
 
     void homeSignInFrontIsExpanded()
     {

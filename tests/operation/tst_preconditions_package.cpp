@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The package that an operation is to work on, checked before it begins.
+// The checks of the package before an operation.
 #include "datafile/helpers/DBCLocalizable.h"
 #include "tests/operation/PreconditionSituation.h"
 

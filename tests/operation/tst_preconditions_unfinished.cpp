@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The checks before an operation on a package whose last import did not finish.
-#include "carddb/DBCImportJournal.h"
+#include "carddb/DBCPackageJournal.h"
 #include "tests/operation/PreconditionSituation.h"
 
 #include <QDir>
 
 using namespace Qt::StringLiterals;
 
-using Stage = DBCImportJournal::Stage;
+using Stage = DBCPackageJournal::Stage;
 
 namespace {
 
@@ -17,7 +17,7 @@ struct Unfinished : Situation {
         , backup(home.makeFolder(u"cards_bak.vmdb"_s))
     {
         home.writeFile(u"cards_bak.vmdb/Velmora.sqldb"_s, "store of before");
-        const auto journal = DBCImportJournal::begin(package, backup);
+        const auto journal = DBCPackageJournal::begin(package, backup);
         if (!journal || !journal->enterImport(u"NEW-"_s))
             qFatal("no journal");
     }
@@ -30,7 +30,8 @@ struct Unfinished : Situation {
     QString backup;
 };
 
-const QStringList bothQuestions {u"IDS_MSG_ERR_0106"_s, u"IDS_MSG_UNFINISHED_IMPORT"_s};
+const QStringList bothQuestions {DBCMessage::keyOf(DBCQuestionId::BeginOperation),
+    DBCMessage::keyOf(DBCQuestionId::SettleUnfinishedImport)};
 
 } // namespace
 
@@ -104,7 +105,7 @@ private Q_SLOTS:
         QFETCH(quint32, number);
         Situation situation(type);
         const auto running
-            = DBCImportJournal::begin(situation.package, situation.home.path(u"cards_bak.vmdb"_s));
+            = DBCPackageJournal::begin(situation.package, situation.home.path(u"cards_bak.vmdb"_s));
         QVERIFY(!situation.check());
         QCOMPARE(situation.presenter.numbers, QList<quint32> {number});
     }

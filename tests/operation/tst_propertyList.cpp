@@ -29,7 +29,7 @@ QByteArray binaryDictionary()
         "6c6e6f0000000000000101000000000000000c00000000000000000000000000000078");
 }
 
-// {"a": the list that holds itself}.
+// {"a": a list that contains itself}.
 QByteArray cyclicBinary()
 {
     return QByteArray::fromHex("62706c6973743030"
@@ -125,7 +125,7 @@ private Q_SLOTS:
 
     void listThatUnfoldsWithoutEndIsNone()
     {
-        // {"a": list}, and 30 lists of which each holds the next one twice.
+        // {"a": list} with 30 lists, each of which contains the next one twice.
         QByteArray parts("\xD1\x01\x02\x51\x61");
         QByteArray offsets("\x08\x0B");
         constexpr char lists = 30;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a report is gathered from, and how the files of reports come and go.
+// How a report is gathered while a conversion runs, and how report files are written and removed.
 #include "operation/log/DBCLog.h"
 #include "report/DBCReportFiles.h"
 #include "report/DBCReportPage.h"
@@ -27,7 +27,7 @@ struct Reports {
         report.operation = OperationType::Import;
         report.started = QDateTime(QDate(2026, 11, 21), QTime(8, 15, 30));
     }
-    // The path of the page; empty: it could not be written.
+    // Returns the path of the page; empty if the report could not be written.
     QString write()
     {
         const auto written = DBCReportFiles::write(report, folder);
@@ -134,7 +134,7 @@ private Q_SLOTS:
         const QString older = reports.writePair(u"VelmoraConverter report 2020-01-01 10.00.00"_s);
         const QStringList before = reports.names();
         {
-            // Enough for the data, too little for the page.
+            // This is enough for the data, but too little for the page.
             const FileSizeLimit limit(1500);
             QCOMPARE(reports.write(), QString());
         }
@@ -166,7 +166,7 @@ private Q_SLOTS:
         const QByteArray rules = style.first(style.indexOf("</style>"));
         QVERIFY(rules.contains("prefers-color-scheme: dark"));
         QVERIFY(rules.contains("@media print"));
-        // Escaped for XML it would not be understood as a style of HTML.
+        // A style sheet that is escaped for XML is wrong when the page is read as HTML.
         QVERIFY(!rules.contains('&'));
     }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Signals are raised for the thread under test alone: others of this process may not block them.
+// Checks which signals a watcher receives. Signals are raised for the tested thread only, because
+// other threads of this process may not block them.
 #include "system/DBCSignalWatcher.h"
 
 #include <QCoreApplication>
@@ -80,7 +81,7 @@ private Q_SLOTS:
         QVERIFY(!isBlocked(SIGINT));
     }
 
-    // Unblocked while it waits, such a signal would end this program.
+    // A signal that is still pending when it is unblocked would end this program.
     void signalThatComesTooLateIsForgotten()
     {
         int calls = 0;

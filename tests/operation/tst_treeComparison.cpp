@@ -37,7 +37,7 @@ struct Pair {
     {
         home.writeFile(u"two/"_s + QString::fromLatin1(name), bytes);
     }
-    // "=" or the path of the difference.
+    // "=" if the folders are equal, else the path of the first difference.
     QByteArray compared(DBCTreeComparison::Questions questions = {}) const
     {
         DBCTreeComparison comparison(std::move(questions));
@@ -79,7 +79,7 @@ private Q_SLOTS:
         QCOMPARE(chmod(pair.at(name).constData(), 0600), 0);
         QCOMPARE(pair.compared(), name);
         for (const QByteArray& folder : {pair.one, pair.two})
-            unlink((folder + '/' + name).constData()); // Qt cannot name it
+            unlink((folder + '/' + name).constData()); // Qt cannot handle this name
     }
 
     void differenceIsFoundAndNamed_data()
@@ -158,7 +158,8 @@ private Q_SLOTS:
         QCOMPARE(pair.compared(), QFile::encodeName(name));
     }
 
-    // Only root may keep an owner, and a file that changed hands lost such rights.
+    // Only root can copy a file with its owner; a file that gets another owner loses its set-ID
+    // bits.
     void rightsLostWithTheOwnerAreNoDifference()
     {
         if (geteuid() != 0)

@@ -22,7 +22,7 @@ namespace {
 
 constexpr uid_t nobody = 65534;
 
-// A folder "tree" to copy and a place "copy" for its copy; names are bytes relative to the tree.
+// A folder "tree" and the path "copy" for its copy. Names are bytes, relative to the tree.
 struct Tree {
     TestHome home;
     QByteArray source = QFile::encodeName(home.makeFolder(u"tree"_s));
@@ -138,7 +138,7 @@ private Q_SLOTS:
         tree.folder("\xFF\xFE").file("\xFF\xFE/caf\xE9", "bytes");
         QVERIFY(tree.copy());
         QCOMPARE(contentsOf(tree.copyOf("\xFF\xFE/caf\xE9")), QByteArray("bytes"));
-        // Nor does QTemporaryDir know such names.
+        // QTemporaryDir cannot remove such names.
         for (const QByteArray& folder : {tree.source, tree.target})
             std::filesystem::remove_all(folder.toStdString());
     }
@@ -166,7 +166,8 @@ private Q_SLOTS:
         tree.folder("locked").file("locked/file", "inside").mode("locked", 0555);
         const bool copied = tree.copy();
         const mode_t mode = statusOf(tree.copyOf("locked")).st_mode & 07777;
-        chmod(tree.copyOf("locked").constData(), 0755); // so that the home can be removed
+        chmod(
+            tree.copyOf("locked").constData(), 0755); // so that the test can remove its home folder
         tree.mode("locked", 0755);
         QVERIFY(copied);
         QCOMPARE(mode, mode_t(0555));
@@ -238,7 +239,7 @@ private Q_SLOTS:
 
     void linkGivenAsTheSourceIsFollowed()
     {
-        // A backup that is a link to the package it should save would be none.
+        // A backup that is only a link to its package would save nothing.
         Tree tree;
         tree.file("file", "bytes");
         const QByteArray link = QFile::encodeName(tree.home.path(u"link"_s));
@@ -364,7 +365,8 @@ private Q_SLOTS:
         Tree tree;
         tree.file("large");
         const qint64 size = 64 << 20;
-        QCOMPARE(truncate(tree.at("large").constData(), size), 0); // takes no room on the disk
+        QCOMPARE(
+            truncate(tree.at("large").constData(), size), 0); // a sparse file, which takes no space
         std::vector<quint64> seen;
         DBCTreeCopy::Questions questions;
         questions.interval = std::chrono::seconds(0);
@@ -419,7 +421,7 @@ private Q_SLOTS:
         const auto openNow = [] { return QDir(u"/proc/self/fd"_s).count(); };
         const auto before = openNow();
         QVERIFY(tree.copy());
-        QVERIFY(!tree.copy()); // the target is taken
+        QVERIFY(!tree.copy()); // the target exists already
         QCOMPARE(openNow(), before);
     }
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The three ways of copying contents, and how one gives way to the next.
+// Checks the three ways of copying contents, and when the next one is used.
 #include "operation/copy/DBCContentsCopy.h"
 
 #include "system/DBCDescriptor.h"
@@ -29,7 +29,7 @@ ssize_t endAtOnce(int, int, std::size_t)
     return 0;
 }
 
-// Moves small pieces until it has been called often enough, then fails with refusal.
+// A way that copies small pieces for a number of calls and then fails with the error refusal.
 ssize_t failLater(int from, int to, std::size_t)
 {
     if (callsBeforeFailure-- == 0)
@@ -52,7 +52,7 @@ QByteArray numbered(int size)
     return bytes;
 }
 
-// A source file with known bytes, an empty target, and what a copy makes of them.
+// A source file with known bytes, an empty target, and the result of a copy.
 struct Copying {
     TestHome home;
     QByteArray bytes;

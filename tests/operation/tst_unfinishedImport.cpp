@@ -12,11 +12,11 @@
 
 using namespace Qt::StringLiterals;
 
-using Stage = DBCImportJournal::Stage;
+using Stage = DBCPackageJournal::Stage;
 
 namespace {
 
-// A dead import, and somebody who is asked.
+// An import that was killed, and a user who answers questions.
 struct Settling {
     explicit Settling(DBCAnswer answer = DBCAnswer::NotShown)
     {
@@ -24,7 +24,7 @@ struct Settling {
         dead.package.writeFile(u"Images/NEW-1_N1.pdf"_s, "new");
     }
     DBCSettlement settle() const { return settleUnfinishedImport(dead.package.path()); }
-    // The text of a key, filled with the package and its backup.
+    // The text of a key with the paths of the package and its backup filled in.
     QString text(const char* key) const
     {
         return getLocalString(key, {dead.package.path(), dead.backup});
@@ -67,7 +67,7 @@ private Q_SLOTS:
         settling.settle();
         QCOMPARE(settling.presenter.questions.size(), 1);
         const DBCQuestion question = settling.presenter.questions.constFirst();
-        QCOMPARE(question.key, u"IDS_MSG_UNFINISHED_IMPORT"_s);
+        QCOMPARE(question.key, DBCMessage::keyOf(DBCQuestionId::SettleUnfinishedImport));
         QVERIFY(question.text.contains(settling.dead.package.path()));
         QVERIFY(question.text.contains(settling.dead.backup));
         QCOMPARE(question.defaultButton, DBCMessage::btnLableString(DBCButton::Yes));
@@ -115,7 +115,8 @@ private Q_SLOTS:
     void questionWithoutItsTextIsNotAnswered()
     {
         Settling settling(DBCAnswer::Default);
-        const DBCLocalizable::Substitute texts({{u"IDS_MSG_UNFINISHED_IMPORT"_s, std::nullopt}});
+        const DBCLocalizable::Substitute texts(
+            {{DBCMessage::keyOf(DBCQuestionId::SettleUnfinishedImport), std::nullopt}});
         QCOMPARE(settling.settle(), DBCSettlement::NotAnswered);
         QVERIFY(settling.dead.hasJournal());
     }
@@ -125,7 +126,7 @@ private Q_SLOTS:
         const TestHome home;
         const RecordingPresenter presenter;
         const PackageFixture package(home);
-        const auto journal = DBCImportJournal::begin(package.path(), home.path(u"bak.vmdb"_s));
+        const auto journal = DBCPackageJournal::begin(package.path(), home.path(u"bak.vmdb"_s));
         QCOMPARE(settleUnfinishedImport(package.path()), DBCSettlement::InUse);
         QVERIFY(presenter.questions.isEmpty());
     }

@@ -113,6 +113,7 @@ NOT_RUN = {
     "tools/format": is_script,
     "tools/lint": is_script,
     "tools/package": is_script,
+    "tools/sample-comments": is_script_that_knows,
     "tools/test-conditions": is_script,
     "tools/test-package": is_script,
 }

@@ -42,7 +42,7 @@ QStringList resultCodes()
 bool makesCodesUp(const QString& fileName, const QString& text)
 {
     return fileName == u"tst_error.cpp" || fileName == u"tst_messageMapping.cpp"
-        || text.contains(u"tests/support/ScriptedConversion.h");
+        || text.contains(QRegularExpression(u"#include \"tests/\\w+/Scripted\\w+\\.h\""_s));
 }
 
 // The codes that stand where a test expects them: compared with, or in a row of its data. One that

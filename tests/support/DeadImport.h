@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What an import that was killed leaves behind.
+// Sets up the files that an import leaves behind when it is killed.
 #pragma once
 
-#include "carddb/DBCImportJournal.h"
 #include "carddb/DBCPackageCopy.h"
+#include "carddb/DBCPackageJournal.h"
 #include "tests/support/FolderSnapshot.h"
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/PackageFixture.h"
@@ -15,24 +15,25 @@
 
 using namespace Qt::StringLiterals;
 
-// A package with a card, its backup, and what a program that died left of an import.
+// A package with one card, its backup, and the journal of an import that was killed in the given
+// stage.
 struct DeadImport {
-    using Stage = DBCImportJournal::Stage;
+    using Stage = DBCPackageJournal::Stage;
 
     explicit DeadImport(Stage stage)
     {
         package.card().withPdf(PdfBuilder::cardPdf({JpegBuilder(30, 20).bytes()}));
-        if (!DBCPackageCopy().copy(package.path(), backup))
+        if (DBCPackageCopy().copy(package.path(), backup) != DBCPackageCopy::Outcome::Copied)
             qFatal("no backup");
         original = snapshotOf(backup);
-        const auto journal = DBCImportJournal::begin(package.path(), backup);
+        const auto journal = DBCPackageJournal::begin(package.path(), backup);
         const bool isNoted = stage == Stage::Backup || journal->enterImport(u"NEW-"_s);
         if (!isNoted
             || (stage != Stage::Import && stage != Stage::Backup && !journal->enter(stage)))
             qFatal("no journal");
     }
 
-    // Cards and files of the import, as far as it came.
+    // Adds the cards and files that the import had written by then.
     void hasNewCards(int count)
     {
         for (int number = 1; number <= count; ++number)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Takes every message and answers every question in advance, for as long as it lives.
+// Records every message and gives prepared answers to all questions. It is the presenter for as
+// long as it lives.
 #pragma once
 
 #include "operation/messages/DBCMessage.h"
@@ -28,6 +29,6 @@ struct RecordingPresenter : DBCMessagePresenter {
     QStringList titles;
     QStringList texts;
     QList<DBCQuestion> questions;
-    DBCAnswer answer = DBCAnswer::Alternate; // when answers has run dry
-    QList<DBCAnswer> answers;
+    DBCAnswer answer = DBCAnswer::Alternate; // once answers is empty
+    QList<DBCAnswer> answers; // to the next questions, in order
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Keeps every event of an operation as one line of text, name and values, in the order of arrival.
+// Records the events of an operation in the order of their arrival, each as one line of text.
 #pragma once
 
 #include "operation/base/DBCEvent.h"
@@ -21,8 +21,8 @@ struct RecordingReceiver : DBCEventReceiver {
             onEvent(event);
     }
 
-    // "DBC_ImportIsRunningNotification max=3 finished=1": the values that the event carries, in the
-    // order ok, max, finished, cancel.
+    // "DBC_ImportIsRunningNotification max=3 finished=1": the name and the values that the event
+    // carries, in the order ok, max, finished, cancel.
     static QString describe(const DBCEvent& event)
     {
         QString line = event.publicName();
@@ -43,6 +43,6 @@ struct RecordingReceiver : DBCEventReceiver {
 
     QStringList events;
     QList<const DBCConverterController*> senders;
-    QList<QThread*> threads; // that each event arrived on
-    std::function<void(const DBCEvent&)> onEvent; // called after the event is kept
+    QList<QThread*> threads; // the thread on which each event arrived
+    std::function<void(const DBCEvent&)> onEvent; // called after the event is recorded
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A conversion whose database and data file follow a script: for the situations that real ones do
-// not get into, and for failures at a chosen step. Folders, checks, log and messages are real.
+// A conversion with a substitute database and data file that follow a script, so that a test can
+// let any step fail. The driver, the folders, the checks, the log and the messages are real.
 #pragma once
 
 #include "carddb/DBCDataBaseController.h"
@@ -19,15 +19,16 @@
 
 using namespace Qt::StringLiterals;
 
-// What the substitutes do. Every hook may be empty; index counts from 0.
+// The behaviour of the substitutes. Every function may be empty, and index counts from 0.
 struct ConversionScript {
     bool opens = true;
-    std::vector<DBCRecord> records; // of the data file, or the cards of the database
-    std::optional<DBCError> loadError; // comes with the records
-    bool fetchesNothing = false; // neither cards nor an error
+    std::vector<DBCRecord> records; // import: the data file's records; export: the cards
+    std::optional<DBCError> loadError; // the reader returns it together with the records
+    bool fetchesNothing = false; // the fetch returns neither cards nor an error
     std::optional<DBCError> fetchError;
-    QString backupPath; // none: the backup leaves no path
+    QString backupPath; // empty: the database knows no backup path after a backup
     DBCResultCode backupResult = DBCResultCode::Success;
+    bool isBackupCancelled = false;
     DBCResultCode restoreResult = DBCResultCode::Success;
     DBCResultCode saveResult = DBCResultCode::Success;
 
@@ -38,11 +39,12 @@ struct ConversionScript {
     std::function<std::optional<DBCRecord>(int index, const DBCRecord& card, DBCError* error)>
         onExport;
 
-    QStringList calls; // what the driver had done, in order
-    int handled = 0;
+    QStringList calls; // the driver's calls, in order
+    int handled = 0; // records added or cards exported
 };
 
-// Keeps the descriptor that a controller which never locked anything closes.
+// A database controller that has not locked its package closes descriptor 0 when it is destroyed;
+// the first base class keeps that descriptor open.
 class ScriptedDataBase : private StandardInputKeeper, public DBCDataBaseController {
 public:
     explicit ScriptedDataBase(ConversionScript& script)
@@ -59,6 +61,7 @@ public:
         setBackupDBPath(_script.backupPath);
         return _script.backupResult;
     }
+    bool isBackupCancelled() const override { return _script.isBackupCancelled; }
     DBCResultCode restore() override
     {
         _script.calls << u"restore"_s;
@@ -135,7 +138,7 @@ struct ScriptedConversion {
             home.makeFolder(u"interchange/cards"_s);
     }
 
-    // Has disk usage asked of a shell script instead of "du".
+    // Replaces "du" by a shell script, which gets the path as its third argument.
     void measuresBy(const QByteArray& shellCommands)
     {
         const QString program = home.writeFile(u"du"_s, "#!/bin/sh\n" + shellCommands + '\n');
@@ -163,7 +166,7 @@ struct ScriptedConversion {
         };
     }
 
-    // Cards with the given names; every column is there.
+    // Adds records or cards with these names. They have every column.
     void hasCards(const QStringList& names)
     {
         for (const QString& name : names) {
@@ -185,7 +188,7 @@ struct ScriptedConversion {
         home.writeFile(u"interchange/Version.txt"_s, bytes);
     }
 
-    // A backup that a run would have made.
+    // Makes the backup that the scripted database claims to have made.
     void makesBackup()
     {
         script.backupPath = home.makeFolder(u"Velmora DB_bak.vmdb"_s);
@@ -201,8 +204,7 @@ struct ScriptedConversion {
         };
     }
 
-    // The log's lines without date, time and program: "[Info] text". A message of several lines has
-    // the further ones as they stand.
+    // The log's lines without date, time and program: "[Info] text".
     QStringList log() const
     {
         static const QRegularExpression head(u"^\\S+ \\S+ VelmoraConverter "_s);
@@ -218,12 +220,12 @@ struct ScriptedConversion {
     RecordingReceiver receiver;
     ConversionScript script;
     bool readerCanBeMade = true;
-    QString folder; // as the controller has it
+    QString folder; // the interchange folder, also for an export
     QString package;
     std::unique_ptr<DBCConverterController> controller;
 };
 
-// Short texts in place of the table's, so that a test can spell whole log lines.
+// Short texts that replace those of the strings table, so that tests can spell out whole log lines.
 inline QHash<QString, std::optional<QString>> shortTexts()
 {
     const auto key = [](const char* text) { return QString::fromLatin1(text); };
@@ -246,7 +248,7 @@ inline QHash<QString, std::optional<QString>> shortTexts()
         {key("IDS_MSG_ERR_0207"), key("message 207")},
         {key("IDS_MSG_ERR_0208"), key("message 208")},
         {key("IDS_MSG_ERR_0209"), key("message 209")},
-        {key("IDS_MSG_ERR_0210"), key("stop exporting?")},
+        {DBCMessage::keyOf(DBCQuestionId::CancelExport), key("stop exporting?")},
         {key("IDS_MSG_ERR_0301"), key("message 301")},
         {key("IDS_MSG_ERR_0306"), key("message 306")},
         {key("IDS_MSG_ERR_0307"), key("message 307 line %1")},
@@ -254,7 +256,7 @@ inline QHash<QString, std::optional<QString>> shortTexts()
         {key("IDS_MSG_ERR_0311"), key("message 311 %1%2")},
         {key("IDS_MSG_ERR_0313"), key("message 313")},
         {key("IDS_MSG_ERR_0314"), key("message 314")},
-        {key("IDS_MSG_ERR_0315"), key("stop importing?")},
+        {DBCMessage::keyOf(DBCQuestionId::CancelImport), key("stop importing?")},
         {key("IDS_MSG_ERR_0316"), key("message 316")},
     };
 }

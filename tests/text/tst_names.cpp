@@ -9,7 +9,7 @@ using DBCNames::judgeLanguage;
 using DBCNames::separateName;
 using DBCNames::separateNameYomi;
 
-// "-" stands for a part that is not set.
+// Returns "-" for a part that is not set.
 static QString shown(const std::optional<QString>& part)
 {
     return part.value_or(u"-"_s);
@@ -20,7 +20,7 @@ static QStringList shown(const DBCNameParts& parts)
     return {shown(parts.first), shown(parts.middle), shown(parts.family)};
 }
 
-// The rules that hold for names and readings alike: text, then first, middle, family.
+// Rows for the rules that names and readings share. Columns: text, first, middle and family part.
 static void addSharedRows()
 {
     QTest::addColumn<QString>("text");

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A desktop of its own for one run: a screen in memory, a window manager, a session bus, and a
-screen reader's view of what is on the screen. The user's hands are xdotool."""
+"""A separate desktop for one run: a screen in memory, a window manager, a session bus, and the view
+that a screen reader has of the screen. xdotool presses the keys of the user."""
 
 import os
 import signal
@@ -13,7 +13,7 @@ BETWEEN_LOOKS = 0.05  # seconds
 
 
 def wait_for(what, look):
-    """The first answer of look that is not empty."""
+    """Calls look until its answer is not empty, and returns this answer."""
     deadline = time.monotonic() + PATIENCE
     while time.monotonic() < deadline:
         found = look()
@@ -24,7 +24,7 @@ def wait_for(what, look):
 
 
 class Session:
-    """Everything started here ends with it, and with this process however that ends."""
+    """Everything started here ends with the session, and also when this process crashes."""
 
     def __init__(self, folder):
         self._started = []
@@ -52,7 +52,7 @@ class Session:
         return process
 
     def _start_screen(self):
-        """The server itself looks for a free number."""
+        """Starts the display server, which chooses a free number itself."""
         ours, theirs = os.pipe()
         self._start(
             "Xvfb", "-displayfd", str(theirs), "-screen", "0", "1280x900x24", pass_fds=[theirs]
@@ -74,7 +74,7 @@ class Session:
 
 
 def hands(*command, check=True):
-    """What xdotool prints."""
+    """Runs xdotool and returns its output."""
     done = subprocess.run(
         ["xdotool", *map(str, command)], capture_output=True, text=True, check=False
     )
@@ -92,7 +92,7 @@ def type_text(text):
 
 
 class ScreenReader:
-    """What assistive programs see of a program. Import only once the session stands."""
+    """The view that assistive programs have of a program. Needs a running session."""
 
     def __init__(self, program):
         import gi
@@ -124,7 +124,7 @@ class ScreenReader:
         return GLib.Error
 
     def showing(self):
-        """Role, name and object of everything that is on the screen."""
+        """Role, name and object of every element on the screen."""
         seen = []
         for application in self._applications():
             for node in self._walk(application):
@@ -136,7 +136,7 @@ class ScreenReader:
         return seen
 
     def texts(self):
-        """What stands in the fields."""
+        """The texts of the fields."""
         fields = [node for role, _, node in self.showing() if role == "text"]
         return [self._atspi.Text.get_text(field, 0, -1) for field in fields]
 
@@ -147,7 +147,7 @@ class ScreenReader:
         return any(text in name for name in self.names())
 
     def find(self, name):
-        """The control of that name, once it is on the screen."""
+        """Waits until the control of this name is on the screen, and returns it."""
         return wait_for(
             f"the control {name!r}; heard: {self.names()}",
             lambda: [node for _, other, node in self.showing() if other == name],

@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The window as a user has it, from the first key to the last: end_to_end.py PROGRAM CONVERT SAMPLES.
+"""Uses the window as a user does, from start to end: end_to_end.py PROGRAM CONVERT SAMPLES.
 
-Nothing but keys, mouse clicks and what a screen reader is told; what must have happened is then
-looked for on the disk."""
+The test uses only keys, mouse clicks and the texts that a screen reader gets. Afterwards it checks
+the results on the disk."""
 
 import shutil
 import sqlite3
@@ -22,7 +22,7 @@ DATA_FILE = "名刺データ.txt"
 QUIT_MAIN_PROGRAM = "Quit Velmora before you begin"
 QUIT_NOW = "Do you want to quit VelmoraConverter?"
 CANCEL_IMPORT = "Do you want to cancel the import?"
-RESTORE_BACKUP = "Put this backup in place of the card database?"
+RESTORE_BACKUP = "Restore the card database from this backup?"
 
 
 class Window:
@@ -34,7 +34,7 @@ class Window:
         wait_for("the window in front", lambda: active_window() == PROGRAM)
 
     def start_again(self):
-        """The exit code of a second copy."""
+        """Starts a second copy and returns its exit code."""
         return subprocess.run(self._command, stdin=subprocess.DEVNULL, check=False).returncode
 
     def has_ended(self):
@@ -50,7 +50,7 @@ class Window:
         self.reader.find("Back")
 
     def fill(self, first, second, keys_between=("Tab", "Tab")):
-        """The two paths, source first, from the field that has the focus."""
+        """Types the two paths, the source first, beginning in the field that has the focus."""
         for number, path in enumerate((first, second)):
             if number:
                 press(*keys_between)
@@ -170,7 +170,7 @@ def restore_backup(window, package):
     window.reader.wait_until_hears(backup.name)
     press("alt+r")
     window.answer(RESTORE_BACKUP, "Return")
-    window.reader.wait_until_hears(f"is as it is in the backup [{backup.name}]")
+    window.reader.wait_until_hears(f"has been restored from the backup [{backup.name}]")
     assert cards_in(package) == cards_in(backup) == 0
     assert cards_in(package.with_name("Cards_bak1.vmdb")) == SAMPLE_CARDS
     wait_for("the backups in front", lambda: active_window() == "Backups")

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "carddb/DBCImportJournal.h"
+#include "carddb/DBCPackageJournal.h"
 
 #include "system/DBCDiskFlush.h"
 #include "system/DBCHiddenName.h"
@@ -20,9 +20,9 @@
 
 namespace {
 
-using Stage = DBCImportJournal::Stage;
+using Stage = DBCPackageJournal::Stage;
 
-constexpr qsizetype sizeLimit = 0x10000; // bytes; four lines take a few hundred
+constexpr qsizetype sizeLimit = 0x10000; // bytes that are read; four lines take a few hundred
 constexpr mode_t journalMode = S_IRUSR | S_IWUSR;
 
 struct StageName {
@@ -76,18 +76,18 @@ QString folderOf(const QString& path)
 
 } // namespace
 
-DBCImportJournal::DBCImportJournal(const QString& path, int descriptor)
+DBCPackageJournal::DBCPackageJournal(const QString& path, int descriptor)
     : _path(path)
     , _file(descriptor)
 {
 }
 
-std::unique_ptr<DBCImportJournal> DBCImportJournal::begin(
+std::unique_ptr<DBCPackageJournal> DBCPackageJournal::begin(
     const QString& package, const QString& backup)
 {
-    const QString path = DBCHiddenName::importJournalOf(package);
-    std::unique_ptr<DBCImportJournal> journal(
-        new DBCImportJournal(path, openJournal(path, O_CREAT | O_EXCL)));
+    const QString path = DBCHiddenName::journalOf(package);
+    std::unique_ptr<DBCPackageJournal> journal(
+        new DBCPackageJournal(path, openJournal(path, O_CREAT | O_EXCL)));
     if (!journal->_file)
         return nullptr;
     journal->_backupName = QFileInfo(backup).fileName();
@@ -98,17 +98,18 @@ std::unique_ptr<DBCImportJournal> DBCImportJournal::begin(
     return nullptr;
 }
 
-DBCImportJournal::SearchResult DBCImportJournal::find(const QString& package)
+DBCPackageJournal::SearchResult DBCPackageJournal::find(const QString& package)
 {
-    const QString path = DBCHiddenName::importJournalOf(package);
-    std::unique_ptr<DBCImportJournal> journal(new DBCImportJournal(path, openJournal(path, 0)));
+    const QString path = DBCHiddenName::journalOf(package);
+    std::unique_ptr<DBCPackageJournal> journal(new DBCPackageJournal(path, openJournal(path, 0)));
     if (!journal->_file)
         return {errno == ENOENT ? Search::None : Search::Unreadable, nullptr};
     if (!isRegularFile(journal->_file.get()))
         return {Search::Unreadable, nullptr};
     if (flock(journal->_file.get(), LOCK_EX | LOCK_NB) != 0)
         return {Search::HeldByAnother, nullptr};
-    // Whoever held it may have ended it just now; then it bears no name any more.
+    // The process that held it may have removed it between open() and flock(); then the file has no
+    // name any more.
     struct stat status { };
     if (fstat(journal->_file.get(), &status) != 0 || status.st_nlink == 0)
         return {Search::None, nullptr};
@@ -117,7 +118,7 @@ DBCImportJournal::SearchResult DBCImportJournal::find(const QString& package)
     return {Search::Found, std::move(journal)};
 }
 
-bool DBCImportJournal::enter(Stage stage)
+bool DBCPackageJournal::enter(Stage stage)
 try {
     QJsonObject line {{stageKey, nameOf(stage)}};
     if (stage == Stage::Backup)
@@ -129,33 +130,33 @@ try {
     _stage = stage;
     return true;
 } catch (const std::bad_alloc&) {
-    // A restore goes on without the note: the stage before leads to the same question.
+    // A restore goes on without the line: the previous stage leads to the same recovery question.
     return false;
 }
 
-bool DBCImportJournal::enterImport(const QString& cardIDStart)
+bool DBCPackageJournal::enterImport(const QString& cardIDStart)
 {
     _cardIDStart = cardIDStart;
     return enter(Stage::Import);
 }
 
-bool DBCImportJournal::end()
+bool DBCPackageJournal::end()
 {
     return QFile::remove(_path) && DBCDiskFlush::folder(folderOf(_path));
 }
 
-QString DBCImportJournal::backupPath() const
+QString DBCPackageJournal::backupPath() const
 {
     return _backupName.isEmpty() ? QString() : folderOf(_path) + u'/' + _backupName;
 }
 
-bool DBCImportJournal::append(const QByteArray& line)
+bool DBCPackageJournal::append(const QByteArray& line)
 {
-    // The first line end closes off what a full disk may have cut short before.
+    // The leading line end separates this line from one that a full disk cut short.
     return writeWhole(_file.get(), '\n' + line + '\n') && DBCDiskFlush::file(_file.get());
 }
 
-bool DBCImportJournal::readStages()
+bool DBCPackageJournal::readStages()
 {
     QByteArray bytes(sizeLimit, Qt::Uninitialized);
     const ssize_t length = pread(_file.get(), bytes.data(), sizeLimit, 0);
@@ -168,7 +169,7 @@ bool DBCImportJournal::readStages()
     return lseek(_file.get(), 0, SEEK_END) >= 0;
 }
 
-void DBCImportJournal::takeLine(const QByteArray& line)
+void DBCPackageJournal::takeLine(const QByteArray& line)
 {
     const QJsonObject object = QJsonDocument::fromJson(line).object();
     const QString name = object.value(stageKey).toString();
@@ -177,7 +178,8 @@ void DBCImportJournal::takeLine(const QByteArray& line)
     if (row == stageNames.end())
         return;
     _stage = row->stage;
-    // Only a name in the package's own folder: a line that somebody forged leads nowhere else.
+    // Accept only names without a path, so that a forged line cannot lead out of the package's
+    // folder.
     if (const QString backup = object.value(backupKey).toString(); !backup.contains(u'/'))
         _backupName = backup.isEmpty() ? _backupName : backup;
     if (object.contains(cardsKey))

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "carddb/DBCImportJournal.h"
+#include "carddb/DBCPackageJournal.h"
 
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/FileSizeLimit.h"
@@ -19,16 +19,16 @@
 
 using namespace Qt::StringLiterals;
 
-using Journal = DBCImportJournal;
-using Stage = DBCImportJournal::Stage;
-using Search = DBCImportJournal::Search;
+using Journal = DBCPackageJournal;
+using Stage = DBCPackageJournal::Stage;
+using Search = DBCPackageJournal::Search;
 
-class tst_importJournal : public QObject {
+class tst_packageJournal : public QObject {
     Q_OBJECT
 
 private:
     std::unique_ptr<Journal> begin() const { return Journal::begin(_package, _backup); }
-    // A program that died with the journal in this state.
+    // Leaves a journal as a program does that died in this stage.
     void leaveBehind(Stage stage) const
     {
         const auto journal = begin();
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QCOMPARE(found.journal->stage(), Stage::Import);
         QCOMPARE(found.journal->backupPath(), _backup);
         QCOMPARE(found.journal->cardIDStart(), u"0A1B-"_s);
-        QCOMPARE(search(), Search::HeldByAnother); // by whoever found it
+        QCOMPARE(search(), Search::HeldByAnother); // the object in found holds it
     }
 
     void deadImportKeepsANewOneFromBeginning()
@@ -196,7 +196,7 @@ private Q_SLOTS:
     void endlessJournalIsReadToALimit()
     {
         leaveBehind(Stage::Import);
-        QVERIFY(QFile::resize(_path, qint64(1) << 36)); // sparse: takes no space
+        QVERIFY(QFile::resize(_path, qint64(1) << 36)); // a sparse file, which takes no space
         const auto found = Journal::find(_package);
         QCOMPARE(found.search, Search::Found);
         QCOMPARE(found.journal->stage(), Stage::Import);
@@ -263,5 +263,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_importJournal)
-#include "tst_importJournal.moc"
+QTEST_GUILESS_MAIN(tst_packageJournal)
+#include "tst_packageJournal.moc"

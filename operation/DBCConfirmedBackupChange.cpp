@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operation/DBCChosenBackup.h"
+#include "operation/DBCConfirmedBackupChange.h"
 
 #include "carddb/DBCPackageBackups.h"
 #include "operation/DBCUnfinishedImport.h"
@@ -25,10 +25,11 @@ std::optional<DBCBackup> find(const QString& package, const QString& name)
     return path ? std::optional(DBCPackageBackups::describe(*path)) : std::nullopt;
 }
 
-bool isConfirmed(const char* key, const QString& package, const DBCBackup& backup)
+bool isConfirmed(DBCQuestionId question, const QString& package, const DBCBackup& backup)
 {
-    const DBCAnswer answer = DBCMessage::ShowInfoMessage(QString::fromLatin1(key), DBCButton::Yes,
-        DBCButton::No, {}, {backup.name(), backup.dateText(), cardsIn(backup), package});
+    const DBCAnswer answer
+        = DBCMessage::ShowInfoMessage(DBCMessage::keyOf(question), DBCButton::Yes, DBCButton::No,
+            {}, {backup.name(), backup.dateText(), cardsIn(backup), package});
     return answer == DBCAnswer::Default;
 }
 
@@ -45,7 +46,7 @@ Result logged(const char* label, const QString& name, const std::function<Result
 
 } // namespace
 
-Result restoreChosenBackup(
+Result restoreBackupIfConfirmed(
     const QString& package, const QString& name, const DBCBackupChange::Events& events)
 {
     switch (settleUnfinishedImport(package)) {
@@ -57,20 +58,21 @@ Result restoreChosenBackup(
         return {Outcome::NotConfirmed};
     case DBCSettlement::InUse:
     case DBCSettlement::Failed:
-        break; // the change refuses, and says why
+        break; // DBCBackupChange refuses and gives the reason
     }
-    // What is missing or damaged is refused, so that there is nothing to ask.
+    // A backup that is missing or damaged will be refused, so there is nothing to confirm.
     const auto backup = find(package, name);
-    if (backup && !backup->isDamaged() && !isConfirmed("IDS_MSG_BACKUP_RESTORE", package, *backup))
+    if (backup && !backup->isDamaged()
+        && !isConfirmed(DBCQuestionId::RestoreBackup, package, *backup))
         return {Outcome::NotConfirmed};
     return logged(
         "IDS_LBL_RESTORE", name, [&] { return DBCBackupChange(package, name).restore(events); });
 }
 
-Result deleteChosenBackup(const QString& package, const QString& name)
+Result deleteBackupIfConfirmed(const QString& package, const QString& name)
 {
     const auto backup = find(package, name);
-    if (backup && !isConfirmed("IDS_MSG_BACKUP_DELETE", package, *backup))
+    if (backup && !isConfirmed(DBCQuestionId::DeleteBackup, package, *backup))
         return {Outcome::NotConfirmed};
     return logged(
         "IDS_LBL_DELETE_BACKUP", name, [&] { return DBCBackupChange(package, name).remove(); });
