@@ -206,8 +206,7 @@ private Q_SLOTS:
         QCOMPARE(run.exitCode, exitCode);
         QCOMPARE(desk.package.contents(), before);
         if (exitCode == 1)
-            QVERIFY2(
-                run.errors.contains(u"Another conversion is at work"_s), qPrintable(run.errors));
+            QVERIFY2(run.errors.contains(u"Another conversion is using"_s), qPrintable(run.errors));
     }
 };
 

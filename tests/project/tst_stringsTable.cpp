@@ -96,8 +96,8 @@ QSet<QString> keysOfSources()
 {
     static const QRegularExpression key(u"\\bIDS_[A-Za-z0-9_]*[A-Za-z0-9]\\b"_s);
     QSet<QString> keys;
-    for (const char* folder :
-        {"text", "datafile", "cardimage", "carddb", "operation", "cli", "app", "resources"}) {
+    for (const char* folder : {"text", "system", "datafile", "cardimage", "carddb", "report",
+             "operation", "cli", "app", "resources"}) {
         QDirIterator files(u"" VELMORA_SOURCE_DIR "/"_s + QString::fromLatin1(folder),
             {u"*.h"_s, u"*.cpp"_s, u"*.ui"_s}, QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {

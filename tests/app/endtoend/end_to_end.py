@@ -22,7 +22,7 @@ DATA_FILE = "名刺データ.txt"
 QUIT_MAIN_PROGRAM = "Quit Velmora before you begin"
 QUIT_NOW = "Do you want to quit VelmoraConverter?"
 CANCEL_IMPORT = "Do you want to cancel the import?"
-RESTORE_BACKUP = "Put this backup in place of the card database?"
+RESTORE_BACKUP = "Restore the card database from this backup?"
 
 
 class Window:
