@@ -3,6 +3,7 @@
 
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCStoreCopy.h"
+#include "system/DBCDescriptor.h"
 #include "system/DBCPathNames.h"
 
 #include <SQLiteCpp/Database.h>
@@ -18,6 +19,7 @@
 #include <set>
 #include <string>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 
 namespace {
@@ -32,9 +34,12 @@ std::string quoted(const std::string& name)
     return result + '"';
 }
 
-qint64 count(SQLite::Database& store, const std::string& rows)
+qint64 count(SQLite::Database& store, const std::string& rows, const std::string& ownStart = {})
 {
-    return store.execAndGet("SELECT count(*) FROM (" + rows + ")").getInt64();
+    SQLite::Statement statement(store, "SELECT count(*) FROM (" + rows + ")");
+    if (statement.getBindParameterCount() != 0)
+        statement.bind(":own", ownStart);
+    return statement.executeStep() ? statement.getColumn(0).getInt64() : 0;
 }
 
 // Rows of the first table that the second does not have with the same values.
@@ -43,10 +48,17 @@ std::string rowsOnlyIn(const std::string& first, const std::string& second)
     return "SELECT * FROM " + first + " EXCEPT SELECT * FROM " + second;
 }
 
-std::string cardsOnlyIn(const char* first, const char* second)
+// The cards of a schema but for the import's own, which begin with the text bound to :own.
+std::string foreignCards(const std::string& schema)
 {
-    return std::string("SELECT 1 FROM ") + first + ".ZCARD WHERE Z_PK NOT IN (SELECT Z_PK FROM "
-        + second + ".ZCARD)";
+    return "(SELECT * FROM " + schema
+        + ".ZCARD WHERE :own = '' OR substr(ifnull(ZCARDID, ''), 1, length(:own)) <> :own)";
+}
+
+std::string cardsOnlyIn(const std::string& first, const std::string& second)
+{
+    return "SELECT Z_PK FROM " + foreignCards(first) + " WHERE Z_PK NOT IN (SELECT Z_PK FROM "
+        + foreignCards(second) + ")";
 }
 
 std::set<std::string> tablesOf(SQLite::Database& store, const char* schema)
@@ -66,28 +78,33 @@ bool isOtherTableChanged(SQLite::Database& store, const std::string& table)
     return count(store, rowsOnlyIn(now, then)) != 0 || count(store, rowsOnlyIn(then, now)) != 0;
 }
 
-void compareRows(SQLite::Database& store, DBCPackageChanges& changes)
+void compareRows(SQLite::Database& store, const std::string& ownStart, DBCPackageChanges& changes)
 {
-    changes.addedCards = count(store, cardsOnlyIn("main", "backup"));
-    changes.removedCards = count(store, cardsOnlyIn("backup", "main"));
-    changes.changedCards
-        = count(store, rowsOnlyIn("main.ZCARD", "backup.ZCARD")) - changes.addedCards;
+    const std::string now = foreignCards("main");
+    const std::string then = foreignCards("backup");
+    changes.addedCards = count(store, cardsOnlyIn("main", "backup"), ownStart);
+    changes.removedCards = count(store, cardsOnlyIn("backup", "main"), ownStart);
+    changes.changedCards = count(store, rowsOnlyIn(now, then), ownStart) - changes.addedCards;
 
     const std::set<std::string> tables = tablesOf(store, "main");
     changes.isOtherDataChanged = tables != tablesOf(store, "backup");
     for (const std::string& table : tables) {
         if (changes.isOtherDataChanged)
             return;
-        if (table != "ZCARD")
+        // The table of keys only follows the cards.
+        if (table != "ZCARD" && table != "Z_PRIMARYKEY")
             changes.isOtherDataChanged = isOtherTableChanged(store, table);
     }
 }
 
-void compareStores(const QString& package, const QString& backup, DBCPackageChanges& changes)
+void compareStores(const QString& package, const QString& backup, const QString& cardIDStart,
+    DBCPackageChanges& changes)
 {
     const DBCStoreCopy now(package);
     const DBCStoreCopy then(backup);
-    if (!now.isCopied() || !then.isCopied()) {
+    const bool areBothThere
+        = QFileInfo::exists(now.storeFile()) && QFileInfo::exists(then.storeFile());
+    if (!now.isCopied() || !then.isCopied() || !areBothThere) {
         changes.isUnknown = true;
         return;
     }
@@ -98,7 +115,7 @@ void compareStores(const QString& package, const QString& backup, DBCPackageChan
         SQLite::Statement attach(store, "ATTACH ? AS backup");
         attach.bind(1, nativePath(then.storeFile()).string());
         attach.exec();
-        compareRows(store, changes);
+        compareRows(store, cardIDStart.toStdString(), changes);
     } catch (const SQLite::Exception&) {
         changes.isUnknown = true;
     }
@@ -182,9 +199,25 @@ DBCPackageChanges changesSinceBackup(
     const QString& package, const QString& backup, const QString& cardIDStart)
 {
     DBCPackageChanges changes;
-    if (!QFileInfo(package).isDir())
+    if (!QFileInfo(package).isDir() || !QFileInfo(backup).isDir())
         return changes;
-    compareStores(package, backup, changes);
+    compareStores(package, backup, cardIDStart, changes);
     compareFiles(package, backup, cardIDStart, changes);
     return changes;
+}
+
+bool isStoreInUse(const QString& package)
+{
+    // SQLite locks bytes from 1 GiB on: one for pending, one for reserved, 510 for shared locks.
+    constexpr off_t firstLockByte = 0x40000000;
+    constexpr off_t lockBytes = 512;
+    const DBCDescriptor store(
+        open(QFile::encodeName(DBCPackageLayout::storeFile(package)).constData(),
+            O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    struct flock lock { };
+    lock.l_type = F_WRLCK;
+    lock.l_whence = SEEK_SET;
+    lock.l_start = firstLockByte;
+    lock.l_len = lockBytes;
+    return store && fcntl(store.get(), F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
 }

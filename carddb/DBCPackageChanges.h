@@ -21,10 +21,16 @@ struct DBCPackageChanges {
 };
 
 // cardIDStart: how the IDs of the import's own cards begin; empty if there are none. A package that
-// does not exist has no changes: there is nothing that could be lost.
+// does not exist has no changes: there is nothing that could be lost. Nor has one without a backup:
+// it cannot be replaced.
 //
 // The stores are compared as copies in a temporary folder, by the values of their rows, because a
 // checkpoint or a rolled back transaction changes their bytes only. Files are compared by size and
 // modification time, which a backup keeps. Nothing is written beside either package.
 DBCPackageChanges changesSinceBackup(
     const QString& package, const QString& backup, const QString& cardIDStart);
+
+// Whether another process holds a lock on the package's store: it is reading or has a transaction
+// open, or the store has a write-ahead log and the process is connected. This process must have no
+// connection to that store, because the look would drop its locks.
+bool isStoreInUse(const QString& package);

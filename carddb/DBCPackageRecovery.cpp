@@ -11,7 +11,6 @@
 #include "carddb/store/DBCManagedObjectContext.h"
 #include "carddb/store/DBCManagedObjectModel.h"
 #include "system/DBCHiddenName.h"
-#include "system/DBCRename.h"
 
 #include <SQLiteCpp/Exception.h>
 
@@ -110,21 +109,11 @@ DBCResultCode DBCPackageRecovery::restore()
     if (!guard || !_journal || _journal->backupPath().isEmpty())
         return DBCResultCode::RestoreFailure;
     const DBCResultCode code = changes().any()
-        ? restoreBesideChangedPackage()
+        ? DBCPackageRestore::restoreKeepingPackage(
+            _package, _journal->backupPath(), &_keptPackagePath)
         : DBCPackageRestore::restore(_package, _journal->backupPath());
     if (code == DBCResultCode::Success && cleanUp())
         _state = State::Nothing;
-    return code;
-}
-
-DBCResultCode DBCPackageRecovery::restoreBesideChangedPackage()
-{
-    const auto kept = DBCBackupName::firstFree(_package);
-    if (!kept || !moveToFreeName(_package, *kept))
-        return DBCResultCode::RestoreFailure;
-    const DBCResultCode code = DBCPackageRestore::restore(_package, _journal->backupPath());
-    if (code == DBCResultCode::Success || !moveToFreeName(*kept, _package))
-        _keptPackagePath = *kept;
     return code;
 }
 

@@ -58,7 +58,6 @@ public:
 private:
     State settleWhatNeedsNoDecision();
     bool wasSaved() const;
-    DBCResultCode restoreBesideChangedPackage();
     bool cleanUp();
 
     QString _package;
