@@ -134,6 +134,8 @@ public:
 private:
     DBCError addCard(const DBCRecord& record, const QString& fromPath);
     DBCPackageCopy::Outcome backUpTo(const QString& target);
+    bool isChangedByOthers();
+    DBCResultCode restorePackage();
     QString cardIDStart(); // the prefix shared by the IDs of all cards that this import adds
 
     std::unique_ptr<DBCManagedObjectModel> _managedObjectModel;

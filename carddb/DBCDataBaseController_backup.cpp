@@ -3,9 +3,11 @@
 
 #include "carddb/DBCBackupName.h"
 #include "carddb/DBCPackageAttributes.h"
+#include "carddb/DBCPackageChanges.h"
 #include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCPackageRestore.h"
+#include "carddb/store/DBCManagedObjectContext.h"
 #include "cardimage/DBCDiskUsage.h"
 #include "datafile/helpers/DBCCommonFunction.h"
 #include "datafile/helpers/DBCLocalizable.h"
@@ -98,9 +100,31 @@ DBCResultCode DBCDataBaseController::restore()
     // recovery question.
     if (_journal)
         (void)_journal->enter(DBCPackageJournal::Stage::Restore);
-    const DBCResultCode code = DBCPackageRestore::restore(_strDBPath, _strBackupDBPath);
+    const DBCResultCode code = restorePackage();
     if (_journal && code == DBCResultCode::Success)
         (void)_journal->enter(DBCPackageJournal::Stage::Restored);
+    return code;
+}
+
+// Closes the store first: looking at its file through another descriptor would drop the locks of
+// an open connection.
+bool DBCDataBaseController::isChangedByOthers()
+{
+    const QString ownCards = cardIDStart();
+    _managedObjectContext.reset();
+    return isStoreInUse(_strDBPath)
+        || changesSinceBackup(_strDBPath, _strBackupDBPath, ownCards).any();
+}
+
+DBCResultCode DBCDataBaseController::restorePackage()
+{
+    if (!isChangedByOthers())
+        return DBCPackageRestore::restore(_strDBPath, _strBackupDBPath);
+    QString kept;
+    const DBCResultCode code
+        = DBCPackageRestore::restoreKeepingPackage(_strDBPath, _strBackupDBPath, &kept);
+    if (!kept.isEmpty())
+        DBCLog::warning(getLocalString("IDS_LOG_INF_CHANGES_KEPT", {_strDBPath, kept}));
     return code;
 }
 

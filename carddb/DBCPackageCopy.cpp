@@ -8,6 +8,7 @@
 #include "operation/log/DBCLog.h"
 #include "system/DBCDiskFlush.h"
 #include "system/DBCHiddenName.h"
+#include "system/DBCRename.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -28,31 +29,6 @@ namespace {
 bool isIndexOfLog(const QByteArray& path)
 {
     return path.endsWith("-shm");
-}
-
-// Some file systems in user space (mostly for NTFS disks) do not know RENAME_NOREPLACE, and old
-// kernels and some containers do not know renameat2().
-bool isUnknownToTheSystem(int error)
-{
-    return error == EINVAL || error == ENOSYS || error == EPERM;
-}
-
-bool isFree(const QByteArray& name)
-{
-    struct stat status { };
-    return lstat(name.constData(), &status) != 0 && errno == ENOENT;
-}
-
-// Fails if something has appeared at the name meanwhile. Where the system has no such rename, the
-// name is checked first, which leaves a gap of a few instructions.
-bool moveToFreeName(const QString& path, const QString& name)
-{
-    const QByteArray from = QFile::encodeName(path);
-    const QByteArray to = QFile::encodeName(name);
-    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
-        return true;
-    return isUnknownToTheSystem(errno) && isFree(to)
-        && std::rename(from.constData(), to.constData()) == 0;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCPackageRecovery.h"
 
+#include "carddb/DBCBackupName.h"
 #include "carddb/DBCPackageCopy.h"
 #include "carddb/DBCPackageGuard.h"
 #include "carddb/DBCPackageJournal.h"
@@ -94,12 +95,22 @@ bool DBCPackageRecovery::wasSaved() const
     return isFound;
 }
 
+DBCPackageChanges DBCPackageRecovery::changes() const
+{
+    if (!_journal || _journal->backupPath().isEmpty())
+        return {};
+    return changesSinceBackup(_package, _journal->backupPath(), _journal->cardIDStart());
+}
+
 DBCResultCode DBCPackageRecovery::restore()
 {
     const auto guard = DBCPackageGuard::hold(_package, DBCPackageGuard::Use::Changing);
     if (!guard || !_journal || _journal->backupPath().isEmpty())
         return DBCResultCode::RestoreFailure;
-    const DBCResultCode code = DBCPackageRestore::restore(_package, _journal->backupPath());
+    const DBCResultCode code = changes().any()
+        ? DBCPackageRestore::restoreKeepingPackage(
+            _package, _journal->backupPath(), &_keptPackagePath)
+        : DBCPackageRestore::restore(_package, _journal->backupPath());
     if (code == DBCResultCode::Success && cleanUp())
         _state = State::Nothing;
     return code;
@@ -107,7 +118,15 @@ DBCResultCode DBCPackageRecovery::restore()
 
 bool DBCPackageRecovery::keep()
 {
-    if (!_journal || !QFileInfo(_package).isDir() || !cleanUp())
+    if (!_journal || !QFileInfo(_package).isDir())
+        return false;
+    if (changes().any()) {
+        const auto kept = DBCBackupName::firstFree(_package);
+        if (!kept || DBCPackageCopy().copy(_package, *kept) != DBCPackageCopy::Outcome::Copied)
+            return false;
+        _keptPackagePath = *kept;
+    }
+    if (!cleanUp())
         return false;
     _state = State::Nothing;
     return true;

@@ -3,6 +3,7 @@
 // backup is restored, or the package is kept as it is.
 #pragma once
 
+#include "carddb/DBCPackageChanges.h"
 #include "operation/base/DBCResultCode.h"
 
 #include <QString>
@@ -38,12 +39,21 @@ public:
     QString journalPath() const; // whether or not a journal exists there
     QString backupPath() const; // empty when no journal was found or it names no backup
 
-    // Replaces the package with its backup, which stays. Success or RestoreFailure; after a failure
-    // the package may be missing, the backup is whole, and the import stays unfinished.
+    // What other programs have changed in the package since the import was cut off. Reads both
+    // stores; only for an unfinished import.
+    DBCPackageChanges changes() const;
+
+    // Replaces the package with its backup, which stays. If other programs have changed the
+    // package, it is not removed but gets the next free backup name first, see keptPackagePath().
+    // Success or RestoreFailure; after a failure the backup is whole, and the import stays
+    // unfinished. The package may then be missing, but a changed one is back under its own name.
     DBCResultCode restore();
-    // Leaves package and backup as they are and removes the journal. False when there is no package
-    // any more, or when the journal could not be removed.
+    // Removes the journal and leaves package and backup as they are. If other programs have changed
+    // the package, a copy of it is made under the next free backup name first. False when there is
+    // no package any more, or when the copy could not be made or the journal not be removed.
     bool keep();
+    // Where restore() or keep() has put what other programs had changed; empty: nowhere.
+    QString keptPackagePath() const { return _keptPackagePath; }
 
 private:
     State settleWhatNeedsNoDecision();
@@ -53,4 +63,5 @@ private:
     QString _package;
     std::unique_ptr<DBCPackageJournal> _journal; // null when no journal was found
     State _state = State::Nothing;
+    QString _keptPackagePath;
 };

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "carddb/DBCPackageRestore.h"
 
+#include "carddb/DBCBackupName.h"
 #include "carddb/DBCPackageAttributes.h"
 #include "carddb/DBCPackageCopy.h"
 #include "datafile/helpers/DBCLocalizable.h"
 #include "operation/copy/DBCFileManager.h"
 #include "operation/log/DBCLog.h"
 #include "system/DBCPathChecks.h"
+#include "system/DBCRename.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -52,4 +54,18 @@ DBCResultCode DBCPackageRestore::restore(const QString& packagePath, const QStri
     if (!isTaken(backup))
         DBCLog::error(getLocalString(u"IDS_LOG_WRN_FILE_NO_EXISTS"_s, {backup}));
     return DBCResultCode::RestoreFailure;
+}
+
+DBCResultCode DBCPackageRestore::restoreKeepingPackage(
+    const QString& packagePath, const QString& backupPath, QString* keptPackage)
+{
+    const QString package = QDir::cleanPath(packagePath);
+    const auto kept = DBCBackupName::firstFree(package);
+    if (!isRestorable(QDir::cleanPath(backupPath), package) || !kept
+        || !moveToFreeName(package, *kept))
+        return DBCResultCode::RestoreFailure;
+    const DBCResultCode code = restore(package, backupPath);
+    if (code == DBCResultCode::Success || !moveToFreeName(*kept, package))
+        *keptPackage = *kept;
+    return code;
 }

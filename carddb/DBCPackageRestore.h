@@ -14,4 +14,11 @@ namespace DBCPackageRestore {
 // and a partial copy has only a hidden name. The caller records the restore in the journal.
 DBCResultCode restore(const QString& package, const QString& backup);
 
+// The same for a package that other programs have changed: nothing of it is removed. It gets the
+// next free backup name, which goes to keptPackage, and the backup is copied into its place. An
+// open transaction of another program follows the renamed store. After a failure the package is
+// back under its own name, unless that fails, too; then keptPackage says where it is.
+DBCResultCode restoreKeepingPackage(
+    const QString& package, const QString& backup, QString* keptPackage);
+
 } // namespace DBCPackageRestore

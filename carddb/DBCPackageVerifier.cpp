@@ -3,6 +3,7 @@
 
 #include "carddb/DBCDataBaseController.h"
 #include "carddb/DBCPackageLayout.h"
+#include "carddb/DBCStoreCopy.h"
 #include "carddb/store/DBCCard.h"
 #include "carddb/store/DBCManagedObjectContext.h"
 #include "cardimage/pdf/DBCCardPdf.h"
@@ -23,7 +24,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 #include <array>
 #include <filesystem>
@@ -31,9 +31,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// The store's own file, and the log and journal that SQLite may have left beside it.
-constexpr std::array storeFileSuffixes {"", "-wal", "-journal"};
 
 // A damaged store can yield thousands of findings; five are enough.
 constexpr const char* integrityCheck = "PRAGMA integrity_check(5)";
@@ -46,16 +43,6 @@ QString messageOf(const std::error_code& error)
 QString messageOf(const SQLite::Exception& exception)
 {
     return QString::fromLocal8Bit(exception.what());
-}
-
-// The temporary folder comes from the standard library, because Qt falls back to the root folder
-// when there is none. In that case the template names a folder that does not exist, which makes the
-// QTemporaryDir invalid.
-QString temporaryFolderTemplate()
-{
-    std::error_code error;
-    const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
-    return QFile::decodeName(error ? "/dev/null" : folder.c_str()) + u"/VelmoraConverter-XXXXXX"_s;
 }
 
 bool isLive(const Card& card)
@@ -83,11 +70,11 @@ DBCFindings DBCPackageVerifier::verify(const QString& package, const Progress& p
     DBCPackageVerifier verifier(package, progress);
     if (auto reason = verifier.reasonNotToLook())
         return {{}, reason};
-    const QTemporaryDir folder(temporaryFolderTemplate());
-    if (auto reason = verifier.copyStore(folder))
-        return {{}, reason};
+    const DBCStoreCopy copy(package);
+    if (!copy.isCopied())
+        return {{}, verifier.storeNotRead(copy.reason())};
 
-    const bool cardsAreKnown = verifier.checkStore(DBCPackageLayout::storeFile(folder.path()));
+    const bool cardsAreKnown = verifier.checkStore(copy.storeFile());
     if (cardsAreKnown) {
         verifier.checkForUnnamedEntries(
             DBCPackageLayout::imagesFolder(package), verifier._namedImages);
@@ -103,16 +90,15 @@ DBCStoreReport DBCPackageVerifier::verifyStore(const QString& package)
     DBCPackageVerifier verifier(package, nobody);
     if (auto reason = verifier.reasonNotToLook())
         return {{{}, reason}};
-    const QTemporaryDir folder(temporaryFolderTemplate());
-    if (auto reason = verifier.copyStore(folder))
-        return {{{}, reason}};
+    const DBCStoreCopy copy(package);
+    if (!copy.isCopied())
+        return {{{}, verifier.storeNotRead(copy.reason())}};
 
     DBCStoreReport report;
-    verifier.openStore(
-        DBCPackageLayout::storeFile(folder.path()), [&report](SQLite::Database& store) {
-            report.liveCardCount
-                = store.execAndGet("SELECT count(*) FROM ZCARD WHERE ZDELETEDFLAG = 0").getInt64();
-        });
+    verifier.openStore(copy.storeFile(), [&report](SQLite::Database& store) {
+        report.liveCardCount
+            = store.execAndGet("SELECT count(*) FROM ZCARD WHERE ZDELETEDFLAG = 0").getInt64();
+    });
     report.findings.problems = std::move(verifier._problems);
     return report;
 }
@@ -135,24 +121,9 @@ std::optional<DBCProblem> DBCPackageVerifier::reasonNotToLook() const
     return std::nullopt;
 }
 
-std::optional<DBCProblem> DBCPackageVerifier::copyStore(const QTemporaryDir& folder) const
+DBCProblem DBCPackageVerifier::storeNotRead(const QString& reason) const
 {
-    if (!folder.isValid())
-        return problemAt(_storePath, "IDS_VERIFY_STORE_NOT_READ", {folder.errorString()});
-    for (const char* suffix : storeFileSuffixes) {
-        const auto source = nativePath(_storePath + QString::fromLatin1(suffix));
-        const auto target
-            = nativePath(DBCPackageLayout::storeFile(folder.path()) + QString::fromLatin1(suffix));
-        std::error_code error;
-        if (!std::filesystem::is_regular_file(source, error))
-            continue;
-        std::filesystem::copy_file(source, target, error);
-        if (!error)
-            std::filesystem::permissions(target, std::filesystem::perms::owner_all, error);
-        if (error)
-            return problemAt(_storePath, "IDS_VERIFY_STORE_NOT_READ", {messageOf(error)});
-    }
-    return std::nullopt;
+    return problemAt(_storePath, "IDS_VERIFY_STORE_NOT_READ", {reason});
 }
 
 bool DBCPackageVerifier::checkStore(const QString& storeCopy)

@@ -12,7 +12,6 @@
 #include <functional>
 
 class Card;
-class QTemporaryDir;
 
 // The result of checking the store alone.
 struct DBCStoreReport {
@@ -44,7 +43,7 @@ private:
 
     std::optional<DBCProblem> reasonNotToLook() const;
     // Copies the store, and a log or journal beside it, into folder. None on success.
-    std::optional<DBCProblem> copyStore(const QTemporaryDir& folder) const;
+    DBCProblem storeNotRead(const QString& reason) const;
 
     // True when all cards could be read, so that the names of their files are known.
     bool checkStore(const QString& storeCopy);

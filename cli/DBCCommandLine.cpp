@@ -41,6 +41,7 @@ struct OptionRow {
 constexpr std::array options {
     OptionRow {"restore", "NAME", "IDS_CLI_HELP_RESTORE"},
     OptionRow {"delete", "NAME", "IDS_CLI_HELP_DELETE"},
+    OptionRow {"keep", nullptr, "IDS_CLI_HELP_KEEP"},
     OptionRow {"json", nullptr, "IDS_CLI_HELP_JSON"},
     OptionRow {"yes", nullptr, "IDS_CLI_HELP_YES"},
     OptionRow {"quiet", nullptr, "IDS_CLI_HELP_QUIET"},
@@ -73,6 +74,14 @@ QString helpText()
     for (const OptionRow& row : options)
         help += helpLine(optionTerm(row), row.descriptionKey);
     return help + u'\n' + getLocalString("IDS_CLI_HELP_EXIT") + u'\n';
+}
+
+// The first argument that is no option; empty: there is none. arguments begins with the program.
+QString commandOf(const QStringList& arguments)
+{
+    const auto command = std::find_if(std::next(arguments.begin()), arguments.end(),
+        [](const QString& argument) { return !argument.startsWith(u'-'); });
+    return command == arguments.end() ? QString() : *command;
 }
 
 DBCUsage wrongUsage(const char* key, const DBCMessageArguments& arguments = {})
@@ -112,14 +121,29 @@ std::variant<DBCRequest, DBCUsage> requestFor(QStringList operands)
     return request;
 }
 
+// Takes --restore and --keep of recover into the request. Returns none if the options suit the
+// command.
+std::optional<DBCUsage> takeSettlement(DBCRequest& request, const QCommandLineParser& parser)
+{
+    const bool restores = request.command == DBCCommand::Recover && parser.isSet(u"restore"_s);
+    const bool keeps = parser.isSet(u"keep"_s);
+    if (keeps && (restores || request.command != DBCCommand::Recover))
+        return wrongUsage("IDS_CLI_ERR_RECOVER_CHOICE");
+    if (restores)
+        request.settlement = DBCSettlementChoice::Restore;
+    if (keeps)
+        request.settlement = DBCSettlementChoice::Keep;
+    return std::nullopt;
+}
+
 // Takes the names from --restore and --delete into the request. Returns none if these options suit
 // the command.
 std::optional<DBCUsage> takeBackupNames(DBCRequest& request, const QCommandLineParser& parser)
 {
     const QString restore = u"restore"_s;
     const QString remove = u"delete"_s;
-    const bool isEither = parser.isSet(restore) || parser.isSet(remove);
-    if (!isEither)
+    const bool restores = request.command != DBCCommand::Recover && parser.isSet(restore);
+    if (!restores && !parser.isSet(remove))
         return std::nullopt;
     request.backupToRestore = parser.value(restore);
     request.backupToDelete = parser.value(remove);
@@ -135,9 +159,12 @@ std::optional<DBCUsage> takeBackupNames(DBCRequest& request, const QCommandLineP
 std::variant<DBCRequest, DBCUsage> parseCommandLine(const QStringList& arguments)
 {
     QCommandLineParser parser;
-    for (const OptionRow& row : options)
-        parser.addOption(QCommandLineOption(
-            QString::fromLatin1(row.name), {}, QString::fromLatin1(row.valueName)));
+    const bool isRecover = commandOf(arguments) == u"recover"_s;
+    for (const OptionRow& row : options) {
+        const bool takesValue = !(isRecover && QLatin1StringView(row.name) == "restore"_L1);
+        parser.addOption(QCommandLineOption(QString::fromLatin1(row.name), {},
+            takesValue ? QString::fromLatin1(row.valueName) : QString()));
+    }
     if (!parser.parse(arguments)) {
         const QStringList unknown = parser.unknownOptionNames();
         return unknown.isEmpty() ? wrongUsage("IDS_CLI_ERR_OPTION_VALUE")
@@ -150,6 +177,8 @@ std::variant<DBCRequest, DBCUsage> parseCommandLine(const QStringList& arguments
 
     auto parsed = requestFor(parser.positionalArguments());
     if (auto* request = std::get_if<DBCRequest>(&parsed)) {
+        if (auto wrong = takeSettlement(*request, parser))
+            return *wrong;
         if (auto wrong = takeBackupNames(*request, parser))
             return *wrong;
         request->isJson = parser.isSet(u"json"_s);

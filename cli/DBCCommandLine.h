@@ -3,6 +3,7 @@
 #pragma once
 
 #include "cli/DBCExitCode.h"
+#include "operation/DBCUnfinishedImport.h"
 
 #include <QString>
 #include <QStringList>
@@ -19,6 +20,7 @@ struct DBCRequest {
     bool isQuiet = false;
     QString backupToRestore = {}; // name; empty: none
     QString backupToDelete = {}; // name; empty: none
+    DBCSettlementChoice settlement = DBCSettlementChoice::Ask; // of recover
 };
 
 // A text that is printed instead of running a command: the help, the version or a usage error.

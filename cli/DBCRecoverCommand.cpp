@@ -8,9 +8,13 @@
 
 namespace {
 
-DBCCommandResult done(const char* key, const QString& package)
+// keptPackage: where the changes of other programs are; empty: there were none.
+DBCCommandResult done(const char* key, const QString& package, const QString& keptPackage = {})
 {
-    return {.summary = {getLocalString(key, {package})}};
+    QStringList summary {getLocalString(key, {package})};
+    if (!keptPackage.isEmpty())
+        summary << getLocalString("IDS_CLI_RECOVER_CHANGES", {keptPackage});
+    return {.backupPath = keptPackage, .summary = summary};
 }
 
 DBCCommandResult notDone(DBCExitCode exitCode)
@@ -29,14 +33,15 @@ DBCCommandResult refused(const char* key, const QString& package, DBCReporter& r
 DBCCommandResult recoverPackage(const DBCRequest& request, DBCReporter& reporter)
 {
     const QString package = request.paths.constFirst();
-    switch (settleUnfinishedImport(package)) {
+    QString keptPackage;
+    switch (settleUnfinishedImport(package, request.settlement, &keptPackage)) {
     case DBCSettlement::NothingToSettle:
         return QFileInfo(package).isDir() ? done("IDS_CLI_RECOVER_NOTHING", package)
                                           : refused("IDS_VERIFY_NO_FOLDER", package, reporter);
     case DBCSettlement::Restored:
-        return done("IDS_CLI_RECOVER_RESTORED", package);
+        return done("IDS_CLI_RECOVER_RESTORED", package, keptPackage);
     case DBCSettlement::Kept:
-        return done("IDS_CLI_RECOVER_KEPT", package);
+        return done("IDS_CLI_RECOVER_KEPT", package, keptPackage);
     case DBCSettlement::InUse:
         return refused("IDS_LOG_ERR_PACKAGE_IN_USE", package, reporter);
     case DBCSettlement::NotAnswered:

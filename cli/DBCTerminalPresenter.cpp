@@ -33,15 +33,18 @@ DBCAnswer DBCTerminalPresenter::askQuestion(const DBCQuestion& question)
 
 DBCAnswer DBCTerminalPresenter::answerTo(const DBCQuestion& question)
 {
-    if (_answers == Answers::AlwaysYes)
+    const bool needsDecision = question.needsDecision();
+    if (_answers == Answers::AlwaysYes && !needsDecision)
         return DBCAnswer::Default;
-    if (_terminal.isInteractive()) {
+    if (_answers != Answers::AlwaysYes && _terminal.isInteractive()) {
         _reporter.makeRoomForQuestion();
         return _terminal.confirms(question.text) ? DBCAnswer::Default : DBCAnswer::Alternate;
     }
     // The user asked for this cancel with a signal, and nobody can be asked again.
     if (question.asksToCancel())
         return DBCAnswer::Default;
-    _reporter.message({}, getLocalString(u"IDS_CLI_NEEDS_YES"_s, {question.text}));
+    _reporter.message({},
+        getLocalString(
+            needsDecision ? "IDS_CLI_NEEDS_DECISION" : "IDS_CLI_NEEDS_YES", {question.text}));
     return DBCAnswer::NotShown;
 }

@@ -45,18 +45,49 @@ DBCSettlement keep(DBCPackageRecovery& recovery)
     return DBCSettlement::Kept;
 }
 
-DBCSettlement decide(DBCPackageRecovery& recovery)
+QString textOf(const DBCPackageChanges& changes)
 {
-    const DBCAnswer answer
-        = DBCMessage::ShowInfoMessage(DBCMessage::keyOf(DBCQuestionId::SettleUnfinishedImport),
-            DBCButton::Yes, DBCButton::No, {}, {recovery.package(), recovery.backupPath()});
+    if (changes.isUnknown)
+        return getLocalString("IDS_RECOVER_UNKNOWN");
+    return getLocalString("IDS_RECOVER_CHANGES",
+        {changes.addedCards, changes.changedCards, changes.removedCards,
+            changes.otherFiles + (changes.isOtherDataChanged ? 1 : 0)});
+}
+
+DBCAnswer ask(const DBCPackageRecovery& recovery)
+{
+    const DBCPackageChanges changes = recovery.changes();
+    DBCMessageArguments arguments {recovery.package(), recovery.backupPath()};
+    if (changes.any())
+        arguments.push_back(textOf(changes));
+    return DBCMessage::ShowInfoMessage(
+        DBCMessage::keyOf(changes.any() ? DBCQuestionId::SettleChangedPackage
+                                        : DBCQuestionId::SettleUnfinishedImport),
+        DBCButton::Yes, DBCButton::No, {}, arguments);
+}
+
+DBCSettlementChoice choiceFor(DBCAnswer answer)
+{
     switch (answer) {
     case DBCAnswer::Default:
-        return restore(recovery);
+        return DBCSettlementChoice::Restore;
     case DBCAnswer::Alternate:
-        return keep(recovery);
+        return DBCSettlementChoice::Keep;
     case DBCAnswer::Other:
     case DBCAnswer::NotShown:
+        break;
+    }
+    return DBCSettlementChoice::Ask;
+}
+
+DBCSettlement settle(DBCPackageRecovery& recovery, DBCSettlementChoice choice)
+{
+    switch (choice) {
+    case DBCSettlementChoice::Restore:
+        return restore(recovery);
+    case DBCSettlementChoice::Keep:
+        return keep(recovery);
+    case DBCSettlementChoice::Ask:
         break;
     }
     return DBCSettlement::NotAnswered;
@@ -64,18 +95,26 @@ DBCSettlement decide(DBCPackageRecovery& recovery)
 
 } // namespace
 
-DBCSettlement settleUnfinishedImport(const QString& package)
+DBCSettlement settleUnfinishedImport(
+    const QString& package, DBCSettlementChoice choice, QString* keptPackage)
 {
     DBCPackageRecovery recovery(package);
     switch (recovery.state()) {
     case DBCPackageRecovery::State::Nothing:
-        break;
+        return DBCSettlement::NothingToSettle;
     case DBCPackageRecovery::State::InUse:
         return DBCSettlement::InUse;
     case DBCPackageRecovery::State::Unreadable:
         return reportUnreadable(recovery.journalPath());
     case DBCPackageRecovery::State::Unfinished:
-        return decide(recovery);
+        break;
     }
-    return DBCSettlement::NothingToSettle;
+    const DBCSettlement settlement
+        = settle(recovery, choice == DBCSettlementChoice::Ask ? choiceFor(ask(recovery)) : choice);
+    if (const QString kept = recovery.keptPackagePath(); !kept.isEmpty()) {
+        DBCLog::info(getLocalString("IDS_LOG_INF_CHANGES_KEPT", {recovery.package(), kept}));
+        if (keptPackage)
+            *keptPackage = kept;
+    }
+    return settlement;
 }

@@ -13,6 +13,13 @@ enum class DBCSettlement : quint8 {
     Failed, // a message has been shown; the import is still unfinished
 };
 
-// The package at the given path need not exist any more. Nothing is restored unless the user
-// answers yes. Answers and failures are logged here; InUse is reported by the caller.
-DBCSettlement settleUnfinishedImport(const QString& package);
+// How an unfinished import is settled: by asking the user, or as decided before.
+enum class DBCSettlementChoice : quint8 { Ask, Restore, Keep };
+
+// The package at the given path need not exist any more. With Ask, nothing is restored unless the
+// user answers yes; if other programs have changed the package since, the question says so. What
+// they changed is kept under the next backup name first, whose path goes to keptPackage (may be
+// null; untouched if there is none). Answers and failures are logged here; InUse is reported by the
+// caller.
+DBCSettlement settleUnfinishedImport(const QString& package,
+    DBCSettlementChoice choice = DBCSettlementChoice::Ask, QString* keptPackage = nullptr);

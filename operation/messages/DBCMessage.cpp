@@ -68,6 +68,7 @@ constexpr std::array questionKeys {
     "IDS_MSG_ERR_0211",
     "IDS_MSG_ERR_0317",
     "IDS_MSG_UNFINISHED_IMPORT",
+    "IDS_MSG_UNFINISHED_CHANGED",
     "IDS_MSG_BACKUP_RESTORE",
     "IDS_MSG_BACKUP_DELETE",
 };
@@ -166,6 +167,11 @@ std::optional<DBCQuestion> makeQuestion(const QString& key, DBCButton defaultBut
 }
 
 } // namespace
+
+bool DBCQuestion::needsDecision() const
+{
+    return key == DBCMessage::keyOf(DBCQuestionId::SettleChangedPackage);
+}
 
 bool DBCQuestion::asksToCancel() const
 {

@@ -35,6 +35,10 @@ struct DBCQuestion {
     // True if the question asks the user to confirm a cancel. It is only asked after the user has
     // asked for that cancel, so a presenter that can reach nobody answers it with yes.
     bool asksToCancel() const;
+
+    // True if an answer given in advance must not count: the question is about data that nobody
+    // foresaw when the answer was given.
+    bool needsDecision() const;
 };
 
 // The seam through which the program's core speaks to its user. A presenter is called on the thread

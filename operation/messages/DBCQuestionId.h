@@ -14,6 +14,7 @@ enum class DBCQuestionId : quint8 {
     QuitAfterExport, // whether to quit after an export; %L1: number of cards
     QuitAfterImport, // whether to quit after an import; %L1: number of cards
     SettleUnfinishedImport, // whether to undo an import that was cut short; %1: package, %2: backup
+    SettleChangedPackage, // the same when others changed the package since; %3: what changed
     RestoreBackup, // whether to put a chosen backup back; %1 to %4: name, date, cards, package
     DeleteBackup, // whether to delete a chosen backup; %1 to %4: name, date, cards, package
 };

@@ -361,6 +361,10 @@
         <source>The options take no values.</source>
         <translation>オプションに値は指定できません。</translation>
     </message>
+    <message id="IDS_CLI_ERR_RECOVER_CHOICE">
+        <source>--keep can be used only with "recover", and not together with --restore.</source>
+        <translation>--keep は「recover」でだけ使用できます。--restore と同時には指定できません。</translation>
+    </message>
     <message id="IDS_CLI_ERR_UNKNOWN_COMMAND">
         <source>There is no command &quot;%1&quot;. The commands are import, export, check, verify, create, recover and backups.</source>
         <extracomment>%1: the unknown command.</extracomment>
@@ -422,6 +426,10 @@
         <source>Writes one JSON object per line to standard output; the last line is the result.</source>
         <translation>標準出力に1行に1つのJSONオブジェクトを出力します。最後の行が結果です。</translation>
     </message>
+    <message id="IDS_CLI_HELP_KEEP">
+        <source>With recover: keeps the card database as it is, without a question.</source>
+        <translation>recover で使用します。確認せずに、名刺データベースをそのまま残します。</translation>
+    </message>
     <message id="IDS_CLI_HELP_QUIET">
         <source>Shows errors and problems only, neither progress nor summary.</source>
         <translation>エラーと問題だけを表示し、進行状況と結果は表示しません。</translation>
@@ -431,8 +439,8 @@
         <translation>完了しなかったインポートのあとの名刺データベース PACKAGE を、バックアップから復元するか、そのまま残します。</translation>
     </message>
     <message id="IDS_CLI_HELP_RESTORE">
-        <source>With backups: restores the card database from the backup NAME. The current card database is backed up first.</source>
-        <translation>backups で使用します。名刺データベースをバックアップ NAME の状態に戻します。現在の名刺データベースは先にバックアップします。</translation>
+        <source>With backups: restores the card database from the backup NAME. The current card database is backed up first. With recover, without NAME: restores the backup of the unfinished import, without a question.</source>
+        <translation>backups で使用します。名刺データベースをバックアップ NAME の状態に戻します。現在の名刺データベースは先にバックアップします。recover では NAME を付けずに使用し、完了しなかったインポートのバックアップを確認せずに復元します。</translation>
     </message>
     <message id="IDS_CLI_HELP_USAGE">
         <source>velmora-convert moves business cards between a card database and an interchange folder. Usage: velmora-convert COMMAND [OPTIONS]</source>
@@ -470,6 +478,11 @@
         <extracomment>%1: path. %L2 and %L3: counts.</extracomment>
         <translation>ログ: [%1]、警告: %L2件、エラー: %L3件</translation>
     </message>
+    <message id="IDS_CLI_NEEDS_DECISION">
+        <source>%1 --yes does not answer this question. Decide with "velmora-convert recover --restore PACKAGE" or "velmora-convert recover --keep PACKAGE", then run the command again.</source>
+        <extracomment>%1: question.</extracomment>
+        <translation>%1 この質問には --yes では答えられません。「velmora-convert recover --restore PACKAGE」または「velmora-convert recover --keep PACKAGE」で処理を選んでから、もう一度実行してください。</translation>
+    </message>
     <message id="IDS_CLI_NEEDS_YES">
         <source>%1 Nobody can answer this question here, so the answer is taken to be No. Run the command again with --yes to answer Yes, or run it in a terminal.</source>
         <extracomment>%1: question.</extracomment>
@@ -494,6 +507,11 @@
         <source>%1 [y/N]</source>
         <extracomment>%1: question. Answered with y or n in every language.</extracomment>
         <translation>%1 [y/N]</translation>
+    </message>
+    <message id="IDS_CLI_RECOVER_CHANGES">
+        <source>Another program had changed it since the import; that state is kept as [%1].</source>
+        <extracomment>%1: path. Follows IDS_CLI_RECOVER_RESTORED or IDS_CLI_RECOVER_KEPT.</extracomment>
+        <translation>インポートのあとでほかのプログラムが変更した内容は、[%1] として残しました。</translation>
     </message>
     <message id="IDS_CLI_RECOVER_KEPT">
         <source>The card database [%1] and its backup stay as they are.</source>
@@ -1018,6 +1036,11 @@
         <source>The operation was cancelled by the user.</source>
         <translation>ユーザーの操作により処理を中止しました。</translation>
     </message>
+    <message id="IDS_LOG_INF_CHANGES_KEPT">
+        <source>Another program had changed the card database [%1] since the import. It was kept as [%2].</source>
+        <extracomment>%1, %2: paths.</extracomment>
+        <translation>インポートのあとで、ほかのプログラムが名刺データベース [%1] を変更していました。[%2] として残しました。</translation>
+    </message>
     <message id="IDS_LOG_INF_END">
         <source>%1 ended.</source>
         <extracomment>%1: name of the operation.</extracomment>
@@ -1353,6 +1376,17 @@ Card database: [%4]</source>
         <source>There are warnings or errors. Open the log to see them.</source>
         <translation>警告またはエラーがあります。ログを確認してください。</translation>
     </message>
+    <message id="IDS_MSG_UNFINISHED_CHANGED">
+        <source>An import into the card database [%1] did not finish. Since then, another program has changed the card database: %3.
+Backup from before the import: [%2]
+
+Restore the backup now? Yes: the card database is put back to its state before that import, and the changed one is kept beside it under the next backup name. No: the card database stays as it is, and a copy of it is kept under the next backup name.</source>
+        <extracomment>%1, %2: paths. %3: IDS_RECOVER_CHANGES or IDS_RECOVER_UNKNOWN. Answered with Yes or No.</extracomment>
+        <translation>名刺データベース [%1] へのインポートが完了していません。その後、ほかのプログラムがこの名刺データベースを変更しています: %3
+インポート前のバックアップ: [%2]
+
+バックアップを復元しますか? 「はい」: 名刺データベースをインポート前の状態に戻し、変更された名刺データベースは次のバックアップ名で隣に残します。「いいえ」: 名刺データベースをこのまま残し、そのコピーを次のバックアップ名で残します。</translation>
+    </message>
     <message id="IDS_MSG_UNFINISHED_IMPORT">
         <source>An import into the card database [%1] did not finish.
 Backup from before it: [%2]
@@ -1381,6 +1415,16 @@ Restore the backup now? Yes: the card database is put back to its state before t
     <message id="IDS_OPEN_VMDB_FILE_PANEL_TITLE">
         <source>Choose a Card Database</source>
         <translation>名刺データベースの選択</translation>
+    </message>
+    <message id="IDS_RECOVER_CHANGES">
+        <source>cards added: %L1, changed: %L2, removed: %L3; other files: %L4</source>
+        <extracomment>Counts, inside IDS_MSG_UNFINISHED_CHANGED.</extracomment>
+        <translation>追加された名刺: %L1件、変更: %L2件、削除: %L3件、その他のファイル: %L4個</translation>
+    </message>
+    <message id="IDS_RECOVER_UNKNOWN">
+        <source>it cannot be compared with the backup</source>
+        <extracomment>Inside IDS_MSG_UNFINISHED_CHANGED, in place of the counts.</extracomment>
+        <translation>バックアップと比較できません</translation>
     </message>
     <message id="IDS_REPORT_ASKED">
         <source>Operation</source>

@@ -253,6 +253,80 @@ private Q_SLOTS:
         QCOMPARE(recovery.state(), State::Unfinished);
         QCOMPARE(recovery.package(), QFileInfo(dead.package.path()).canonicalFilePath());
     }
+
+    void restoreKeepsCardsThatWereAddedSince()
+    {
+        DeadImport dead(Stage::Import);
+        dead.package.card({{"ZCARDID", u"ELSE-1"_s}});
+        dead.package.card({{"ZCARDID", u"ELSE-2"_s}});
+        dead.package.writeFile(u"Images/ELSE-1_N1.pdf"_s, "theirs");
+        dead.package.writeFile(u"Images/NEW-1_N1.pdf"_s, "ours");
+        const auto changed = snapshotOf(dead.package.path());
+
+        DBCPackageRecovery recovery(dead.package.path());
+        QCOMPARE(recovery.changes().addedCards, 2);
+        QCOMPARE(recovery.changes().changedCards, 0);
+        QCOMPARE(recovery.changes().removedCards, 0);
+        QCOMPARE(recovery.changes().otherFiles, 1);
+        QCOMPARE(recovery.restore(), DBCResultCode::Success);
+        QCOMPARE(recovery.keptPackagePath(), dead.home.path(u"Velmora DB_bak1.vmdb"_s));
+        QCOMPARE(snapshotOf(recovery.keptPackagePath()), changed);
+        QCOMPARE(snapshotOf(dead.package.path()), dead.original);
+        QVERIFY(!dead.hasJournal());
+    }
+
+    void keepMakesACopyOfWhatWasChangedSince()
+    {
+        DeadImport dead(Stage::Import);
+        dead.package.execute(u"UPDATE ZCARD SET ZMEMO = 'changed'"_s);
+        const auto changed = snapshotOf(dead.package.path());
+
+        DBCPackageRecovery recovery(dead.package.path());
+        QCOMPARE(recovery.changes().changedCards, 1);
+        QVERIFY(recovery.keep());
+        QCOMPARE(snapshotOf(recovery.keptPackagePath()), changed);
+        QCOMPARE(snapshotOf(dead.package.path()), changed);
+    }
+
+    void whatTheImportWroteIsNoChange_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::newRow("PDF") << u"Images/NEW-7_N1.pdf"_s;
+        QTest::newRow("attachment") << u"Files/NEW-7/a.txt"_s;
+        QTest::newRow("index of the log") << u"Velmora.sqldb-shm"_s;
+        QTest::newRow("lock file") << u".VMLock.vmlk"_s;
+    }
+    void whatTheImportWroteIsNoChange()
+    {
+        QFETCH(QString, file);
+        DeadImport dead(Stage::Import);
+        dead.package.writeFile(file, "any");
+        DBCPackageRecovery recovery(dead.package.path());
+        QVERIFY(!recovery.changes().any());
+        QCOMPARE(recovery.restore(), DBCResultCode::Success);
+        QVERIFY(recovery.keptPackagePath().isEmpty());
+    }
+
+    void anotherPackageAtTheOldPathIsKept()
+    {
+        DeadImport dead(Stage::Import);
+        QVERIFY(QDir(dead.package.path()).removeRecursively());
+        const PackageFixture other(dead.home);
+        const auto contents = snapshotOf(other.path());
+        DBCPackageRecovery recovery(dead.package.path());
+        QCOMPARE(recovery.restore(), DBCResultCode::Success);
+        QCOMPARE(snapshotOf(recovery.keptPackagePath()), contents);
+    }
+
+    void storeThatCannotBeReadIsKept()
+    {
+        DeadImport dead(Stage::Import);
+        dead.package.writeFile(u"Velmora.sqldb"_s, "these are no cards");
+        DBCPackageRecovery recovery(dead.package.path());
+        QVERIFY(recovery.changes().isUnknown);
+        QCOMPARE(recovery.restore(), DBCResultCode::Success);
+        QVERIFY(QFileInfo::exists(recovery.keptPackagePath() + u"/Velmora.sqldb"_s));
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_packageRecovery)

@@ -128,6 +128,74 @@ private Q_SLOTS:
         QVERIFY(!desk.dead.package.contents().contains(u"Images/NEW-1_N1.pdf"_s));
         QVERIFY(!QDir(parent).isEmpty());
     }
+
+    void yesDoesNotDecideAboutWhatOthersChanged_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::newRow("recover") << u"recover"_s;
+        QTest::newRow("import") << u"import"_s;
+        QTest::newRow("export") << u"export"_s;
+    }
+    void yesDoesNotDecideAboutWhatOthersChanged()
+    {
+        QFETCH(QString, command);
+        Desk desk;
+        desk.dead.package.card({{"ZCARDID", u"ELSE-1"_s}});
+        desk.before = desk.dead.package.contents();
+        const QString package = desk.dead.package.path();
+        QStringList arguments {command, package, yes};
+        if (command == u"import"_s)
+            arguments.insert(1, u"" VELMORA_SOURCE_DIR "/samples/cards"_s);
+        if (command == u"export"_s) {
+            QVERIFY(QDir().mkpath(desk.dead.home.path(u"out"_s)));
+            arguments.insert(2, desk.dead.home.path(u"out"_s));
+        }
+        const ProgramRun run = desk.program.run(arguments);
+        QCOMPARE(run.exitCode, 3);
+        QVERIFY(run.errors.contains(u"recover --restore"_s));
+        QVERIFY(run.errors.contains(u"recover --keep"_s));
+        QVERIFY(run.errors.contains(u"cards added: 1"_s));
+        QVERIFY(desk.isUnchanged());
+    }
+
+    void scriptsDecideByAnOption_data()
+    {
+        QTest::addColumn<QString>("option");
+        QTest::newRow("restore") << u"--restore"_s;
+        QTest::newRow("keep") << u"--keep"_s;
+    }
+    void scriptsDecideByAnOption()
+    {
+        QFETCH(QString, option);
+        Desk desk;
+        desk.dead.package.card({{"ZCARDID", u"ELSE-1"_s}});
+        const auto changed = snapshotOf(desk.dead.package.path());
+        const ProgramRun run = desk.program.run({u"recover"_s, option, desk.dead.package.path()});
+        QCOMPARE(run.exitCode, 0);
+        const QString kept = desk.dead.home.path(u"Velmora DB_bak1.vmdb"_s);
+        QVERIFY(run.output.contains(kept));
+        QCOMPARE(snapshotOf(kept), changed);
+        QCOMPARE(snapshotOf(desk.dead.package.path()),
+            option == u"--restore"_s ? desk.dead.original : changed);
+        QVERIFY(!desk.dead.hasJournal());
+    }
+
+    void optionsOfRecoverBelongToRecover_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("both") << QStringList {
+            u"recover"_s, u"--keep"_s, u"--restore"_s, u"a.vmdb"_s};
+        QTest::newRow("keep of export") << QStringList {u"verify"_s, u"--keep"_s, u"a.vmdb"_s};
+    }
+    void optionsOfRecoverBelongToRecover()
+    {
+        QFETCH(QStringList, arguments);
+        const Desk desk;
+        const ProgramRun run = desk.program.run(arguments);
+        QCOMPARE(run.exitCode, 2);
+        QVERIFY(run.errors.contains(u"--keep"_s));
+        QVERIFY(desk.isUnchanged());
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_recoverCommand)

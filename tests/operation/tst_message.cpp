@@ -161,6 +161,7 @@ private Q_SLOTS:
         row(Id::CancelImport, "IDS_MSG_ERR_0315", true);
         row(Id::QuitAfterImport, "IDS_MSG_ERR_0317");
         row(Id::SettleUnfinishedImport, "IDS_MSG_UNFINISHED_IMPORT");
+        row(Id::SettleChangedPackage, "IDS_MSG_UNFINISHED_CHANGED");
         row(Id::RestoreBackup, "IDS_MSG_BACKUP_RESTORE");
         row(Id::DeleteBackup, "IDS_MSG_BACKUP_DELETE");
     }

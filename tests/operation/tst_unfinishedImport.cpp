@@ -164,6 +164,41 @@ private Q_SLOTS:
         QCOMPARE(settling.presenter.numbers, QList<quint32> {301});
         QVERIFY(settling.dead.hasJournal());
     }
+
+    void questionTellsWhatChangedSince()
+    {
+        Settling settling;
+        settling.dead.package.card({{"ZCARDID", u"ELSE-1"_s}});
+        settling.dead.package.card({{"ZCARDID", u"ELSE-2"_s}});
+        QCOMPARE(settling.settle(), DBCSettlement::NotAnswered);
+        const DBCQuestion question = settling.presenter.questions.constFirst();
+        QCOMPARE(question.key, DBCMessage::keyOf(DBCQuestionId::SettleChangedPackage));
+        QVERIFY(question.needsDecision());
+        QVERIFY(question.text.contains(u"cards added: 2, changed: 0, removed: 0"_s));
+        QVERIFY(settling.dead.hasJournal());
+    }
+
+    void keptChangesAreLogged()
+    {
+        Settling settling(DBCAnswer::Default);
+        settling.dead.package.card({{"ZCARDID", u"ELSE-1"_s}});
+        QCOMPARE(settling.settle(), DBCSettlement::Restored);
+        const QString kept = settling.dead.home.path(u"Velmora DB_bak1.vmdb"_s);
+        QVERIFY(settling.isLogged(
+            getLocalString("IDS_LOG_INF_CHANGES_KEPT", {settling.dead.package.path(), kept})));
+    }
+
+    void decisionMadeBeforehandAsksNothing()
+    {
+        Settling settling;
+        QString kept;
+        settling.dead.package.card({{"ZCARDID", u"ELSE-1"_s}});
+        QCOMPARE(settleUnfinishedImport(
+                     settling.dead.package.path(), DBCSettlementChoice::Restore, &kept),
+            DBCSettlement::Restored);
+        QVERIFY(settling.presenter.questions.isEmpty());
+        QCOMPARE(kept, settling.dead.home.path(u"Velmora DB_bak1.vmdb"_s));
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_unfinishedImport)
