@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The given names are an interface: this test fails when an operation, a field, a key or an event has
-// been renamed or removed.
+// The given names are an interface: this test fails when an operation, a field, a key or an event
+// has been renamed or removed.
 
 #include <QDirIterator>
 #include <QFile>
