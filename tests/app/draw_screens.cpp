@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Draws the window's screens and states into a folder, in both languages, light and dark:
-// draw_screens FOLDER. tools/draw-screens runs it.
+// draw_screens FOLDER. tools/draw runs it.
 #include "app/dialogs/DBCBackupsDialog.h"
 #include "app/dialogs/DBCCheckDialog.h"
 #include "operation/log/DBCLog.h"

@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Runs every command that a document shows, in the order of the document: documented_commands.py
-CONVERT BUILD. What cannot be run is in the one list NOT_RUN, with what is looked at instead."""
+CONVERT BUILD. NOT_RUN lists the commands that no test can run, each with a function that checks it in
+another way."""
 
 import json
 import os
@@ -16,10 +17,10 @@ import documents
 from world import World
 
 ROOT = Path(__file__).resolve().parent.parent.parent
-# What says of what kind each block is. The others are looked at by documented_facts.py.
+# The languages of the blocks. documented_facts.py checks the blocks of the others.
 COMMANDS = {"sh", "console"}
 OTHERS = {"hex", "journal", "names", "pdf", "tree"}
-# Begins with an empty folder: it says how a card database is made.
+# Its commands start in an empty folder, because they show how to make a card database.
 FROM_THE_START = Path("README.md")
 CONVERT, BUILD = Path(), Path()
 
@@ -34,13 +35,20 @@ def presets(kind):
 
 
 def is_script(test, words):
-    """Takes root, the network, a display or minutes: it is there, and may be run as it is written."""
+    """For scripts that need root, the network, a display or minutes: the script exists."""
     test.assertTrue(os.access(ROOT / words[0], os.X_OK), f"{words[0]} is no program")
     test.assertEqual(words[1:], [])
 
 
+def is_check(test, words):
+    """Its one option changes the sources, so it is not run with it."""
+    is_script(test, words[:1])
+    test.assertIn(words[1:], ([], ["--fix"]))
+    test.assertTrue("--fix) " in text_of(words[0]))
+
+
 def is_script_that_knows(test, words):
-    """Its help names all options and words; numbers and paths may be any."""
+    """The help of the script names all options and words. Numbers and paths are not checked."""
     test.assertTrue(os.access(ROOT / words[0], os.X_OK), f"{words[0]} is no program")
     listed = subprocess.run([ROOT / words[0], "--help"], capture_output=True, text=True, check=True)
     known = set(re.findall(r"[\w-]+", listed.stdout))
@@ -52,7 +60,7 @@ def is_script_that_knows(test, words):
 
 
 def is_built(test, path):
-    """build/PRESET/FOLDER/PROGRAM is what the FOLDER's CMakeLists.txt makes."""
+    """The CMakeLists.txt of FOLDER makes build/PRESET/FOLDER/PROGRAM."""
     _, preset, folder = path.split("/", 2)
     folder, program = folder.rsplit("/", 1)
     test.assertIn(preset, presets("buildPresets"))
@@ -68,7 +76,7 @@ def is_build(test, words):
 
 
 def finds_tests(test, words):
-    """The tests that it names are there; to run them is not needed."""
+    """The tests that the command names exist."""
     _, preset_option, preset, option, wanted = words
     test.assertEqual(preset_option, "--preset")
     test.assertIn(preset, presets("testPresets"))
@@ -78,7 +86,7 @@ def finds_tests(test, words):
 
 
 def is_fuzzing(test, words):
-    """A fuzz program with the options of its library; TARGET, CORPUS and FILE stand for any."""
+    """A fuzz program with options of libFuzzer. TARGET, CORPUS and FILE are placeholders."""
     folder, program = words[0].removeprefix("build/fuzz/").rsplit("/", 1)
     test.assertEqual(program, "fuzz_TARGET")
     test.assertTrue("set(program fuzz_${name})" in text_of(f"{folder}/CMakeLists.txt"))
@@ -88,7 +96,7 @@ def is_fuzzing(test, words):
 
 
 def is_installation(test, words):
-    """Of what tools/package leaves."""
+    """It installs the package that tools/package makes."""
     test.assertEqual(words[1:3], ["apt", "install"])
     test.assertEqual(words[3:], ["./build/package/*.deb"])
     test.assertTrue("package=$(echo build/package/*.deb)" in text_of("tools/package"))
@@ -101,17 +109,15 @@ NOT_RUN = {
     "build/fuzz/fuzz/fuzz_TARGET": is_fuzzing,
     "ctest": finds_tests,
     "fuzz/run": is_script_that_knows,
-    "samples/draw_samples.py": is_script,
     "sudo": is_installation,
     "tests/faults/fault_sweep.py": is_script_that_knows,
     "tests/faults/power_cuts.py": is_script_that_knows,
     "tools/build": is_build,
-    "tools/check": is_script,
+    "tools/check": is_check,
     "tools/coverage": is_script,
-    "tools/draw-report": is_script,
-    "tools/draw-screens": is_script,
-    "tools/format": is_script,
+    "tools/draw": is_script_that_knows,
     "tools/lint": is_script,
+    "tools/night": is_script,
     "tools/package": is_script,
     "tools/sample-comments": is_script_that_knows,
     "tools/test-conditions": is_script,

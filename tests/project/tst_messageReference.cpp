@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// docs/messages.md against the strings table and the mapping of codes to messages: whoever looks a
-// message up finds it, in the words that were shown.
+// Compares docs/messages.md with the strings table and with the mapping of codes to messages, so
+// that a user finds every message there in the words that the program shows.
 #include "datafile/helpers/DBCLocalizable.h"
 #include "operation/base/DBCError.h"
 #include "operation/messages/DBCMessage.h"
