@@ -6,6 +6,7 @@
 #include "datafile/DBCFileReader.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
 #include "datafile/helpers/DBCLocalizable.h"
+#include "operation/base/DBCStopQuestion.h"
 #include "operation/log/DBCLog.h"
 #include "report/DBCRunStory.h"
 #include "system/DBCStandardDescriptors.h"
@@ -89,6 +90,8 @@ bool DBCConverterController::run()
     if (_fullPathFolder.isEmpty() || _fullPathDB.isEmpty() || !_isSupportOperation(_operationType))
         return false;
 
+    // For waits that have no delegate: "du", and calculations in the store.
+    const DBCStopQuestion question([this] { return checkIsNeedToConfirmCancelOperation(); });
     if (DBCLog* log = _log())
         log->resetLogCount();
     _beginStory();
@@ -160,6 +163,11 @@ DBCError DBCConverterController::_guarded(
 bool DBCConverterController::_isCancel(const DBCError& error)
 {
     return error.code() == DBCResultCode::CancelledByUser;
+}
+
+DBCError DBCConverterController::_stopBefore(const DBCError& error) const
+{
+    return error && _isStopRunning ? DBCError(DBCResultCode::CancelledByUser) : error;
 }
 
 bool DBCConverterController::_isFolder(const QString& path)

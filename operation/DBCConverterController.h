@@ -133,6 +133,8 @@ private:
     DBCError _sizeError(const DBCError& error) const;
     DBCError _openDatabase(std::unique_ptr<DBCDataBaseController>* database);
     static bool _isCancel(const DBCError& error);
+    // The user's stop comes before whatever code the interrupted step gave.
+    DBCError _stopBefore(const DBCError& error) const;
     static bool _isFolder(const QString& path);
 
     // --- events and cancel ---
