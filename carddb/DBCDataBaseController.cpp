@@ -9,6 +9,9 @@
 #include "operation/log/DBCLog.h"
 #include "system/DBCDiskFlush.h"
 
+#include <SQLiteCpp/Exception.h>
+#include <sqlite3.h>
+
 #include <QFile>
 
 #include <cstdio>
@@ -26,6 +29,14 @@ namespace {
 constexpr int noDescriptor = -1;
 constexpr mode_t lockFileCreationMode = S_IRWXU;
 constexpr mode_t lockFileMode = S_IRWXU | S_IRWXG | S_IRWXO;
+
+void logFailedSave(const std::exception& exception, const QString& package)
+{
+    const QString reason = QString::fromLocal8Bit(exception.what());
+    DBCLog::debug(u"Exception happended.[%1]"_s.arg(reason));
+    DBCLog::error(getLocalString(
+        u"IDS_LOG_ERR_STORE_SAVE"_s, {DBCPackageLayout::storeFile(package), reason}));
+}
 
 } // namespace
 
@@ -76,9 +87,9 @@ DBCResultCode DBCDataBaseController::_lock()
     std::remove(path.constData());
     _ilockFile
         = open(path.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, lockFileCreationMode);
-    // By the descriptor: what stands at the name may be another file by now.
-    if (_ilockFile != noDescriptor && fchmod(_ilockFile, lockFileMode) == 0
-        && flock(_ilockFile, LOCK_EX | LOCK_NB) == 0)
+    // By the descriptor, because there may be another file at the path by now.
+    if (_ilockFile != noDescriptor
+        && fchmod(_ilockFile, lockFileMode) == 0 && flock(_ilockFile, LOCK_EX | LOCK_NB) == 0)
         return DBCResultCode::Success;
     // The descriptor stays in the field: destruction releases it like any other.
     DBCLog::debug(u"There is a lock failure of the Database!"_s);
@@ -112,11 +123,13 @@ DBCResultCode DBCDataBaseController::save()
     }
     try {
         context->save();
+    } catch (const SQLite::Exception& exception) {
+        // The user stopped it, which is no error to be logged.
+        if (exception.getErrorCode() != SQLITE_INTERRUPT)
+            logFailedSave(exception, _strDBPath);
+        return DBCResultCode::DatabaseSaveFailure;
     } catch (const std::exception& exception) {
-        const QString reason = QString::fromLocal8Bit(exception.what());
-        DBCLog::debug(u"Exception happended.[%1]"_s.arg(reason));
-        DBCLog::error(getLocalString(
-            u"IDS_LOG_ERR_STORE_SAVE"_s, {DBCPackageLayout::storeFile(_strDBPath), reason}));
+        logFailedSave(exception, _strDBPath);
         return DBCResultCode::DatabaseSaveFailure;
     }
     return DBCResultCode::Success;

@@ -13,6 +13,17 @@
 // calendar knows, counts as no value.
 Card readCardRow(SQLite::Statement& row);
 
+// The accept dates that cards are stored with, in microseconds since the epoch. Exports follow
+// these dates, but a clock stands still within a millisecond and may be set back: each date is
+// moved behind the one before it.
+class DBCRisingDates {
+public:
+    qint64 next(const QDateTime& date);
+
+private:
+    qint64 _last = std::numeric_limits<qint64>::min();
+};
+
 // Binds cards to the attributes' parameters of an INSERT, one after the other. An attribute
 // without a value is left unbound.
 class DBCCardRowBinder {
@@ -27,12 +38,27 @@ public:
 
 private:
     void bindValue(int parameter, DBCRecordKey key, const DBCValue& value);
-    // Microseconds since the epoch of the card's accept date. Exports follow these dates, but a
-    // clock stands still within a millisecond and may be set back: each date is moved behind the
-    // one before it.
-    qint64 risingAcceptDate(const QDateTime& date);
 
     SQLite::Statement& _insert;
     int _firstParameter;
-    qint64 _lastAcceptDate = std::numeric_limits<qint64>::min();
+    DBCRisingDates _acceptDates;
+};
+
+// Compares rows that were read back with the cards that a DBCCardRowBinder bound, in the same
+// order.
+class DBCCardRowComparison {
+public:
+    explicit DBCCardRowComparison(int firstColumn)
+        : _firstColumn(firstColumn)
+    {
+    }
+
+    // Whether the row has every value that is set in the card, in a type that is read back as it.
+    bool isEqual(SQLite::Statement& row, const Card& card);
+
+private:
+    bool isEqual(const SQLite::Column& column, DBCRecordKey key, const DBCValue& value);
+
+    int _firstColumn;
+    DBCRisingDates _acceptDates;
 };

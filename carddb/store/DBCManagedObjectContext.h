@@ -37,22 +37,28 @@ public:
     bool hasInsertedCards() const { return !_insertedCards.empty(); }
 
     // Stores the cards inserted since the last save; nothing is touched when there are none.
-    // Throws SQLite::Exception with the store as it was and the cards still waiting.
+    // Throws SQLite::Exception with the store as it was and the cards still waiting. That also
+    // happens when the store does not hold the cards as they were set, because a trigger in it
+    // dropped or changed them, and when the thread's DBCStopQuestion stopped a trigger that runs
+    // for long; the exception's code is SQLITE_INTERRUPT then.
     void save();
 
     // Hands the cards of the store, not those that wait, to visit in the order of their accept
-    // dates, none first, until it answers false. Throws SQLite::Exception.
+    // dates, none first, until it answers false. Throws SQLite::Exception; its code is
+    // SQLITE_INTERRUPT when the thread's DBCStopQuestion stopped it.
     void fetchCards(DBCCardSelection selection, const std::function<bool(const Card& card)>& visit);
 
 private:
     DBCManagedObjectContext(
         std::unique_ptr<SQLite::Database> store, const DBCManagedObjectModel& model);
 
-    void distrustSchema();
     void keepForeignLog(const QString& storePath);
     std::string insertStatement() const;
     // The key of the last card stored.
     qint64 storeInsertedCards(qint64 lastKey);
+    // Throws when the rows with the keys after keyBefore, up to lastKey, are not the inserted
+    // cards.
+    void checkInsertedCards(qint64 keyBefore, qint64 lastKey);
 
     std::unique_ptr<SQLite::Database> _store;
     const DBCManagedObjectModel& _model;

@@ -394,6 +394,20 @@ private Q_SLOTS:
         QVERIFY(desk.home.logText().contains(u"missing"_s));
     }
 
+    void storeThatDropsTheCardsEndsWithOne()
+    {
+        const Desk desk;
+        desk.package.execute(u"CREATE TRIGGER other BEFORE INSERT ON ZCARD "
+                             "BEGIN SELECT RAISE(IGNORE); END"_s);
+        const auto before = desk.package.contents();
+
+        const ProgramRun run = desk.program.run(desk.importing());
+
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.errors.contains(u"did not keep the new cards"_s), qPrintable(run.errors));
+        QCOMPARE(desk.package.contents(), before);
+    }
+
     void packageThatDoesNotOpenEndsWithOne()
     {
         const Desk desk;
