@@ -38,6 +38,15 @@ void logFailedSave(const std::exception& exception, const QString& package)
         u"IDS_LOG_ERR_STORE_SAVE"_s, {DBCPackageLayout::storeFile(package), reason}));
 }
 
+// Somebody may have put another file in place between the removal of the old lock file and the
+// opening of the new one: then it must not be changed.
+bool isOwnLockFile(int descriptor)
+{
+    struct stat status { };
+    return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == geteuid()
+        && status.st_nlink == 1;
+}
+
 } // namespace
 
 DBCDataBaseController::DBCDataBaseController() = default;
@@ -88,7 +97,7 @@ DBCResultCode DBCDataBaseController::_lock()
     _ilockFile
         = open(path.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, lockFileCreationMode);
     // By the descriptor, because there may be another file at the path by now.
-    if (_ilockFile != noDescriptor
+    if (_ilockFile != noDescriptor && isOwnLockFile(_ilockFile)
         && fchmod(_ilockFile, lockFileMode) == 0 && flock(_ilockFile, LOCK_EX | LOCK_NB) == 0)
         return DBCResultCode::Success;
     // The descriptor stays in the field: destruction releases it like any other.
