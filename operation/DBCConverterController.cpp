@@ -108,12 +108,17 @@ bool DBCConverterController::start(QThread* thread)
     thread->start();
     if (thread->isRunning() || thread->isFinished())
         return true;
+    endWithoutThread();
+    return false;
+}
+
+void DBCConverterController::endWithoutThread()
+{
     const DBCError error = DBCError(DBCResultCode::InternalException)
                                .withDescription(u"no thread for the operation"_s);
     _showAndLog({unexpectedErrorMessage, {}}, error);
     _outcome.code = error.code();
     _end();
-    return false;
 }
 
 bool DBCConverterController::_end()
