@@ -15,6 +15,7 @@
 #include "system/DBCNameLookup.h"
 #include "system/DBCPathChecks.h"
 #include "system/DBCPathNames.h"
+#include "system/DBCSignalCleanup.h"
 #include "text/DBCCharacterSets.h"
 
 #include <SQLiteCpp/Database.h>
@@ -64,6 +65,14 @@ bool isLive(const Card& card)
     return flag && *flag == DBCValue(qint64 {0});
 }
 
+// The copy of the store holds private data and must not stay behind when a signal ends the program.
+DBCSignalCleanup removalOnSignal(const QTemporaryDir& folder)
+{
+    const QByteArray store = QFile::encodeName(DBCPackageLayout::storeFile(folder.path()));
+    return {{store, store + "-wal", store + "-journal", store + "-shm"},
+        QFile::encodeName(folder.path())};
+}
+
 QByteArray firstComponent(const QString& name)
 {
     return QFile::encodeName(name.section(u'/', 0, 0, QString::SectionSkipEmpty));
@@ -84,6 +93,7 @@ DBCFindings DBCPackageVerifier::verify(const QString& package, const Progress& p
     if (auto reason = verifier.reasonNotToLook())
         return {{}, reason};
     const QTemporaryDir folder(temporaryFolderTemplate());
+    const DBCSignalCleanup cleanup = removalOnSignal(folder);
     if (auto reason = verifier.copyStore(folder))
         return {{}, reason};
 
@@ -104,6 +114,7 @@ DBCStoreReport DBCPackageVerifier::verifyStore(const QString& package)
     if (auto reason = verifier.reasonNotToLook())
         return {{{}, reason}};
     const QTemporaryDir folder(temporaryFolderTemplate());
+    const DBCSignalCleanup cleanup = removalOnSignal(folder);
     if (auto reason = verifier.copyStore(folder))
         return {{{}, reason}};
 

@@ -6,6 +6,7 @@
 #include "cli/DBCTerminal.h"
 #include "cli/DBCTerminalPresenter.h"
 #include "operation/log/DBCLogObserver.h"
+#include "system/DBCSignalCleanup.h"
 #include "system/DBCStandardDescriptors.h"
 #include "system/DBCUtf8Locale.h"
 
@@ -70,7 +71,7 @@ DBCExitCode show(const DBCUsage& usage)
 int main(int argc, char** argv)
 {
     keepStandardDescriptorsOpen();
-    // A reader of our output that goes away must not end an operation halfway.
+    DBCSignalCleanup::install();
     std::signal(SIGPIPE, SIG_IGN);
     const auto application = applicationInUtf8<QCoreApplication>(argc, argv);
 
