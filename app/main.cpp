@@ -74,8 +74,10 @@ int main(int argc, char** argv)
     keepStandardDescriptorsOpen();
     // Before the toolkit starts threads, on which a signal would end the program.
     DBCSignalWatcher::blockSignals();
-    // A terminal that goes away must not end an operation halfway.
+    // Neither a terminal that goes away nor a limit on the size of files must end an operation
+    // halfway: the write fails with its reason instead.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     const QByteArray activationToken = activationTokenOfStart();
     const auto application = applicationInUtf8<QApplication>(argc, argv);
     QApplication::setApplicationName(u"VelmoraConverter"_s);

@@ -72,7 +72,10 @@ int main(int argc, char** argv)
 {
     keepStandardDescriptorsOpen();
     DBCSignalCleanup::install();
+    // Neither a reader of our output that goes away nor a limit on the size of files must end an
+    // operation halfway: the write fails with its reason instead.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     const auto application = applicationInUtf8<QCoreApplication>(argc, argv);
 
     const auto parsed = parseCommandLine(QCoreApplication::arguments());
