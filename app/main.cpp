@@ -75,8 +75,10 @@ int main(int argc, char** argv)
     // This comes before the toolkit starts threads, because a signal delivered to one of them would
     // end the program.
     DBCSignalWatcher::blockSignals();
-    // A closed terminal must not end a running operation.
+    // Neither a terminal that goes away nor a limit on the size of files must end an operation
+    // halfway: the write fails with its reason instead.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     const QByteArray activationToken = activationTokenOfStart();
     const auto application = applicationInUtf8<QApplication>(argc, argv);
     QApplication::setApplicationName(u"VelmoraConverter"_s);

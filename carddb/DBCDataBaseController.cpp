@@ -9,6 +9,9 @@
 #include "operation/log/DBCLog.h"
 #include "system/DBCDiskFlush.h"
 
+#include <SQLiteCpp/Exception.h>
+#include <sqlite3.h>
+
 #include <QFile>
 
 #include <cstdio>
@@ -26,6 +29,23 @@ namespace {
 constexpr int noDescriptor = -1;
 constexpr mode_t lockFileCreationMode = S_IRWXU;
 constexpr mode_t lockFileMode = S_IRWXU | S_IRWXG | S_IRWXO;
+
+void logFailedSave(const std::exception& exception, const QString& package)
+{
+    const QString reason = QString::fromLocal8Bit(exception.what());
+    DBCLog::debug(u"Exception happended.[%1]"_s.arg(reason));
+    DBCLog::error(getLocalString(
+        u"IDS_LOG_ERR_STORE_SAVE"_s, {DBCPackageLayout::storeFile(package), reason}));
+}
+
+// Somebody may have put another file in place between the removal of the old lock file and the
+// opening of the new one: then it must not be changed.
+bool isOwnLockFile(int descriptor)
+{
+    struct stat status { };
+    return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == geteuid()
+        && status.st_nlink == 1;
+}
 
 } // namespace
 
@@ -78,8 +98,8 @@ DBCResultCode DBCDataBaseController::_lock()
     _ilockFile
         = open(path.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, lockFileCreationMode);
     // Change the mode through the descriptor: the name may refer to another file by now.
-    if (_ilockFile != noDescriptor && fchmod(_ilockFile, lockFileMode) == 0
-        && flock(_ilockFile, LOCK_EX | LOCK_NB) == 0)
+    if (_ilockFile != noDescriptor && isOwnLockFile(_ilockFile)
+        && fchmod(_ilockFile, lockFileMode) == 0 && flock(_ilockFile, LOCK_EX | LOCK_NB) == 0)
         return DBCResultCode::Success;
     // The descriptor stays in the field, and the destructor closes it.
     DBCLog::debug(u"There is a lock failure of the Database!"_s);
@@ -114,11 +134,13 @@ DBCResultCode DBCDataBaseController::save()
     }
     try {
         context->save();
+    } catch (const SQLite::Exception& exception) {
+        // The user stopped it, which is no error to be logged.
+        if (exception.getErrorCode() != SQLITE_INTERRUPT)
+            logFailedSave(exception, _strDBPath);
+        return DBCResultCode::DatabaseSaveFailure;
     } catch (const std::exception& exception) {
-        const QString reason = QString::fromLocal8Bit(exception.what());
-        DBCLog::debug(u"Exception happended.[%1]"_s.arg(reason));
-        DBCLog::error(getLocalString(
-            u"IDS_LOG_ERR_STORE_SAVE"_s, {DBCPackageLayout::storeFile(_strDBPath), reason}));
+        logFailedSave(exception, _strDBPath);
         return DBCResultCode::DatabaseSaveFailure;
     }
     return DBCResultCode::Success;

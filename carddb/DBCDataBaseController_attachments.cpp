@@ -86,6 +86,8 @@ DBCError checkSpace(const Transfer& transfer, const QString& volume)
 {
     DBCError error;
     const quint64 size = getSizeWithPath(transfer.source, &error);
+    if (error.code() == DBCResultCode::CancelledByUser)
+        return error;
     if (error) {
         DBCTransferLog::errorPlace(transfer.subject, transfer.source);
         return error;

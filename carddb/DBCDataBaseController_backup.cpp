@@ -28,6 +28,8 @@ DBCResultCode checkSpaceForBackup(const QString& package, const QString& parent)
 {
     DBCError error;
     const quint64 size = getSizeWithPath(package, &error);
+    if (error.code() == DBCResultCode::CancelledByUser)
+        return error.code();
     if (isFailure(error.code())) {
         DBCLog::error(
             getLocalString(u"IDS_LOG_ERR_SIZE"_s, {package, error.localizedDescription()}));
@@ -65,6 +67,7 @@ DBCResultCode DBCDataBaseController::backup()
     if (!isWritableFolder(parent))
         return DBCResultCode::BackupFailure;
     const DBCResultCode spaceCode = checkSpaceForBackup(package, parent);
+    _isBackupCancelled = spaceCode == DBCResultCode::CancelledByUser;
     if (spaceCode != DBCResultCode::Success)
         return spaceCode;
     const Outcome outcome = backUpTo(*target);

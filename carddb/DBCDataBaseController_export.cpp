@@ -11,6 +11,7 @@
 #include "operation/log/DBCLog.h"
 
 #include <SQLiteCpp/Exception.h>
+#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -49,6 +50,10 @@ std::optional<std::vector<DBCRecord>> DBCDataBaseController::fetchCardDatas(DBCE
         if (!error && records.empty())
             error = DBCError(DBCResultCode::NoCards);
     } catch (const SQLite::Exception& exception) {
+        if (exception.getErrorCode() == SQLITE_INTERRUPT) {
+            *errors = DBCError(DBCResultCode::CancelledByUser);
+            return records;
+        }
         DBCLog::error(getLocalString(u"IDS_LOG_ERR_STORE_FETCH"_s,
             {DBCPackageLayout::storeFile(_strDBPath), QString::fromLocal8Bit(exception.what())}));
         error = DBCError(DBCResultCode::FetchFailure);

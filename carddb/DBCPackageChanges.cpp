@@ -3,6 +3,7 @@
 
 #include "carddb/DBCPackageLayout.h"
 #include "carddb/DBCStoreCopy.h"
+#include "carddb/store/DBCStoreConnection.h"
 #include "system/DBCDescriptor.h"
 #include "system/DBCPathNames.h"
 
@@ -109,13 +110,11 @@ void compareStores(const QString& package, const QString& backup, const QString&
         return;
     }
     try {
-        SQLite::Database store(nativePath(now.storeFile()).string(), SQLite::OPEN_READWRITE);
-        // The stores may come from anybody; nothing in their schemas may call functions.
-        store.exec("PRAGMA trusted_schema = OFF");
-        SQLite::Statement attach(store, "ATTACH ? AS backup");
+        const auto store = openStoreOfOthers(now.storeFile());
+        SQLite::Statement attach(*store, "ATTACH ? AS backup");
         attach.bind(1, nativePath(then.storeFile()).string());
         attach.exec();
-        compareRows(store, cardIDStart.toStdString(), changes);
+        compareRows(*store, cardIDStart.toStdString(), changes);
     } catch (const SQLite::Exception&) {
         changes.isUnknown = true;
     }

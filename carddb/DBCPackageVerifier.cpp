@@ -6,6 +6,7 @@
 #include "carddb/DBCStoreCopy.h"
 #include "carddb/store/DBCCard.h"
 #include "carddb/store/DBCManagedObjectContext.h"
+#include "carddb/store/DBCStoreConnection.h"
 #include "cardimage/pdf/DBCCardPdf.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
 #include "datafile/helpers/DBCLocalizable.h"
@@ -142,11 +143,11 @@ bool DBCPackageVerifier::openStore(
         return false;
     }
     try {
-        SQLite::Database store(nativePath(storeCopy).string(), SQLite::OPEN_READWRITE);
-        checkSoundness(store);
-        if (!checkModel(store))
+        const auto store = openStoreOfOthers(storeCopy);
+        checkSoundness(*store);
+        if (!checkModel(*store))
             return false;
-        next(store);
+        next(*store);
         return true;
     } catch (const SQLite::Exception& exception) {
         const bool isNoStore = exception.getErrorCode() == SQLITE_NOTADB;

@@ -32,10 +32,18 @@ QString temporaryFolderTemplate()
     return QFile::decodeName(error ? "/dev/null" : folder.c_str()) + u"/VelmoraConverter-XXXXXX"_s;
 }
 
+DBCSignalCleanup removalOnSignal(const QTemporaryDir& folder)
+{
+    const QByteArray store = QFile::encodeName(DBCPackageLayout::storeFile(folder.path()));
+    return {{store, store + "-wal", store + "-journal", store + "-shm"},
+        QFile::encodeName(folder.path())};
+}
+
 } // namespace
 
 DBCStoreCopy::DBCStoreCopy(const QString& package)
     : _folder(temporaryFolderTemplate())
+    , _cleanup(removalOnSignal(_folder))
 {
     if (!_folder.isValid()) {
         _reason = _folder.errorString();

@@ -3,10 +3,13 @@
 // nothing beside it.
 #pragma once
 
+#include "system/DBCSignalCleanup.h"
+
 #include <QString>
 #include <QTemporaryDir>
 
-// Owns a folder in the system's temporary folder and removes it when destroyed. One thread.
+// Owns a folder in the system's temporary folder. It is removed when the object is destroyed, and
+// when a signal ends the program, because the copy holds private data. One thread.
 class DBCStoreCopy {
 public:
     // Copies the store with the log and journal that SQLite may have left beside it. A store that
@@ -21,5 +24,6 @@ public:
 
 private:
     QTemporaryDir _folder;
+    DBCSignalCleanup _cleanup;
     QString _reason;
 };

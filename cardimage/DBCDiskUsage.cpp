@@ -4,14 +4,12 @@
 #include "operation/base/DBCError.h"
 #include "operation/log/DBCLog.h"
 #include "system/DBCHost.h"
+#include "system/DBCProgramOutput.h"
 
 #include <QFileInfo>
-#include <QProcess>
-#include <QProcessEnvironment>
 #include <QStringDecoder>
 
 #include <algorithm>
-#include <new>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -70,51 +68,24 @@ QString asArgument(const QString& path)
     return path.startsWith(u'-') ? u"./"_s + path : path;
 }
 
-// du needs no locale to print digits, and loading the user's takes as long as measuring a file.
-const QProcessEnvironment& environmentWithoutLocale()
-{
-    static const QProcessEnvironment environment = [] {
-        QProcessEnvironment inherited = QProcessEnvironment::systemEnvironment();
-        inherited.insert(u"LC_ALL"_s, u"C"_s);
-        return inherited;
-    }();
-    return environment;
-}
-
-class DiskUsageProcess : public QProcess {
-public:
-    void run(const QString& program, const QString& path)
-    {
-        setProcessEnvironment(environmentWithoutLocale());
-        try {
-            start(program, {u"-k"_s, u"-s"_s, asArgument(path)}, QIODevice::ReadOnly);
-            waitForFinished(-1);
-        } catch (const std::bad_alloc&) {
-            // The base class has no usable child process now, but its destructor would still wait
-            // half a minute for one to end.
-            setProcessState(NotRunning);
-            throw;
-        }
-    }
-};
-
 Measurement measure(const QString& path)
 {
+    using End = DBCProgramRun::End;
     const QString program = DBCHost::current().diskUsageProgram;
-    DiskUsageProcess du;
-    du.run(program, path);
-    if (du.error() == QProcess::FailedToStart) {
+    const DBCProgramRun du = runProgram(program, {u"-k"_s, u"-s"_s, asArgument(path)});
+    if (du.end == End::Stopped)
+        return {0, DBCError(DBCResultCode::CancelledByUser)};
+    if (du.end == End::NotStarted) {
         return failed(DBCResultCode::InternalException, path,
             u"Exception happended when get file size by using du command. "
-            "Exception:[%1]"_s.arg(program + u": "_s + du.errorString()));
+            "Exception:[%1]"_s.arg(program + u": "_s + qt_error_string(du.number)));
     }
-    const QByteArray output = du.readAllStandardOutput();
-    const bool succeeded = du.exitStatus() == QProcess::NormalExit && du.exitCode() == 0;
-    if (!succeeded || output.isEmpty()) {
+    const bool succeeded = du.end == End::Exited && du.number == 0;
+    if (!succeeded || du.output.isEmpty()) {
         return failed(
-            DBCResultCode::SizeMeasureFailure, path, u"Du failed, result %1"_s.arg(du.exitCode()));
+            DBCResultCode::SizeMeasureFailure, path, u"Du failed, result %1"_s.arg(du.number));
     }
-    return sizeFromOutput(output, path);
+    return sizeFromOutput(du.output, path);
 }
 
 } // namespace

@@ -7,8 +7,14 @@
 #include "operation/log/DBCLog.h"
 #include "system/DBCSignalWatcher.h"
 
-#include <QEventLoop>
-#include <QThread>
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+
+#include <atomic>
+#include <functional>
+#include <optional>
+#include <system_error>
+#include <thread>
 
 namespace {
 
@@ -50,7 +56,19 @@ private:
     DBCReporter& _reporter;
 };
 
-// Runs the operation on a separate thread, and the event loop of this thread until it has ended.
+// None where the system gives no thread.
+std::optional<std::thread> startThread(const std::function<void()>& work)
+{
+    try {
+        return std::thread(work);
+    } catch (const std::system_error&) {
+        return std::nullopt;
+    }
+}
+
+// Runs the operation on a thread of its own and this thread's events until it has ended. Not a
+// QThread: waiting for one ends before the thread has destroyed its thread-local objects, and the
+// program could end meanwhile and take away from them what they use.
 bool runToItsEnd(DBCConverterController& controller, DBCReporter& reporter)
 {
     EventForwarder forwarder(controller, reporter);
@@ -58,12 +76,20 @@ bool runToItsEnd(DBCConverterController& controller, DBCReporter& reporter)
     const DBCSignalWatcher signalWatcher([&] { controller.setConfirmCancelOperation(true); });
 
     bool isOk = false;
-    const std::unique_ptr<QThread> operation(QThread::create([&] { isOk = controller.run(); }));
-    QEventLoop loop;
-    QObject::connect(operation.get(), &QThread::finished, &loop, &QEventLoop::quit);
-    if (controller.start(operation.get()))
-        loop.exec();
-    operation->wait();
+    std::atomic<bool> hasEnded = false;
+    QAbstractEventDispatcher* events = QAbstractEventDispatcher::instance();
+    std::optional<std::thread> operation = startThread([&] {
+        isOk = controller.run();
+        hasEnded = true;
+        events->wakeUp();
+    });
+    if (!operation) {
+        controller.endWithoutThread();
+        return false;
+    }
+    while (!hasEnded)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    operation->join();
     return isOk;
 }
 

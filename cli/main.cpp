@@ -6,6 +6,7 @@
 #include "cli/DBCTerminal.h"
 #include "cli/DBCTerminalPresenter.h"
 #include "operation/log/DBCLogObserver.h"
+#include "system/DBCSignalCleanup.h"
 #include "system/DBCStandardDescriptors.h"
 #include "system/DBCUtf8Locale.h"
 
@@ -70,8 +71,11 @@ DBCExitCode show(const DBCUsage& usage)
 int main(int argc, char** argv)
 {
     keepStandardDescriptorsOpen();
-    // If the reader of our output ends, for example a pager, the operation must continue.
+    DBCSignalCleanup::install();
+    // Neither a reader of our output that goes away nor a limit on the size of files must end an
+    // operation halfway: the write fails with its reason instead.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     const auto application = applicationInUtf8<QCoreApplication>(argc, argv);
 
     const auto parsed = parseCommandLine(QCoreApplication::arguments());

@@ -6,6 +6,7 @@
 #include "datafile/DBCFileReader.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
 #include "datafile/helpers/DBCLocalizable.h"
+#include "operation/base/DBCStopQuestion.h"
 #include "operation/log/DBCLog.h"
 #include "report/DBCRunStory.h"
 #include "system/DBCStandardDescriptors.h"
@@ -87,6 +88,8 @@ bool DBCConverterController::run()
     if (_fullPathFolder.isEmpty() || _fullPathDB.isEmpty() || !_isSupportOperation(_operationType))
         return false;
 
+    // For waits that have no delegate: "du", and calculations in the store.
+    const DBCStopQuestion question([this] { return checkIsNeedToConfirmCancelOperation(); });
     if (DBCLog* log = _log())
         log->resetLogCount();
     _beginStory();
@@ -103,12 +106,17 @@ bool DBCConverterController::start(QThread* thread)
     thread->start();
     if (thread->isRunning() || thread->isFinished())
         return true;
+    endWithoutThread();
+    return false;
+}
+
+void DBCConverterController::endWithoutThread()
+{
     const DBCError error = DBCError(DBCResultCode::InternalException)
                                .withDescription(u"no thread for the operation"_s);
     _showAndLog({unexpectedErrorMessage, {}}, error);
     _outcome.code = error.code();
     _end();
-    return false;
 }
 
 bool DBCConverterController::_end()
@@ -158,6 +166,11 @@ DBCError DBCConverterController::_guarded(
 bool DBCConverterController::_isCancel(const DBCError& error)
 {
     return error.code() == DBCResultCode::CancelledByUser;
+}
+
+DBCError DBCConverterController::_stopBefore(const DBCError& error) const
+{
+    return error && _isStopRunning ? DBCError(DBCResultCode::CancelledByUser) : error;
 }
 
 bool DBCConverterController::_isFolder(const QString& path)

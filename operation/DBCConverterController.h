@@ -87,9 +87,11 @@ public:
     // nothing logged and no event sent, for an empty path or an unsupported type.
     bool run();
     // Starts a thread that calls run(), as QThread::start() does. Returns false if the system gives
-    // no thread. QThread reports that nowhere, so the driver then shows message 102 and sends
-    // OperationDidFinished, as after a failed run.
+    // no thread. QThread reports that nowhere, so the driver then calls endWithoutThread().
     bool start(QThread* thread);
+    // Shows message 102 and sends OperationDidFinished, as after a failed run: the system gave no
+    // thread for run().
+    void endWithoutThread();
 
     // The cancel delegate, on the operation thread. The first asks the user if a cancel was asked
     // for, and returns true if the operation is to stop. The second returns true if the copy may go
@@ -133,6 +135,8 @@ private:
     DBCError _sizeError(const DBCError& error) const;
     DBCError _openDatabase(std::unique_ptr<DBCDataBaseController>* database);
     static bool _isCancel(const DBCError& error);
+    // The user's stop comes before whatever code the interrupted step gave.
+    DBCError _stopBefore(const DBCError& error) const;
     static bool _isFolder(const QString& path);
 
     // --- events and cancel ---

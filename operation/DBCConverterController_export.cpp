@@ -80,8 +80,8 @@ bool DBCConverterController::_doExport(DBCError* error)
     if (!error)
         return false;
 
-    *error
-        = _guarded(u"Exception happended when exporting.[%1]"_s, [this] { return _exportCards(); });
+    *error = _stopBefore(
+        _guarded(u"Exception happended when exporting.[%1]"_s, [this] { return _exportCards(); }));
     if (_isCancel(*error)) {
         DBCFileManager::defaultManager()->cleanFolder(_fullPathFolder);
         *error = DBCError();
@@ -206,7 +206,7 @@ DBCError DBCConverterController::_writeCards(
         ++_outcome.finishedCount;
         _sendProgress(DBCEventName::ExportIsRunning, cards);
     }
-    return {};
+    return _isStopRunning ? DBCError(DBCResultCode::CancelledByUser) : DBCError();
 }
 
 DBCError DBCConverterController::_writeCard(

@@ -38,9 +38,10 @@ bool DBCConverterController::_doImport(DBCError* error)
 
     _logStart(importLabel, u" From:[%1]  To:[%2]"_s.arg(_fullPathFolder, _fullPathDB));
     std::unique_ptr<DBCDataBaseController> database;
-    *error = _prepareImport(&database);
+    *error = _stopBefore(_prepareImport(&database));
     if (_isCancel(*error)) {
-        _removeBackup(*database);
+        if (database)
+            _removeBackup(*database);
         *error = DBCError();
         return true;
     }
@@ -52,7 +53,7 @@ bool DBCConverterController::_doImport(DBCError* error)
     *error = _guarded(
         u"Exception happended when importing.[%1]"_s, [&] { return _importRecords(*database); });
     if (*error)
-        *error = _undoImport(*database, *error);
+        *error = _undoImport(*database, _stopBefore(*error));
     return !*error;
 }
 
@@ -79,7 +80,7 @@ DBCError DBCConverterController::_checkSpaceForImport() const
     DBCError error;
     const quint64 needed = estimateDiskSpaceForImport(&error) + DBCDiskSpaceMargin;
     if (error)
-        return _sizeError(error);
+        return _isCancel(error) ? error : _sizeError(error);
     if (!_isFolder(_fullPathDB))
         return DBCError(DBCResultCode::FolderNotExist);
     if (!DBCChecker::checkDiskSizeIsEnough(_fullPathDB, needed))
@@ -149,7 +150,7 @@ DBCError DBCConverterController::_storeRecords(
         ++_outcome.finishedCount;
         _sendProgress(DBCEventName::ImportIsRunning, records);
     }
-    return {};
+    return _isStopRunning ? DBCError(DBCResultCode::CancelledByUser) : DBCError();
 }
 
 DBCError DBCConverterController::_saveImport(DBCDataBaseController& database)

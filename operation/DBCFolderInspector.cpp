@@ -10,6 +10,7 @@
 #include "datafile/helpers/DBCNamedFiles.h"
 #include "datafile/records/DBCItemLengths.h"
 #include "operation/DBCChecker.h"
+#include "operation/base/DBCStopQuestion.h"
 #include "system/DBCFolderListing.h"
 #include "system/DBCHost.h"
 
@@ -82,8 +83,11 @@ void DBCFolderInspector::checkVersion()
 
 void DBCFolderInspector::measure()
 {
+    const DBCStopQuestion question([this] { return look(0, 0) == Looking::Stop; });
     DBCError error;
     const quint64 size = getSizeWithPath(_folder, &error);
+    if (error.code() == DBCResultCode::CancelledByUser)
+        return;
     if (error)
         report(_folder, "IDS_CHECK_SIZE", {_folder});
     else

@@ -4,14 +4,18 @@
 #include "report/DBCReportData.h"
 #include "report/DBCReportPage.h"
 #include "report/DBCRunReport.h"
+#include "system/DBCDiskFlush.h"
 #include "system/DBCPathChecks.h"
 
 #include <QDir>
 #include <QLockFile>
 #include <QRegularExpression>
-#include <QSaveFile>
+#include <QTemporaryFile>
 
 #include <algorithm>
+
+#include <cerrno>
+#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
@@ -51,12 +55,21 @@ QString freeStem(const QString& stem)
     return candidate;
 }
 
+// Reports hold names of people. A QTemporaryFile is its owner's alone from its creation on, where a
+// QSaveFile has the rights that the umask leaves.
 std::optional<Failure> save(const QString& path, const QByteArray& bytes)
 {
-    QSaveFile file(path);
-    const bool isSaved = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()
-        && file.flush() && file.commit();
-    return isSaved ? std::nullopt : std::optional(Failure {path, file.errorString()});
+    QTemporaryFile file(path + u".XXXXXX"_s);
+    if (!file.open() || file.write(bytes) != bytes.size() || !file.flush())
+        return Failure {path, file.errorString()};
+    // A disk that cannot promise to keep the report is no reason to do without it.
+    (void)DBCDiskFlush::file(file.handle());
+    if (std::rename(
+            QFile::encodeName(file.fileName()).constData(), QFile::encodeName(path).constData())
+        != 0)
+        return Failure {path, qt_error_string(errno)};
+    file.setAutoRemove(false);
+    return std::nullopt;
 }
 
 // The names of all reports in a folder, without their endings, the newest first.

@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <optional>
+#include <string_view>
 
 namespace {
 
@@ -30,6 +31,12 @@ double toStoredDate(qint64 microseconds)
         / microsecondsPerSecond;
 }
 
+double toStoredDate(DBCRecordKey key, const QDateTime& date, DBCRisingDates& acceptDates)
+{
+    return toStoredDate(
+        key == DBCRecordKey::accept_Date ? acceptDates.next(date) : microsecondsSinceEpoch(date));
+}
+
 std::optional<DBCValue> fromStoredDate(double seconds)
 {
     constexpr double farthest = 1e12; // some 30,000 years
@@ -39,13 +46,20 @@ std::optional<DBCValue> fromStoredDate(double seconds)
         referenceDateMs + std::llround(seconds * millisecondsPerSecond));
 }
 
+// In UTF-8, in whichever encoding the store keeps it; valid until the row is left.
+std::string_view textOf(const SQLite::Column& column)
+{
+    const char* bytes = column.getText();
+    return {bytes, static_cast<std::size_t>(column.getBytes())};
+}
+
 DBCValue storedText(const SQLite::Column& column)
 {
     // A leading U+FEFF is kept as part of the text: in the store it is no byte order mark.
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-    const char* bytes = column.getText();
-    QString text = decoder(QByteArrayView(bytes, column.getBytes()));
-    text.squeeze(); // decoding reserves three times as much as a Japanese text needs
+    const std::string_view bytes = textOf(column);
+    QString text = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    text.squeeze(); // decoding reserves three times what a Japanese text takes
     return text;
 }
 
@@ -97,13 +111,36 @@ void DBCCardRowBinder::bindValue(int parameter, DBCRecordKey key, const DBCValue
     else if (const qint64* number = std::get_if<qint64>(&value))
         _insert.bind(parameter, static_cast<int64_t>(*number));
     else if (const QDateTime* date = std::get_if<QDateTime>(&value))
-        _insert.bind(parameter,
-            toStoredDate(key == DBCRecordKey::accept_Date ? risingAcceptDate(*date)
-                                                          : microsecondsSinceEpoch(*date)));
+        _insert.bind(parameter, toStoredDate(key, *date, _acceptDates));
 }
 
-qint64 DBCCardRowBinder::risingAcceptDate(const QDateTime& date)
+bool DBCCardRowComparison::isEqual(SQLite::Statement& row, const Card& card)
 {
-    _lastAcceptDate = std::max(microsecondsSinceEpoch(date), _lastAcceptDate + 1);
-    return _lastAcceptDate;
+    int column = _firstColumn;
+    for (const DBCCardAttribute& attribute : DBCCardAttributes) {
+        const DBCValue* value = card.value(attribute.key);
+        if (value && !isEqual(row.getColumn(column), attribute.key, *value))
+            return false;
+        ++column;
+    }
+    return true;
+}
+
+bool DBCCardRowComparison::isEqual(
+    const SQLite::Column& column, DBCRecordKey key, const DBCValue& value)
+{
+    if (const QString* text = std::get_if<QString>(&value))
+        return !column.isNull() && !column.isBlob() && textOf(column) == text->toStdString();
+    if (!column.isInteger() && !column.isFloat())
+        return false;
+    if (const qint64* number = std::get_if<qint64>(&value))
+        return column.isInteger() && column.getInt64() == *number;
+    const QDateTime* date = std::get_if<QDateTime>(&value);
+    return date && column.getDouble() == toStoredDate(key, *date, _acceptDates);
+}
+
+qint64 DBCRisingDates::next(const QDateTime& date)
+{
+    _last = std::max(microsecondsSinceEpoch(date), _last + 1);
+    return _last;
 }

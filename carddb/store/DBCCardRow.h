@@ -13,6 +13,17 @@
 // some 30,000 years away, counts as no value.
 Card readCardRow(SQLite::Statement& row);
 
+// The accept dates that cards are stored with, in microseconds since the epoch. Exports follow
+// these dates, but a clock stands still within a millisecond and may be set back: each date is
+// moved behind the one before it.
+class DBCRisingDates {
+public:
+    qint64 next(const QDateTime& date);
+
+private:
+    qint64 _last = std::numeric_limits<qint64>::min();
+};
+
 // Binds one card after the other to the attribute parameters of an INSERT, the first of which has
 // the number firstParameter. An attribute without a value is left unbound. The statement must
 // outlive the binder.
@@ -28,12 +39,27 @@ public:
 
 private:
     void bindValue(int parameter, DBCRecordKey key, const DBCValue& value);
-    // The card's accept date in microseconds since 1970. Exports are sorted by these dates, but two
-    // cards of one millisecond have the same date, and a clock may be set back. So each date is
-    // made at least one microsecond later than the one before.
-    qint64 risingAcceptDate(const QDateTime& date);
 
     SQLite::Statement& _insert;
     int _firstParameter;
-    qint64 _lastAcceptDate = std::numeric_limits<qint64>::min();
+    DBCRisingDates _acceptDates;
+};
+
+// Compares rows that were read back with the cards that a DBCCardRowBinder bound, in the same
+// order.
+class DBCCardRowComparison {
+public:
+    explicit DBCCardRowComparison(int firstColumn)
+        : _firstColumn(firstColumn)
+    {
+    }
+
+    // Whether the row has every value that is set in the card, in a type that is read back as it.
+    bool isEqual(SQLite::Statement& row, const Card& card);
+
+private:
+    bool isEqual(const SQLite::Column& column, DBCRecordKey key, const DBCValue& value);
+
+    int _firstColumn;
+    DBCRisingDates _acceptDates;
 };

@@ -3,6 +3,7 @@
 
 #include "carddb/store/DBCCardAttributes.h"
 #include "carddb/store/DBCCardRow.h"
+#include "carddb/store/DBCStoreConnection.h"
 #include "datafile/helpers/DBCLocalizable.h"
 #include "operation/log/DBCLog.h"
 
@@ -23,9 +24,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// How long an access waits for another process that holds the store before it fails.
-constexpr int busyTimeoutMs = 1000;
-
 // The beginning of a new object's identity URI; a UUID and a number follow.
 constexpr const char16_t* identityStart = u"x-coredata:///Card/t";
 
@@ -36,6 +34,8 @@ constexpr std::size_t usualAttributeCount = 36;
 constexpr int keyParameter = 1;
 constexpr int entityParameter = 2;
 constexpr int firstAttributeParameter = 3;
+// Of the rows that are read back, in which the two above come first, too.
+constexpr int firstAttributeColumn = 2;
 
 std::string joined(const std::vector<std::string>& parts)
 {
@@ -78,11 +78,8 @@ std::unique_ptr<DBCManagedObjectContext> DBCManagedObjectContext::open(
     if (!QFileInfo(storePath).isFile())
         return nullptr;
     try {
-        auto store = std::make_unique<SQLite::Database>(
-            QFile::encodeName(storePath).toStdString(), SQLite::OPEN_READWRITE, busyTimeoutMs);
         std::unique_ptr<DBCManagedObjectContext> context(
-            new DBCManagedObjectContext(std::move(store), model));
-        context->distrustSchema();
+            new DBCManagedObjectContext(openStoreOfOthers(storePath), model));
         context->keepForeignLog(storePath);
         context->_description = model.describe(*context->_store);
         if (context->_description.missing.isEmpty())
@@ -107,14 +104,6 @@ DBCManagedObjectContext::DBCManagedObjectContext(
 
 DBCManagedObjectContext::~DBCManagedObjectContext() = default;
 
-// A store may come from an untrusted source, so its schema must not call functions with side
-// effects, and views are switched off.
-void DBCManagedObjectContext::distrustSchema()
-{
-    sqlite3_db_config(_store->getHandle(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-    sqlite3_db_config(_store->getHandle(), SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
-}
-
 // If another program left a write-ahead log, closing the last connection would move its contents
 // into the store's file. This prevents that until something is saved here.
 void DBCManagedObjectContext::keepForeignLog(const QString& storePath)
@@ -138,8 +127,12 @@ void DBCManagedObjectContext::save()
     // With a weaker setting, the deletion of the journal may not be on the disk yet after the
     // commit. A power cut would then bring the journal back, and SQLite would roll the commit back.
     _store->exec("PRAGMA synchronous = EXTRA");
+    const DBCStoppableStore stoppable(*_store);
     SQLite::Transaction transaction(*_store, SQLite::TransactionBehavior::IMMEDIATE);
-    setHighestKey(*_store, storeInsertedCards(highestKey(*_store)));
+    const qint64 keyBefore = highestKey(*_store);
+    const qint64 lastKey = storeInsertedCards(keyBefore);
+    setHighestKey(*_store, lastKey);
+    checkInsertedCards(keyBefore, lastKey);
     transaction.commit();
 
     _insertedCards.clear();
@@ -160,6 +153,26 @@ qint64 DBCManagedObjectContext::storeInsertedCards(qint64 lastKey)
         insert.clearBindings();
     }
     return lastKey;
+}
+
+// Triggers of the store may have changed or dropped what was inserted, even cards before the last.
+void DBCManagedObjectContext::checkInsertedCards(qint64 keyBefore, qint64 lastKey)
+{
+    SQLite::Statement rows(*_store,
+        "SELECT Z_PK, Z_ENT, " + joined(_model.columns())
+            + " FROM ZCARD WHERE Z_PK > ? AND Z_PK <= ? ORDER BY Z_PK");
+    rows.bind(1, static_cast<int64_t>(keyBefore));
+    rows.bind(2, static_cast<int64_t>(lastKey));
+    DBCCardRowComparison comparison(firstAttributeColumn);
+    qint64 key = keyBefore;
+    for (const Card& card : _insertedCards) {
+        const bool isThere = rows.executeStep() && rows.getColumn(0).getInt64() == ++key
+            && rows.getColumn(1).getInt64() == _description.entityNumber;
+        if (!isThere || !comparison.isEqual(rows, card))
+            throw SQLite::Exception("the store did not keep the new cards as they are");
+    }
+    if (highestKey(*_store) != lastKey)
+        throw SQLite::Exception("the store did not keep the key of the last card");
 }
 
 std::string DBCManagedObjectContext::insertStatement() const
@@ -186,6 +199,7 @@ std::string DBCManagedObjectContext::insertStatement() const
 void DBCManagedObjectContext::fetchCards(
     DBCCardSelection selection, const std::function<bool(const Card& card)>& visit)
 {
+    const DBCStoppableStore stoppable(*_store);
     const std::string live = selection == DBCCardSelection::Live ? " WHERE ZDELETEDFLAG = 0" : "";
     SQLite::Statement rows(*_store,
         "SELECT " + joined(_model.columns()) + " FROM ZCARD" + live + " ORDER BY ZACCEPT_DATE");

@@ -44,25 +44,29 @@ public:
     QString identityPrefix() const { return _identityPrefix; }
     bool hasInsertedCards() const { return !_insertedCards.empty(); }
 
-    // Writes the cards inserted since the last save in one transaction that survives a power cut.
-    // Does not touch the store when there are none. On failure it throws SQLite::Exception; the
-    // store is then unchanged, and the next save() tries the same cards again.
+    // Stores the cards inserted since the last save; nothing is touched when there are none.
+    // Throws SQLite::Exception with the store as it was and the cards still waiting. That also
+    // happens when the store does not hold the cards as they were set, because a trigger in it
+    // dropped or changed them, and when the thread's DBCStopQuestion stopped a trigger that runs
+    // for long; the exception's code is SQLITE_INTERRUPT then.
     void save();
 
-    // Calls visit for each stored card until it returns false. New cards that are not saved yet are
-    // not visited. The order is that of the accept dates; cards without one come first. Throws
-    // SQLite::Exception when the store cannot be read.
+    // Hands the cards of the store, not those that wait, to visit in the order of their accept
+    // dates, none first, until it answers false. Throws SQLite::Exception; its code is
+    // SQLITE_INTERRUPT when the thread's DBCStopQuestion stopped it.
     void fetchCards(DBCCardSelection selection, const std::function<bool(const Card& card)>& visit);
 
 private:
     DBCManagedObjectContext(
         std::unique_ptr<SQLite::Database> store, const DBCManagedObjectModel& model);
 
-    void distrustSchema();
     void keepForeignLog(const QString& storePath);
     std::string insertStatement() const;
     // Returns the key of the last card stored.
     qint64 storeInsertedCards(qint64 lastKey);
+    // Throws when the rows with the keys after keyBefore, up to lastKey, are not the inserted
+    // cards.
+    void checkInsertedCards(qint64 keyBefore, qint64 lastKey);
 
     std::unique_ptr<SQLite::Database> _store;
     const DBCManagedObjectModel& _model;

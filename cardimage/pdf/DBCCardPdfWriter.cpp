@@ -2,15 +2,21 @@
 #include "cardimage/pdf/DBCCardPdfWriter.h"
 
 #include "cardimage/pdf/DBCCardPdfDocument.h"
+#include "system/DBCDescriptor.h"
 
 #include <QFile>
 
 #include <cerrno>
 #include <exception>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <qpdf/QPDFSystemError.hh>
 
 namespace {
+
+constexpr mode_t readableByAll = 0666; // less what the umask takes
 
 // Null until the thread's first writer, and again after a document had to be thrown away.
 std::unique_ptr<DBCCardPdfDocument>& threadDocument()
@@ -32,10 +38,58 @@ DBCWriteOutcome writeFailure(int error)
     return error == ENOSPC || error == EDQUOT ? DBCWriteOutcome::DiskFull : DBCWriteOutcome::Failed;
 }
 
+// The C library gives up on a file after one interrupted call, as network file systems have them.
+// These go on.
+
+int openForWriting(const QByteArray& path)
+{
+    int descriptor = -1;
+    do {
+        descriptor
+            = open(path.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, readableByAll);
+    } while (descriptor == -1 && errno == EINTR);
+    return descriptor;
+}
+
+ssize_t writeToDescriptor(void* cookie, const char* bytes, size_t size)
+{
+    const int descriptor = static_cast<DBCDescriptor*>(cookie)->get();
+    size_t done = 0;
+    while (done < size) {
+        const ssize_t count = write(descriptor, bytes + done, size - done);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            break;
+        done += static_cast<size_t>(count);
+    }
+    return static_cast<ssize_t>(done);
+}
+
+int closeDescriptor(void* cookie)
+{
+    const std::unique_ptr<DBCDescriptor> descriptor(static_cast<DBCDescriptor*>(cookie));
+    // An interrupted close has closed the descriptor all the same.
+    return descriptor->close() || errno == EINTR ? 0 : EOF;
+}
+
+// Null with errno when the file cannot be opened.
+std::FILE* openFile(const QString& path)
+{
+    auto descriptor = std::make_unique<DBCDescriptor>(openForWriting(QFile::encodeName(path)));
+    if (!*descriptor)
+        return nullptr;
+    std::FILE* file = fopencookie(descriptor.get(), "wb",
+        {.read = nullptr, .write = writeToDescriptor, .seek = nullptr, .close = closeDescriptor});
+    if (file)
+        (void)descriptor.release(); // closeDescriptor() owns it
+    return file;
+}
+
 } // namespace
 
 DBCCardPdfWriter::DBCCardPdfWriter(const QString& path)
-    : _file(std::fopen(QFile::encodeName(path).constData(), "wbe"))
+    : _file(openFile(path))
     , _opened(_file ? DBCWriteOutcome::Written : writeFailure(errno))
     , _document(usableDocument())
 {

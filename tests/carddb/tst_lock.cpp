@@ -9,12 +9,32 @@
 #include <QProcess>
 #include <QtTest>
 
+#include <functional>
+
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// Done right after a file was removed through remove().
+std::function<void(const char* path)> afterRemoval;
+
+} // namespace
+
+// Takes the place of the C library's, so that a test can do what another program does at the worst
+// moment.
+extern "C" int remove(const char* path)
+{
+    const int result = unlink(path) == 0 ? 0 : rmdir(path);
+    if (afterRemoval)
+        afterRemoval(path);
+    return result;
+}
 
 namespace {
 
@@ -136,6 +156,36 @@ private Q_SLOTS:
         controller.setDBPath(_package->path());
         QCOMPARE(controller._lock(), DBCResultCode::DatabaseLockFailure);
         QVERIFY(log.text().contains(u"There is a lock failure of the Database!"_s));
+    }
+
+    void fileThatIsPutInTheLockFilesPlaceStaysAsItIs_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::newRow("hard link") << 0;
+        QTest::newRow("symbolic link") << 1;
+        QTest::newRow("pipe") << 2;
+        QTest::newRow("file of another user") << 3;
+    }
+    void fileThatIsPutInTheLockFilesPlaceStaysAsItIs()
+    {
+        QFETCH(int, kind);
+        constexpr uid_t anotherUser = 12345;
+        if (kind == 3 && geteuid() != 0)
+            QSKIP("only root can make a file of another user");
+        const QByteArray victim = QFile::encodeName(_home->writeFile(u"key.txt"_s, "secret"));
+        QCOMPARE(chmod(victim.constData(), 0600), 0);
+        afterRemoval = [&](const char* path) {
+            const int result = kind == 0 ? link(victim.constData(), path)
+                : kind == 1              ? symlink(victim.constData(), path)
+                : kind == 2              ? mkfifo(path, 0600)
+                                         : rename(victim.constData(), path);
+            if (result != 0 || (kind == 3 && chown(path, anotherUser, anotherUser) != 0))
+                qFatal("cannot put a file in place");
+        };
+        const auto controller = DBCDataBaseController::initDBwithPath(_package->path());
+        afterRemoval = {};
+        QVERIFY(!controller);
+        QCOMPARE(lockStatus().st_mode & 07777, mode_t {0600});
     }
 
     void missingPackageFailsTheLock()

@@ -74,6 +74,15 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(package.path(u".VMLock.vmlk"_s)));
     }
 
+    // SQLite evaluates the conditions of a table when it looks the store over.
+    void conditionThatTakesMuchMemoryIsAProblem()
+    {
+        _package->card();
+        _package->execute(u"CREATE TABLE other (x CHECK (length(zeroblob(30000000)) > x))"_s);
+        _package->execute(u"INSERT INTO other VALUES (1)"_s);
+        QCOMPARE(problemPaths(), QStringList({u"Velmora.sqldb"_s}));
+    }
+
     void cardsLeftInTheLogAreSeen()
     {
         PackageFixture package(*_home, {.writeAheadLog = true}, u"Other.vmdb"_s);

@@ -3,6 +3,7 @@
 #include "carddb/store/DBCCard.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
 #include "operation/base/DBCCancelDelegate.h"
+#include "operation/base/DBCStopQuestion.h"
 #include "tests/support/DebugLog.h"
 #include "tests/support/JpegBuilder.h"
 #include "tests/support/PackageFixture.h"
@@ -170,6 +171,25 @@ private Q_SLOTS:
         DBCError error;
         QVERIFY(!unopened.fetchCardDatas(&error));
         QVERIFY(!error);
+    }
+
+    void fetchWithoutDelegateIsStoppedByTheThreadsQuestion()
+    {
+        constexpr int cards = 3000;
+        _package->execute(u"WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM c "
+                          "WHERE n < %1) INSERT INTO ZCARD (Z_ENT, Z_OPT, ZDELETEDFLAG) "
+                          "SELECT 1, 1, 0 FROM c"_s.arg(cards));
+        const auto database = openPackage();
+        const DBCStopQuestion question([] { return true; });
+        DBCLongWait wait;
+        QTRY_VERIFY(wait.isToStop());
+
+        DBCError error;
+        const auto records = database->fetchCardDatas(&error);
+
+        QCOMPARE(codeOf(error), DBCResultCode::CancelledByUser);
+        QVERIFY(records);
+        QVERIFY(records->size() < cards);
     }
 
     void delegateIsAskedBeforeEachCard()

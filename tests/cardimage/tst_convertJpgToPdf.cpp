@@ -13,6 +13,8 @@
 #include <qpdf/QPDFObjectHandle.hh>
 
 #include <clocale>
+#include <csignal>
+#include <thread>
 
 #include <sys/stat.h>
 
@@ -120,6 +122,48 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(output));
         const QString jpeg = home.writeFile(u"a.jpg"_s, smallPicture());
         QCOMPARE(convertJPG2PDF({jpeg}, {}), DBCResultCode::GeneralFailure);
+    }
+
+    void interruptedWriteGoesOn()
+    {
+        Conversion onDisk;
+        QCOMPARE(onDisk.add(noisyPicture()).run(), DBCResultCode::Success);
+        Conversion conversion;
+        conversion.add(noisyPicture());
+        QCOMPARE(mkfifo(QFile::encodeName(conversion.output()).constData(), S_IRWXU), 0);
+
+        // A handler without SA_RESTART: calls that wait end with EINTR.
+        struct sigaction interrupt { };
+        interrupt.sa_handler = [](int) {};
+        struct sigaction former { };
+        sigaction(SIGUSR1, &interrupt, &former);
+        const pthread_t writer = pthread_self();
+        QByteArray received;
+        std::thread reader([&] {
+            QFile pipe(conversion.output());
+            if (!pipe.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+                return;
+            constexpr int interruptions = 20;
+            for (int i = 0; i < interruptions; ++i) {
+                QThread::msleep(10); // the writer waits: nobody reads
+                pthread_kill(writer, SIGUSR1);
+            }
+            while (true) {
+                const QByteArray part = pipe.read(65536);
+                if (part.isEmpty())
+                    return;
+                received += part;
+            }
+        });
+        const DBCResultCode code = conversion.run();
+        reader.join();
+        sigaction(SIGUSR1, &former, nullptr);
+
+        QCOMPARE(code, DBCResultCode::Success);
+        QFile file(onDisk.output());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(received.size(), file.size());
+        QCOMPARE(received.right(6), "%%EOF\n");
     }
 
     void pageSize_data()

@@ -2,15 +2,19 @@
 #include "cardimage/DBCDiskUsage.h"
 
 #include "operation/base/DBCError.h"
+#include "operation/base/DBCStopQuestion.h"
+#include "system/DBCProgramOutput.h"
 #include "tests/support/CapturedStandardError.h"
 #include "tests/support/ScopedHost.h"
 #include "tests/support/TestHome.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTest>
 #include <QThread>
 
+#include <csignal>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -211,6 +215,78 @@ private Q_SLOTS:
         DBCError error(DBCResultCode::NoCards);
         QCOMPARE(getSizeWithPath(scripted.home.path(), &error), KiB);
         QCOMPARE(error.code(), DBCResultCode::NoCards);
+    }
+
+    void longMeasuringCanBeStopped()
+    {
+        const ScriptedHome scripted("echo $$ > \"${0%/*}/process\"; sleep 60");
+        int asked = 0;
+        const DBCStopQuestion question([&] { return ++asked == 2; });
+        QElapsedTimer timer;
+        timer.start();
+        DBCError error;
+        QCOMPARE(getSizeWithPath(scripted.home.path(), &error), quint64(0));
+        QVERIFY2(timer.elapsed() >= 1000 && timer.elapsed() < 1900,
+            qPrintable(QString::number(timer.elapsed())));
+        QCOMPARE(error.code(), DBCResultCode::CancelledByUser);
+        QCOMPARE(asked, 2);
+        const pid_t process = scripted.home.readFile(u"process"_s).trimmed().toInt();
+        QVERIFY(process > 0);
+        QCOMPARE(kill(process, 0), -1);
+
+        // The operation is to stop: what it would wait for next is not waited for at all.
+        timer.restart();
+        QCOMPARE(getSizeWithPath(scripted.home.path(), &error), quint64(0));
+        QVERIFY(timer.elapsed() < 400);
+        QCOMPARE(asked, 2);
+    }
+
+    void longMeasuringGoesOnWhenItIsNotToStop()
+    {
+        const ScriptedHome scripted("sleep 1.3; printf '7\\tx'");
+        int asked = 0;
+        const DBCStopQuestion question([&] {
+            ++asked;
+            return false;
+        });
+        DBCError error;
+        QCOMPARE(getSizeWithPath(scripted.home.path(), &error), 7 * KiB);
+        QVERIFY(!error);
+        QVERIFY2(asked >= 2, qPrintable(QString::number(asked)));
+    }
+
+    void shortMeasuringAsksNothing()
+    {
+        const ScriptedHome scripted("printf '7\\tx'");
+        bool isAsked = false;
+        const DBCStopQuestion question([&] { return isAsked = true; });
+        DBCError error;
+        QCOMPARE(getSizeWithPath(scripted.home.path(), &error), 7 * KiB);
+        QVERIFY(!isAsked);
+    }
+
+    void programIsStartedWithoutBlockedSignalsAndInAGroupOfItsOwn()
+    {
+        const ScriptedHome scripted("read -r line < /proc/$$/stat\n"
+                                    "echo \"$line\" > \"${0%/*}/stat\"\n"
+                                    "exec grep -E 'SigBlk|SigIgn' /proc/self/status");
+        const auto formerHandler = std::signal(SIGPIPE, SIG_IGN);
+        sigset_t all;
+        sigset_t former;
+        sigfillset(&all);
+        pthread_sigmask(SIG_BLOCK, &all, &former);
+        const DBCProgramRun run = runProgram(DBCHost::current().diskUsageProgram, {});
+        pthread_sigmask(SIG_SETMASK, &former, nullptr);
+        std::signal(SIGPIPE, formerHandler);
+
+        QCOMPARE(run.end, DBCProgramRun::End::Exited);
+        const QList<QByteArray> lines = run.output.trimmed().split('\n');
+        QCOMPARE(lines.size(), 2);
+        QCOMPARE(lines[0].mid(8).trimmed().toULongLong(nullptr, 16), 0ULL);
+        const quint64 ignored = lines[1].mid(8).trimmed().toULongLong(nullptr, 16);
+        QCOMPARE(ignored & (quint64 {1} << (SIGPIPE - 1)), 0ULL);
+        const QList<QByteArray> fields = scripted.home.readFile(u"stat"_s).split(' ');
+        QCOMPARE(fields.value(4), fields.value(0)); // the group's number is the process's
     }
 
     void workerThreadMeasuresToo()

@@ -16,6 +16,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <memory>
+#include <sys/resource.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -392,6 +393,39 @@ private Q_SLOTS:
         QVERIFY(!run.errors.isEmpty());
         QCOMPARE(desk.package.contents(), before);
         QVERIFY(desk.home.logText().contains(u"missing"_s));
+    }
+
+    void storeThatDropsTheCardsEndsWithOne()
+    {
+        const Desk desk;
+        desk.package.execute(u"CREATE TRIGGER other BEFORE INSERT ON ZCARD "
+                             "BEGIN SELECT RAISE(IGNORE); END"_s);
+        const auto before = desk.package.contents();
+
+        const ProgramRun run = desk.program.run(desk.importing());
+
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.errors.contains(u"did not keep the new cards"_s), qPrintable(run.errors));
+        QCOMPARE(desk.package.contents(), before);
+    }
+
+    void limitOnTheSizeOfFilesEndsWithOne()
+    {
+        Desk desk;
+        desk.package.card({{"ZMEMO", QString(300'000, u'x')}});
+        const auto before = desk.package.contents();
+
+        const auto process = desk.program.start(ConvertProgram::path(), desk.importing(), [] {
+            constexpr rlim_t limit = 200'000;
+            const rlimit limited {limit, limit};
+            setrlimit(RLIMIT_FSIZE, &limited);
+        });
+        const ProgramRun run = ConvertProgram::finish(process);
+
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(
+            run.errors.contains(u"Backup of the card database failed"_s), qPrintable(run.errors));
+        QCOMPARE(desk.package.contents(), before);
     }
 
     void packageThatDoesNotOpenEndsWithOne()

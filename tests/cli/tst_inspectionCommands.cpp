@@ -9,6 +9,9 @@
 #include <QDir>
 #include <QtTest>
 
+#include <csignal>
+#include <cstdlib>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -162,6 +165,47 @@ private Q_SLOTS:
         QVERIFY(!run.names().contains(QString()));
         QCOMPARE(run.object(u"result"_s).value(u"max"_s), QJsonValue(1));
         QCOMPARE(run.object(u"result"_s).value(u"problems"_s), QJsonValue(0));
+    }
+
+    void copiesOfTheStoreGoAwayWithASignal_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<int>("number");
+        QTest::newRow("verify, SIGINT") << u"verify"_s << SIGINT;
+        QTest::newRow("verify, SIGTERM") << u"verify"_s << SIGTERM;
+        QTest::newRow("verify, SIGHUP") << u"verify"_s << SIGHUP;
+        QTest::newRow("backups, SIGTERM") << u"backups"_s << SIGTERM;
+    }
+    void copiesOfTheStoreGoAwayWithASignal()
+    {
+        QFETCH(QString, command);
+        QFETCH(int, number);
+        const Desk desk;
+        desk.package.execute(u"WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM c "
+                             "WHERE n < 100000) INSERT INTO ZCARD (Z_ENT, Z_OPT, ZDELETEDFLAG, "
+                             "ZMEMO) SELECT 1, 1, 0, hex(zeroblob(200)) FROM c"_s);
+        const QString backup = desk.home.makeFolder(u"Velmora DB_bak.vmdb"_s);
+        QVERIFY(QFile::copy(desk.package.storePath(), backup + u"/Velmora.sqldb"_s));
+        const QString temporary = desk.home.makeFolder(u"temporary"_s);
+
+        qputenv("TMPDIR", QFile::encodeName(temporary));
+        const auto process
+            = desk.program.start(ConvertProgram::path(), {command, desk.package.path()});
+        qunsetenv("TMPDIR");
+        const QDir copies(temporary);
+        const auto isCopied = [&] {
+            const QStringList folders = copies.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+            return !folders.isEmpty()
+                && QFile::exists(copies.filePath(folders.constFirst() + u"/Velmora.sqldb"_s));
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(isCopied(), 60'000);
+        kill(static_cast<pid_t>(process->processId()), number);
+
+        const ProgramRun run = ConvertProgram::finish(process);
+        QCOMPARE(run.exitCode, -1); // still ended by the signal
+        QCOMPARE(run.output, QString());
+        QCOMPARE(copies.entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden),
+            QStringList());
     }
 
     void createdPackageIsClean()

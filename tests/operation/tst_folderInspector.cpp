@@ -169,6 +169,21 @@ private Q_SLOTS:
         QTEST(report.cardCount, "cards");
     }
 
+    void lookCanBeStoppedWhileMeasuringHangs()
+    {
+        Inspection inspection;
+        const QString program = inspection.home.writeFile(u"du"_s, "#!/bin/sh\nexec sleep 60\n");
+        QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
+        inspection.host->diskUsageProgram = program;
+        QElapsedTimer timer;
+        timer.start();
+        const DBCFolderReport report = DBCFolderInspector::inspect(inspection.folder.path(),
+            [](qint64, qint64) { return DBCFolderInspector::Looking::Stop; });
+        QVERIFY2(timer.elapsed() < 3000, qPrintable(QString::number(timer.elapsed())));
+        QVERIFY(report.wasStopped);
+        QVERIFY(report.findings.problems.empty());
+    }
+
     void missingFolderCannotBeLookedAt()
     {
         const Inspection inspection;

@@ -6,6 +6,7 @@
 #include "report/DBCReportTexts.h"
 #include "report/DBCRunStory.h"
 #include "tests/operation/ReportReading.h"
+#include "tests/support/FailingCall.h"
 #include "tests/support/FileSizeLimit.h"
 #include "tests/support/TestHome.h"
 
@@ -13,6 +14,8 @@
 #include <QtTest>
 
 #include <thread>
+
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -140,6 +143,29 @@ private Q_SLOTS:
         }
         QCOMPARE(reports.names(), before);
         QVERIFY(QFile::exists(older));
+    }
+
+    // Reports hold names of people. Rights that are taken away later would leave a moment in which
+    // others can open the file: here nothing can be taken away.
+    void onlyTheOwnerMayReadAReportFromItsCreationOn()
+    {
+        Reports reports;
+        const mode_t former = umask(0);
+        QString page;
+        bool isInnerPossible = false;
+        const bool isPossible = FailingCall(SYS_fchmod, EPERM).during([&] {
+            isInnerPossible = FailingCall(SYS_chmod, EPERM).during([&] { page = reports.write(); });
+        });
+        umask(former);
+        if (!isPossible || !isInnerPossible)
+            QSKIP("system calls cannot be made to fail here");
+        QVERIFY(!page.isEmpty());
+        QCOMPARE(reports.names().size(), 2);
+        for (const QString& name : reports.names()) {
+            struct stat status { };
+            QCOMPARE(stat(QFile::encodeName(reports.folder + u'/' + name).constData(), &status), 0);
+            QCOMPARE(status.st_mode & 07777, mode_t {0600});
+        }
     }
 
     void namesNoPageMayHoldDoNotSpoilIt()

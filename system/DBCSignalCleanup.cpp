@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "system/DBCSignalCleanup.h"
+
+#include <array>
+#include <atomic>
+
+#include <csignal>
+#include <unistd.h>
+
+namespace {
+
+// More than one operation has at a time. What finds no place here is left behind by a signal.
+constexpr int slotCount = 16;
+
+// A signal handler may neither lock nor allocate, so it finds complete entries here, or null.
+std::array<std::atomic<const void*>, slotCount> slots {};
+
+static_assert(std::atomic<const void*>::is_always_lock_free);
+
+} // namespace
+
+DBCSignalCleanup::DBCSignalCleanup(const QList<QByteArray>& files, const QByteArray& folder)
+    : _entry {files, folder, 0}
+{
+    note();
+}
+
+DBCSignalCleanup::DBCSignalCleanup(pid_t process)
+    : _entry {{}, {}, process}
+{
+    note();
+}
+
+DBCSignalCleanup::~DBCSignalCleanup()
+{
+    if (_slot >= 0)
+        slots.at(static_cast<std::size_t>(_slot)).store(nullptr);
+}
+
+void DBCSignalCleanup::note()
+{
+    for (int slot = 0; slot < slotCount; ++slot) {
+        const void* nothing = nullptr;
+        if (slots.at(static_cast<std::size_t>(slot)).compare_exchange_strong(nothing, &_entry)) {
+            _slot = slot;
+            return;
+        }
+    }
+}
+
+void DBCSignalCleanup::install()
+{
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        if (std::signal(signal, cleanUpAndEnd) == SIG_IGN)
+            std::signal(signal, SIG_IGN);
+    }
+}
+
+// Calls nothing that a signal handler must not call. The signal is blocked until this returns; then
+// it ends the program as if there were no handler.
+void DBCSignalCleanup::cleanUpAndEnd(int signal)
+{
+    for (const auto& slot : slots) {
+        const auto* entry = static_cast<const Entry*>(slot.load());
+        if (!entry)
+            continue;
+        for (const QByteArray& file : entry->files)
+            unlink(file.constData());
+        if (!entry->folder.isEmpty())
+            rmdir(entry->folder.constData());
+        if (entry->process > 0)
+            kill(-entry->process, SIGKILL);
+    }
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}
