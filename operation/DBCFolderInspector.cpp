@@ -83,7 +83,7 @@ void DBCFolderInspector::checkVersion()
 
 void DBCFolderInspector::measure()
 {
-    const DBCStopQuestion question([this] { return look(0, 0) == Looking::Stop; });
+    const DBCStopQuestion question([this] { return askToContinue(0, 0) == DBCLoopControl::Stop; });
     DBCError error;
     const quint64 size = getSizeWithPath(_folder, &error);
     if (error.code() == DBCResultCode::CancelledByUser)
