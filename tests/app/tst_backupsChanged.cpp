@@ -159,7 +159,7 @@ private Q_SLOTS:
         desk.press("restoreBtn");
         QCOMPARE(desk.presenter.questions.size(), 2);
         QCOMPARE(desk.presenter.questions.constFirst().key,
-            DBCMessage::keyOf(DBCQuestionId::SettleUnfinishedImport));
+            DBCMessage::keyOf(DBCQuestionId::SettleChangedPackage));
         QVERIFY(!desk.hasJournal());
     }
 };

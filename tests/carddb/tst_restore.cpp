@@ -91,8 +91,20 @@ private Q_SLOTS:
         _f->package.writeFile(u"Files/NEW/b.txt"_s, "new");
         QVERIFY(snapshotOf(package()) != before);
 
+        const QStringList changed = snapshotOf(package());
         QCOMPARE(database().restore(), DBCResultCode::Success);
         QCOMPARE(snapshotOf(package()), before);
+        // The import has written none of that, so it is kept, and the log says where.
+        QCOMPARE(snapshotOf(_f->home.path(u"Velmora DB_bak1.vmdb"_s)), changed);
+        QCOMPARE(_f->log.warnings.size(), 1);
+    }
+
+    void packageThatNobodyChangedIsNotKept()
+    {
+        _f->package.card().withPdf("pdf");
+        backUp();
+        QCOMPARE(database().restore(), DBCResultCode::Success);
+        QVERIFY(!QFileInfo::exists(_f->home.path(u"Velmora DB_bak1.vmdb"_s)));
         QVERIFY(_f->log.isEmpty());
     }
 
@@ -246,12 +258,26 @@ private Q_SLOTS:
     void failedCopyLeavesNoPartOfThePackage()
     {
         backUp();
-        // A pipe cannot be copied.
-        const QString pipe = _backup + u"/zz-pipe"_s;
-        QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        // A pipe cannot be copied. The same pipe in the package, so that nothing differs.
+        for (const QString& folder : {_backup, package()}) {
+            const QString pipe = folder + u"/zz-pipe"_s;
+            QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+            setTime(pipe, 1234567890);
+        }
         QCOMPARE(database().restore(), DBCResultCode::RestoreFailure);
         QVERIFY(!QFileInfo::exists(package()));
         QVERIFY(QFileInfo::exists(_backup + u"/Velmora.sqldb"_s));
+    }
+
+    void failedCopyPutsAChangedPackageBack()
+    {
+        backUp();
+        QCOMPARE(mkfifo(QFile::encodeName(_backup + u"/zz-pipe"_s).constData(), 0600), 0);
+        _f->package.card();
+        const QStringList changed = snapshotOf(package());
+        QCOMPARE(database().restore(), DBCResultCode::RestoreFailure);
+        QCOMPARE(snapshotOf(package()), changed);
+        QVERIFY(!QFileInfo::exists(_f->home.path(u"Velmora DB_bak1.vmdb"_s)));
     }
 
     void packageThatCannotBeRemovedIsAFailure()

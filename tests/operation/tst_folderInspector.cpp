@@ -177,8 +177,8 @@ private Q_SLOTS:
         inspection.host->diskUsageProgram = program;
         QElapsedTimer timer;
         timer.start();
-        const DBCFolderReport report = DBCFolderInspector::inspect(inspection.folder.path(),
-            [](qint64, qint64) { return DBCFolderInspector::Looking::Stop; });
+        const DBCFolderReport report = DBCFolderInspector::inspect(
+            inspection.folder.path(), [](qint64, qint64) { return DBCLoopControl::Stop; });
         QVERIFY2(timer.elapsed() < 3000, qPrintable(QString::number(timer.elapsed())));
         QVERIFY(report.wasStopped);
         QVERIFY(report.findings.problems.empty());

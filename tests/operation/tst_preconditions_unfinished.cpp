@@ -31,7 +31,7 @@ struct Unfinished : Situation {
 };
 
 const QStringList bothQuestions {DBCMessage::keyOf(DBCQuestionId::BeginOperation),
-    DBCMessage::keyOf(DBCQuestionId::SettleUnfinishedImport)};
+    DBCMessage::keyOf(DBCQuestionId::SettleChangedPackage)};
 
 } // namespace
 
