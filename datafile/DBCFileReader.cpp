@@ -207,7 +207,7 @@ void DBCFileReader::_validateAllItemLength(const DBCRecord& record) const
         _validateItemLength(item, record);
 }
 
-bool DBCFileReader::_validateItemLength(const DBCMeasuredItem& item, const DBCRecord& record) const
+bool DBCFileReader::_validateItemLength(const DBCMeasuredItem& item, const DBCRecord& record)
 {
     if (!item.isTooLong())
         return true;

@@ -117,7 +117,7 @@ private:
     std::optional<DBCRecord> _newRecord(const QList<QStringView>& items) const;
     void _validateAllItemLength(const DBCRecord& record) const;
     // Logs a warning and returns false when the item is too long.
-    bool _validateItemLength(const DBCMeasuredItem& item, const DBCRecord& record) const;
+    static bool _validateItemLength(const DBCMeasuredItem& item, const DBCRecord& record);
     DBCError titleLineError(const QString& titleLine);
     DBCError dataLineError(QStringView line, qsizetype itemCount);
     DBCMessageArguments lineErrorArguments(qsizetype found) const;

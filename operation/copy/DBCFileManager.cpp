@@ -44,7 +44,8 @@ std::optional<QString> targetOfCopy(
     if (!QFileInfo::exists(path) || !QFileInfo(toPath).isDir())
         return std::nullopt;
     // The copy of a folder into itself would copy its own growing result and never end.
-    if (isSameOrInside(path, toPath))
+    const QString& source = path;
+    if (isSameOrInside(source, toPath))
         return std::nullopt;
     return withoutTrailingSlashes(toPath) + u'/' + name;
 }
