@@ -3,7 +3,8 @@
 
 # velmora_add_headers(NAME LIBRARIES library... HEADERS header...)
 # Compiles the headers once for all targets that call target_precompile_headers(... REUSE_FROM NAME).
-# Those may define more macros than the libraries named here, but no macro that the headers look at.
+# Such a target may define more macros than the libraries named here do, but none that the headers
+# use.
 function(velmora_add_headers name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBRARIES;HEADERS")
     add_library(${name} OBJECT ${PROJECT_SOURCE_DIR}/cmake/headers.cpp)

@@ -1,16 +1,16 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Lets something go wrong at every file call of an import, an export and the restore of a chosen
-backup, and judges what is left.
+backup, and checks the state afterwards.
 
     fault_sweep.py --convert PROGRAM --tracer PROGRAM [--sample N] [--jobs N] [--seed N]
                    [--job NAME]... [--mode NAME]... [--only N] [--keep FOLDER] [--work FOLDER]
 
-Each run has a work area of its own and one fault (mode), at its k-th call. Without --sample every
-call of every job has its turn with every mode; with it, so many runs, spread over jobs, modes and
-kinds of calls. After a run that was killed, or left something hidden behind, the program starts
-once more without a fault and has to end well. Ends with 1 when something does not hold, and with 77
-where programs cannot be traced.
+Each run has a work area of its own and one fault (mode), at its k-th call. Without --sample, every
+call of every job is tried in every mode; with it, there are N runs, spread over jobs, modes and kinds
+of calls. After a run that was killed, or that left hidden files, the program starts once more without a
+fault and has to succeed. Ends with 1 if a run breaks a rule, and with 77 if programs cannot be traced
+on this system.
 """
 
 import argparse
@@ -36,7 +36,7 @@ EINTR, EIO, EROFS = 4, 5, 30
 CHANGING = "open,write,names,flush"
 READING = "openr,read,list,look"
 
-# deaths: the signals that the program may die of.
+# lasts: the fault goes on after the k-th call. deaths: the signals that may end the program.
 Mode = collections.namedtuple("Mode", "arguments calls lasts deaths")
 KILLED = (9,)
 MODES = {
@@ -49,14 +49,14 @@ MODES = {
     "kill": Mode(("--fault", "kill"), CHANGING, False, KILLED),
     "torn": Mode(("--fault", "torn"), CHANGING, False, KILLED),
     "killed-again": Mode(("--fault", "full"), CHANGING, True, KILLED),
-    # Before the conversion has begun, the signal ends the program as it would any other.
+    # Until the conversion begins, the signal ends the program at once.
     "term": Mode(("--signal-at",), CHANGING, False, (15,)),
     "read": Mode(("--fault", "error", "--errno", EIO), READING, False, ()),
     "lock": Mode(("--fault", "error"), "lock", False, ()),
     "close": Mode(("--fault", "error", "--errno", EIO), "close", False, ()),
 }
-# Allocations are not calls that a tracer sees; a library that is loaded first lets them fail. A
-# program may die of it.
+# A tracer does not see allocations. A library that is loaded before the others lets them fail, which
+# may end the program.
 ALLOCATION = "allocation"
 ALLOCATION_MODE = Mode((), CHANGING, False, (5, 6, 11))
 KILLED_AGAIN_AFTER = (1, 2, 3, 5, 8, 13, 21, 34, 55)
@@ -114,7 +114,7 @@ class Sweep:
         return area
 
     def run(self, job, area, arguments=(), variables=()):
-        """The run's outcome and the tracer's report."""
+        """Returns the report of the tracer and the output of the program."""
         report, said = Path(f"{area}.report"), Path(f"{area}.said")
         below = [part for folder in job.folders for part in ("--below", area / folder)]
         command = [part.format(area=area) for part in job.command]
@@ -146,7 +146,7 @@ class Sweep:
         return Run(None if killed else happened["exit"], text, crashed)
 
     def calls_of(self, job, calls):
-        """The calls of a clean run, and its work area."""
+        """Returns the calls of a run without a fault, and its work area."""
         area = self.fresh_area(f"clean-{job.name}-{self.areas}", job)
         self.areas += 1
         log = Path(f"{area}.log")
@@ -161,7 +161,7 @@ class Sweep:
         return [tuple(line.split("\t")[1:]) for line in lines], area
 
     def cancel_call(self, job, calls):
-        """Of these kinds of calls, one in the middle of the cards, where the cancel comes."""
+        """The call of these kinds at which a job is cancelled: it is in the middle of the cards."""
         if calls not in self.cancel_calls:
             plain = Job(job.name, job.command, DONE, job.folders)
             made, area = self.calls_of(plain, calls)
@@ -213,7 +213,7 @@ class Sweep:
         return arguments
 
     def perform(self, task):
-        """What does not hold after the task's run and, where one is due, the start after it."""
+        """Runs the task, starts the program again where needed, and returns the broken rules."""
         mode = mode_of(task)
         area = self.fresh_area(f"{task.job.name}-{task.mode}-{task.k}", task.job)
         if mode is ALLOCATION_MODE:
@@ -241,7 +241,7 @@ class Sweep:
         return judge_export(self.before, area, run, task.mode != "killed-again")
 
     def start_again(self, task, area):
-        """Without a fault: a job that failed by itself is made whole first."""
+        """Starts without a fault. Repairs the input first if the job was made to fail by it."""
         cards = cards_in(area / PACKAGE)
         was_saved = cards is not None and len(cards) > len(self.before.cards)
         if task.job.spoil:
@@ -262,7 +262,7 @@ class Sweep:
 
 
 def spread(tasks, count, chosen):
-    """So many of the tasks: first and last of each kind of call in each job and mode, then any."""
+    """Chooses count tasks: the first and last of each kind of call in each job and mode, then any."""
     if not count or count >= len(tasks):
         return tasks
     groups = collections.defaultdict(list)
@@ -278,7 +278,7 @@ def spread(tasks, count, chosen):
 
 
 def roomy_memory():
-    """Where syncing costs nothing, so that a sample of faults takes minutes less; None without it."""
+    """A folder in memory, where a flush takes no time, or None without one that is large enough."""
     memory = Path("/dev/shm")
     has_room = memory.is_dir() and shutil.disk_usage(memory).free >= ROOM_BYTES
     return memory if has_room and os.access(memory, os.W_OK) else None

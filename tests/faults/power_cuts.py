@@ -1,15 +1,16 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Cuts the power at file calls of an import and right after one, and judges what the disk holds.
+"""Cuts the power at file calls of an import and right after one, and checks the contents of the disk.
 
     power_cuts.py --convert PROGRAM --tracer PROGRAM [--cuts N] [--seed N]
                   [--file-system ext4|xfs|btrfs]...
 
-The work area lies on a file system in an image file. With the program stopped at its k-th call the
-image is copied: it holds what the file system has sent to its disk by then, and no more. The copy
-is mounted, which replays its journal, and judged; then the program starts once more on it and has
-to end well. One cut for each file system comes right after a reported success, and nothing may be
-missing then. Needs root; mounts are seen by nobody else. Ends with 1 when something does not hold.
+The work area is on a file system in an image file. When the program reaches its k-th call, it is
+stopped and the image is copied. The copy holds only the data that the file system has sent to its disk
+by then. It is mounted, which replays the journal of the file system, and checked; then the program
+starts once more on it and has to succeed. One cut for each file system comes right after a reported
+success, after which nothing may be missing. Needs root. No other process sees the mounts. Ends with 1
+if a cut breaks a rule.
 """
 
 import argparse
@@ -27,8 +28,8 @@ from verdicts import Run, judge_done_import, judge_import, leftovers
 from work_area import snapshot
 
 FileSystem = collections.namedtuple("FileSystem", "megabytes make options")
-# Everything that would send data to the disk by itself waits, so that only what the program asked
-# for is there.
+# The file systems wait long before they send data by themselves, so that the disk holds only the data
+# that the program has flushed.
 FILE_SYSTEMS = {
     "ext4": FileSystem(48, ("mkfs.ext4", "-q", "-F", "-E", "lazy_itable_init=0,lazy_journal_init=0"),
                        "commit=900,noauto_da_alloc"),
@@ -49,7 +50,7 @@ def in_own_mounts():
 
 
 class Disk:
-    """A file system in an image, with the template of the work areas on it."""
+    """A file system in an image file, with the template of the work areas on it."""
 
     def __init__(self, name, folder, template):
         self.kind, self.folder = FILE_SYSTEMS[name], folder
@@ -81,7 +82,7 @@ class Disk:
         call("umount", "-l", self.mount_point)
 
     def rescued_area(self):
-        """The work area as the disk held it, on a file system where it may be changed."""
+        """Copies the work area from the disk to a place where the next start may change it."""
         self.mount(self.cut, "")
         area = self.folder / "rescued"
         shutil.rmtree(area, ignore_errors=True)

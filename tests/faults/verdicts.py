@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What must hold after a run in which something went wrong. A verdict is a list of what does not."""
+"""The rules for the state after a run in which something went wrong. A verdict lists the broken ones."""
 
 import collections
 import os
@@ -13,12 +13,12 @@ CHOSEN_BACKUP = "Cards_bak.vmdb"
 EXPORTED = "out/名刺データ"
 HIDDEN = re.compile(rb"(^|/)\.[^/]*\.velmora-[a-z]+(/|$)")
 
-# What a run came to: exit is None for one that was killed.
+# The result of a run. exit is None if the program was killed.
 Run = collections.namedtuple("Run", "exit said crashed")
 
 
 class Before:
-    """The work area as it was made, and what a clean run makes of it."""
+    """The work area before a run, and its state after a run without a fault."""
 
     def __init__(self, area):
         self.found = snapshot(area)
@@ -42,7 +42,7 @@ class Before:
         return all(cards.get(card_id) == card for card_id, card in self.cards.items())
 
     def is_whole_package(self, found, path):
-        """Every file and folder as before; the store's bytes may differ when its cards do not."""
+        """Whether all files and folders are as before. The store may differ if its cards do not."""
         package = without_journals(found)
         if package == self.package:
             return True
@@ -52,7 +52,7 @@ class Before:
 
 
 def texts_of(cards):
-    """What the cards say, however often and under whatever IDs."""
+    """The contents of the cards, without their IDs and regardless of how often each is there."""
     names = ("ZFULL_NAME", "ZFULL_NAME_KANA", "ZCOMPANY", "ZADDRESS", "ZMEMO", "ZDELETEDFLAG")
     return collections.Counter(tuple(card[name] for name in names) for card in cards.values())
 
@@ -66,12 +66,12 @@ def spoke(area, run):
 
 
 def has_warnings(area):
-    # That a report could not be written is none of the conversion's.
+    # The conversion is not at fault when its report cannot be written.
     return bool(re.search(r"\[(Warning|Error)\] (?!The report \[)", log_of(area)))
 
 
 def judge_bystanders(before, found, own):
-    """What belongs to neither the package nor the export nor the home folder stays as it is."""
+    """No file may change outside of the package, the export and the home folder."""
     own = [os.fsencode(path) for path in own]
     return [
         f"changed: {os.fsdecode(path)!r}"
@@ -123,8 +123,8 @@ def judge_done_import(before, area, run, found, imports):
 
 
 def judge_import(before, area, run, fault_lasts, imports=1, spoiled=False):
-    """imports: how often the cards are in the database after a success. spoiled: what is imported
-    was changed beforehand."""
+    """imports: how often the cards are in the database after a success. spoiled: the interchange
+    folder was changed before the run."""
     found = snapshot(area)
     own = [PACKAGE, "home", *map(os.fsdecode, new_backups(before, found))]
     wrong = judge_bystanders(before, found, own + (["ix"] if spoiled else []))
@@ -146,7 +146,7 @@ def judge_import(before, area, run, fault_lasts, imports=1, spoiled=False):
 
 
 def judge_restore(before, area, run, fault_lasts):
-    """The chosen backup in the package's place, and what stood there beside it as a new one."""
+    """After a success, the package is the chosen backup, and the former package a new backup."""
     found = snapshot(area)
     own = [PACKAGE, "home", *map(os.fsdecode, new_backups(before, found))]
     wrong = judge_bystanders(before, found, own)
@@ -170,7 +170,7 @@ def judge_restore(before, area, run, fault_lasts):
 
 
 def judge_killed_import(before, area, found, others=()):
-    """others: what may stand in a backup besides the package."""
+    """others: contents that a backup may have besides those of the package."""
     backups = whole_backups(before, area, found)
     partial = [name for name in new_backups(before, found)
                if os.path.basename(name) not in backups

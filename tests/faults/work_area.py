@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A card database and an interchange folder to let things go wrong with, and looks at what they hold."""
+"""Makes the card database and the interchange folder of a run, and reads them afterwards."""
 
 import collections
 import hashlib
@@ -17,7 +17,7 @@ STORE = b"Velmora.sqldb"
 LOCK_FILE = b".VMLock.vmlk"
 JOURNAL_ENDINGS = (b"-journal", b"-wal", b"-shm")
 
-# Of the sample cards, by their lines: what the database holds already, and what comes to it.
+# The lines of the sample cards that the database holds before the run, and of those to import.
 CARDS_BEFORE = (1, 3, 8, 4)
 CARDS_TO_IMPORT = (8, 4, 12, 9)
 
@@ -26,13 +26,13 @@ Entry = collections.namedtuple("Entry", "kind mode size content")
 
 def environment(area):
     kept = {key: value for key, value in os.environ.items() if "DISPLAY" not in key}
-    # What a sanitizer looks for at the end, it cannot look for under a tracer.
+    # The sanitizer cannot look for leaks in a program that is traced.
     asan = ":".join(filter(None, (kept.get("ASAN_OPTIONS"), "detect_leaks=0")))
     return kept | {"HOME": str(area / "home"), "LC_ALL": "C.UTF-8", "ASAN_OPTIONS": asan}
 
 
 def make_interchange_folder(folder, lines):
-    """The samples of these lines, with their images and attachments."""
+    """Writes a folder with the sample cards of these lines, their images and attachments."""
     for name in (IMAGES, ATTACHMENTS):
         (folder / name).mkdir(parents=True)
     shutil.copy(SAMPLES / "Version.txt", folder)
@@ -48,7 +48,7 @@ def make_interchange_folder(folder, lines):
 
 
 def make_template(convert, folder):
-    """A database with cards and an older backup, a folder to import, and what nobody may touch."""
+    """A database with cards and an older backup, a folder to import, and files that may not change."""
     for name in ("db", "out", "home", "cwd", "outside"):
         (folder / name).mkdir(parents=True)
     for name in ("cwd/precious.txt", "outside/precious.txt", "db/neighbour.txt"):
@@ -83,7 +83,7 @@ def entry_of(path):
 
 
 def snapshot(folder):
-    """What lies below a folder, by its path in bytes; the lock file, which every run makes, apart."""
+    """All below a folder, by its path in bytes, except the lock file, which every run makes."""
     found, root = {}, os.fsencode(folder)
     for parent, folders, files in os.walk(root):
         for name in folders + files:
@@ -103,7 +103,7 @@ def without_journals(found):
 
 
 def cards_in(package):
-    """The cards of a store by their IDs, read from a copy with its journals; None where it is unsound."""
+    """The cards of a store by their IDs, read from a copy with its journals; None if it is damaged."""
     with tempfile.TemporaryDirectory() as scratch:
         copy = os.path.join(os.fsencode(scratch), STORE)
         for ending in (b"", *JOURNAL_ENDINGS):
@@ -125,7 +125,7 @@ def cards_in(package):
 
 
 def files_of(package, cards):
-    """How many of the cards have which image, and which attachments, as far as they are whole."""
+    """Counts the undamaged images and attachments of the cards."""
     images, attachments = collections.Counter(), collections.Counter()
     for card_id, card in cards.items():
         image = package / "Images" / (card["ZFACE_IMAGE_FILE"] or "")

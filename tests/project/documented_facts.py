@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Bytes, names and tables of the documents, against what the program writes and what the sources say:
-documented_facts.py CONVERT BUILD."""
+"""Compares bytes, names and tables in the documents with the output of the program and with the
+sources: documented_facts.py CONVERT BUILD."""
 
 import json
 import re
@@ -18,9 +18,9 @@ CONVERT = ""
 SOURCES = ("app", "carddb", "cardimage", "cli", "datafile", "operation", "report", "system", "text")
 REPORT = Path("docs/report.md")
 WORDS = {"mark": "\ufeff", "tab": "\t", "CR": "\r", "LF": "\n", "blank": "\u3000"}
-# Programs and options that are named in the middle of a text.
+# Commands and options in the middle of a text.
 CONVERT_SPAN = re.compile(r"velmora-convert (\w+)(.*)")
-# Paths below these folders are the project's own; those below build/ are not there yet.
+# Paths below these folders are in the repository; those below build/ need not exist yet.
 OWN_PATH = re.compile(r"(?:app|bench|carddb|cardimage|cli|cmake|datafile|docs|fuzz|operation|packaging"
                       r"|report|resources|samples|system|tests|text|tools)/[\w./-]*")
 
@@ -32,7 +32,7 @@ def text_of(path):
 
 
 def occur_in_order(pieces, contents):
-    """The first at the beginning and the last at the end, unless they are empty."""
+    """The first is at the beginning and the last at the end, unless they are empty."""
     first, *others = pieces
     if not contents.startswith(first):
         return False
@@ -81,7 +81,7 @@ class DocumentedFacts(unittest.TestCase):
         self.assertEqual(seen, set(checks))
 
     def _bytes(self, block):
-        """They are those of the file, and mean what stands below them."""
+        """The bytes are in the file, and mean the text in the line below them."""
         lines, meanings = block.lines[::2], block.lines[1::2]
         for line, meaning in zip(lines, meanings, strict=True):
             self.assertEqual(meant_bytes(meaning).hex(" "), bytes_of(line).hex(" "))
@@ -155,7 +155,7 @@ class DocumentedFacts(unittest.TestCase):
         self.assertEqual([row[0] for row in rows], measures)
 
     def test_folders(self):
-        """Those with sources are for rooms.py to compare with the page."""
+        """Compares folders with the page; rooms.py does so for those with sources."""
         page = Path("docs/architecture.md")
         rows = [row for heading in ("## Rooms and floors", "## Folders beside the rooms")
                 for row in documents.table_rows(ROOT, page, heading)]
@@ -208,7 +208,7 @@ class DocumentedFacts(unittest.TestCase):
                         self.assertEqual(set(words) - known, set())
 
     def _report_about_a_missing_image(self):
-        """Of an import that fails, after a card that lost an image."""
+        """The report about an import that fails after a card whose image is missing."""
         images = self.world.path / "FOLDER/名刺画像"
         next(images.glob("0001*")).unlink()
         attachments = self.world.path / "FOLDER/添付ファイル/0008"

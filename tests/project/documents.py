@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What the tests read in the project's Markdown documents."""
+"""Reads the Markdown documents of the project for the tests."""
 
 import re
 import shlex
 from collections import namedtuple
 
-# argument: what stands behind the language; number: of the line that opens the block.
+# argument: the text after the language; number: the number of the line that opens the block.
 Block = namedtuple("Block", "document number language argument lines")
 Command = namedtuple("Command", "place text output")  # output: lines, none where none are shown
 
@@ -44,7 +44,7 @@ def prose(root, document):
 
 
 def indented_lines(root, document):
-    """What Markdown takes for a block although nothing says of what kind."""
+    """Lines that Markdown shows as a block although no language is given."""
     lines = ["", *prose(root, document)]
     return [line for before, line in zip(lines, lines[1:])
             if not before and re.match(" {4}", line)]
@@ -61,7 +61,7 @@ def is_whole(text):
 
 
 def commands(block):
-    """The commands of a block of the kind sh, or console, where "$ " stands before each."""
+    """The commands of a block of sh, or of console, which has "$ " before each command."""
     found, text = [], ""
     for offset, line in enumerate(block.lines, 1):
         place = f"{block.document}:{block.number + offset}"
@@ -81,7 +81,7 @@ def spans(root, document):
 
 
 def links(root, document):
-    """The links and pictures that lead to something of the project's own."""
+    """The links and pictures that lead to files of the project."""
     targets = re.findall(r"\]\(([^)]+)\)", "\n".join(prose(root, document)))
     return [target for target in targets if "://" not in target]
 
@@ -93,7 +93,7 @@ def anchors(root, document):
 
 
 def table_rows(root, document, heading=""):
-    """The cells of the rows of the tables behind a heading, their heads left out."""
+    """The cells of the rows of the tables after a heading, without the heads of the tables."""
     lines = prose(root, document)
     if heading:
         lines = lines[lines.index(heading):]

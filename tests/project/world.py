@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The folder in which the commands of the documents run, with what they take for granted: a folder of
-cards FOLDER, a folder PARENT to export into, a home folder of its own, velmora-convert on the path."""
+"""The folder in which the commands of the documents run. It has all that they rely on: a folder of cards
+named FOLDER, a folder PARENT to export into, a home folder, and velmora-convert on the path."""
 
 import os
 import pty
@@ -44,14 +44,14 @@ class World:
         self._folder.cleanup()
 
     def stock(self):
-        """Cards in a card database, and exported again."""
+        """Imports the cards into a new card database and exports them again."""
         for command in STOCK:
             ended = self.run(command)
             if ended.status != 0:
                 raise RuntimeError(f"{command}: {ended.status}\n{ended.errors}")
 
     def run(self, command):
-        """Runs it at a terminal, on which somebody answers every question with yes."""
+        """Runs it at a terminal, and answers every question with yes."""
         terminal, keyboard = pty.openpty()
         os.write(terminal, b"y\n" * MOST_QUESTIONS)
         process = subprocess.Popen(
@@ -67,7 +67,7 @@ class World:
 
 
 def read_all(terminal, shown):
-    """Until nobody holds the other end any more."""
+    """Reads until the last process has closed the other end."""
     with open(terminal, "rb", buffering=0) as stream:
         try:
             while data := stream.read(4096):
