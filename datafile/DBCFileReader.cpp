@@ -201,7 +201,7 @@ std::optional<DBCRecord> DBCFileReader::_newRecord(const QList<QStringView>& ite
     return record;
 }
 
-void DBCFileReader::_validateAllItemLength(const DBCRecord& record) const
+void DBCFileReader::_validateAllItemLength(const DBCRecord& record)
 {
     for (const DBCMeasuredItem& item : measuredItems(record))
         _validateItemLength(item, record);

@@ -115,7 +115,7 @@ private:
     bool _validateItemRequired() const;
     void findColumns();
     std::optional<DBCRecord> _newRecord(const QList<QStringView>& items) const;
-    void _validateAllItemLength(const DBCRecord& record) const;
+    static void _validateAllItemLength(const DBCRecord& record);
     // Logs a warning and returns false when the item is too long.
     static bool _validateItemLength(const DBCMeasuredItem& item, const DBCRecord& record);
     DBCError titleLineError(const QString& titleLine);
