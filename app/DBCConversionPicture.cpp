@@ -8,8 +8,8 @@
 
 namespace {
 
-// All sizes are device-independent pixels. Straight lines have even coordinates, because these are
-// whole pixels at 100, 150 and 200 %.
+// All sizes are device-independent pixels. Straight lines have even coordinates, because even
+// coordinates lie on whole pixels of the screen at scales of 100, 150 and 200 %.
 constexpr QSize sizeOfConversion {156, 60};
 constexpr QSize sizeOfArrow {30, 24};
 
@@ -50,8 +50,9 @@ public:
     void drawArrow(const QPointF& from, const QPointF& to) const;
 
 private:
-    // The pen is a whole number of pixels wide, and shift() moves a line from an even coordinate to
-    // where it covers whole pixels. Otherwise the line would look twice as wide and half as dark.
+    // The pen is a whole number of screen pixels wide, and shift() moves a line from its even
+    // coordinate so that the line covers whole pixels. A line that covered two pixels by half would
+    // look twice as wide and half as dark.
     QPen sharpPen(const QColor& color, qreal width) const
     {
         return {color, pixels(width) / _scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A small drawing that shows the direction of an operation, in the colours of the palette and sharp
-// at every scale. The texts beside it say the same, so it has no name for a screen reader.
+// at every scale. The texts beside the drawing say the same, so the drawing has no name for a
+// screen reader.
 #pragma once
 
 #include <QWidget>

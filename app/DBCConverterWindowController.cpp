@@ -34,12 +34,13 @@ bool isFolder(const QString& path)
     return !path.isEmpty() && QFileInfo(path).isDir();
 }
 
-// Reserves the height of so many lines, so that nothing else moves when the text appears or
-// disappears.
+// Gives the label the height of so many lines from the start, so that no other control moves when
+// the text of the label appears or disappears.
 void reserveLines(QLabel& label, int lines)
 {
-    // A sample text is laid out, because a line is higher when letters come from another font.
-    // Cards have Japanese names in every language of the program.
+    // The height is measured with a sample text, because a line is higher if some letters come from
+    // another font. The sample contains kanji, because cards have Japanese names in every language
+    // of the program.
     const bool isRich = label.textFormat() == Qt::RichText;
     const QStringList sample(lines, u"No. 1 \u540D\u523A"_s);
     label.setText(sample.join(isRich ? u"<br>"_s : u"\n"_s));
@@ -70,7 +71,7 @@ DBCConverterWindowController::DBCConverterWindowController(
     localizeWidgets(*_converterView);
     _dataPathHint = std::make_unique<DBCPathHint>(*_ui->_dataPathTextField, *_ui->dataPathReason);
     _vmdbPathHint = std::make_unique<DBCPathHint>(*_ui->_vmdbPathTextField, *_ui->vmdbPathReason);
-    // Buttons of one width make all fields begin and end at the same places.
+    // The buttons get one width, so that all fields begin and end at the same places.
     const int width = std::max({_ui->_dataPathSelectionBtn->sizeHint().width(),
         _ui->_vmdbPathSelectionBtn->sizeHint().width(), _ui->backupsBtn->sizeHint().width()});
     _ui->_dataPathSelectionBtn->setMinimumWidth(width);

@@ -31,7 +31,7 @@ class DBCConverterView;
 
 class DBCConverterWindowController : public DBCEventReceiver {
 public:
-    // Neither is owned; both outlive this object.
+    // This object does not own the window or the menu item; both must outlive it.
     DBCConverterWindowController(DBCWindowFrame& mainWndCtrl, QAction& menuItemTerminate);
     ~DBCConverterWindowController() override;
 
@@ -52,14 +52,16 @@ public:
     void quitBtnAction();
     void controlTextDidChange();
 
-    // Takes a folder that was dropped on the window: a package goes into the database field, any
-    // other folder into the data field. canTakeDrop() is false for anything but an existing folder
-    // and while the fields cannot be changed.
+    // takeDrop() enters the path of a folder that the user has dropped on the window: the path of a
+    // package (a card database) into the database field, any other path into the data field.
+    // canTakeDrop() is true only for an existing folder, and only while this screen is shown and
+    // the user can change the fields.
     bool canTakeDrop(const QString& path) const;
     void takeDrop(const QString& path);
 
-    // The checks before an operation. Each returns true to go on; otherwise it has shown its
-    // message or the user has answered No. _networkPathCheck only returns its result.
+    // The checks before an operation. Each check returns true if the operation may begin. If a
+    // check returns false, it has shown its message, or the user has answered its question with No.
+    // _networkPathCheck shows nothing and only returns its result.
     bool _checkPrecondition() const;
     bool _dataPathCheck() const;
     bool _vmdbPathCheck() const;
@@ -70,19 +72,20 @@ public:
     void setLogFilePath(const QString& path) { _logPathString = path; }
 
     bool isRunning() const { return _isOperationRunning; }
-    // Whether an operation is running or a backup is being restored or deleted.
+    // Returns whether an operation is running or a backup is being restored or deleted.
     bool isBusy() const;
     // Shows a tool tip that says why the window does not close.
     void explainWhyItStaysOpen() const;
-    // Called when the program is asked to end: cancels a running operation without a question, lets
-    // a running restore finish, and closes the window once the card database is complete again.
-    // Returns at once.
+    // Called when a signal tells the program to end. Cancels a running operation without asking the
+    // user, does not disturb a running restore, and closes the window once the card database is
+    // complete again. Returns at once.
     void endSoon();
-    // Does the same, but returns only when everything has ended. It works without an event loop, so
-    // the program may exit afterwards.
+    // Cancels a running operation in the same way, but does not close the window, and returns only
+    // when the operation or restore has ended, so that the program may exit afterwards. Needs no
+    // event loop.
     void windDown();
 
-    // Creates the driver's collaborators; a test sets its own.
+    // Sets the functions that create the objects with which an operation works. Only tests call it.
     void setFactories(DBCConversionFactories factories) { _factories = std::move(factories); }
 
 private:
@@ -97,7 +100,7 @@ private:
 
     bool _isImport() const { return _operationType == OperationType::Import; }
     DBCPreconditions _preconditions() const;
-    // The typed paths in the form in which the operation gets them.
+    // Return the typed paths in the form that the operation needs (see DBCPaths::usable).
     QString _dataPath() const;
     QString _databasePath() const;
 
@@ -165,7 +168,7 @@ private:
     std::unique_ptr<DBCPathHint> _vmdbPathHint;
     DBCWindowPresenter _presenter;
     DBCCheckDialog* _checkDialog = nullptr; // owned by the window, created when first needed
-    DBCBackupsDialog* _backupsDialog = nullptr; // owned and created likewise
+    DBCBackupsDialog* _backupsDialog = nullptr; // likewise owned by the window
 
     OperationType _operationType = OperationType::None;
     QString _logPathString;
@@ -174,13 +177,13 @@ private:
     DBCConversionFactories _factories = DBCConversionFactories::real();
     std::unique_ptr<DBCConverterController> _ctrlDBCConverterController;
     std::unique_ptr<QThread> _operationThread;
-    bool _isOperationRunning = false; // from its start to its last event
-    bool _isReacting = false; // an event is being handled while the operation's thread waits
-    bool _isEnding = false; // the window closes when the operation or restore has ended
-    QString _lastDataPath; // of this operation's type; empty: none
+    bool _isOperationRunning = false; // true from the operation's start to its last event
+    bool _isReacting = false; // this screen handles an event; the operation's thread waits
+    bool _isEnding = false; // close the window when the operation or restore ends
+    QString _lastDataPath; // last one of this operation's type; may be empty
 
-    // Events of single cards come faster than a screen is repainted, so only the newest one is
-    // shown each time the timer fires.
+    // Events of single cards come faster than a screen is repainted, so each time the timer fires,
+    // only the newest event is shown.
     QTimer _runningTimer;
     std::optional<DBCEvent> _newestRunning;
     DBCRemainingTime _remainingTime;

@@ -46,8 +46,8 @@ void DBCConverterWindowController::_backupChangeDidEnd(bool isRestored)
     _inhibitor.release();
     _enableMenuItem();
     _enableWindowsCloseBtnWith(true);
-    // After an import the Convert button is disabled. The restored card database is another one, so
-    // the same import may be wanted again.
+    // After an import the Convert button is disabled. A restore changes the card database, so the
+    // user may want the same import again, and the button has to be enabled.
     if (isRestored)
         _setBtnStatus();
     if (_isEnding)

@@ -91,14 +91,15 @@ void DBCConverterWindowController::windDown()
     _presenter.leaveUnattended();
     if (_backupsDialog)
         _backupsDialog->waitUntilChanged();
-    // During an event the operation's thread waits for a function further down this stack and could
-    // not end before this function returns. The event that takes so long is the question whether to
-    // quit, and by then all data is on the disk.
+    // While _isReacting, the operation's thread waits for the function that handles an event. That
+    // function is a caller of this one, so a wait for the thread here would never end. To return is
+    // safe: the event is the last one, with the question whether to quit the program, and all data
+    // is on the disk by then.
     if (!_operationThread || _isReacting)
         return;
     _ctrlDBCConverterController->setConfirmCancelOperation(true);
-    // The operation's thread waits until each event is handled. No event loop may be running any
-    // more, so the events are delivered here.
+    // The operation's thread waits until this thread has handled each event. The event loop of this
+    // thread may have ended already, so this loop delivers the events.
     while (!_operationThread->wait(QDeadlineTimer(millisecondsBetweenAnswers)))
         QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
     _isOperationRunning = false;

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Loading the data file or fetching the cards counts as two cards.
+// In the progress bar, loading the data file or fetching the cards counts as two cards.
 constexpr qint64 stepsBeforeCards = 2;
 
 // The shortest time between two updates of the screen while cards are processed.
@@ -104,8 +104,8 @@ void DBCConverterWindowController::_resetProgressAreaStatus()
     _redrawProgressBox();
 }
 
-// Clears the name of the current card and the remaining time, and drops an event that is still to
-// be shown.
+// Clears the name of the current card and the remaining time, and drops the newest event if the
+// screen has not shown it yet.
 void DBCConverterWindowController::_forgetCards()
 {
     _runningTimer.stop();
@@ -115,7 +115,7 @@ void DBCConverterWindowController::_forgetCards()
     _ui->remainingTime->clear();
 }
 
-// A range of 0 to 0 makes the bar move to and fro, so a maximum of 0 becomes 1.
+// A range of 0 to 0 would make the bar move to and fro as if busy, so a maximum of 0 becomes 1.
 void DBCConverterWindowController::_showBar(qint64 value, qint64 maximum)
 {
     _ui->_progressBar->setRange(0, std::max(1, barValue(maximum)));

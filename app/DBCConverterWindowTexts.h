@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The texts of the converter screen that differ between import and export, as keys of the strings
-// table.
+// The texts of the converter screen that differ between import and export. Each is given by its key
+// in the strings table, which has the texts in every language of the program.
 #pragma once
 
 #include "datafile/helpers/DBCLocalizable.h"

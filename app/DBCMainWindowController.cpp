@@ -25,7 +25,7 @@ namespace {
 constexpr int exportRow = 0;
 constexpr int importRow = 1;
 
-// The path of a drop of exactly one local file or folder; empty for any other drop.
+// Returns the path if exactly one local file or folder was dropped, and an empty text otherwise.
 QString droppedPath(const QMimeData* data)
 {
     const QList<QUrl> urls = data->urls();
@@ -96,8 +96,8 @@ void DBCMainWindowController::showView(QWidget* view)
         former->setParent(this);
         former->hide();
     }
-    // Wrapped texts need more lines in a narrower window. The minimum size that the layout computes
-    // from its widgets does not consider that.
+    // Wrapped texts need more lines in a narrower window. The layout does not consider this when it
+    // computes the minimum size from its widgets, so the minimum height is set here.
     const QLayout& layout = *view->layout();
     if (layout.hasHeightForWidth())
         view->setMinimumHeight(layout.totalHeightForWidth(layout.totalMinimumSize().width()));
@@ -137,7 +137,8 @@ void DBCMainWindowController::windowWillClose()
     Q_EMIT terminateRequested();
 }
 
-// The end of the session would kill a running operation, so the program refuses the logout.
+// Refuses a logout while the program is busy, because the end of the session would kill a running
+// operation.
 void DBCMainWindowController::refuseLogoutWhileBusy(QSessionManager& manager)
 {
     if (_converterWndCtrl->isBusy())

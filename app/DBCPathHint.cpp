@@ -10,7 +10,8 @@
 
 namespace {
 
-// The pause is long enough that a path is not judged after every letter.
+// The pause after the last letter before a path is looked up. It is long enough that a path is not
+// looked up after every letter.
 constexpr int millisecondsAfterTyping = 200;
 
 bool isFile(const QString& path)

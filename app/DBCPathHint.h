@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Shows below a path field, while the user is typing, why the path cannot be used. A path is looked
-// up on a separate thread, because that may take long (a sleeping disk, a lost server).
+// While the user types into a path field, shows below the field why the path cannot be used. A
+// separate thread looks the path up on the disk, because the look-up may take long (a sleeping
+// disk, a lost server).
 #pragma once
 
 #include "app/dialogs/DBCMessageArea.h"
@@ -22,8 +23,8 @@ public:
 
     void setSubject(Subject subject);
 
-    // The reason why a typed path cannot be used, in the user's language; none if it can be used or
-    // is empty. May be called on any thread.
+    // Returns, in the user's language, why a typed path cannot be used. Returns std::nullopt if the
+    // path can be used or is empty. May be called on any thread.
     static std::optional<QString> problem(Subject subject, const QString& typedPath);
 
 private:
@@ -34,6 +35,6 @@ private:
     DBCMessageArea& _label;
     Subject _subject = Subject::InterchangeFolder;
     QTimer _pause;
-    quint64 _question = 0; // number of the newest text; answers to older texts are dropped
+    quint64 _question = 0; // number of the newest text; results for older texts are dropped
     QThreadPool _pool; // the last member: its destructor waits for a running look-up
 };

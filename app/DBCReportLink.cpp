@@ -13,8 +13,8 @@ namespace {
 
 constexpr quint32 reportNotOpenedMessage = 111;
 
-// After a complete conversion the last line of the area already counts cards, so the number is
-// appended to this line.
+// After a complete conversion the last line of the message area already gives a number of cards, so
+// the number of cards with warnings or errors is appended to this line.
 void showCount(qint64 concernedCardCount, DBCMessageArea& messageArea)
 {
     const char* const key = messageArea.hasText() ? "IDS_MSG_WARNED_COUNT" : "IDS_MSG_WARNED_CARDS";

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The button that opens the report about the last run. While there is no report the button is
-// hidden but keeps its place, so that nothing moves when it appears.
+// The button that opens the report about the last run. While there is no report, the button is
+// hidden but keeps its place in the layout, so that no other control moves when the button appears.
 #pragma once
 
 #include <QPushButton>
@@ -13,8 +13,8 @@ class DBCReportLink : public QPushButton {
 public:
     explicit DBCReportLink(QWidget* parent = nullptr);
 
-    // finished is the last event of a run. If cards had warnings or errors, their number is added
-    // to the text of messageArea.
+    // Shows the button if the run made a report. finished is the last event of the run. If cards
+    // had warnings or errors, adds the number of these cards to the text of messageArea.
     void offer(const DBCEvent& finished, DBCMessageArea& messageArea);
     // Hides the button and forgets the report.
     void takeBack();

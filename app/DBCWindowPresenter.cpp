@@ -39,7 +39,7 @@ DBCAnswer unattendedAnswer(const DBCQuestion& question)
 
 class DBCWindowPresenter::Request {
 public:
-    // Only the first answer counts.
+    // Keeps the first answer and ignores any later one.
     void give(DBCAnswer answer)
     {
         DBCAnswer none = DBCAnswer::NotShown;
@@ -162,8 +162,8 @@ DBCAnswer DBCWindowPresenter::answerOn(DBCAnswer unattended, const std::function
         _waiting = request;
         _waitingAnswer = unattended;
     }
-    // The call is queued and not blocking, because the window may have to end while the box is
-    // open. The other thread must then go on before the box is closed.
+    // The call is queued and not blocking. If the program has to end while the box is open,
+    // leaveUnattended() gives the answer, and this thread must go on before the box is closed.
     if (thread() == QThread::currentThread())
         request->give(show());
     else

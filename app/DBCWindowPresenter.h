@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Shows messages and questions as boxes over the window. They may come from any thread. The event
-// loop keeps running meanwhile, so the window is repainted and a request to end is noticed.
+// Shows messages and questions as boxes over the window. Any thread may call the functions. While a
+// box is open the event loop keeps running, so that the window is repainted and the program notices
+// a signal to end.
 #pragma once
 
 #include "operation/messages/DBCMessage.h"
@@ -28,32 +29,32 @@ public:
         const std::function<void(DBCAnswer)>& ended,
         const std::function<void()>& dismissed) override;
 
-    // Shows further boxes over this window, which gets the focus back when a box closes. The window
-    // is not owned and must outlive this object.
+    // From now on shows the boxes over this window. When a box closes, this window gets the focus
+    // back. The window is not owned and must outlive this object.
     void showOver(QWidget& window) { _window = &window; }
 
-    // Called when nobody can see the window any more. Closes an open box. From then on the question
-    // whether to cancel is answered with Yes and every other question with its alternate button,
-    // and errors appear only in the log.
+    // Called when nobody can see the window any more. Closes an open box. From then on this object
+    // answers the question whether to cancel with Yes and every other question with its alternate
+    // answer, and errors appear only in the log.
     void leaveUnattended();
 
 private:
-    // The answer that a thread waits for. It comes from the user or, when nobody is there any more,
-    // from leaveUnattended().
+    // One answer, for which a thread waits. Either the user gives the answer or, when nobody is
+    // there any more, leaveUnattended() does.
     class Request;
 
     std::unique_ptr<QMessageBox> makeErrorBox(const QString& title, const QString& text);
     std::unique_ptr<QMessageBox> makeQuestionBox(const DBCQuestion& question);
     void openSheet(std::unique_ptr<QMessageBox> box, const std::function<void(int)>& ended);
     DBCAnswer show(QMessageBox& box);
-    // Runs show on the window's thread and waits for its answer. unattended is the answer that
-    // counts when nobody is there.
+    // Runs show on the window's thread, waits for the answer and returns it. Returns unattended if
+    // leaveUnattended() is called before or meanwhile.
     DBCAnswer answerOn(DBCAnswer unattended, const std::function<DBCAnswer()>& show);
 
     QWidget* _window;
     QPointer<QMessageBox> _openBox;
-    std::mutex _mutex; // guards the following members, which the operation's thread uses, too
+    std::mutex _mutex; // protects the members below, which several threads use
     bool _isUnattended = false;
-    std::shared_ptr<Request> _waiting; // null: nobody waits
-    DBCAnswer _waitingAnswer = DBCAnswer::Alternate; // the answer of leaveUnattended()
+    std::shared_ptr<Request> _waiting; // null while no thread waits
+    DBCAnswer _waitingAnswer = DBCAnswer::Alternate; // given by leaveUnattended()
 };

@@ -25,7 +25,8 @@ DBCConverterWindowController* screen = nullptr;
 QtMessageHandler formerHandler = nullptr;
 
 // When the connection to the display breaks, the toolkit writes a message and then calls exit().
-// The message is the last chance to let a running operation put its files in order.
+// This message handler is the last function that runs before exit(), so it winds a running
+// operation down: the operation puts its files in order before the program exits.
 void windDownWhenTheDisplayIsLost(
     QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
@@ -40,8 +41,8 @@ void explain(const char* key)
     std::fprintf(stderr, "%s\n", qUtf8Printable(getLocalString(key)));
 }
 
-// Some desktops show only the picture that the window brings along; others take the icon of the
-// desktop file.
+// The window needs an icon of its own, because some desktops show only the window's icon and not
+// the icon of the desktop file.
 QIcon programIcon()
 {
     QIcon icon;
@@ -72,11 +73,12 @@ int runWindow(DBCSingleInstance& instance)
 int main(int argc, char** argv)
 {
     keepStandardDescriptorsOpen();
-    // This comes before the toolkit starts threads, because a signal delivered to one of them would
-    // end the program.
+    // The signals must be blocked before the toolkit starts threads, which inherit the block. A
+    // signal delivered to a thread that does not block it would end the program.
     DBCSignalWatcher::blockSignals();
-    // Neither a terminal that goes away nor a limit on the size of files must end an operation
-    // halfway: the write fails with its reason instead.
+    // These signals would end the program halfway through an operation: SIGPIPE when the terminal
+    // has gone away, SIGXFSZ when a file grows beyond the user's limit. When the program ignores
+    // them, the write fails instead and gives the reason.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     const QByteArray activationToken = activationTokenOfStart();

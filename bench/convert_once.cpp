@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // convert_once import FOLDER PACKAGE | export PACKAGE PARENT | backup PACKAGE
-// One conversion, or the backup of one, in this process; prints the seconds that the backup took
-// (0 for an export), so that a caller can take them off the time of the whole process.
+// Runs one conversion, or only the backup of a package, in this process. Prints the seconds that
+// the backup took (0 for an export), so that a caller can subtract them from the process's time.
 #include "carddb/DBCDataBaseController.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
 #include "operation/DBCConverterController.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Runs "/usr/bin/du -k -s PATH" once for each line of standard input and reads its answer: what a
-// conversion's size questions cost at the least.
+// Runs "/usr/bin/du -k -s PATH" once for each path on standard input and reads what du prints. A
+// conversion measures paths in this way, so it cannot measure them in less time.
 #include <array>
 #include <cstdio>
 #include <iostream>
@@ -13,7 +13,7 @@
 
 namespace {
 
-// False when du could not be run or failed.
+// Returns false if du could not be started or failed.
 bool runDu(std::string path)
 {
     std::array<int, 2> ends {};

@@ -58,7 +58,7 @@ std::vector<std::uint8_t> encodeJpeg(const Pixels& pixels, int quality)
     info.Y_density = dotsPerInch;
     jpeg_start_compress(&info, TRUE);
 
-    // libjpeg takes rows without const and does not write to them.
+    // libjpeg expects rows that are not const, but it does not write to them.
     auto* rows = const_cast<std::uint8_t*>(pixels.rgb.data()); // NOLINT
     while (info.next_scanline < info.image_height) {
         JSAMPROW row = rows + std::size_t {info.next_scanline} * pixels.width * bytesPerPixel;

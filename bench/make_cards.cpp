@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // make_cards [--links | --lines] FOLDER COUNT
-// Makes an interchange folder of COUNT cards: two JPEGs each, every fourth card with two
-// attachments. --links: equal images are hard links to one file. --lines: the data file alone.
+// Makes an interchange folder of COUNT cards. Each card has two JPEGs, and every fourth card has
+// two attachments. With --links, equal images are hard links to one file. With --lines, the folder
+// has neither images nor attachments.
 #include "bench/card_textures.h"
 #include "datafile/helpers/DBCCommonFunction.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
@@ -130,7 +131,8 @@ bool writeAttachments(const QString& folder, int count)
     return true;
 }
 
-// The distinct images beside the folder, so that they never belong to it.
+// Writes each distinct image once, beside the folder, and returns the paths. placeImages() copies
+// or links these files into the folder and then removes them.
 std::vector<fs::path> writeModels(const QString& folder)
 {
     std::vector<fs::path> models;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// read_datafile FILE: reads an interchange data file as an import does and prints how many records
-// it holds.
+// read_datafile FILE: reads an interchange data file as an import does and prints the number of its
+// records.
 #include "datafile/DBCFileReader.h"
 
 #include <cstdio>

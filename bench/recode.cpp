@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// recode FROM TO: decodes every file of the folder FROM as a JPEG and writes it to the folder TO,
-// encoded anew at the quality that an export encodes with.
+// recode FROM TO: decodes every file of the folder FROM as a JPEG, encodes the picture again with
+// the quality of an export, and writes the result into the folder TO.
 #include "bench/jpeg_codec.h"
 
 #include <cstdio>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // window_once FOLDER PACKAGE
-// One import from the window, every question answered with Yes until the window closes by itself.
-// Prints how often the progress bar was painted in each second of the records, at the least, and
-// the milliseconds from the start of the program to the window's first paint.
+// Runs one import in the program's window and answers every question with Yes, until the window
+// closes by itself. Prints the smallest number of times that the progress bar was painted in any
+// second of the import, and the milliseconds from the program's start to the window's first paint.
 #include "app/DBCConverterWindowController.h"
 #include "app/DBCMainWindowController.h"
 
@@ -33,7 +33,7 @@ public:
     DBCAnswer askQuestion(const DBCQuestion& /*question*/) override { return DBCAnswer::Default; }
 };
 
-// Counts paints by the second they fall in.
+// Counts how often a widget is painted in each second.
 class PaintCounter : public QObject {
 public:
     explicit PaintCounter(const QElapsedTimer& clock)
@@ -49,7 +49,8 @@ public:
         return false;
     }
     qint64 first() const { return _first; }
-    // Of the seconds between the first and the last, which are whole.
+    // Returns the smallest count of a second. The first and the last second with a paint are left
+    // out, because the import does not run during all of them.
     int fewestInASecond() const
     {
         int fewest = std::numeric_limits<int>::max();

@@ -83,8 +83,8 @@ DBCBackupChange::Problem DBCBackupChange::reasonNotToTouch()
 {
     if (_backup.isEmpty())
         return DBCProblem {getLocalString("IDS_BACKUP_NO_SUCH", {_name, _package}), _package};
-    // This comes before the guards are taken, because the recovery takes the package's guard
-    // itself.
+    // Look for an unfinished import before taking the two locks, because DBCPackageRecovery locks
+    // the package itself.
     const State lastImport = DBCPackageRecovery(_package).state();
     if (lastImport == State::InUse)
         return problemAt(_package, "IDS_BACKUP_IN_USE");
@@ -105,8 +105,8 @@ DBCBackupChange::Problem DBCBackupChange::reasonNotToRestore() const
 {
     if (auto damage = DBCPackageVerifier::verifyStore(_backup).firstProblem())
         return problemAt(_backup, "IDS_BACKUP_DAMAGED", {damage->text});
-    // The package is removed before the backup is copied, so every file of the backup must be
-    // readable. Comparing the backup with itself reads them all.
+    // The restore removes the package before it copies the backup, so every file of the backup must
+    // be readable. Comparing the backup with itself reads all of them.
     const QByteArray backup = QFile::encodeName(_backup);
     DBCTreeComparison reading;
     if (!reading.areEqual(backup, backup))
@@ -124,15 +124,15 @@ DBCBackupChange::Problem DBCBackupChange::reasonNotToReplacePackage() const
         return problemAt(folder, "IDS_BACKUP_FOLDER_READ_ONLY");
     if (isTaken(_package) && !QFileInfo(_package).isDir())
         return problemAt(_package, "IDS_VERIFY_NO_FOLDER");
-    // A package without a store may be replaced: restoring a backup repairs exactly that.
+    // A package without a store may be replaced, because a restore is the way to repair it.
     const DBCResultCode state = checkPackageAttributes(_package);
     if (state != DBCResultCode::PackageUsable && state != DBCResultCode::PackageNotExist)
         return problemAt(_package, "IDS_LOG_ERR_PACKAGE_ACCESS");
     return checkSpace();
 }
 
-// The present package is copied first, then removed, and the backup is copied last. So at no time
-// is more extra space needed than the larger of the two takes.
+// A restore copies the present package, removes it, and copies the chosen backup last. So it never
+// needs more extra space than the larger of the two takes.
 DBCBackupChange::Problem DBCBackupChange::checkSpace() const
 {
     quint64 needed = 0;
@@ -179,7 +179,8 @@ DBCBackupChange::Problem DBCBackupChange::keepPackage()
     return failure;
 }
 
-// If the program is killed during the copy, the journal lets the next start remove what is left.
+// The journal is there so that, if the program is killed during the copy, the next start removes
+// what is left of the copy.
 DBCBackupChange::Problem DBCBackupChange::copyPackageTo(const QString& target) const
 {
     const auto journal = DBCPackageJournal::begin(_package, target);
@@ -191,8 +192,8 @@ DBCBackupChange::Problem DBCBackupChange::copyPackageTo(const QString& target) c
     return std::nullopt;
 }
 
-// The journal names the chosen backup from the first change to the last, so that after a kill in
-// between the next start asks whether to restore it.
+// The journal names the chosen backup from the first change to the last. So if the program is
+// killed in between, the next start asks the user whether to restore that backup.
 DBCBackupChange::Problem DBCBackupChange::putInPlace() const
 {
     const auto journal = DBCPackageJournal::begin(_package, _backup);

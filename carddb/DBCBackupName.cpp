@@ -22,7 +22,7 @@ struct Frame {
     }
 
     QString folder;
-    QString start; // of the name, up to the number
+    QString start; // the part of the name before the number
     QString end;
 };
 

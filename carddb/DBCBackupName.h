@@ -9,10 +9,11 @@
 
 namespace DBCBackupName {
 
-// The full path of the first of these names that is free; none when all 10,000 are taken.
+// Returns the full path of the first of these names that is free, or std::nullopt when all 10,000
+// names are taken.
 std::optional<QString> firstFree(const QString& package);
 
-// Whether name is exactly one of these names. A name that holds a folder is not.
+// Whether name is exactly one of these names. A name with a folder in front is not.
 bool isOf(const QString& package, const QString& name);
 
 } // namespace DBCBackupName

@@ -38,8 +38,9 @@ void logFailedSave(const std::exception& exception, const QString& package)
         u"IDS_LOG_ERR_STORE_SAVE"_s, {DBCPackageLayout::storeFile(package), reason}));
 }
 
-// Somebody may have put another file in place between the removal of the old lock file and the
-// opening of the new one: then it must not be changed.
+// Whether the open file is the new lock file. Between the removal of the old lock file and the
+// opening of the new one, another program may have put a different file at that path, which must
+// not be changed.
 bool isOwnLockFile(int descriptor)
 {
     struct stat status { };
@@ -80,7 +81,7 @@ DBCManagedObjectContext* DBCDataBaseController::managedObjectContext()
         return nullptr;
     _managedObjectContext = DBCManagedObjectContext::open(
         DBCPackageLayout::storeFile(_strDBPath), *managedObjectModel());
-    // The lock file is created only after the store has opened, so that nothing is written into a
+    // Create the lock file only after the store has opened, so that nothing is written into a
     // folder that is no package.
     if (_managedObjectContext && isFailure(_lock()))
         _managedObjectContext.reset();
@@ -92,16 +93,17 @@ DBCResultCode DBCDataBaseController::_lock()
     if (_strDBPath.isEmpty())
         return DBCResultCode::GeneralFailure;
     const QByteArray path = QFile::encodeName(DBCPackageLayout::lockFile(_strDBPath));
-    // Remove an existing lock file, whoever made it: one left by a program that died must not keep
-    // anybody out. Whether another program is using the package has been checked before.
+    // Remove an existing lock file, whoever made it: a file left by a program that died must not
+    // keep anybody out. Before this, the driver has checked whether another program is using the
+    // package.
     std::remove(path.constData());
     _ilockFile
         = open(path.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, lockFileCreationMode);
-    // Change the mode through the descriptor: the name may refer to another file by now.
+    // Change the mode through the descriptor, because the path may lead to another file by now.
     if (_ilockFile != noDescriptor && isOwnLockFile(_ilockFile)
         && fchmod(_ilockFile, lockFileMode) == 0 && flock(_ilockFile, LOCK_EX | LOCK_NB) == 0)
         return DBCResultCode::Success;
-    // The descriptor stays in the field, and the destructor closes it.
+    // The descriptor stays in _ilockFile, so that the destructor closes it.
     DBCLog::debug(u"There is a lock failure of the Database!"_s);
     return DBCResultCode::DatabaseLockFailure;
 }
@@ -126,8 +128,8 @@ DBCResultCode DBCDataBaseController::save()
     DBCManagedObjectContext* context = managedObjectContext();
     if (!context)
         return DBCResultCode::GeneralFailure;
-    // Flush the PDFs and attachments before the cards that name them are committed, so that after a
-    // power cut no card names a file that is not there.
+    // Flush the PDFs and attachments before the cards that name them are committed. So even after a
+    // power cut, no card names a missing file.
     if (context->hasInsertedCards() && !DBCDiskFlush::fileSystemOf(_strDBPath)) {
         DBCLog::error(getLocalString(u"IDS_LOG_ERR_DISK_FLUSH"_s, {_strDBPath}));
         return DBCResultCode::DatabaseSaveFailure;
@@ -135,7 +137,7 @@ DBCResultCode DBCDataBaseController::save()
     try {
         context->save();
     } catch (const SQLite::Exception& exception) {
-        // The user stopped it, which is no error to be logged.
+        // The user stopped the save, which is no error and is therefore not logged.
         if (exception.getErrorCode() != SQLITE_INTERRUPT)
             logFailedSave(exception, _strDBPath);
         return DBCResultCode::DatabaseSaveFailure;

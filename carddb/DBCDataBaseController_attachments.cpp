@@ -29,7 +29,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The differences between import and export.
+// What differs between the import and the export of attachments.
 struct Rules {
     DBCAttachmentVerdict (*judge)(const QByteArray& name, DBCEntryKind kind);
     const char* badNameKey;
@@ -57,7 +57,7 @@ constexpr Rules exportRules {
     Rules::FailureNames::Folders,
 };
 
-// The copying of one card's attachments from one folder into another.
+// One copy of a card's attachments from one folder into another.
 struct Transfer {
     const Rules& rules;
     DBCTransferSubject subject;
@@ -66,7 +66,7 @@ struct Transfer {
     DBCDescriptor sourceFolder = DBCDescriptor(-1);
 };
 
-// Logs the general error, then a second line that names the file or folder.
+// Logs the general error, and then a second message that names the file or folder.
 void logFailure(const DBCTransferSubject& subject, const QString& path)
 {
     DBCTransferLog::error("IDS_LOG_ERR_ATTACHMENT_COPY_FAILURE", subject);
@@ -110,7 +110,7 @@ DBCError copyFailure(const Transfer& transfer, const QString& source, const QStr
 
 DBCError copyEntry(const Transfer& transfer, int targetFolder, const QByteArray& name)
 {
-    // A name may be invalid as text, so files are opened by the bytes of their names.
+    // A file's name may be invalid as text, so the file is opened by the bytes of its name.
     const QString shownName = QFile::decodeName(name);
     const QString shownSource = transfer.source + u'/' + shownName;
     const int sourceFolder = transfer.sourceFolder.get();
@@ -206,8 +206,9 @@ DBCError importAttachments(
     return {};
 }
 
-// Opens the transfer's source and returns whether there is anything to copy. Also true when the
-// folder cannot be opened or listed: measuring or copying it then fails and reports the reason.
+// Opens the transfer's source and returns whether there is anything to copy. It also returns true
+// when the folder exists but cannot be opened or listed, so that the export tries to measure or
+// copy it, fails and reports the reason.
 bool hasAttachments(const QString& files, const QString& cardID, Transfer* transfer)
 {
     transfer->sourceFolder = openInside(files, transfer->source, O_RDONLY | O_DIRECTORY);

@@ -53,8 +53,8 @@ std::optional<QString> DBCDataBaseController::_generateBackupDBPath() const
 
 DBCResultCode DBCDataBaseController::backup()
 {
-    // If the path is a link, work on its target from here on: a restore removes the package folder,
-    // and nothing is ever removed through a link.
+    // If the path is a link, work on the link's target from here on. A restore removes the package
+    // folder, and this program never removes anything through a link.
     const QString package = DBCPackageLayout::withoutLink(_strDBPath);
     if (!isUsablePackage(package))
         return DBCResultCode::BackupFailure;
@@ -99,8 +99,8 @@ DBCResultCode DBCDataBaseController::restore()
 {
     if (_strBackupDBPath.isEmpty())
         return DBCResultCode::GeneralFailure;
-    // If the disk is too full to record this stage, the previous one remains and leads to the same
-    // recovery question.
+    // If the disk is too full to record this stage, the journal keeps the previous one, which makes
+    // the next start ask the user the same question.
     if (_journal)
         (void)_journal->enter(DBCPackageJournal::Stage::Restore);
     const DBCResultCode code = restorePackage();
@@ -109,8 +109,8 @@ DBCResultCode DBCDataBaseController::restore()
     return code;
 }
 
-// Closes the store first: looking at its file through another descriptor would drop the locks of
-// an open connection.
+// Closes the store before isStoreInUse() opens and closes the store's file, because that would drop
+// the locks of an open connection.
 bool DBCDataBaseController::isChangedByOthers()
 {
     const QString ownCards = cardIDStart();
@@ -133,8 +133,8 @@ DBCResultCode DBCDataBaseController::restorePackage()
 
 void DBCDataBaseController::endImport()
 {
-    // This is not worth a warning: the next start sees that the import was complete and removes the
-    // journal.
+    // A journal that stays is not worth a warning: the next start sees from its stage that nothing
+    // is left to decide, and removes it.
     if (_journal && !_journal->end()) {
         DBCLog::info(
             getLocalString(u"IDS_LOG_INF_JOURNAL_STAYS"_s, {DBCHiddenName::journalOf(_strDBPath)}));

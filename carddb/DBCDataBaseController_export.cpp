@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A step that returns neither a result nor an error counts as failed.
+// Returns the error of a step. A step that returned neither a result nor an error counts as failed.
 template <typename Result>
 DBCError stepError(const std::optional<Result>& result, const DBCError& error)
 {
@@ -37,8 +37,8 @@ std::optional<std::vector<DBCRecord>> DBCDataBaseController::fetchCardDatas(DBCE
     DBCError error;
     try {
         context->fetchCards(DBCCardSelection::Live, [&](const Card& card) {
-            // A caller that has set a delegate can cancel here. The conversion driver sets none for
-            // an export: it asks about a cancel itself, while it measures and before each card.
+            // A caller that has set a delegate can stop the fetch here. The conversion driver sets
+            // none for an export: it asks the user itself, while it measures and before each card.
             if (_delegate && _delegate->checkIsNeedToConfirmCancelOperation()) {
                 error = DBCError(DBCResultCode::CancelledByUser);
                 return false;
@@ -106,7 +106,7 @@ std::optional<DBCRecord> DBCDataBaseController::exportData(
         return std::nullopt;
     }
 
-    // An error that the caller passed in also fails the card.
+    // The card also fails if the caller passed in an errors object that already held an error.
     if (*errors)
         return std::nullopt;
 

@@ -26,8 +26,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The images that the record names and that exist, face before back. The log names each that is
-// missing.
+// Opens the images that the record names, the face before the back. An image that is missing is
+// left out, and the log names it.
 std::vector<DBCImageFile> openImages(const QString& folder, const DBCRecord& record)
 {
     using Outcome = DBCNamedFile::Outcome;
@@ -46,7 +46,8 @@ std::vector<DBCImageFile> openImages(const QString& folder, const DBCRecord& rec
     return images;
 }
 
-// A card's PDF, which stays open while it is read, because the file at its path may be exchanged.
+// A card's PDF. It stays open while it is read, because another program may replace the file at its
+// path meanwhile.
 class CardPdf {
 public:
     CardPdf(const QString& folder, const QString& name)
@@ -57,8 +58,8 @@ public:
     }
 
     bool leadsOut() const { return _leadsOut; }
-    // A path to the open file. If it could not be opened this is the given path, so that the
-    // attempt to read it fails with the reason.
+    // Returns a path that leads to the open file. If the file could not be opened, this is the
+    // ordinary path, so that the attempt to read the PDF fails with the reason.
     QString path() const { return _file ? u"/proc/self/fd/%1"_s.arg(_file.get()) : _path; }
 
 private:
@@ -74,7 +75,7 @@ struct CardImages {
     CardImageInfo backInfo;
 };
 
-// If the file cannot be loaded for drawing, this returns no error and leaves the face null.
+// If the PDF cannot be loaded for drawing, this returns no error and leaves the face null.
 DBCError drawFirstPage(const QString& pdfPath, CardImages* images)
 {
     const DBCResultCode code
@@ -89,7 +90,7 @@ DBCError takeImages(const QString& pdfPath, CardImages* images)
     case DBCResultCode::Success:
         return {};
     case DBCResultCode::GeneralFailure:
-        // Drawing the readable part instead would silently drop the back side.
+        // Fail, because drawing only the readable part would silently drop the back side.
         return DBCError(DBCResultCode::NoImageInPdf);
     default:
         return drawFirstPage(pdfPath, images);
@@ -142,7 +143,8 @@ DBCError convertPages(
     return writeImages(images, toPath, recordNo, written);
 }
 
-// These codes end an export. After any other error the card is exported without images.
+// Whether the error ends the whole export. After any other error the card is exported without
+// images.
 bool isFatalForExport(const DBCError& error)
 {
     return error.code() == DBCResultCode::NoSpaceForExport

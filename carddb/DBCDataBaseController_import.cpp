@@ -14,8 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The object framework gives every object a URI. Its first 20 characters are this prefix; the rest
-// is the card ID.
+// The first 20 characters of a card's identity URI are a fixed prefix; the rest is the card ID.
 constexpr qsizetype identityPrefixLength = 20;
 
 using Key = DBCRecordKey;
@@ -30,8 +29,8 @@ constexpr std::array syncAttributes {
 };
 
 enum class DetailRule : quint8 {
-    Formatted, // always set, to formatValue(); to "" when the record lacks the key
-    RawIfPresent, // set to the unchanged value, even "", but only when the record has the key
+    Formatted, // always set: to formatValue(), or to "" when the record lacks the key
+    RawIfPresent, // set only when the record has the key, to the unchanged value, even ""
 };
 
 struct DetailAttribute {
@@ -45,8 +44,8 @@ constexpr qint32 nameDetailType = 21;
 constexpr qint32 addressDetailType = 26;
 constexpr qint32 lastDetailType = 33;
 
-// The attributes that are copied one by one from the record to the card. There is no type 28 on
-// purpose. setNameParts() and setAddress() add further attributes to types 21 and 26.
+// The attributes that are copied one by one from the record to the card. That no attribute has type
+// 28 is on purpose. setNameParts() and setAddress() set further attributes of types 21 and 26.
 constexpr std::array<DetailAttribute, 25> detailAttributes {{
     {21, Key::full_Name, DetailRule::Formatted},
     {21, Key::full_Name_XY, DetailRule::RawIfPresent},
@@ -75,7 +74,7 @@ constexpr std::array<DetailAttribute, 25> detailAttributes {{
     {33, Key::mobile_Number_XY, DetailRule::RawIfPresent},
 }};
 
-// In capital letters, as the main application writes UUIDs.
+// Returns the UUID in capital letters, as the main application writes UUIDs.
 QString newUUID()
 {
     return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
@@ -124,7 +123,7 @@ void setAddress(Card& card, const DBCRecord& record)
     const QString state = formatted(record, Key::state);
     auto address = DBCDataBaseController::composeAddressWithStreet(street, city, state);
     if (!address) {
-        // An address that is given as one text is also stored as the street.
+        // If the record gives the address as one text, that text is also stored as the street.
         street = formatted(record, Key::address);
         address = DBCDataBaseController::composeAddressWithStreet(street, city, state);
     }
@@ -134,9 +133,9 @@ void setAddress(Card& card, const DBCRecord& record)
     card.setValue(Key::address, address.value_or(QString()));
 }
 
-// Reads year/month/day with a four-digit year; month and day may lack their leading zero, because
-// spreadsheets write them so. Returns the first moment of that day in local time; none for any
-// other text and for days that do not exist, like 2009/02/30.
+// Reads year/month/day with a four-digit year. Month and day may lack their leading zero, because
+// spreadsheets write them without it. Returns the first moment of that day in local time, or
+// std::nullopt for any other text and for days that do not exist, such as 2009/02/30.
 std::optional<QDateTime> parseRegisterDate(const QString& text)
 {
     static const QRegularExpression pattern(
@@ -149,8 +148,8 @@ std::optional<QDateTime> parseRegisterDate(const QString& text)
     return date.startOfDay();
 }
 
-// An error with a code above 0 from the image step is no failure: the import of the card continues,
-// with the image's name if the step returned one.
+// Returns the error with which the image step has failed. An error with a code above 0 is no
+// failure: the import of the card continues, with the image's name if the step returned one.
 DBCError imageStepError(const std::optional<QString>& fileName, const DBCError& error)
 {
     if (error)
@@ -179,7 +178,8 @@ bool DBCDataBaseController::addDataToDataBase(
 
 DBCError DBCDataBaseController::addCard(const DBCRecord& record, const QString& fromPath)
 {
-    // A store without the card entity does not open, so an open context can insert a card.
+    // A store without the card entity cannot be opened, so an open context can always insert a
+    // card.
     DBCManagedObjectContext* context = managedObjectContext();
     if (!context)
         return DBCError(DBCResultCode::GeneralFailure);

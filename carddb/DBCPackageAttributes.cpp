@@ -23,7 +23,7 @@ Rights rightsTo(const QString& path)
     return {host.isReadable(path), host.isWritable(path)};
 }
 
-// The package, its store, and "Images" and "Files" where they exist, in this order.
+// Returns the package, its store, and "Images" and "Files" if they exist, in this order.
 std::vector<QString> partsOfPackage(const QString& package)
 {
     std::vector<QString> parts {package, DBCPackageLayout::storeFile(package)};
@@ -35,7 +35,8 @@ std::vector<QString> partsOfPackage(const QString& package)
     return parts;
 }
 
-// PackageUsable when no part is immutable, PackageLocked when one is.
+// Returns PackageLocked when a part is immutable, GeneralFailure when that cannot be read, else
+// PackageUsable.
 DBCResultCode checkImmutable(const std::vector<QString>& parts)
 {
     for (const QString& part : parts) {
@@ -58,8 +59,8 @@ DBCResultCode checkAccessRights(const std::vector<QString>& parts)
 
     if (std::all_of(rights.begin(), rights.end(), isUsable))
         return DBCResultCode::PackageUsable;
-    // The rights of the package folder itself do not count here, because cards are written into its
-    // parts.
+    // The rights to the package folder itself, the first entry, do not count here, because cards
+    // are written into the package's parts.
     if (std::all_of(std::next(rights.begin()), rights.end(), isReadOnly))
         return DBCResultCode::PackageReadOnly;
     if (!std::all_of(rights.begin(), rights.end(), isReadable))

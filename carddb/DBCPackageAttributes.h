@@ -6,6 +6,6 @@
 
 #include <QString>
 
-// One of the Package... codes, of which PackageUsable alone allows a conversion. GeneralFailure for
-// an empty path, or when an immutable flag cannot be read. Links are followed.
+// Returns one of the Package... codes, of which only PackageUsable allows a conversion. Returns
+// GeneralFailure for an empty path, or when an immutable flag cannot be read. Follows links.
 DBCResultCode checkPackageAttributes(const QString& package);

@@ -43,13 +43,14 @@ qint64 count(SQLite::Database& store, const std::string& rows, const std::string
     return statement.executeStep() ? statement.getColumn(0).getInt64() : 0;
 }
 
-// Rows of the first table that the second does not have with the same values.
+// A query for the rows of the first table that the second table does not hold with the same values.
 std::string rowsOnlyIn(const std::string& first, const std::string& second)
 {
     return "SELECT * FROM " + first + " EXCEPT SELECT * FROM " + second;
 }
 
-// The cards of a schema but for the import's own, which begin with the text bound to :own.
+// A query for the cards of a schema without those of the import, whose IDs begin with the text
+// bound to :own. If that text is empty, the query finds all cards.
 std::string foreignCards(const std::string& schema)
 {
     return "(SELECT * FROM " + schema
@@ -92,7 +93,8 @@ void compareRows(SQLite::Database& store, const std::string& ownStart, DBCPackag
     for (const std::string& table : tables) {
         if (changes.isOtherDataChanged)
             return;
-        // The table of keys only follows the cards.
+        // Z_PRIMARYKEY is left out because its keys follow from the cards, which were compared
+        // above.
         if (table != "ZCARD" && table != "Z_PRIMARYKEY")
             changes.isOtherDataChanged = isOtherTableChanged(store, table);
     }
@@ -130,7 +132,7 @@ struct FileStamp {
     bool operator==(const FileStamp&) const = default;
 };
 
-using FileList = std::map<std::string, FileStamp>; // by the path below the package
+using FileList = std::map<std::string, FileStamp>; // by the file's path below the package
 
 bool isStoreOrLock(const QString& package, const std::string& name)
 {
@@ -144,7 +146,8 @@ bool isStoreOrLock(const QString& package, const std::string& name)
         || name == store + "-journal";
 }
 
-// Whether the import itself wrote the file: its name, or that of its folder, begins with the ID.
+// Whether the import itself wrote the file. Then the second part of its path begins with
+// cardIDStart, as in "Images/<card ID>_N1.pdf" and "Files/<card ID>/...".
 bool isOwn(const std::string& name, const std::string& cardIDStart)
 {
     const std::size_t slash = name.find('/');
@@ -152,7 +155,7 @@ bool isOwn(const std::string& name, const std::string& cardIDStart)
         && name.compare(slash + 1, cardIDStart.size(), cardIDStart) == 0;
 }
 
-// None when a folder could not be read to its end.
+// Returns std::nullopt when a folder could not be read to its end.
 std::optional<FileList> filesOf(const QString& package, const QString& cardIDStart)
 {
     const std::filesystem::path top = nativePath(package);
@@ -207,7 +210,8 @@ DBCPackageChanges changesSinceBackup(
 
 bool isStoreInUse(const QString& package)
 {
-    // SQLite locks bytes from 1 GiB on: one for pending, one for reserved, 510 for shared locks.
+    // SQLite locks single bytes of the file from 1 GiB on: one for the pending lock, one for the
+    // reserved lock, and 510 for shared locks.
     constexpr off_t firstLockByte = 0x40000000;
     constexpr off_t lockBytes = 512;
     const DBCDescriptor store(

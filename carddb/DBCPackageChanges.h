@@ -4,14 +4,15 @@
 
 #include <QString>
 
-// The differences, except for the cards, card images and attachments of the import itself.
+// The differences, without the cards, card images and attachments that the import itself added.
 struct DBCPackageChanges {
-    qint64 addedCards = 0; // in the package, not in the backup
-    qint64 removedCards = 0; // in the backup, not in the package
-    qint64 changedCards = 0; // in both, with different values
+    qint64 addedCards = 0; // cards in the package that the backup lacks
+    qint64 removedCards = 0; // cards in the backup that the package lacks
+    qint64 changedCards = 0; // cards in both, with different values
     qint64 otherFiles = 0; // card images, attachments and other files: new, missing or different
     bool isOtherDataChanged = false; // the store differs in more than its cards
-    bool isUnknown = false; // one of the two could not be read, so anything may have changed
+    // The package or its backup could not be read, so anything may have changed.
+    bool isUnknown = false;
 
     bool any() const
     {
@@ -20,17 +21,19 @@ struct DBCPackageChanges {
     }
 };
 
-// cardIDStart: how the IDs of the import's own cards begin; empty if there are none. A package that
-// does not exist has no changes: there is nothing that could be lost. Nor has one without a backup:
-// it cannot be replaced.
+// cardIDStart is the text with which the IDs of the import's own cards begin; it is empty if there
+// are no such cards. Reports no changes for a package that does not exist, because it has nothing
+// that could be lost, and for one without a backup, because it cannot be replaced.
 //
-// The stores are compared as copies in a temporary folder, by the values of their rows, because a
-// checkpoint or a rolled back transaction changes their bytes only. Files are compared by size and
-// modification time, which a backup keeps. Nothing is written beside either package.
+// The function compares copies of both stores in a temporary folder. It compares the values of
+// their rows, because a checkpoint or a rolled back transaction changes the bytes of a store but no
+// value. It compares other files by size and modification time, which a backup keeps. It writes
+// nothing beside the package or the backup.
 DBCPackageChanges changesSinceBackup(
     const QString& package, const QString& backup, const QString& cardIDStart);
 
-// Whether another process holds a lock on the package's store: it is reading or has a transaction
-// open, or the store has a write-ahead log and the process is connected. This process must have no
-// connection to that store, because the look would drop its locks.
+// Whether another process holds a lock on the package's store: the process is reading, has a
+// transaction open, or is connected to a store with a write-ahead log. This process must have no
+// connection to that store, because the function opens and closes the store's file, and closing it
+// drops all POSIX locks that this process holds on the file.
 bool isStoreInUse(const QString& package);

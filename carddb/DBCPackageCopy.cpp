@@ -24,8 +24,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Whether this is SQLite's index of a write-ahead log. Every reader writes into it, and SQLite
-// rebuilds it when needed, so it may differ between package and copy.
+// Whether this is SQLite's index of a write-ahead log. It may differ between the package and its
+// copy, because every reader writes into it and SQLite rebuilds it when needed.
 bool isIndexOfLog(const QByteArray& path)
 {
     return path.endsWith("-shm");
@@ -33,7 +33,8 @@ bool isIndexOfLog(const QByteArray& path)
 
 } // namespace
 
-// Forwards the questions of a copy and remembers whether the last answer was to stop.
+// Passes the questions that a copy asks on to the delegate, and remembers whether the last answer
+// was to stop.
 class DBCPackageCopy::CancelWatch : public DBCCancelDelegate {
 public:
     explicit CancelWatch(DBCCancelDelegate* delegate)
@@ -56,7 +57,7 @@ public:
     }
 
 private:
-    DBCCancelDelegate* _delegate; // null: nobody is asked
+    DBCCancelDelegate* _delegate; // null if nobody is to be asked
     bool _isCancelled = false;
 };
 
@@ -86,8 +87,8 @@ void DBCPackageCopy::cleanUpBeside(const QString& target)
 {
     for (const QString& path :
         {DBCHiddenName::unfinishedCopyOf(target), DBCHiddenName::discarded(target)}) {
-        // A failure does no harm: hidden folders are in nobody's way, and the next copy tries
-        // again.
+        // A failure here does no harm: the folders are hidden, and the next copy tries again to
+        // remove them.
         std::error_code ignored;
         std::filesystem::remove_all(QFile::encodeName(path).toStdString(), ignored);
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Copies a package folder. The copy gets its name only when it is complete, equal to its source and
-// flushed to the disk.
+// Copies a package folder. The copy gets its name only after it is complete, equal to its source
+// and flushed to the disk.
 #pragma once
 
 #include <QString>
@@ -9,25 +9,27 @@ class DBCCancelDelegate;
 
 class DBCPackageCopy {
 public:
-    // The delegate is asked between files and inside large ones whether to go on. Not owned; null
-    // asks nobody.
+    // The copy asks the delegate between files and inside large ones whether to go on. The delegate
+    // is not owned. With null, the copy asks nobody and runs to its end.
     explicit DBCPackageCopy(DBCCancelDelegate* delegate = nullptr)
         : _delegate(delegate)
     {
     }
 
-    // After Cancelled and Failed, whatever was at the target and beside it is as it was.
+    // After Cancelled and Failed, nothing of the copy is left, and what was at the target before is
+    // still there.
     enum class Outcome : quint8 {
         Copied,
         Cancelled, // the delegate answered that the copy is to stop
-        Failed, // the target exists, or the copy could not be completed, compared or flushed
+        // The target exists already, or the copy could not be completed, compared or flushed.
+        Failed,
     };
 
-    // Blocks until the copy has ended. If the program is killed meanwhile, only a hidden folder
-    // beside the target remains, which the next copy or cleanUpBeside() removes.
+    // Blocks until the copy has ended. If the program is killed meanwhile, it leaves only hidden
+    // folders beside the target, which the next copy to that target or cleanUpBeside() removes.
     Outcome copy(const QString& source, const QString& target);
 
-    // Removes the hidden folders that a killed program left of copies to this target.
+    // Removes the hidden folders that killed copies to this target have left beside it.
     static void cleanUpBeside(const QString& target);
 
 private:

@@ -28,19 +28,20 @@ namespace {
 
 constexpr const char* cardEntityNumber = "1";
 
-// The main application records facts about its model here. They are not known to this program, and
-// the main application adds them itself.
+// The property list in which the main application records facts about its model. It starts empty,
+// because this program does not know these facts; the main application adds them itself.
 constexpr const char* emptyPropertyList
     = R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict/></plist>)";
 
-// Each step returns the reason of its failure, or an empty text when it succeeded.
+// Each of these steps returns the reason of its failure, or an empty text when it succeeded.
 
 QString makeFolder(const QString& path)
 {
     std::error_code error;
     if (std::filesystem::create_directory(nativePath(path), error))
         return {};
-    // create_directory() reports no error when a folder exists already, but that one is not ours.
+    // create_directory() reports no error for a folder that exists already, but then the folder is
+    // not ours.
     if (!error)
         error = std::make_error_code(std::errc::file_exists);
     return QString::fromLocal8Bit(error.message().c_str());

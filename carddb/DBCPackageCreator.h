@@ -9,7 +9,8 @@ public:
     enum class Outcome : quint8 {
         Created,
         Refused, // a check failed before anything was created
-        Failed, // everything that had been created was removed again
+        // The creation stopped halfway, and everything that had been created was removed again.
+        Failed,
     };
 
     struct Result {
@@ -17,8 +18,8 @@ public:
         DBCProblem problem; // empty when created
     };
 
-    // Creates a package without cards at path. Refused when the name does not end in ".vmdb", when
-    // something exists at the path, or when its parent folder does not exist. The caller shows the
-    // problem; nothing is logged.
+    // Creates a package without cards at path. Refuses when the name does not end in ".vmdb", when
+    // something exists at the path, or when its parent folder does not exist. It logs nothing; the
+    // caller has to show the problem.
     static Result create(const QString& path);
 };

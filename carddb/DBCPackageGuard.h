@@ -9,8 +9,8 @@
 
 #include <memory>
 
-// The lock is an flock() on the package folder. It leaves nothing on the disk, ends with the
-// process, and is unknown to the main application, which looks at the lock file instead.
+// A guard is a lock on one package: an flock() on the package folder. It leaves nothing on the disk
+// and ends with the process. The main application does not know it and uses the lock file instead.
 class DBCPackageGuard {
 public:
     enum class Use : quint8 {
@@ -18,9 +18,9 @@ public:
         Changing, // nobody else may use the package
     };
 
-    // A guard that holds the lock until it is destroyed; null when somebody else holds a lock that
-    // excludes this use. Never waits. Where the file system has no locks, or the folder does not
-    // exist, it returns a guard that keeps nobody out.
+    // Returns a guard that holds the lock until it is destroyed, or null when somebody else holds a
+    // lock that excludes this use. Never waits for the lock. Where the file system has no locks, or
+    // the folder does not exist, it returns a guard that keeps nobody out.
     static std::unique_ptr<DBCPackageGuard> hold(const QString& package, Use use);
 
 private:

@@ -22,7 +22,8 @@ namespace {
 
 using Stage = DBCPackageJournal::Stage;
 
-constexpr qsizetype sizeLimit = 0x10000; // bytes that are read; four lines take a few hundred
+// The most bytes that are read; the four lines of a journal take a few hundred.
+constexpr qsizetype sizeLimit = 0x10000;
 constexpr mode_t journalMode = S_IRUSR | S_IWUSR;
 
 struct StageName {
@@ -108,8 +109,8 @@ DBCPackageJournal::SearchResult DBCPackageJournal::find(const QString& package)
         return {Search::Unreadable, nullptr};
     if (flock(journal->_file.get(), LOCK_EX | LOCK_NB) != 0)
         return {Search::HeldByAnother, nullptr};
-    // The process that held it may have removed it between open() and flock(); then the file has no
-    // name any more.
+    // The process that had the journal locked may have removed it between the open() and the
+    // flock() here. The open file then has no name any more.
     struct stat status { };
     if (fstat(journal->_file.get(), &status) != 0 || status.st_nlink == 0)
         return {Search::None, nullptr};
@@ -130,7 +131,8 @@ try {
     _stage = stage;
     return true;
 } catch (const std::bad_alloc&) {
-    // A restore goes on without the line: the previous stage leads to the same recovery question.
+    // A restore continues even if this line is missing, because the previous stage makes the next
+    // start ask the same question.
     return false;
 }
 
@@ -152,7 +154,7 @@ QString DBCPackageJournal::backupPath() const
 
 bool DBCPackageJournal::append(const QByteArray& line)
 {
-    // The leading line end separates this line from one that a full disk cut short.
+    // The leading line end separates this line from one before it that a full disk cut short.
     return writeWhole(_file.get(), '\n' + line + '\n') && DBCDiskFlush::file(_file.get());
 }
 
@@ -178,8 +180,8 @@ void DBCPackageJournal::takeLine(const QByteArray& line)
     if (row == stageNames.end())
         return;
     _stage = row->stage;
-    // Accept only names without a path, so that a forged line cannot lead out of the package's
-    // folder.
+    // Accept only names without a path, so that a forged journal cannot name a backup outside the
+    // package's parent folder.
     if (const QString backup = object.value(backupKey).toString(); !backup.contains(u'/'))
         _backupName = backup.isEmpty() ? _backupName : backup;
     if (object.contains(cardsKey))

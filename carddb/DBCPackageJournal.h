@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A small hidden file beside a package that records how far an import or a restore has come and
-// which backup belongs to it. A journal that no process holds comes from one that did not finish.
+// which backup belongs to it. If no process has the journal locked, its import or restore did not
+// finish.
 #pragma once
 
 #include "system/DBCDescriptor.h"
@@ -15,12 +16,13 @@
 //   {"stage":"import","cards":"<prefix of the card IDs of this import>"}
 //   {"stage":"restore"}
 //   {"stage":"restored"}
-// Each line is flushed to the disk before its stage begins. The last complete line counts; a line
-// without its end, or one that is no such object, is ignored. The backup is a name without a path,
-// because the folder may have been moved since.
+// A process flushes each line to the disk before it begins the stage. The last complete line tells
+// the stage; readers ignore a line without its line end, and one that is none of the objects above.
+// The backup is a name without a path, because the user may have moved the folder since.
 //
-// The object holds an flock() on the file from begin() or find() until it is destroyed, so that
-// other processes can tell a running operation from one that was killed. One thread at a time.
+// From begin() or find() until it is destroyed, the object holds an flock() on the file, so that
+// other processes can tell a running operation from one that was killed. Use an object on one
+// thread at a time.
 class DBCPackageJournal {
 public:
     // The state of the disk if the process is killed while this stage is the last one recorded.
@@ -33,35 +35,37 @@ public:
         Restored, // the package equals its backup again
     };
 
-    // Creates the journal with the stage Backup and holds it. backup is a path of which only the
-    // last component is recorded. Null when a journal exists already or when it could not be
-    // written to the disk; in the second case the file is removed.
+    // Creates the journal with the stage Backup and locks it. backup is a path, of which only the
+    // last component is recorded. Returns null when a journal exists already, or when the new one
+    // could not be written to the disk; in the second case the new file is removed.
     static std::unique_ptr<DBCPackageJournal> begin(const QString& package, const QString& backup);
 
     enum class Search : quint8 {
         None, // there is no journal
-        HeldByAnother, // an operation is running
-        Unreadable, // there is one, but it cannot be opened or read, or is no regular file
-        Found, // nobody held it
+        HeldByAnother, // another operation is running and has the journal locked
+        Unreadable, // there is a journal, but it cannot be opened or read, or it is no regular file
+        Found, // there is a journal that nobody had locked
     };
     struct SearchResult {
         Search search;
-        std::unique_ptr<DBCPackageJournal> journal; // held by the caller now; null unless Found
+        // Locked by this object; null unless search is Found.
+        std::unique_ptr<DBCPackageJournal> journal;
     };
-    // Looks for the journal of an operation that did not finish.
+    // Looks for the journal of an operation that did not finish, and locks it.
     static SearchResult find(const QString& package);
 
-    // Records a stage. False when the line could not be flushed to the disk; the journal then keeps
-    // the previous stage.
+    // Records a stage. Returns false when the line could not be flushed to the disk; stage() is
+    // then still the previous one.
     bool enter(Stage stage);
     // Records the stage Import. cardIDStart is the prefix of the IDs of all cards that the import
-    // adds; a card with it in the store proves that the import was saved.
+    // adds. If the store holds a card whose ID begins with it, the import was saved.
     bool enterImport(const QString& cardIDStart);
-    // Removes the file and flushes its folder. False when either fails.
+    // Removes the journal's file and flushes its folder. Returns false when either fails.
     bool end();
 
     Stage stage() const { return _stage; }
-    QString backupPath() const; // in the journal's own folder; empty when no line names a backup
+    // A path in the journal's own folder; empty when no line names a backup.
+    QString backupPath() const;
     QString cardIDStart() const { return _cardIDStart; } // empty before the stage Import
 
 private:

@@ -5,9 +5,9 @@
 #include <QString>
 
 // A package is a folder "<name>.vmdb" with the SQLite store of the cards, one PDF per card with
-// images in "Images", one folder per card with attachments in "Files", and a version and a lock
-// file. All functions only join texts, unless they say otherwise; a result exists only if the
-// package does.
+// images in "Images", one folder per card with attachments in "Files", a version file and a lock
+// file. The functions only put paths together and do not look at the disk, unless their comment
+// says otherwise.
 namespace DBCPackageLayout {
 
 inline constexpr const char16_t* extension = u"vmdb";
@@ -19,14 +19,15 @@ QString filesFolder(const QString& package); // "Files"
 QString versionFile(const QString& package); // "Version.txt"
 QString lockFile(const QString& package); // ".VMLock.vmlk"
 
-// "<card ID>_N1.pdf", the name in "Images" of a card's PDF.
+// Returns "<card ID>_N1.pdf", the name in "Images" of a card's PDF.
 QString cardPdfName(const QString& cardID);
-// "Files/<card ID>" in the package. The ID comes from the store and may lead out of the package;
+// Returns "<package>/Files/<card ID>". The ID comes from the store and may lead out of the package;
 // callers check that with DBCNameLookup::staysInside().
 QString attachmentFolder(const QString& package, const QString& cardID);
 
-// Looks at the disk: the canonical target where package is a link, which is empty when the link
-// leads nowhere; else the path without redundant slashes and dots.
+// Looks at the disk. If package is a link, this returns the canonical path of its target, or an
+// empty text when the link leads nowhere. Else it returns the path without redundant slashes and
+// dots.
 QString withoutLink(const QString& package);
 
 } // namespace DBCPackageLayout

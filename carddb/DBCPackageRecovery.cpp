@@ -70,8 +70,8 @@ DBCPackageRecovery::State DBCPackageRecovery::settleWhatNeedsNoDecision()
     return State::Unfinished;
 }
 
-// All cards of an import are committed in one transaction, after the files that they name. One of
-// them in the store therefore proves that the import was complete.
+// An import commits all its cards in one transaction, after it has copied the files that they name.
+// So a single card of the import in the store proves that the import was complete.
 bool DBCPackageRecovery::wasSaved() const
 {
     const QString start = _journal->cardIDStart();

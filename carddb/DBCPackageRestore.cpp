@@ -19,7 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A second attempt, because one failed system call should not leave the user without a package.
+// There is a second attempt because one failed system call should not leave the user without a
+// package.
 constexpr int attempts = 2;
 
 // A backup inside the package would be removed together with the package.
@@ -37,7 +38,7 @@ try {
         return false;
     return DBCPackageCopy().copy(backup, package) == DBCPackageCopy::Outcome::Copied;
 } catch (const std::exception&) {
-    // Mostly out of memory; the next attempt may get it.
+    // Usually memory has run out; the next attempt may succeed.
     return false;
 }
 

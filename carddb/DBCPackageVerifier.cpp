@@ -33,7 +33,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A damaged store can yield thousands of findings; five are enough.
+// Stop after five findings, because a damaged store can yield thousands.
 constexpr const char* integrityCheck = "PRAGMA integrity_check(5)";
 
 QString messageOf(const std::error_code& error)
@@ -115,7 +115,7 @@ std::optional<DBCProblem> DBCPackageVerifier::reasonNotToLook() const
 {
     if (!QFileInfo(_package).isDir())
         return problemAt(_package, "IDS_VERIFY_NO_FOLDER");
-    // On a read-only medium no other program can be writing, and the lock cannot be tested.
+    // On a read-only medium the lock cannot be tested, and no other program can be writing.
     const QString lock = DBCPackageLayout::lockFile(_package);
     if (DBCHost::current().isWritable(lock) && isLockedByAnother(lock))
         return problemAt(_package, "IDS_VERIFY_IN_USE");
@@ -175,14 +175,14 @@ bool DBCPackageVerifier::checkModel(SQLite::Database& store)
     return missing.isEmpty();
 }
 
-// If a row has a key above the highest one recorded, the next save would use that key again and
-// fail.
+// If a row has a key above the highest key that the store has recorded, the next save would use
+// that key again and fail.
 void DBCPackageVerifier::checkKeys(SQLite::Database& store)
 {
     SQLite::Statement keys(
         store, "SELECT Z_MAX, (SELECT max(Z_PK) FROM ZCARD) FROM Z_PRIMARYKEY WHERE Z_NAME = ?");
     keys.bind(1, DBCManagedObjectModel::entityName);
-    keys.executeStep(); // checkModel() has made sure that there is a row
+    keys.executeStep(); // checkModel() has made sure that there is a row.
     const qint64 noted = keys.getColumn(0).getInt64();
     const qint64 highest = keys.getColumn(1).getInt64();
     if (highest > noted)
@@ -208,7 +208,8 @@ void DBCPackageVerifier::checkCards(const QString& storeCopy, qint64 count)
     });
 }
 
-// Deleted cards are included, because the main application can still bring them back.
+// This also notes the names of deleted cards, because the main application can still bring them
+// back.
 void DBCPackageVerifier::noteNames(const Card& card)
 {
     const QString cardID = card.textOrEmpty(DBCRecordKey::cardID);
@@ -232,7 +233,8 @@ void DBCPackageVerifier::checkPdf(const Card& card)
     }
     const bool isNamed = !isBlank(card.textOrEmpty(DBCRecordKey::face_Image_File));
     if (!QFileInfo(path).isFile()) {
-        // A card without an image names no file; the one derived from its ID need not exist.
+        // If the card names no image, the path comes from the card's ID, and the file need not
+        // exist.
         if (isNamed)
             reportCard(card, path, "IDS_VERIFY_CARD_PDF_MISSING", {path});
         return;

@@ -16,23 +16,23 @@ class Card;
 // The result of checking the store alone.
 struct DBCStoreReport {
     DBCFindings findings;
-    qint64 liveCardCount = 0; // 0 when the store is damaged
+    qint64 liveCardCount = 0; // cards that are not deleted; 0 when the store is damaged
 
-    // The first thing wrong with the store; none when it is sound.
+    // Returns the first thing wrong with the store, or std::nullopt when the store is sound.
     std::optional<DBCProblem> firstProblem() const;
 };
 
-// The store is checked in a copy in the temporary folder, because opening a store makes SQLite
-// replay a log or journal that another program left beside it. Any thread may verify; a run blocks
-// it.
+// The verifier checks a copy of the store in the temporary folder, because SQLite, when it opens a
+// store, replays a log or journal that another program left beside it. Any thread may call the
+// functions; each blocks its thread until it is done.
 class DBCPackageVerifier {
 public:
-    // Receives how many cards have been checked and how many the store holds.
+    // Receives how many cards have been checked, and how many cards the store holds.
     using Progress = std::function<void(qint64 finished, qint64 max)>;
 
-    // All problems of the package. couldNotLook is set instead when the path is no folder, when
-    // another program has locked the package, or when the store cannot be read. progress may be
-    // empty.
+    // Returns all problems of the package. Sets DBCFindings::couldNotLook instead when the path is
+    // no folder, when another program has locked the package, or when the store cannot be read.
+    // progress may be empty.
     static DBCFindings verify(const QString& package, const Progress& progress);
 
     // Checks whether the store is sound and fits the model, and counts its live cards.
@@ -42,13 +42,13 @@ private:
     DBCPackageVerifier(const QString& package, const Progress& progress);
 
     std::optional<DBCProblem> reasonNotToLook() const;
-    // Copies the store, and a log or journal beside it, into folder. None on success.
+    // Returns the problem that the store could not be read for this reason.
     DBCProblem storeNotRead(const QString& reason) const;
 
-    // True when all cards could be read, so that the names of their files are known.
+    // Returns true when all cards could be read, so that the names of their files are known.
     bool checkStore(const QString& storeCopy);
-    // Opens the store, checks soundness and model, and calls next if both allow it. True when next
-    // ran to its end.
+    // Opens the store and checks whether it is sound and fits the model. Calls next unless the
+    // model does not fit. Returns true when next ran to its end.
     bool openStore(
         const QString& storeCopy, const std::function<void(SQLite::Database& store)>& next);
     void checkSoundness(SQLite::Database& store);
@@ -63,7 +63,8 @@ private:
 
     void report(
         const QString& path, const char* key, const DBCMessageArguments& furtherArguments = {});
-    // The text's arguments are the card's full name, its ID, and then the further arguments.
+    // Reports a text whose arguments are the card's full name, its ID, and then the further
+    // arguments.
     void reportCard(const Card& card, const QString& path, const char* key,
         const DBCMessageArguments& furtherArguments);
 
@@ -72,7 +73,7 @@ private:
     const Progress& _progress;
     DBCManagedObjectModel _model;
     std::vector<DBCProblem> _problems;
-    // The names of entries in "Images" and "Files" that some card names, as bytes of the file
+    // The names of entries in "Images" and "Files" that belong to some card, as bytes of the file
     // system.
     QSet<QByteArray> _namedImages;
     QSet<QByteArray> _namedFolders;

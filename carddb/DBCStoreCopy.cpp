@@ -14,7 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The store's own file, and the log and journal that SQLite may have left beside it.
+// The endings of the store's own file, and of the log and journal that SQLite may have left beside
+// it.
 constexpr std::array storeFileSuffixes {"", "-wal", "-journal"};
 
 QString messageOf(const std::error_code& error)
@@ -22,9 +23,9 @@ QString messageOf(const std::error_code& error)
     return QString::fromLocal8Bit(error.message().c_str());
 }
 
-// The temporary folder comes from the standard library, because Qt falls back to the root folder
-// when there is none. In that case the template names a folder that does not exist, which makes the
-// QTemporaryDir invalid.
+// Returns the template for the copy's folder. It uses the standard library to find the temporary
+// folder, because Qt falls back to the root folder if the system has none. In that case the
+// template names a path that cannot exist, so that the QTemporaryDir is invalid.
 QString temporaryFolderTemplate()
 {
     std::error_code error;

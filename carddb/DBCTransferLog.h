@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The log messages about one card that the import and export of images and attachments write. Each
-// carries the number and name of the card, from which the report finds the cards concerned.
+// message carries the number and name of its card, so that the report can list the cards concerned.
 #pragma once
 
 #include "datafile/helpers/DBCLocalizable.h"
@@ -9,9 +9,9 @@
 
 #include <QString>
 
-// How the log names a card. A value that the record lacks is empty.
+// How the log names a card. A field is empty if the record lacks its value.
 struct DBCTransferSubject {
-    QString number; // on import the line of the data file, on export the number of the card
+    QString number; // on import the line in the data file, on export the number of the card
     QString fullName;
 
     static DBCTransferSubject ofImport(const DBCRecord& record);
@@ -23,8 +23,8 @@ namespace DBCTransferLog {
 // Logs the text of key, which has no placeholders, as an error that stops the conversion.
 void error(const char* key, const DBCTransferSubject& subject);
 
-// Logs a warning. The text's first two arguments are the card's number and full name; detail is the
-// third one.
+// Logs a warning. The first two arguments of its text are the card's number and full name; detail,
+// if given, is the third.
 void cardWarning(const char* key, const DBCTransferSubject& subject, DBCConsequence consequence,
     const std::optional<DBCMessageArgument>& detail = {});
 
@@ -32,11 +32,12 @@ void cardWarning(const char* key, const DBCTransferSubject& subject, DBCConseque
 void nameLeadsOut(const DBCTransferSubject& subject, const QString& name, const QString& folder,
     DBCConsequence consequence);
 
-// Reports that a file or folder does not exist: as an error when the consequence is Stopped, else
-// as a warning.
+// Logs that a file or folder does not exist. This is an error when the consequence is Stopped, else
+// a warning.
 void missing(const DBCTransferSubject& subject, const QString& path, DBCConsequence consequence);
 
-// Log, as errors that stop the conversion, which card and which file or folder failed.
+// These two functions log an error that stops the conversion. The text says which card and which
+// file or folder failed.
 void errorPlace(const DBCTransferSubject& subject, const QString& path);
 void errorCopy(const DBCTransferSubject& subject, const QString& source, const QString& target);
 

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr quint64 bytesPerUnit = 1024; // "-k"
+constexpr quint64 bytesPerUnit = 1024; // du counts in these units because of "-k"
 
 struct Measurement {
     quint64 size = 0; // bytes
@@ -29,7 +29,7 @@ Measurement failed(DBCResultCode code, const QString& path, const QString& reaso
     return {0, DBCError(code).withPathName(path).withDescription(reason)};
 }
 
-// None when the bytes are not valid UTF-8.
+// Returns std::nullopt when the bytes are not valid UTF-8.
 std::optional<QString> decoded(const QByteArray& bytes)
 {
     QStringDecoder decoder(QStringDecoder::Utf8);
@@ -37,7 +37,7 @@ std::optional<QString> decoded(const QByteArray& bytes)
     return decoder.hasError() ? std::nullopt : std::optional(text);
 }
 
-// Accepts the digits 0 to 9 only, and no sign, blank or line end.
+// Accepts only the digits 0 to 9: no sign, blank or line end.
 std::optional<quint64> numberIn(const QString& text)
 {
     const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
@@ -62,7 +62,7 @@ Measurement sizeFromOutput(const QByteArray& output, const QString& path)
     return {*units * bytesPerUnit, {}};
 }
 
-// du would take a path that begins with a dash for an option.
+// Puts "./" before a path that begins with a dash, which du would otherwise take for an option.
 QString asArgument(const QString& path)
 {
     return path.startsWith(u'-') ? u"./"_s + path : path;

@@ -24,8 +24,8 @@ namespace {
 constexpr int pointsPerInch = 72;
 constexpr int colorDepth = 24;
 
-// Turns the bitmap upright. A gray picture that was marked as colour becomes RGB, but only on
-// systems of versionWithColorGray or later.
+// Turns the bitmap upright. If isColor marks a gray picture as coloured, the picture becomes RGB,
+// but only if the system's version is versionWithColorGray or later.
 DBCResultCode turn(DBCBitmap* bitmap, qint32 rotation, qint32 isColor)
 {
     constexpr qint32 versionWithColorGray = 0x1060;
@@ -38,8 +38,8 @@ DBCResultCode turn(DBCBitmap* bitmap, qint32 rotation, qint32 isColor)
     return DBCResultCode::Success;
 }
 
-// A 1-bit picture is written in colour unless it has to be turned; then it stays gray. This is kept
-// on purpose: users' scripts compare the files byte by byte.
+// A 1-bit picture is written in colour, or in gray if it has to be turned. This difference is kept
+// on purpose, because users' scripts compare the files byte by byte.
 DBCResultCode prepare(DBCBitmap* bitmap, qint32 rotation, qint32 isColor)
 {
     if (rotation != 0)
@@ -101,7 +101,8 @@ DBCResultCode saveJpgFile(const DBCBitmap& image, qint32 rotation, qint32 xResol
     DBCBitmap bitmap = image;
     if (prepare(&bitmap, rotation, isColor) != DBCResultCode::Success)
         return DBCResultCode::PdfToJpegFailure;
-    // A missing resolution gives an infinite size, for which the encoder records no resolution.
+    // If the resolution is unknown (0), the point size becomes infinite, and the encoder then
+    // records no resolution.
     bitmap.pointSize *= xResolution == 0 ? std::numeric_limits<double>::infinity()
                                          : static_cast<double>(pointsPerInch) / xResolution;
     const QByteArray jpeg = encodeJpeg(bitmap);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whole image files: the JPEG files of an interchange folder and the PDF that an import joins them
-// into. Results are codes; nothing is logged.
+// Reads and writes whole image files: the JPEG files of an interchange folder, and the PDF into
+// which an import joins them. The functions return result codes and log nothing.
 #pragma once
 
 #include "cardimage/bitmap/DBCBitmap.h"
@@ -15,47 +15,51 @@
 
 #include <vector>
 
-// Writes the bitmap as a JPEG file, turned clockwise by rotation degrees, recording xResolution
-// dots per inch in both directions; yResolution is accepted and not used. GeneralFailure for a null
-// image or an empty path, PdfToJpegFailure when turning or converting fails, else the result of
-// DBCCommonFunction::saveFile().
+// Writes the bitmap as a JPEG file, turned clockwise by rotation degrees, with a resolution of
+// xResolution dots per inch in both directions. yResolution is a part of the interface but is
+// ignored. Returns GeneralFailure for a null image or an empty path, PdfToJpegFailure when turning
+// or converting the bitmap fails, and otherwise the result of DBCCommonFunction::saveFile().
 DBCResultCode saveJpgFile(const DBCBitmap& image, qint32 rotation, qint32 xResolution,
     qint32 yResolution, qint32 isColor, const QString& path);
 
-// An image file that an import takes, or the reason why it does not take it.
+// The outcome of reading an image file for an import: its content, or the reason why an import
+// refuses the file.
 struct DBCImportedJpeg {
     enum class Verdict : quint8 {
         Usable,
-        TooLarge, // more bytes than any picture has that can be shown; not read
-        Unreadable, // none is open, it is no regular file, or reading failed
+        TooLarge, // has more bytes than any picture that can be shown; was not read
+        Unreadable, // was not opened, is not a regular file, or reading failed
         NoJpeg,
     };
 
     Verdict verdict = Verdict::Unreadable;
-    QByteArray bytes; // of the whole file; empty unless Usable
+    QByteArray bytes; // content of the whole file; empty unless verdict is Usable
     DBCJpegProperties properties;
 };
 
-// An import and the check of a folder ask here, so that both take the same files. file: open for
-// reading at its start, or none.
+// Both an import and the check of a folder call this function, so that they accept the same files.
+// The file must be open for reading at its start. A descriptor without an open file gives
+// Unreadable.
 DBCImportedJpeg readJpegForImport(const DBCDescriptor& file);
 
 struct DBCImageFile {
-    QString path; // its disk usage is measured
-    DBCDescriptor file; // its bytes are read; none: a failure to read
+    QString path; // for measuring the disk usage
+    DBCDescriptor file; // for reading; no open file counts as a failure to read
 };
 
-// Joins JPEG files into one PDF, one page per file, and leaves the JPEG bytes as they are.
-// GeneralFailure for an empty list or path, NoSpaceForImport, PdfCreateFailure, or the code of a
-// failed size measurement. The output file exists as soon as the disk check has passed; after a
-// failure the caller removes it.
+// Joins JPEG files into one PDF, one page per file, and leaves the JPEG bytes as they are. Returns
+// Success, GeneralFailure for an empty list or path, NoSpaceForImport when the disk has too little
+// free space, PdfCreateFailure when reading or writing fails, or the code of a failed size
+// measurement. The function creates the output file after it has checked the disk space; after a
+// failure the caller must remove this file.
 DBCResultCode joinJpegsIntoPdf(const std::vector<DBCImageFile>& images, const QString& outputPath);
 
-// The same for paths, which are opened wherever links lead. Nothing in the program calls it; it is
-// kept on purpose as an interface.
+// Does the same for paths and follows symbolic links. Nothing in the program calls this function;
+// it is kept on purpose as an interface.
 DBCResultCode convertJPG2PDF(const QStringList& paths, const QString& outputPath);
 
-// Reads a whole file of any kind. Returns 0, the number of ParameterError, -4960, or minus the
-// errno of the failing step; out is empty on failure. Nothing in the program calls it; it is kept
-// on purpose as an interface.
+// Reads a whole file of any kind. Returns 0 on success, the number of ParameterError for an empty
+// url or a null outBuffer, -4960 when the url is not a local file or its bytes could not all be
+// read, or minus the errno of the step that failed. On failure outBuffer is empty. Nothing in the
+// program calls this function; it is kept on purpose as an interface.
 qint32 readJpgFile(const QUrl& url, QByteArray* outBuffer);

@@ -20,7 +20,8 @@ DBCCommandResult listBackups(const QString& package, DBCReporter& reporter)
         reporter.message({}, list.couldNotLook->text);
         return failed(DBCExitCode::Failed);
     }
-    // A missing package is an error only without backups: with them it can still be restored.
+    // If the package is missing but has backups, the user can still restore it, so the command
+    // fails only if there are no backups either.
     if (list.backups.empty() && !QFileInfo(package).isDir()) {
         reporter.message({}, getLocalString("IDS_VERIFY_NO_FOLDER", {package}));
         return failed(DBCExitCode::Refused);
@@ -30,7 +31,8 @@ DBCCommandResult listBackups(const QString& package, DBCReporter& reporter)
     return {.summary = {getLocalString("IDS_BACKUP_COUNT", {package, count})}};
 }
 
-// The reason for a failure has already been logged, and the reporter shows logged errors.
+// The result of a failed change needs no reason: the change has already logged the reason, and the
+// reporter shows logged errors.
 DBCCommandResult resultOf(const DBCBackupChange::Result& change, QStringList summary)
 {
     switch (change.outcome) {

@@ -34,7 +34,7 @@ constexpr std::array commands {
 
 struct OptionRow {
     const char* name;
-    const char* valueName; // null: the option takes no value
+    const char* valueName; // null if the option takes no value
     const char* descriptionKey;
 };
 
@@ -76,7 +76,8 @@ QString helpText()
     return help + u'\n' + getLocalString("IDS_CLI_HELP_EXIT") + u'\n';
 }
 
-// The first argument that is no option; empty: there is none. arguments begins with the program.
+// Returns the first argument that is not an option, or an empty text if there is none. The first
+// element of arguments is the program.
 QString commandOf(const QStringList& arguments)
 {
     const auto command = std::find_if(std::next(arguments.begin()), arguments.end(),
@@ -90,8 +91,9 @@ DBCUsage wrongUsage(const char* key, const DBCMessageArguments& arguments = {})
         getLocalString(key, arguments) + u'\n' + getLocalString("IDS_CLI_TRY_HELP") + u'\n'};
 }
 
-// ".." after a symbolic link leads to the parent of the link's target. Such a path is resolved on
-// the disk, because cleaning its text would name another folder.
+// On the disk, ".." after a symbolic link leads to the parent of the link's target. A path with
+// ".." is therefore resolved on the disk: to remove the ".." from its text could name another
+// folder.
 QString absolutePath(const QString& operand)
 {
     const QString path = QDir::current().absoluteFilePath(operand);
@@ -121,8 +123,8 @@ std::variant<DBCRequest, DBCUsage> requestFor(QStringList operands)
     return request;
 }
 
-// Takes --restore and --keep of recover into the request. Returns none if the options suit the
-// command.
+// Stores in the request what --restore and --keep choose for the command recover. Returns the usage
+// error if these options do not suit the command or each other, and std::nullopt otherwise.
 std::optional<DBCUsage> takeSettlement(DBCRequest& request, const QCommandLineParser& parser)
 {
     const bool restores = request.command == DBCCommand::Recover && parser.isSet(u"restore"_s);
@@ -136,8 +138,8 @@ std::optional<DBCUsage> takeSettlement(DBCRequest& request, const QCommandLinePa
     return std::nullopt;
 }
 
-// Takes the names from --restore and --delete into the request. Returns none if these options suit
-// the command.
+// Stores in the request the names that --restore and --delete give for the command backups. Returns
+// the usage error if these options do not suit the command, and std::nullopt otherwise.
 std::optional<DBCUsage> takeBackupNames(DBCRequest& request, const QCommandLineParser& parser)
 {
     const QString restore = u"restore"_s;

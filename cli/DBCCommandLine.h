@@ -18,9 +18,9 @@ struct DBCRequest {
     bool isJson = false;
     bool saysYes = false;
     bool isQuiet = false;
-    QString backupToRestore = {}; // name; empty: none
-    QString backupToDelete = {}; // name; empty: none
-    DBCSettlementChoice settlement = DBCSettlementChoice::Ask; // of recover
+    QString backupToRestore = {}; // name of a backup; empty if none is to be restored
+    QString backupToDelete = {}; // name of a backup; empty if none is to be deleted
+    DBCSettlementChoice settlement = DBCSettlementChoice::Ask; // what recover does
 };
 
 // A text that is printed instead of running a command: the help, the version or a usage error.

@@ -5,8 +5,9 @@
 #include "cli/DBCCommandLine.h"
 #include "cli/DBCReporter.h"
 
-// Each function runs its command to the end and returns the result; the caller reports it. An
-// application object has to exist. Messages and questions go through the presenter of DBCMessage.
+// Each function runs its command to the end and returns the result; the caller passes the result to
+// the reporter. The caller must have created an application object and a presenter for DBCMessage,
+// which shows the messages and answers the questions.
 
 // Runs an import or an export.
 DBCCommandResult runConversion(const DBCRequest& request, DBCReporter& reporter);

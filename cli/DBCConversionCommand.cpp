@@ -18,10 +18,10 @@
 
 namespace {
 
-// The two paths of a conversion under the names that the driver gives them.
+// The type and the two paths of a conversion, as DBCConverterController needs them.
 struct Conversion {
     OperationType type;
-    QString dataPath; // export: the folder in which the interchange folder is created
+    QString dataPath; // in an export, the folder in which the interchange folder is created
     QString package;
 
     explicit Conversion(const DBCRequest& request)
@@ -45,7 +45,8 @@ public:
     }
     void refreshProgress(const DBCEvent& event) override
     {
-        // A second signal that came during the question gets the same answer and asks no new one.
+        // The user has just answered the question whether to cancel. If a second signal came during
+        // the question, its request to cancel is dropped, so that the user is not asked again.
         if (event.name == DBCEventName::OperationDidCanceled)
             _controller.setConfirmCancelOperation(false);
         _reporter.event(event);
@@ -56,7 +57,7 @@ private:
     DBCReporter& _reporter;
 };
 
-// None where the system gives no thread.
+// Starts work on a new thread. Returns std::nullopt if the system refuses to create a thread.
 std::optional<std::thread> startThread(const std::function<void()>& work)
 {
     try {
@@ -66,9 +67,10 @@ std::optional<std::thread> startThread(const std::function<void()>& work)
     }
 }
 
-// Runs the operation on a thread of its own and this thread's events until it has ended. Not a
-// QThread: waiting for one ends before the thread has destroyed its thread-local objects, and the
-// program could end meanwhile and take away from them what they use.
+// Runs the operation on a thread of its own, and handles the events of this thread until the
+// operation has ended. The thread is a std::thread, because QThread::wait() returns before the
+// thread has destroyed its thread-local objects. The program could then end too early and destroy
+// global objects that these thread-local objects still use.
 bool runToItsEnd(DBCConverterController& controller, DBCReporter& reporter)
 {
     EventForwarder forwarder(controller, reporter);

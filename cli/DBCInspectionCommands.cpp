@@ -8,7 +8,8 @@
 
 namespace {
 
-// Passes the problems to the reporter. The first line of the summary gives their number.
+// Passes the problems to the reporter and returns the result of the command. The first line of its
+// summary gives the number of problems.
 DBCCommandResult resultOf(const DBCFindings& findings, const QString& path, DBCReporter& reporter)
 {
     for (const DBCProblem& problem : findings.problems)

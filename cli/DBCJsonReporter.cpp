@@ -20,8 +20,8 @@ void insertIfSet(QJsonObject& object, const char* name, const std::optional<Valu
         object.insert(key(name), *value);
 }
 
-// The JSON writer escapes only control characters below U+0020. All others can occur only inside
-// texts, where the escape that DBCTerminal writes is valid JSON as well.
+// QJsonDocument escapes only the control characters below U+0020. DBCTerminal escapes the others,
+// which is correct here: they occur only inside texts, where JSON knows the same escapes.
 void writeObject(const QString& name, const QJsonObject& members)
 {
     const QJsonDocument document(QJsonObject {{name, members}});

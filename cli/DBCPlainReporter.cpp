@@ -22,7 +22,7 @@ QString stageText(const char* labelKey)
     return getLocalString(u"IDS_MSG_DB_BACKUP_RESTORE_IS_RUNNING"_s, {getLocalString(labelKey)});
 }
 
-// All columns of a row except the last one, which needs no padding.
+// Returns the columns of a row without the last column. Only these are padded with blanks.
 std::array<QString, 3> columnsOf(const DBCBackup& backup)
 {
     return {backup.dateText(),
@@ -33,7 +33,8 @@ std::array<QString, 3> columnsOf(const DBCBackup& backup)
             : QString(u'-')};
 }
 
-// The width of a text in terminal cells: Japanese characters take two cells, others one.
+// Returns the width of a text in terminal cells: a Japanese character takes two cells, any other
+// character takes one.
 qsizetype cellsOf(const QString& text)
 {
     return std::accumulate(
@@ -87,9 +88,10 @@ void DBCPlainReporter::message(std::optional<quint32> /*number*/, const QString&
 
 void DBCPlainReporter::answered(const DBCQuestion& /*question*/, DBCAnswer /*answer*/) { }
 
-// A logged error is shown because it names the file or line, which a message does not. Warnings are
-// not shown, because there may be many; the log file contains them and the summary counts them.
-// Every message is also logged after it has been shown, and must not be shown twice.
+// Shows a logged error, because it names the file or line, which a message does not. Does not show
+// warnings, because there may be many; the log file contains them and the summary gives their
+// number. Each message that has been shown is also logged, so the comparison with _lastMessage
+// keeps this function from showing the message a second time.
 void DBCPlainReporter::logged(DBCLogType type, const QString& text)
 {
     if (type == DBCLogType::Error && text != _lastMessage)

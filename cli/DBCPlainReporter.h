@@ -24,5 +24,5 @@ public:
 private:
     Amount _amount;
     DBCProgressLine _progress;
-    QString _lastMessage; // empty: none yet
+    QString _lastMessage; // empty before the first message
 };

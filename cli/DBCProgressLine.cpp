@@ -15,7 +15,7 @@ constexpr qint64 millisecondsBetweenWrites = 100;
 constexpr qint64 stepsBeforeCards = 2;
 constexpr const char* eraseLine = "\r\033[K";
 
-// "1:05" or "2:00:09".
+// Returns a text like "1:05" or "2:00:09".
 QString clockTime(qint64 seconds)
 {
     const qint64 minutes = seconds / 60;

@@ -15,12 +15,12 @@ public:
     DBCProgressLine(const DBCProgressLine&) = delete;
     DBCProgressLine& operator=(const DBCProgressLine&) = delete;
 
-    // Shows a stage that has no counts.
+    // Shows the name of a stage that does not count cards.
     void showStage(const QString& text);
     // Starts the measurement from which the remaining time is estimated.
     void beginCounting();
-    // formatKey is the key of a text that takes the percentage. The line is written at most ten
-    // times a second.
+    // Shows the percentage. formatKey is the key of a text with a place for the percentage. The
+    // line is rewritten at most ten times a second, so a call may show nothing.
     void showCounts(const char* formatKey, qint64 finishedCount, qint64 maxCount);
     // Erases the line.
     void clear();

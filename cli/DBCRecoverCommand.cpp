@@ -8,7 +8,8 @@
 
 namespace {
 
-// keptPackage: where the changes of other programs are; empty: there were none.
+// keptPackage is the path where changes that other programs made to the package were kept. It is
+// empty if there were no such changes.
 DBCCommandResult done(const char* key, const QString& package, const QString& keptPackage = {})
 {
     QStringList summary {getLocalString(key, {package})};

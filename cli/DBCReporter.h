@@ -23,11 +23,11 @@ struct DBCCommandResult {
     qint64 finishedCount = 0; // cards processed
     quint32 warningCount = 0; // in the log
     quint32 errorCount = 0; // in the log
-    QString backupPath = {}; // empty: there is none
-    QString reportPath = {}; // the report about a conversion; empty: there is none
+    QString backupPath = {}; // empty if there is no backup
+    QString reportPath = {}; // the report about a conversion; empty if there is none
     std::optional<qint64> problemCount = {}; // set by the commands that look for problems
     std::optional<quint64> bytesNeeded = {}; // free space that an import of the folder needs
-    QStringList summary = {}; // lines for people
+    QStringList summary = {}; // lines that only people get
 
     bool isOk() const
     {
@@ -36,15 +36,15 @@ struct DBCCommandResult {
     }
 };
 
-// During an operation the functions are called on the main thread and on the operation's thread,
-// but never at the same time, because the operation waits while an event is handled. result() is
-// called last.
+// During an operation both the main thread and the operation's thread call these functions, but
+// never at the same time, because the operation's thread waits while the main thread handles an
+// event. result() is called last.
 class DBCReporter {
 public:
     virtual ~DBCReporter() = default;
 
     virtual void event(const DBCEvent& event) = 0;
-    // number is the message number; none for a text that has no number.
+    // number is the number of the message, or std::nullopt if the text has no number.
     virtual void message(std::optional<quint32> number, const QString& text) = 0;
     virtual void answered(const DBCQuestion& question, DBCAnswer answer) = 0;
     virtual void logged(DBCLogType type, const QString& text) = 0;

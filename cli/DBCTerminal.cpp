@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// These answers are accepted in every language of the program.
+// Accepts each of these answers in every language of the program.
 bool isYes(const QString& answer)
 {
     static const QStringList yes {u"y"_s, u"yes"_s, u"\u306f\u3044"_s};

@@ -14,12 +14,13 @@ public:
     // package cannot be opened.
     DBCTerminal();
 
-    // Whether a user can be asked: both standard input and standard error are terminals.
+    // Returns whether the program can ask a user: this needs a terminal as standard input and as
+    // standard error.
     bool isInteractive() const;
     static bool isStandardErrorTerminal();
 
-    // Asks on standard error and waits for a line. Returns true only for a yes in any language of
-    // the program.
+    // Writes the question to standard error and reads the user's answer, one line. Returns true
+    // only if the answer is a yes in any language of the program.
     bool confirms(const QString& question) const;
 
     // Writes UTF-8 without buffering. Every character that could control a terminal is written as

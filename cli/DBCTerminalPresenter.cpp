@@ -40,7 +40,8 @@ DBCAnswer DBCTerminalPresenter::answerTo(const DBCQuestion& question)
         _reporter.makeRoomForQuestion();
         return _terminal.confirms(question.text) ? DBCAnswer::Default : DBCAnswer::Alternate;
     }
-    // The user asked for this cancel with a signal, and nobody can be asked again.
+    // A question whether to cancel is asked only after a signal. The signal counts as a yes,
+    // because there is no terminal on which the user could confirm it.
     if (question.asksToCancel())
         return DBCAnswer::Default;
     _reporter.message({},

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Passes the messages of the core to the reporter and answers its questions: by an option, by
-// asking the user at the terminal, or with no answer if nobody can be asked.
+// Passes the messages of an operation to the reporter and answers the operation's questions. The
+// option --yes answers a question with yes, unless the question needs a decision of the user.
+// Without --yes, the user at the terminal answers. If neither gives an answer, the answer to a
+// question whether to cancel is yes, and any other question stays unanswered.
 #pragma once
 
 #include "cli/DBCReporter.h"
@@ -11,8 +13,8 @@ class DBCTerminalPresenter : public DBCMessagePresenter {
 public:
     enum class Answers : bool { AskOrNo, AlwaysYes };
 
-    // Is the presenter of DBCMessage as long as it lives. Owns neither terminal nor reporter, which
-    // must outlive this object.
+    // Makes this object the presenter of DBCMessage until it is destroyed. terminal and reporter
+    // are not owned and must outlive this object.
     DBCTerminalPresenter(const DBCTerminal& terminal, DBCReporter& reporter, Answers answers);
     ~DBCTerminalPresenter() override;
     DBCTerminalPresenter(const DBCTerminalPresenter&) = delete;
@@ -22,7 +24,7 @@ public:
     DBCAnswer askQuestion(const DBCQuestion& question) override;
 
 private:
-    // Returns Default for yes, Alternate for no, and NotShown if nobody can be asked.
+    // Returns Default for yes, Alternate for no, and NotShown if the question stays unanswered.
     DBCAnswer answerTo(const DBCQuestion& question);
 
     const DBCTerminal& _terminal;

@@ -72,8 +72,9 @@ int main(int argc, char** argv)
 {
     keepStandardDescriptorsOpen();
     DBCSignalCleanup::install();
-    // Neither a reader of our output that goes away nor a limit on the size of files must end an
-    // operation halfway: the write fails with its reason instead.
+    // These signals would end the program halfway through an operation: SIGPIPE when the reader of
+    // the output has gone away, SIGXFSZ when a file grows beyond the user's limit. When the program
+    // ignores them, the write fails instead and gives the reason.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     const auto application = applicationInUtf8<QCoreApplication>(argc, argv);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// From the file's lines to records.
+// The part of DBCFileReader that turns the lines of the file into records.
 #include "datafile/DBCFileReader.h"
 
 #include "datafile/helpers/DBCCommonFunction.h"
@@ -156,7 +156,7 @@ DBCError DBCFileReader::readNextRecord(OverlongItems overlong, std::optional<DBC
     return {};
 }
 
-// Returns the text of the title line; empty when the file has none.
+// Returns the title line, or an empty text when the file has no line.
 QString DBCFileReader::readTitleLine()
 {
     QString line = _getNextLine().value_or(QStringView()).toString();
@@ -178,7 +178,8 @@ bool DBCFileReader::_validateItemRequired() const
             [this](const QString& title) { return _fieldTitlesArray->contains(title); });
 }
 
-// Positions are looked up once per title line, so that records need not search for their columns.
+// Finds the positions of all columns once per title line, so that no search is needed for each
+// record.
 void DBCFileReader::findColumns()
 {
     _columnPositions.resize(DBCColumns.size());

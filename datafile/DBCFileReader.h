@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the records of the interchange data file: a title line, then one line per card with items
 // separated by tabs. There is no quoting, so an item can contain neither a tab nor the line
-// separator. loadData() and readRecords() read and decode the whole file at once,
-// getNextRecordCopy() by itself reads it in chunks. Not safe to use from several threads at a time.
+// separator. loadData() and readRecords() read and decode the whole file at once;
+// getNextRecordCopy() reads the file in chunks. Only one thread at a time may use a reader.
 #pragma once
 
 #include "datafile/helpers/DBCLocalizable.h"
@@ -26,7 +26,7 @@ struct DBCMeasuredItem;
 
 class DBCFileReader {
 public:
-    // Null when the tables of titles and maximum lengths cannot be built.
+    // Returns null when the tables of titles and maximum lengths cannot be built.
     static std::unique_ptr<DBCFileReader> initWithFullFileName(const QString& fullFileName,
         DBCTextEncoding encoding = DBCTextEncoding::Utf16,
         const QString& lineSeparator = QStringLiteral("\r\n"));
@@ -42,47 +42,53 @@ public:
     void setLineSeparator(const QString& separator) { _lineSeparator = separator; }
     DBCTextEncoding encoding() const { return _encoding; }
     void setEncoding(DBCTextEncoding encoding);
-    // Bytes per chunk when the file is read in chunks. No line may be longer than a chunk.
+    // Sets the size of the chunks that getNextRecordCopy() reads. No line may be longer than a
+    // chunk.
     void setBufferSize(quint32 bytes) { _bufferSize = bytes; }
     const QHash<QString, qsizetype>& mappingItemMaxLengthDic() const
     {
-        return _mappingItemMaxLengthDic; // by title, in UTF-16 units; 0: the length is not checked
+        return _mappingItemMaxLengthDic; // by title, in UTF-16 units; 0 means no limit
     }
 
-    // Returns the records in file order up to the first error, which is put into error. None when
-    // error is null or the file cannot be loaded. An empty list always comes with DataFileEmpty;
-    // since that code hides a wrong title or data line, the line is logged. A reader loads once;
-    // call close() before loading again.
+    // Returns the records in file order up to the first error, which is put into error. Returns
+    // std::nullopt when error is null or the file cannot be loaded. An empty list always comes with
+    // the error DataFileEmpty. If a wrong title or data line is the reason for the empty list, the
+    // function logs this line, because DataFileEmpty does not mention it. After a call the caller
+    // must call close() before loading again.
     virtual std::optional<std::vector<DBCRecord>> loadData(DBCError* error);
 
     using RecordHandler = std::function<DBCLoopControl(DBCRecord record)>;
     using ErrorHandler = std::function<DBCLoopControl(const DBCError& error)>;
     // Reads the whole file and calls a handler for each record and each error in file order, until
     // a handler answers Stop. Reading continues behind a data line with a wrong number of items;
-    // any other error ends it. Unlike loadData() it does not log items that are too long.
+    // any other error ends the reading. Unlike loadData(), this function does not log items that
+    // are too long.
     void readRecords(const RecordHandler& onRecord, const ErrorHandler& onError);
-    // Number of lines of the file; valid once readRecords() has called a handler.
+    // Returns the number of lines of the file. The number is valid once readRecords() has called a
+    // handler.
     qint64 lineCount() const { return _lineBufferArray.size(); }
 
-    // Returns the next record. Returns none at the end of the file and for a blank line, with error
-    // cleared, and none with error set after a failure. error may be null. Errors of the title line
-    // and of data lines carry the line number; after a wrong data line the next call continues with
-    // the following line. Nothing in the program calls it; it is kept on purpose as an interface.
+    // Returns the next record. Returns std::nullopt and clears error at the end of the file and for
+    // a blank line; returns std::nullopt and sets error after a failure. error may be null. Errors
+    // of the title line and of data lines carry the line number. After a wrong data line the next
+    // call continues with the following line. Nothing in the program calls this function; it is
+    // kept on purpose as an interface.
     std::optional<DBCRecord> getNextRecordCopy(DBCError* error);
-    // One localized sentence about the latest wrong title or data line; empty before the first one.
+    // Returns a localized sentence about the latest wrong title or data line. The text is empty if
+    // there was no such line.
     QString lineErrorText() const { return _lineErrorText; }
 
-    // Success, also when the file is already open. GeneralFailure: the file name is empty.
-    // FolderNotExist: the file does not exist. DataFileOpenFailure: it may not be read or is no
-    // regular file.
+    // Returns Success, also when the file is already open. Returns GeneralFailure when the file
+    // name is empty, FolderNotExist when the file does not exist, and DataFileOpenFailure when the
+    // file cannot be opened or is not a regular file.
     DBCResultCode open();
-    DBCResultCode close(); // Success
-    // Goes back to the title line; lineNo() keeps counting up. GeneralFailure when no file is open.
-    // Nothing in the program calls it; it is kept on purpose as an interface.
+    DBCResultCode close(); // returns Success
+    // Goes back to the title line; lineNo() keeps counting up. Returns GeneralFailure when no file
+    // is open. Nothing in the program calls this function; it is kept on purpose as an interface.
     DBCResultCode reset();
 
-    // Records returned so far. Nothing in the program calls it; it is kept on purpose as an
-    // interface.
+    // Returns the number of records returned so far. Nothing in the program calls this function; it
+    // is kept on purpose as an interface.
     quint64 lastRecordNo() const { return _currentRecordNo; }
     quint64 lineNo() const { return _currentLineNo; } // lines read so far
 
@@ -92,7 +98,7 @@ protected:
 private:
     bool _initMappingDic();
 
-    // From bytes to lines.
+    // These functions turn the bytes of the file into lines (DBCFileReader_lines.cpp).
     DBCResultCode _parseAll();
     DBCResultCode _parse();
     QByteArray readWholeFile();
@@ -103,9 +109,9 @@ private:
     bool _isAtEnd() const;
     void _cleanBuffer();
     void forgetTitleLine();
-    QList<QStringView> _parseLineWithTab(QStringView line) const; // no item for an empty line
+    QList<QStringView> _parseLineWithTab(QStringView line) const; // no items for an empty line
 
-    // From lines to records.
+    // These functions turn lines into records (DBCFileReader.cpp).
     enum class OverlongItems : bool { Ignored, Logged };
     void handOutRecords(
         OverlongItems overlong, const RecordHandler& onRecord, const ErrorHandler& onError);
@@ -135,7 +141,7 @@ private:
     QHash<QString, DBCRecordKey> _mappingTitleDic;
     QHash<QString, qsizetype> _mappingItemMaxLengthDic;
 
-    DBCTextDecoder _decoder {_encoding}; // for chunks
+    DBCTextDecoder _decoder {_encoding}; // used only for chunks
     QString _lineText; // owns the characters that the views in _lineBufferArray refer to
     QList<QStringView> _lineBufferArray;
     qsizetype _currentLocation = 0; // index of the next line in _lineBufferArray
@@ -143,8 +149,8 @@ private:
     QString _partData; // the incomplete last line of the previous chunk
 
     std::optional<QStringList> _fieldTitlesArray;
-    // For each column, in the order of DBCColumns, its position in the file's lines. Empty until a
-    // valid title line has been read.
+    // The position of each column in the lines of the file, in the order of DBCColumns. The list is
+    // empty until a valid title line has been read.
     std::vector<qsizetype> _columnPositions;
     quint64 _currentRecordNo = 0;
     quint64 _currentLineNo = 0;

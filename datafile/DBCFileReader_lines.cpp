@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// From the file's bytes to its lines.
+// The part of DBCFileReader that turns the bytes of the file into lines.
 #include "datafile/DBCFileReader.h"
 
 #include "operation/log/DBCLog.h"
@@ -36,7 +36,7 @@ DBCResultCode DBCFileReader::open()
         return DBCResultCode::FolderNotExist;
     }
     close();
-    if (!info.isFile()) // opening a pipe would block until something writes to it
+    if (!info.isFile()) // opening a pipe would block until a program writes to it
         return DBCResultCode::DataFileOpenFailure;
     _fileHandle.setFileName(_fullFileName);
     return _fileHandle.open(QIODevice::ReadOnly | QIODevice::Unbuffered)
@@ -150,7 +150,7 @@ DBCTextDecoder::Result DBCFileReader::decodeNextChunks(QString* text)
         result = _decoder.decode(gathered, text);
     } while (result == Result::Incomplete);
     if (result == Result::Invalid) {
-        // The rest of the file cannot make these bytes valid, so it is skipped.
+        // Since no further bytes can make these bytes valid, the rest of the file is skipped.
         _fileHandle.seek(_fileHandle.size());
         _isEndOfFile = true;
     }
@@ -161,7 +161,7 @@ QByteArray DBCFileReader::readWholeFile()
 {
     _fileHandle.seek(0);
     QByteArray bytes = _fileHandle.readAll();
-    // After an error, readAll() returns the bytes it read before.
+    // readAll() does not report an error: it returns the bytes that it read before the error.
     if (_fileHandle.error() != QFileDevice::NoError)
         throw std::runtime_error(_fileHandle.errorString().toStdString());
     return bytes;

@@ -19,8 +19,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A log level above errors: messages are composed, which is worth testing, but not written, which
-// would only take time.
+// This log level is above that of errors. The program then composes its messages, which is worth
+// testing, but does not write them, which would only take time.
 constexpr const char* settings = R"(<?xml version="1.0" encoding="UTF-8"?>
 <plist version="1.0"><dict><key>Log Level</key><integer>4</integer></dict></plist>)";
 
@@ -59,7 +59,8 @@ private:
     fs::path _folder;
 };
 
-// Created by the first FuzzFile, or at the start in targets that have none.
+// Returns the home folder of this program, which the first call creates. homeFromTheStart makes
+// that call before main(), because some targets have no FuzzFile that would make it.
 const FuzzHome& home()
 {
     static const FuzzHome theHome;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Helpers of all fuzz targets. Any program that includes this header runs with a home folder of its
-// own, in memory, and writes no log.
+// Helpers of all fuzz targets. A program that uses them runs with its own home folder, which is in
+// memory unless TMPDIR is set or the system has no /dev/shm. It writes no log.
 #pragma once
 
 #include <QByteArray>
@@ -10,11 +10,11 @@
 #include <cstdint>
 #include <string>
 
-// Aborts the program when a claim that must be true for every input is false; the fuzzer then keeps
-// the input.
+// Aborts the program if holds is false. claim says what must be true for every input. The fuzzer
+// keeps an input that aborts the program.
 void mustHold(bool holds, const char* claim);
 
-// A file in memory for an input or a result. Each object has one path, which never changes.
+// A file in the home folder for an input or a result. The path of a FuzzFile never changes.
 class FuzzFile {
 public:
     explicit FuzzFile(const char* name);
@@ -38,13 +38,13 @@ public:
 
     quint8 byte();
     quint16 word() { return static_cast<quint16>(byte() | byte() << 8); }
-    // A number from 0 to count - 1.
+    // Returns a number from 0 to count - 1.
     int below(int count) { return byte() % count; }
-    // The bytes up to the next zero byte, which is removed from the input, too.
+    // Returns the bytes up to the next zero byte, and takes that zero byte from the input, too.
     std::string line();
     std::string bytes(qsizetype count);
-    // UTF-16 in the machine's byte order, up to the next zero unit or the end of the input. It may
-    // contain any other unit, also lone surrogates.
+    // Returns UTF-16 in the machine's byte order, up to the next zero unit or the end of the input.
+    // The text may contain any other unit, also lone surrogates.
     QString text();
     QString remainingText();
     QByteArrayView remaining() const { return _bytes; }

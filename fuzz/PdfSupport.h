@@ -14,15 +14,16 @@
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
 
-// A document with a few streams that are refilled for every input, because creating a document
-// takes ten times as long as reading its streams.
+// A document with a few streams. A target fills the streams anew for every input and keeps the
+// document, because creating a document takes ten times as long as reading its streams.
 class PdfStreams {
 public:
-    // A document with this many streams, which are the objects 3 0 R and following.
+    // Returns a document with this many streams. Their object numbers begin at 3.
     static PdfStreams& fresh(int count)
     {
-        constexpr int mostInputs = 1000; // the library keeps the objects that each input names
-        // Destroyed before the library's static objects, which the destructor of a document uses.
+        constexpr int mostInputs = 1000; // a document keeps the objects of all its inputs
+        // This is thread_local because such a variable is destroyed before the library's static
+        // objects, which the destructor of a document uses.
         static thread_local std::unique_ptr<PdfStreams> streams;
         static int inputs = 0;
         if (!streams || ++inputs % mostInputs == 0)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Runs a fuzz target once with each file of a folder: replay FOLDER. Fails when the folder has
-// fewer than a hundred files, so that a misplaced corpus is noticed.
+// replay FOLDER: runs a fuzz target once with each file of the folder. Fails if the folder has
+// fewer than a hundred files, because the corpus of inputs is then missing or incomplete.
 #include "fuzz/FuzzTarget.h"
 
 #include <QDir>

@@ -58,9 +58,10 @@ Result restoreBackupIfConfirmed(
         return {Outcome::NotConfirmed};
     case DBCSettlement::InUse:
     case DBCSettlement::Failed:
-        break; // DBCBackupChange refuses and gives the reason
+        break; // DBCBackupChange::restore() refuses and gives the reason
     }
-    // A backup that is missing or damaged will be refused, so there is nothing to confirm.
+    // DBCBackupChange::restore() will refuse a missing or damaged backup, so the user has nothing
+    // to confirm.
     const auto backup = find(package, name);
     if (backup && !backup->isDamaged()
         && !isConfirmed(DBCQuestionId::RestoreBackup, package, *backup))

@@ -37,8 +37,9 @@ DBCConversionFactories DBCConversionFactories::real()
         .openDatabase =
             [](const QString& packagePath) {
                 auto database = DBCDataBaseController::initDBwithPath(packagePath);
-                // A controller that could not be opened has closed descriptor 0 when it was
-                // destroyed, and the next file that is opened must not become standard input.
+                // If the package could not be opened, the destructor of its controller has closed
+                // descriptor 0. Reopen it here, so that the next file that is opened does not
+                // become standard input.
                 keepStandardDescriptorsOpen();
                 return database;
             },
@@ -88,7 +89,8 @@ bool DBCConverterController::run()
     if (_fullPathFolder.isEmpty() || _fullPathDB.isEmpty() || !_isSupportOperation(_operationType))
         return false;
 
-    // For waits that have no delegate: "du", and calculations in the store.
+    // Code that waits for "du" or for a calculation in the store has no delegate. While it waits,
+    // it calls this question's function to learn whether the operation is to stop.
     const DBCStopQuestion question([this] { return checkIsNeedToConfirmCancelOperation(); });
     if (DBCLog* log = _log())
         log->resetLogCount();
@@ -130,7 +132,8 @@ bool DBCConverterController::_end()
     return isOk;
 }
 
-// A sequence shows its own errors. Only an exception that escapes it is shown here.
+// Each sequence shows its own errors. This function shows an error only if an exception has escaped
+// from the sequence.
 DBCError DBCConverterController::_performOperation()
 {
     bool hasSequenceEnded = false;

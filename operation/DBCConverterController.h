@@ -45,21 +45,23 @@ struct DBCConversionFactories {
 
 class DBCConverterController : public DBCCancelDelegate {
 public:
-    // No paths, no operation and no log yet; the setters below fill them in.
+    // Creates a controller without paths, operation and log. The setters below fill them in.
     DBCConverterController();
-    // Never null. fullPathFolder is the interchange folder of an import, or the folder that is to
-    // hold the interchange folder of an export: the driver appends the root folder's name for an
-    // export. fullPathDB is the card database package. The log is the program's default log.
+    // Never returns null. fullPathFolder is the interchange folder of an import, or the folder that
+    // is to hold the interchange folder of an export: the driver appends the root folder's name for
+    // an export. fullPathDB is the card database package. The controller writes to the program's
+    // default log.
     static std::unique_ptr<DBCConverterController> initWith(
         const QString& fullPathFolder, const QString& fullPathDB, OperationType operationType);
     ~DBCConverterController() override;
 
     void setFullPathFolder(const QString& path) { _fullPathFolder = path; }
     void setFullPathDB(const QString& path) { _fullPathDB = path; }
-    // Empty: the default log.
+    // An empty path means the default log.
     void setLogFilePath(const QString& path) { _logFilePath = path; }
     QString logFilePath() const { return _logFilePath; }
-    // Receives all events of the run. Not owned. Null: the events go nowhere.
+    // Sets the receiver of all events of the run, which the controller does not own. If receiver is
+    // null, nobody receives the events.
     void setWindowController(DBCEventReceiver* receiver) { _windowController = receiver; }
     // Stores None instead of a type that is neither Import nor Export.
     void setOperationType(OperationType type);
@@ -67,48 +69,52 @@ public:
     static bool _isSupportOperation(OperationType type);
     void setFactories(DBCConversionFactories factories);
 
-    // The three flags; any thread may use them at any time.
-    // The operation is to stop at its next check. Only the answer to the cancel question sets this
-    // while an operation runs; setStopRunning() has no caller in the program and is kept because
-    // its name is part of the driver's interface.
+    // Three flags follow; any thread may use them at any time. The first is true if the operation
+    // is to stop at its next check. Only the answer to the cancel question sets it while an
+    // operation runs; setStopRunning() has no caller in the program and is kept because its name is
+    // part of the driver's interface.
     void setStopRunning(bool stop) { _isStopRunning = stop; }
     bool isStopRunning() const { return _isStopRunning; }
-    // The user has asked for a cancel and is to be asked whether they mean it. The operation thread
-    // clears the flag when it asks. isConfirmCancelOperation() has no caller in the program and is
-    // kept for the same reason as setStopRunning().
+    // True if the user has requested a cancel and the operation thread has not yet asked them to
+    // confirm it. The operation thread clears the flag when it asks the user.
+    // isConfirmCancelOperation() has no caller in the program and is kept for the same reason as
+    // setStopRunning().
     void setConfirmCancelOperation(bool confirm) { _isConfirmCancelOperation = confirm; }
     bool isConfirmCancelOperation() const { return _isConfirmCancelOperation; }
-    // True once the last event has been handled. It has no caller in the program and is kept for
-    // the same reason as setStopRunning().
+    // True once the receiver has handled the last event. isOperationFinished() has no caller in the
+    // program and is kept for the same reason as setStopRunning().
     bool isOperationFinished() const { return _isOperationFinished; }
 
     // Runs the operation; OperationDidFinished is always its last event. Returns true if the
     // operation ended without an error, which includes a cancelled one. Returns false at once, with
     // nothing logged and no event sent, for an empty path or an unsupported type.
     bool run();
-    // Starts a thread that calls run(), as QThread::start() does. Returns false if the system gives
-    // no thread. QThread reports that nowhere, so the driver then calls endWithoutThread().
+    // Starts thread, which has to call run(). Returns false if the system cannot create the thread.
+    // QThread::start() does not report that failure, so this function detects it and then calls
+    // endWithoutThread().
     bool start(QThread* thread);
-    // Shows message 102 and sends OperationDidFinished, as after a failed run: the system gave no
-    // thread for run().
+    // Shows message 102 and sends OperationDidFinished, as after a failed run. start() calls this
+    // if the system cannot create the thread for run().
     void endWithoutThread();
 
-    // The cancel delegate, on the operation thread. The first asks the user if a cancel was asked
-    // for, and returns true if the operation is to stop. The second returns true if the copy may go
-    // on; its arguments do not matter.
+    // The functions of DBCCancelDelegate, which are called on the operation thread. If the user has
+    // requested a cancel, both ask them to confirm it. checkIsNeedToConfirmCancelOperation()
+    // returns true if the operation is to stop. fileManager() returns true if the copy may go on,
+    // and ignores its arguments.
     bool checkIsNeedToConfirmCancelOperation() override;
     bool fileManager(const DBCFileManager* manager, const QString& shouldCopyItemAtPath,
         const QString& toPath) override;
 
-    // The bytes that the operation will write, without the margin; 0 if error is null. A
-    // measurement that fails fills error, with the path. The export's estimate adds up the cards up
-    // to the failed one. Thousands of cards take seconds to measure, so the export's estimate asks
-    // about a cancel once it has taken half a second, and fills error with CancelledByUser.
+    // Each returns the number of bytes that the operation will write, without the safety margin, or
+    // 0 if error is null. If a size cannot be measured, error is set and contains the path, and the
+    // export's estimate returns the sum of the cards before the failed one. Measuring thousands of
+    // cards takes seconds. Therefore the export's estimate checks for a cancel once it has taken
+    // half a second, and sets error to CancelledByUser if the operation is to stop.
     quint64 estimateDiskSpaceForImport(DBCError* error) const;
     quint64 estimateDiskSpaceForExport(const std::vector<DBCRecord>& cards, DBCError* error);
 
-    // The two sequences, which run() calls. Each returns true if it set no error, and false at once
-    // if error is null. A cancelled sequence sets none.
+    // The two sequences, which run() calls. Each returns true if it set no error. If error is null,
+    // it returns false at once. A cancelled sequence sets no error.
     bool _doImport(DBCError* error);
     bool _doExport(DBCError* error);
     // Show the error's message to the user and log its text as an error.
@@ -121,7 +127,7 @@ public:
 
 private:
     // --- used by both sequences ---
-    DBCLog* _log() const; // the operation's log; null if it cannot be written
+    DBCLog* _log() const; // the operation's log; null if the file cannot be created
     void _logInfo(const QString& text) const;
     void _logStart(const char* labelKey, const QString& detail = {}) const;
     void _logEnd(const char* labelKey) const;
@@ -129,13 +135,14 @@ private:
     void _showAndLog(const DBCMessage::Mapped& message, const DBCError& error) const;
     DBCError _performOperation();
     bool _end(); // sends the last event; returns true if the outcome is no failure
-    // Runs steps. An exception is logged through debugFormat (%1: its description) and becomes
-    // InternalException.
+    // Runs steps. If steps throws an exception, the exception's description replaces %1 in
+    // debugFormat, that text goes into the log, and the function returns InternalException.
     DBCError _guarded(const QString& debugFormat, const std::function<DBCError()>& steps) const;
     DBCError _sizeError(const DBCError& error) const;
     DBCError _openDatabase(std::unique_ptr<DBCDataBaseController>* database);
     static bool _isCancel(const DBCError& error);
-    // The user's stop comes before whatever code the interrupted step gave.
+    // Returns CancelledByUser if there is an error and the user has confirmed a cancel, because the
+    // interrupted step may have failed with any code. Otherwise returns error.
     DBCError _stopBefore(const DBCError& error) const;
     static bool _isFolder(const QString& path);
 
@@ -144,8 +151,8 @@ private:
     // Sends the counts, and the name on the next of the operation's cards.
     void _sendProgress(DBCEventName name, const std::vector<DBCRecord>& cards) const;
     void _askToConfirmCancel();
-    // CancelledByUser if the operation is to stop. A step returns it to its sequence, which cleans
-    // up and then ends without an error.
+    // Returns CancelledByUser if the operation is to stop, and no error otherwise. A step passes
+    // CancelledByUser on to its sequence, which cleans up and then ends without an error.
     DBCError _stopIfCancelled();
 
     // --- report ---
@@ -192,9 +199,9 @@ private:
     std::atomic<bool> _isConfirmCancelOperation = false;
     std::atomic<bool> _isOperationFinished = false;
     DBCEventReceiver* _windowController = nullptr;
-    [[no_unique_address]] DBCThreadHandOver _handOver; // of events, between the two threads
+    [[no_unique_address]] DBCThreadHandOver _handOver; // for the events sent to the window's thread
     DBCConversionFactories _factories;
-    std::unique_ptr<DBCPackageGuard> _packageGuard; // null unless a sequence uses the package
+    std::unique_ptr<DBCPackageGuard> _packageGuard; // reserves the package; null if not in use
     Outcome _outcome;
-    std::unique_ptr<DBCRunStory> _story; // null unless run() is going on
+    std::unique_ptr<DBCRunStory> _story; // null while run() is not going on
 };

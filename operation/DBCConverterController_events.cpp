@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The driver's side of the conversation with its window: the events it sends, and the cancel that
-// the window asks for and the user confirms.
+// The part of the driver that works with its window: it sends the events, and it handles the cancel
+// that the user requests in the window and then confirms.
 #include "operation/DBCConverterController.h"
 
 #include "datafile/helpers/DBCLocalizable.h"
@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Empty without an operation: the question cannot be asked then.
+// Returns an empty key if there is no operation, because the question cannot be asked then.
 QString cancelQuestionKey(OperationType type)
 {
     switch (type) {

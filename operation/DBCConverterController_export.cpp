@@ -26,7 +26,8 @@ namespace {
 constexpr const char* exportLabel = "IDS_LBL_EXPORT";
 // The estimate's allowance for a card's row in the data file, which is written after the estimate.
 constexpr quint64 bytesPerRow = 2844;
-// A short export asks about a cancel at its first card; only a long measuring asks before that.
+// Every export checks for a cancel before it writes its first card. If measuring the cards takes
+// longer than this time, the export also checks while it measures.
 constexpr qint64 millisecondsBeforeAsking = 500;
 
 QString lineSeparator()
@@ -34,9 +35,10 @@ QString lineSeparator()
     return u"\r\n"_s;
 }
 
-// The path of a card's image file in the package; empty if the card names none. A name that leads
-// out of the package also gives an empty path: the export does not transfer such a file, and
-// measuring it might mean measuring the whole disk. The same holds for attachments.
+// Returns the path of a card's image file in the package, or an empty path if the card names none.
+// A name that leads out of the package also gives an empty path: the export does not transfer such
+// a file, and measuring it might mean measuring the whole disk. attachmentPathOf() treats
+// attachments in the same way.
 QString imagePathOf(const DBCRecord& card, const QString& package)
 {
     const QString name = DBCDataBaseController::imageFileName(card);
@@ -53,7 +55,7 @@ QString attachmentPathOf(const DBCRecord& card, const QString& package)
         : QString();
 }
 
-// The title line is a record, so the writer builds it like the line of a card.
+// Returns the title line as a record, so that the writer can format it like the line of a card.
 DBCRecord titleRecord()
 {
     const std::vector<DBCRecordKey> keys = DBCCommonFunction::createRecordKeyNamesForDataFile();
@@ -179,7 +181,8 @@ DBCError DBCConverterController::_writeFolder(
         return error;
     if (!error)
         error = _closeDataFile(*writer);
-    // Written after a failure as well: the rows so far stay, and their folder keeps a version.
+    // The version file is written after a failure as well, because the rows written so far stay and
+    // their folder has to name its version.
     if (auto versionError = _writeVersionFile())
         return versionError;
     return error;
@@ -221,7 +224,8 @@ DBCError DBCConverterController::_writeCard(
     return writeRow(writer, *row);
 }
 
-// "Version.txt" marks the folder as complete, so everything else has to be on the disk before it.
+// "Version.txt" marks the folder as complete, so everything else has to be on the disk before that
+// file is written.
 DBCError DBCConverterController::_closeDataFile(DBCFileWriter& writer) const
 {
     if (!isFailure(writer.close()) && DBCDiskFlush::fileSystemOf(_fullPathFolder))

@@ -139,7 +139,8 @@ DBCError DBCConverterController::_storeRecords(
     for (DBCRecord& waiting : records) {
         if (auto stop = _stopIfCancelled())
             return stop;
-        // Moving the record out of the list frees its memory as the database's share grows.
+        // Moving the record out of the list frees the record's memory after this card, while the
+        // memory that the database needs grows.
         const DBCRecord record = std::exchange(waiting, DBCRecord());
         if (!_isFolder(_fullPathFolder) || !_isFolder(_fullPathDB))
             return DBCError(DBCResultCode::FolderNotExist);
@@ -159,14 +160,15 @@ DBCError DBCConverterController::_saveImport(DBCDataBaseController& database)
         return error;
     _logInfo(_endLine("IDS_LOG_INF_END_WITH_INFO_IMPORT", importLabel));
     _sendProgress(DBCEventName::ImportDidFinished, {});
-    // Comes last, because an exception in a line above still leads to a restore, which needs the
-    // import's journal.
+    // endImport() removes the journal, the small file beside the package that records how far the
+    // import has come. It is called last, because an exception in a line above leads to a restore,
+    // and the restore needs the journal.
     database.endImport();
     return {};
 }
 
 // Puts the database back after an error or a cancel. Returns the operation's error: the cause, or
-// the restore's own error if the restore failed, or none after a cancel.
+// the restore's own error if the restore failed, or no error after a cancel.
 DBCError DBCConverterController::_undoImport(DBCDataBaseController& database, const DBCError& cause)
 {
     DBCError error = _isCancel(cause) ? DBCError() : cause;
@@ -197,7 +199,8 @@ DBCError DBCConverterController::_undoImport(DBCDataBaseController& database, co
 
 void DBCConverterController::_removeBackup(DBCDataBaseController& database)
 {
-    // The journal goes first: it must never lead a later start to a half-removed backup.
+    // endImport() removes the journal before the backup is removed. Otherwise, if the program were
+    // killed in between, the journal would lead the next start to a half-removed backup.
     database.endImport();
     DBCFileManager::defaultManager()->cleanFolder(database.backupDBPath());
     _outcome.backupPath.clear();

@@ -20,7 +20,7 @@ template <typename Step> void withoutHarm(const Step& step)
     try {
         step();
     } catch (const std::exception&) {
-        // Memory has run out, so there is none for a line in the log either.
+        // The memory has run out, so a line in the log is not possible either.
     }
 }
 

@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// None when the folder may not be read.
+// Returns std::nullopt if the user may not read the folder.
 std::optional<std::vector<std::string>> listFolder(const QString& folder)
 {
     if (!DBCHost::current().isReadable(folder))
@@ -221,7 +221,8 @@ void DBCFolderInspector::checkAttachment(
     const QString shownPath = QFile::decodeName(path);
     const DBCEntryKind kind = kindOfEntry(AT_FDCWD, path);
     const DBCAttachmentVerdict verdict = judgeAttachmentForImport(name, kind);
-    // An import would fail on an entry of unknown kind; the check calls it no regular file.
+    // An import would fail on an entry of unknown kind, so this check reports that the entry is not
+    // a regular file.
     const bool isRegular = verdict == DBCAttachmentVerdict::Copy && kind != DBCEntryKind::Unknown;
     if (verdict == DBCAttachmentVerdict::Ignore)
         return;

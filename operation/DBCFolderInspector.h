@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Reads an interchange folder as an import would and lists everything that the import would refuse,
-// leave out or warn about, each with its line of the data file. Changes nothing in the folder. The
-// rules are shared with the import (DBCNamedFiles.h, DBCAttachmentRules.h, DBCItemLengths.h,
-// readJpegForImport()). May run on any thread.
+// leave out or warn about, each with its line of the data file. It changes nothing in the folder.
+// It uses the same rules as the import (DBCNamedFiles.h, DBCAttachmentRules.h, DBCItemLengths.h,
+// readJpegForImport()). The inspection may run on any thread.
 #pragma once
 
 #include "datafile/helpers/DBCLocalizable.h"
@@ -22,19 +22,20 @@ struct DBCFolderReport {
     // First the problems of the folder itself, then those of the lines in their order.
     DBCFindings findings;
     qint64 cardCount = 0; // lines from which an import makes a card
-    quint64 bytesNeeded = 0; // free bytes that an import requires; 0 when they cannot be measured
+    quint64 bytesNeeded = 0; // free bytes that an import requires; 0 if they cannot be measured
     bool wasStopped = false; // the progress callback ended the inspection early
 };
 
 class DBCFolderInspector {
 public:
-    // Called before the data file is read and after each record or wrong line, on the calling
-    // thread. finished: lines read so far; max: lines of the file. Both are 0 before the file has
-    // been read.
+    // inspect() calls this on the thread of its caller, before it reads the data file and after
+    // each record or wrong line. finished is the number of lines read so far, max the number of
+    // lines in the file. Both are 0 before the file has been read.
     using Progress = std::function<DBCLoopControl(qint64 finished, qint64 max)>;
 
-    // If folder is no folder or may not be read, the report only says so (couldNotLook). If the
-    // callback stops the inspection, the report holds the problems found until then.
+    // If folder is no folder or may not be read, the report contains only this problem
+    // (couldNotLook). If the callback stops the inspection, the report holds the problems found
+    // until then.
     static DBCFolderReport inspect(const QString& folder, const Progress& progress = {});
 
 private:

@@ -33,7 +33,7 @@ QString joined(const QString& folder, const QString& name)
     return folder.isEmpty() || folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
 }
 
-// None when the main application is not installed or its version cannot be read.
+// Returns std::nullopt if the main application is not installed or its version cannot be read.
 std::optional<QString> mainApplicationVersion(const DBCHost& host)
 {
     const QString list = DBCMainApplication::versionList(host.applicationsFolder);
@@ -45,7 +45,8 @@ std::optional<QString> mainApplicationVersion(const DBCHost& host)
                                              : std::nullopt;
 }
 
-// The log text for the reason why a package cannot be used; message 301 does not name the reason.
+// Returns the key of the log text that says why a package cannot be used. Message 301 does not say
+// why.
 const char* reasonKey(DBCResultCode state)
 {
     switch (state) {
@@ -86,7 +87,7 @@ bool DBCPreconditions::_checkPrecondition()
 
 bool DBCPreconditions::settleLastImport()
 {
-    // An empty path is refused later with a message of its own.
+    // A later check refuses an empty path with a message of its own.
     if (_databasePath.isEmpty())
         return true;
     switch (settleUnfinishedImport(_databasePath)) {
@@ -150,8 +151,8 @@ bool DBCPreconditions::removeOldExportFolder()
 {
     if (!ask(DBCQuestionId::ReplaceExport, {_exportFolder}))
         return false;
-    // The user agreed to remove an old export. If the package lies in that folder, it must not be
-    // removed along with it.
+    // The user has agreed to remove an old export, but not the package. If the package lies in the
+    // export's folder, the folder is therefore not removed.
     const bool holdsThePackage = isSameOrInside(_exportFolder, _databasePath);
     return (!holdsThePackage && DBCFileManager::defaultManager()->cleanFolder(_exportFolder))
         || refuse(204, {_exportFolder});

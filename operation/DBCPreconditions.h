@@ -2,7 +2,7 @@
 // Checks that run before an operation may start. The window and the command line use this class, so
 // both refuse the same paths for the same reasons. Each failed check shows one message.
 //
-// The names with a leading underscore are given names and public here, although an underscore marks
+// The names with a leading underscore are fixed and public here, although an underscore marks
 // private operations everywhere else; the private operations of this class have none.
 #pragma once
 
@@ -16,22 +16,22 @@
 
 class DBCPreconditions {
 public:
-    // dataPath: for an import the interchange folder, for an export the folder in which one is
-    // made. A caller whose user may write "~" passes expandedPath() of both paths, here and to the
-    // driver.
+    // dataPath is the interchange folder of an import, or the folder in which an export makes its
+    // interchange folder. If the user may write "~", the caller passes both paths through
+    // expandedPath() before it gives them to this class and to the driver.
     DBCPreconditions(
         const QString& dataPath, const QString& databasePath, OperationType operationType);
 
-    // Runs all checks in order; true when the operation may start. Before an export this removes an
-    // older interchange folder, after asking the user, and makes a new, empty one.
+    // Runs all checks in order and returns true if the operation may start. Before an export this
+    // removes an older interchange folder, after asking the user, and makes a new, empty one.
     bool _checkPrecondition();
     bool _dataPathCheck();
     bool _vmdbPathCheck();
     // Makes the interchange folder of an export with its image folder and attachment folder.
     bool createExportFolder();
 
-    // Success for a path on a local volume. GeneralFailure for a path on a network volume, for an
-    // empty path, and when the volume cannot be determined.
+    // Returns Success for a path on a local volume. Returns GeneralFailure for a path on a network
+    // volume, for an empty path, and when the volume cannot be determined.
     static DBCResultCode _networkPathCheck(const QString& path);
 
     // Why the last call of _checkPrecondition() returned false: a check failed, or the user
@@ -43,7 +43,7 @@ public:
     static QString expandedPath(const QString& path);
     // The folder in which the main application keeps its packages by default.
     static QString _getDefaultDBPath();
-    // The desktop folder; none when the user has none.
+    // Returns the desktop folder, or std::nullopt if the user has none.
     static std::optional<QString> _getDefaultDataFilePath();
 
     static constexpr quint32 dataPathLimit = 520; // bytes

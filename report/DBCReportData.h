@@ -7,6 +7,6 @@
 struct DBCRunReport;
 
 // Returns one JSON object in UTF-8. docs/report.md explains its names, which never change. Texts
-// are in the program's language; the names on cards and the paths are unchanged. A value that there
-// is none of is null, and durations are in seconds.
+// are in the program's language; the names on cards and the paths are written unchanged. A missing
+// value is written as null, and durations are in seconds.
 QByteArray reportData(const DBCRunReport& report);

@@ -55,14 +55,15 @@ QString freeStem(const QString& stem)
     return candidate;
 }
 
-// Reports hold names of people. A QTemporaryFile is its owner's alone from its creation on, where a
+// Reports hold names of people. Nobody but its owner may ever read a QTemporaryFile, while a
 // QSaveFile has the rights that the umask leaves.
 std::optional<Failure> save(const QString& path, const QByteArray& bytes)
 {
     QTemporaryFile file(path + u".XXXXXX"_s);
     if (!file.open() || file.write(bytes) != bytes.size() || !file.flush())
         return Failure {path, file.errorString()};
-    // A disk that cannot promise to keep the report is no reason to do without it.
+    // The result is ignored: even if the disk does not confirm that it keeps the report, a report
+    // is better than none.
     (void)DBCDiskFlush::file(file.handle());
     if (std::rename(
             QFile::encodeName(file.fileName()).constData(), QFile::encodeName(path).constData())
@@ -88,8 +89,8 @@ QStringList stemsIn(const QDir& folder)
     return stems;
 }
 
-// The report named newest has just been written. It stays even if the clock was put back, so that
-// other names look newer.
+// This never removes the report named newest, which has just been written. If the clock was put
+// back, other reports have names that look newer.
 void removeOldReports(const QDir& folder, const QString& newest)
 {
     QStringList others = stemsIn(folder);
@@ -107,16 +108,16 @@ namespace DBCReportFiles {
 std::variant<QString, Failure> write(const DBCRunReport& report, const QString& folder)
 {
     const QDir place(folder);
-    // Another conversion may end at the same time and must not take the same name. If its lock is
-    // still held after the wait, this report is written all the same; at worst it replaces the
-    // other one.
+    // Another conversion may end at the same time and must not take the same name. If the other
+    // conversion still holds the lock after the wait, this report is written all the same; at worst
+    // it replaces the other report.
     QLockFile lock(place.filePath(u".VelmoraConverter report.lock"_s));
     (void)lock.tryLock(millisecondsToWait);
 
     const QString stem = freeStem(place.filePath(stemOf(report.started)));
     const QString page = stem + pageSuffix();
     const QString data = stem + dataSuffix();
-    // The page comes last, so that the data always exist beside it.
+    // The page is written last, so that there is never a page without its data.
     if (const auto failure = save(data, reportData(report)))
         return *failure;
     if (const auto failure = save(page, reportPage(report, QFileInfo(data).fileName()))) {

@@ -2,10 +2,10 @@
 // Writes the report of a conversion to the disk, beside the log, and removes the oldest reports.
 //
 // A report is two files: a page for people, "VelmoraConverter report 2026-11-21 08.15.30.html", and
-// the same with the ending ".json" for programs. The name holds the local time at which the
-// conversion began. A second report of the same second gets " (02)" before the ending, and so on.
-// Each conversion has its own report, so that users who correct their data step by step can compare
-// the conversions. The newest DBCMostReports reports are kept.
+// a data file for programs, which has the same name with the ending ".json". The name holds the
+// local time at which the conversion began. A second report of the same second gets " (02)" before
+// the ending, and so on. Each conversion has its own report, so that users who correct their data
+// step by step can compare the conversions. The newest DBCMostReports reports are kept.
 #pragma once
 
 #include <QString>

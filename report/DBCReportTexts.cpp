@@ -14,7 +14,7 @@ struct EndRow {
     const char* exportKey;
 };
 
-// In the order of DBCRunEnd.
+// The rows are in the order of DBCRunEnd.
 constexpr std::array<EndRow, 5> ends {{
     {"done", "IDS_REPORT_TITLE_DONE", "IDS_REPORT_END_IMPORTED", "IDS_REPORT_END_EXPORTED"},
     {"doneWithWarnings", "IDS_REPORT_TITLE_WARNINGS", "IDS_REPORT_END_IMPORTED",
@@ -29,10 +29,10 @@ constexpr std::array<EndRow, 5> ends {{
 
 struct ConsequenceRow {
     const char* name;
-    const char* key; // null: there is nothing to say
+    const char* key; // null if there is nothing to say
 };
 
-// In the order of DBCConsequence.
+// The rows are in the order of DBCConsequence.
 constexpr std::array<ConsequenceRow, 7> consequences {{
     {"notTold", nullptr},
     {"itemShortened", "IDS_REPORT_FATE_ITEM_SHORTENED"},
@@ -62,7 +62,8 @@ bool isImport(const DBCRunReport& report)
     return report.operation == OperationType::Import;
 }
 
-// The key of the text that holds for every card with a problem; null if it depends on the problem.
+// Returns the key of the text that holds for every card with a problem, or null if the text depends
+// on the problem.
 const char* commonFateKey(const DBCRunReport& report)
 {
     switch (report.end) {

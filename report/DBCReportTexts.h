@@ -11,8 +11,8 @@ QString operation(const DBCRunReport& report); // "Import"
 QString title(const DBCRunReport& report); // "Import finished, with warnings"
 QString explanation(const DBCRunReport& report); // the state of folder and package at the end
 QString timeTaken(const DBCRunReport& report); // "2 min 5 s"
-// What happened to the card with that problem, which also depends on how the conversion ended.
-// Empty if there is nothing to say.
+// Returns what happened to the card with that problem, which also depends on how the conversion
+// ended. The text is empty if there is nothing to say.
 QString fate(const DBCRunReport& report, const DBCLogEntry& problem);
 
 // Names for programs, which are the same in every language and never change.

@@ -24,7 +24,7 @@ enum class DBCRunEnd : quint8 {
 
 struct DBCReportedCard {
     qint64 number = 0; // import: the card's line in the data file; export: the card's number
-    QString name; // the full name on the card; empty: not known
+    QString name; // the full name on the card; empty if not known
     std::vector<DBCLogEntry> problems; // in the order of the log; never empty
 };
 
@@ -32,8 +32,8 @@ struct DBCRunReport {
     OperationType operation = OperationType::None;
     QString folder; // the interchange folder
     QString package; // the card database package
-    QString backupPath; // empty: there is no backup
-    QString logPath; // empty: the log could not be written
+    QString backupPath; // empty if there is no backup
+    QString logPath; // empty if the log could not be written
 
     DBCRunEnd end = DBCRunEnd::Done;
     DBCResultCode code = DBCResultCode::Success;
@@ -41,8 +41,8 @@ struct DBCRunReport {
     qint64 milliseconds = 0; // from the start to the end
     qint64 maxCount = 0; // cards in the data file or in the package
     qint64 finishedCount = 0; // cards handled, including those that were undone later
-    qint64 warningCount = 0; // all of them, including those left out below
-    qint64 errorCount = 0; // the same
+    qint64 warningCount = 0; // all warnings, including those left out below
+    qint64 errorCount = 0; // all errors, including those left out below
 
     std::vector<DBCLogEntry> messages; // errors that the user was shown, and that ended the run
     std::vector<DBCReportedCard> cards; // the cards with warnings or errors, by number

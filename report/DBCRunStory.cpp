@@ -7,7 +7,7 @@
 
 namespace {
 
-// Takes the entries about cards in the order of the log.
+// Groups the entries about cards by card. The entries must be in the order of the log.
 std::vector<DBCReportedCard> byCard(std::vector<DBCLogEntry> entries)
 {
     // The entries of one card are not consecutive: those about its items come from reading the data
@@ -63,7 +63,7 @@ void DBCRunStory::keep(const DBCLogEntry& entry)
 {
     if (entry.origin.number)
         _concernedNumbers.insert(*entry.origin.number);
-    // Errors are few, and the last ones say why the conversion failed.
+    // Errors are always kept, because they are few and the last ones say why the conversion failed.
     if (_entries.size() < mostEntries || entry.type == DBCLogType::Error)
         _entries.push_back(entry);
     else

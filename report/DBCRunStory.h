@@ -17,8 +17,9 @@ public:
     // are always kept.
     static constexpr std::size_t mostEntries = 5000;
 
-    // The report's time begins here. The object is made, used and destroyed on the operation
-    // thread, and ignores what other threads log in the meantime.
+    // The time that the report gives for the conversion begins when the object is made. The object
+    // is made, used and destroyed on the operation thread, and ignores what other threads log in
+    // the meantime.
     DBCRunStory();
 
     // Takes note of an event that the driver sends.

@@ -29,8 +29,8 @@ public:
     explicit operator bool() const { return _descriptor >= 0; }
     int get() const { return _descriptor; }
 
-    // False when close() reports that earlier writes were lost. Closing again does nothing and
-    // returns true.
+    // Returns false if close() reports that earlier writes were lost. Closing again does nothing
+    // and returns true.
     [[nodiscard]] bool close()
     {
         return _descriptor < 0 || ::close(std::exchange(_descriptor, -1)) == 0;

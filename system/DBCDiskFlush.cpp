@@ -10,7 +10,7 @@
 
 namespace {
 
-// Repeats a call that a signal interrupted, because it says nothing about the disk.
+// Repeats a call that a signal interrupted, because an interruption says nothing about the disk.
 template <typename Call> bool untilDone(Call call)
 {
     int result = call();

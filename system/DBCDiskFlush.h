@@ -7,8 +7,9 @@
 
 namespace DBCDiskFlush {
 
-// Flushes everything written so far to the file system that holds an existing path. False when the
-// system reports that a write to it has been lost since the last such call.
+// Flushes everything written so far to the file system that holds an existing path. Returns false
+// if the operating system reports that a write to that file system has been lost since the last
+// such call.
 [[nodiscard]] bool fileSystemOf(const QString& path);
 
 // Flushes the contents of one open file, and the attributes needed to read them (fdatasync).

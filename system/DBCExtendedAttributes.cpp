@@ -26,7 +26,7 @@ bool isUnsupported()
     return errno == EOPNOTSUPP || errno == ENOSYS;
 }
 
-// Asks for the size and then for the value, and starts again if the value has grown in between.
+// Reads the size of a value and then the value, and starts again if the value has grown in between.
 template <typename Ask> std::optional<QByteArray> wholeValue(Ask ask)
 {
     while (true) {

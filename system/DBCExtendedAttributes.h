@@ -3,7 +3,7 @@
 // lists.
 #pragma once
 
-// Copies them from one open file or folder to another. Attributes that the system itself maintains
-// are left out. False when one could not be read or written. A file system that supports none is no
-// failure. The descriptors stay open.
+// Copies the extended attributes from one open file or folder to another, except those that the
+// system itself maintains. Returns false if an attribute could not be read or written. If a file
+// system supports no attributes, that is no failure. The descriptors stay open.
 bool copyExtendedAttributes(int from, int to);

@@ -18,7 +18,7 @@ bool isDotName(const char* name)
     return qstrcmp(name, ".") == 0 || qstrcmp(name, "..") == 0;
 }
 
-// A folder that was removed while it is open reads as an empty one.
+// A folder that was removed while it is open can still be read and then looks empty.
 bool isRemoved(int folder)
 {
     struct stat status { };

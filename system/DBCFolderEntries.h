@@ -14,9 +14,11 @@ struct DBCFolderEntry {
     QByteArray name;
 };
 
-// All entries but "." and "..", in the order in which the file system returns them. None when the
-// folder could not be read to its end. The descriptor and its position stay as they are.
+// Returns all entries but "." and "..", in the order in which the file system returns them. Returns
+// std::nullopt if the folder could not be read to its end. The descriptor and its position stay as
+// they are.
 std::optional<std::vector<DBCFolderEntry>> entriesOfFolder(int folder);
 
-// The target of a symbolic link in an open folder; none when it cannot be read completely.
+// Returns the target of a symbolic link in an open folder, or std::nullopt if the target cannot be
+// read completely.
 std::optional<QByteArray> targetOfLink(int folder, const QByteArray& name);

@@ -9,7 +9,7 @@
 #include <system_error>
 #include <vector>
 
-// All names, hidden ones included, sorted by their bytes, which need not be valid UTF-8. None, with
-// the reason in error, when the folder cannot be read to its end.
+// Returns all names, including hidden ones, sorted by their bytes, which need not be valid UTF-8.
+// If the folder cannot be read to its end, returns std::nullopt and stores the reason in error.
 std::optional<std::vector<std::string>> namesInFolder(
     const QString& folder, std::error_code* error);

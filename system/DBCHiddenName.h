@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The hidden names beside a folder under which unfinished copies, folders being removed and the
-// journal lie, so that nothing incomplete ever has a name that a user or program opens.
+// Gives the hidden names that are used beside a folder: for unfinished copies, for folders that are
+// being removed, and for the journal, the small file beside a package that records how far an
+// import or a restore has come. So nothing incomplete ever has a name that a user or program opens.
 #pragma once
 
 #include <QString>

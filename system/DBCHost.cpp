@@ -35,7 +35,7 @@ bool isRefusal(int error)
 }
 
 // For file systems that do not report the attribute through statx(). A file that cannot be opened
-// counts as not immutable; the check of its access rights reports it.
+// counts as not immutable; the check of the access rights reports such a file.
 std::optional<bool> isImmutableByFlags(const QByteArray& path)
 {
     const DBCDescriptor file(open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));

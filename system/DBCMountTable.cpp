@@ -68,7 +68,8 @@ QString unescaped(const QByteArray& field)
     return QFile::decodeName(bytes);
 }
 
-// ID, parent, device number, root, mount point, options, optional fields, "-", type, source, ...
+// The fields of a line are: ID, parent, device number, root, mount point, options, optional fields,
+// "-", type, source, ...
 std::optional<DBCMountedVolume> volumeFrom(const QByteArray& line)
 {
     constexpr qsizetype mountPointField = 4;
@@ -94,7 +95,7 @@ bool DBCMountedVolume::isNetwork() const
     if (std::find(networkTypes.begin(), networkTypes.end(), type) != networkTypes.end())
         return true;
     // There are dozens of user-space file systems, each with its own type. Those on another machine
-    // have a device that begins with its name: "user@host:folder", "https://host/folder",
+    // have a device that begins with the machine's name: "user@host:folder", "https://host/folder",
     // "//host/share".
     const bool isUserSpace = type == u"fuse" || type.startsWith(u"fuse.");
     const qsizetype colon = device.indexOf(u':');

@@ -23,10 +23,11 @@ class DBCMountTable {
 public:
     // Ignores lines that do not have the table's form.
     static DBCMountTable parse(const QByteArray& mountInfo);
-    // None when the file cannot be read.
+    // Returns std::nullopt if the file cannot be read.
     static std::optional<DBCMountTable> read(const QString& file);
 
-    // The volume that holds a canonical path; none when no mount point is above it.
+    // Returns the volume that holds a canonical path, or std::nullopt if no mount point is above
+    // the path.
     std::optional<DBCMountedVolume> volumeOf(const QString& canonicalPath) const;
 
 private:
@@ -34,6 +35,6 @@ private:
 };
 
 // Whether the file system that holds an existing path may be on another machine, judged by the
-// kernel's number for its type. True when the number cannot be read. This is for paths that the
-// table does not cover: after chroot, the root folder need not be a mount point.
+// kernel's number for its type. Returns true if the number cannot be read. The function is meant
+// for paths that the table does not cover: after chroot, the root folder need not be a mount point.
 bool isOnNetworkFileSystem(const QString& path);

@@ -41,8 +41,8 @@ public:
     {
     }
 
-    // Returns the path to use, or none when the candidate does not count. isDirectChild: the
-    // candidate is an entry of the folder itself and not of a subfolder.
+    // Returns the path to use, or std::nullopt if the candidate must not be used. isDirectChild is
+    // true if the candidate is an entry of the folder itself and not of a subfolder.
     std::optional<QString> accept(const QString& candidate, bool isDirectChild)
     {
         const QByteArray native = QFile::encodeName(candidate);
@@ -163,7 +163,8 @@ DBCNameLookup::Listing DBCNameLookup::readListing(const QString& folder, const S
     return listing;
 }
 
-// Returns the folder's entries whose names equal name but for normal form or case, the best first.
+// Returns the folder's entries whose names equal name except for normal form or case, the best
+// match first.
 QStringList DBCNameLookup::otherSpellings(const QString& folder, const QString& name)
 {
     const std::optional<Stamp> stamp = stampOf(folder);

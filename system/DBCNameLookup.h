@@ -34,27 +34,30 @@ public:
     static DBCNameLookup& threadInstance();
 
     // name is relative to folder and may contain subfolders ("a/b.jpg"), separated by "/". The
-    // folder itself is never found. A name that exists exactly takes one system call; for other
-    // names the folder is listed once, and again only after it has changed.
+    // folder itself is never found. If the name exists exactly as given, one system call finds it.
+    // For other names the folder is listed once, and again only after the folder has changed.
     Result find(const QString& folder, const QString& name, Kind kind);
 
     struct Opened {
         Outcome outcome = Outcome::Missing;
         QString path; // as in Result
-        // Open for reading; none unless Found, and none when what was found could not be opened.
+        // Open for reading. The descriptor is invalid unless outcome is Found and the entry could
+        // be opened.
         DBCDescriptor file = DBCDescriptor(-1);
     };
 
-    // The same, and opens what was found. Between the look-up and the opening somebody may exchange
-    // the file for a link that leads out of the folder; such a link is not opened.
+    // Does the same as find(), and opens the entry that was found. Between the look-up and the
+    // opening somebody may exchange the file for a link that leads out of the folder; such a link
+    // is not opened.
     Opened open(const QString& folder, const QString& name, Kind kind);
 
-    // False for a name that is absolute or leaves its folder by "..". This examines the text only,
-    // not the disk.
+    // Returns false for a name that is absolute or leaves its folder by "..". This examines the
+    // text only, not the disk.
     static bool staysInside(const QString& name);
 
 private:
-    // Changes whenever the folder's entries change, so an outdated listing is recognised.
+    // Identifies one state of a folder. The stamp changes whenever an entry is added, renamed or
+    // removed, so comparing two stamps shows whether a listing is out of date.
     struct Stamp {
         quint64 device = 0;
         quint64 inode = 0;

@@ -22,7 +22,7 @@ int openBeneath(int folder, const QByteArray& path, int flags)
     how.flags = static_cast<__u64>(flags);
     how.resolve = RESOLVE_BENEATH | RESOLVE_NO_MAGICLINKS;
     const long opened = syscall(SYS_openat2, folder, path.constData(), &how, sizeof how);
-    // Without this system call, links in the last component at least are not followed.
+    // If the kernel lacks this system call, at least a link in the last component is not followed.
     if (opened < 0 && (errno == ENOSYS || errno == EPERM))
         return openat(folder, path.constData(), flags | O_NOFOLLOW);
     return static_cast<int>(opened);

@@ -9,10 +9,11 @@
 #include <filesystem>
 #include <optional>
 
-// The rest of path behind the folder's own path and a slash; none when path is not below folder.
-// Both are compared as they are written, so "..", doubled slashes and links count as text. The rest
-// is empty for the folder's own path with a slash behind it.
+// Returns the part of path that follows the folder's own path and a slash, or std::nullopt if path
+// is not below folder. Both paths are compared as text, so "..", doubled slashes and links are not
+// resolved. The result is empty if path is the folder's own path followed by a slash.
 std::optional<QString> pathBelow(const QString& folder, const QString& path);
 
-// The path in the bytes of the file system, for the functions of the C++ and the SQLite library.
+// Returns the path in the bytes of the file system, for the functions of the C++ and the SQLite
+// library.
 std::filesystem::path nativePath(const QString& path);

@@ -24,7 +24,7 @@ namespace {
 
 using End = DBCProgramRun::End;
 
-// Strings as a new program takes them: pointers behind which a null pointer stands.
+// A list of strings in the form that a new program takes: pointers, followed by a null pointer.
 class Words {
 public:
     void add(const QByteArray& word) { _words.push_back(word); }
@@ -42,7 +42,8 @@ private:
     std::vector<char*> _pointers;
 };
 
-// Loading the user's locale takes du as long as its work on a file, and digits need none.
+// Loading the user's locale takes "du" as long as measuring a file, and the digits that "du" prints
+// need no locale.
 char* const* environmentWithoutLocale()
 {
     static Words words = [] {
@@ -73,7 +74,8 @@ public:
         sigaddset(&ignoredHere, SIGPIPE);
         sigaddset(&ignoredHere, SIGXFSZ);
         posix_spawnattr_setsigdefault(&_attributes, &ignoredHere);
-        // A group of its own: a Ctrl-C asks this program for a cancel and must not end that one.
+        // The new program gets a process group of its own. A Ctrl-C requests a cancel from this
+        // program and must not end the new one.
         posix_spawnattr_setpgroup(&_attributes, 0);
     }
     ~SpawnAttributes() { posix_spawnattr_destroy(&_attributes); }
@@ -88,7 +90,8 @@ private:
 
 class SpawnDescriptors {
 public:
-    // Standard output comes first: its source may be one of the two other numbers.
+    // Standard output is set first, because output may have the number of standard input or
+    // standard error, which the later steps replace.
     explicit SpawnDescriptors(int output)
     {
         posix_spawn_file_actions_init(&_actions);
@@ -111,27 +114,28 @@ private:
     posix_spawn_file_actions_t _actions {};
 };
 
-// A program that was started. It is killed unless it has been waited for.
+// A program that was started. The destructor kills it unless waitForEnd() has been called.
 class Child {
 public:
     Child(pid_t process, DBCDescriptor output)
         : _process(process)
         , _output(std::move(output))
     {
-        // Not before the process is this object's, which ends it if memory runs out here.
+        // From here on, a signal that ends this program also ends the process.
         _cleanup.emplace(process);
     }
     ~Child()
     {
         if (_process <= 0)
             return;
-        kill(-_process, SIGKILL); // its group
+        kill(-_process, SIGKILL); // kills its whole process group
         (void)waitForEnd();
     }
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;
 
-    // Reads to the end of the output; false when that is not to be waited for.
+    // Reads to the end of the program's output. Returns false if the operation is to stop before
+    // that.
     bool readOutput(QByteArray* output) const
     {
         constexpr int chunkSize = 4096;
@@ -152,10 +156,10 @@ public:
         return false;
     }
 
-    // The wait status.
+    // Waits until the program has ended and returns its status as waitpid() gives it.
     int waitForEnd()
     {
-        _cleanup.reset(); // from here on the number may come to be another process's
+        _cleanup.reset(); // soon the process number may belong to another process
         int status = 0;
         while (waitpid(_process, &status, 0) == -1 && errno == EINTR) { }
         _process = 0;

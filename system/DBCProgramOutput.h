@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Runs a small program in the C locale and collects what it writes to its standard output. The
-// thread's DBCStopQuestion is asked while that takes long; the program is killed when it is to
-// stop.
+// Runs a small program in the C locale and collects what it writes to its standard output. While
+// that takes long, the thread's DBCStopQuestion is called: a function that returns true if the
+// operation is to stop. If it returns true, the started program is killed.
 #pragma once
 
 #include <QByteArray>
@@ -9,10 +9,10 @@
 
 struct DBCProgramRun {
     enum class End : quint8 {
-        NotStarted, // number: an errno
-        Exited, // number: the exit status
-        Killed, // number: the signal that ended it
-        Stopped, // because the operation is to stop
+        NotStarted, // number is an errno
+        Exited, // number is the exit status
+        Killed, // number is the signal that ended the program
+        Stopped, // killed because the operation is to stop
     };
 
     End end = End::NotStarted;
@@ -20,7 +20,7 @@ struct DBCProgramRun {
     QByteArray output; // empty unless the program has exited
 };
 
-// The program has no input, and nobody reads its standard error. No signal is blocked in it, and
-// those that this program ignores have their usual effect there, but a Ctrl-C for this program does
-// not reach it. Throws std::bad_alloc; no process is left behind then, either.
+// The started program has no input, and nobody reads its standard error. Signals have their usual
+// effect on it, even if the caller blocks or ignores them, but a Ctrl-C for the caller does not
+// reach it. May throw std::bad_alloc; in that case, too, no process is left behind.
 DBCProgramRun runProgram(const QString& program, const QStringList& arguments);

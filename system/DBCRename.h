@@ -4,7 +4,8 @@
 
 #include <QString>
 
-// Gives the file or folder at path a new name, which must be free. False when something is there,
-// even if it has appeared only now, or when the system refuses. Where the system knows no such
-// rename, the name is checked first, which leaves a gap of a few instructions.
+// Gives the file or folder at path a new name, which must be free. Returns false if something
+// already has that name, even if it appeared just before the call, or if the system refuses. If the
+// system cannot rename in this way, the function first checks that the name is free; something that
+// appears just after this check may be replaced.
 bool moveToFreeName(const QString& path, const QString& name);

@@ -9,10 +9,12 @@
 
 namespace {
 
-// More than one operation has at a time. What finds no place here is left behind by a signal.
+// One operation needs fewer slots than this at a time. A signal does not clean up for an object
+// that found no free slot.
 constexpr int slotCount = 16;
 
-// A signal handler may neither lock nor allocate, so it finds complete entries here, or null.
+// A signal handler may neither lock nor allocate, so each slot holds a pointer to a complete entry,
+// or null.
 std::array<std::atomic<const void*>, slotCount> slots {};
 
 static_assert(std::atomic<const void*>::is_always_lock_free);
@@ -56,8 +58,8 @@ void DBCSignalCleanup::install()
     }
 }
 
-// Calls nothing that a signal handler must not call. The signal is blocked until this returns; then
-// it ends the program as if there were no handler.
+// This function calls only what a signal handler may call. The signal that it raises is blocked
+// until it returns, and then ends the program as if there were no handler.
 void DBCSignalCleanup::cleanUpAndEnd(int signal)
 {
     for (const auto& slot : slots) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Names what has to go away when a signal ends the program: files outside the user's folders, and
-// programs that it has started. Nothing happens to it when the object is destroyed.
+// Registers what has to be removed or ended when a signal ends this program: files outside the
+// user's folders, and programs that this program has started. Destroying the object only ends the
+// registration.
 #pragma once
 
 #include <QByteArray>
@@ -10,16 +11,18 @@
 
 class DBCSignalCleanup {
 public:
-    // These files, as far as they exist, and then the folder that holds nothing else.
+    // A signal removes those of the files that exist, and then the folder, which must hold nothing
+    // else.
     DBCSignalCleanup(const QList<QByteArray>& files, const QByteArray& folder);
-    // The group of this process, a child of the program that has not been waited for.
+    // A signal kills the group of this process, which must be a child that has not been waited for.
     explicit DBCSignalCleanup(pid_t process);
     ~DBCSignalCleanup();
     DBCSignalCleanup(const DBCSignalCleanup&) = delete;
     DBCSignalCleanup& operator=(const DBCSignalCleanup&) = delete;
 
-    // From now on SIGINT, SIGTERM and SIGHUP clean up before they end the program, as far as it is
-    // not meant to ignore them. For a start without threads.
+    // After this call, SIGINT, SIGTERM and SIGHUP clean up before they end the program. A signal
+    // that was ignored when the program started stays ignored. To be called before other threads
+    // start.
     static void install();
 
 private:
@@ -32,5 +35,5 @@ private:
     void note();
 
     const Entry _entry;
-    int _slot = -1; // none was free
+    int _slot = -1; // -1 if no slot was free
 };

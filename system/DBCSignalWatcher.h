@@ -12,14 +12,15 @@
 // onSignal is called on the thread that created the watcher, while that thread's event loop runs.
 // As long as the watcher exists, the three signals are blocked in this thread and in the threads
 // and programs that it starts: Ctrl-C in a terminal also reaches "du", and must not end it. Signals
-// that the caller of the program set to be ignored stay ignored. One watcher at a time.
+// that the caller of the program set to be ignored stay ignored. Only one watcher may exist at a
+// time.
 class DBCSignalWatcher : public QObject {
 public:
     explicit DBCSignalWatcher(std::function<void()> onSignal);
     ~DBCSignalWatcher() override;
 
-    // Blocks the signals until a watcher is created, which then receives those sent meanwhile.
-    // Called at the start of a program, before its other threads start.
+    // Blocks the signals until a watcher is created, which then receives the signals that were sent
+    // in the meantime. Called at the start of a program, before its other threads start.
     static void blockSignals();
 
 private:

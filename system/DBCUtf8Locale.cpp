@@ -10,7 +10,8 @@ namespace {
 
 constexpr const char* overrideVariable = "LC_ALL"; // comes before LC_CTYPE and LANG
 
-// The same question that the toolkit asks. A locale that is not installed counts as "C".
+// The toolkit checks the user's locale in the same way. A locale that is not installed counts as
+// "C".
 bool isUserLocaleUtf8()
 {
     std::setlocale(LC_ALL, "");
@@ -23,7 +24,7 @@ DBCUtf8Locale::DBCUtf8Locale()
 {
     if (isUserLocaleUtf8())
         return;
-    // The first question makes the toolkit read the environment and keep the answer.
+    // This first call makes the toolkit read the language from the environment and remember it.
     [[maybe_unused]] const QStringList languages = QLocale::system().uiLanguages();
     if (qEnvironmentVariableIsSet(overrideVariable))
         _userValue = qgetenv(overrideVariable);

@@ -8,10 +8,11 @@
 
 #include <optional>
 
-// While an object lives, the environment names a UTF-8 locale if the user's own is none. Afterwards
-// the environment is as before, so that programs started later get the user's locale. The language
-// of the system locale is determined first and stays the user's. To be used on the main thread
-// before other threads are started.
+// While an object of this class exists, the environment names a UTF-8 locale: if the user's own
+// locale has another encoding or is not installed, the constructor sets LC_ALL. The destructor
+// restores LC_ALL, so that programs started later get the user's locale. Before it sets LC_ALL, the
+// constructor makes the toolkit determine the user's language, so that the language does not
+// change. To be used on the main thread before other threads are started.
 class DBCUtf8Locale {
 public:
     DBCUtf8Locale();
@@ -21,7 +22,7 @@ public:
 
 private:
     bool _isReplaced = false;
-    std::optional<QByteArray> _userValue; // of LC_ALL; none: not set
+    std::optional<QByteArray> _userValue; // of LC_ALL; std::nullopt if it was not set
 };
 
 // argc and argv have to outlive the application object.

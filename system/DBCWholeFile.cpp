@@ -13,7 +13,7 @@
 
 namespace {
 
-// 0 or minus errno. Sets length to the number of bytes read.
+// Returns 0 or minus errno. Sets length to the number of bytes read.
 qint32 readFully(int descriptor, QByteArray* buffer, qsizetype* length)
 {
     for (*length = 0; *length < buffer->size();) {

@@ -12,7 +12,7 @@
 inline constexpr qint32 DBCNotReadWhole = -4960;
 
 // Opens the file for reading, without waiting for the writer of a pipe. On failure the descriptor
-// is none and errno tells the reason.
+// is invalid and errno tells the reason.
 DBCDescriptor openForReading(const QString& path);
 
 // Reads all bytes of the open file from its current position, which must be its start. Returns 0,

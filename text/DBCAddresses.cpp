@@ -7,7 +7,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Line breaks in the street are part of it. A street of nothing but line breaks is empty.
+// The street is the rest of the text, including its line breaks. If the rest consists only of line
+// breaks, the street is empty.
 QString streetFrom(QStringView rest)
 {
     const QStringView street = trimmedWhere(rest, isWhiteSpace);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Composes the one text of an address from state, city and street, and separates it again. The text
-// has up to three lines, separated by LF: state, city, street. The street is always on the third
-// line.
+// Composes the text of an address from state, city and street, and separates such a text again. The
+// text has up to three lines, separated by LF: state, city, street. The street is always on the
+// third line, even if the city is empty.
 #pragma once
 
 #include <QString>
@@ -16,15 +16,17 @@ struct DBCAddressParts {
 
 namespace DBCAddresses {
 
-// All parts are none when text is none. The program never separates an address; the function is
-// kept on purpose as an interface.
+// All parts of the result are std::nullopt when text is std::nullopt. Nothing in the program calls
+// this function; it is kept on purpose as an interface.
 DBCAddressParts separateAddress(const std::optional<QString>& text);
 
-// None when all three parts are empty. A missing part is passed as "".
+// Returns std::nullopt when all three parts are empty. The caller passes an empty text for a
+// missing part.
 std::optional<QString> composeAddressWithStreet(
     const QString& street, const QString& city, const QString& state);
 
-// The same; but if all three parts are empty and address is not, address becomes the street line.
+// Does the same, except that address becomes the street line if address is not empty but the three
+// parts are.
 std::optional<QString> composeAddressWithDefaultAddress(
     const QString& address, const QString& street, const QString& city, const QString& state);
 

@@ -1,20 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The sets of characters that end lines and that are trimmed from texts of cards. Qt's trimmed()
-// and isSpace() use other sets, so they must not be used for texts of cards.
+// The sets of characters that end lines, and of those that are trimmed from the texts of cards.
+// Qt's trimmed() and isSpace() use other sets and must not be used for the texts of cards.
 #pragma once
 
 #include <QStringView>
 
-// U+000D, U+2028, U+000A, U+2029, U+0085.
+// Returns U+000D, U+2028, U+000A, U+2029 and U+0085.
 QStringView newLineCharacters();
-// U+0009, U+0020, U+3000, U+000A, U+000D, U+0085, U+2028; not U+2029.
+// Returns U+0009, U+0020, U+3000, U+000A, U+000D, U+0085 and U+2028. U+2029 does not belong to this
+// set.
 QStringView blankAndNewLineCharacters();
 
-// True for a tab and for every Unicode space separator, including U+00A0 and U+3000, but not for
-// line ends.
+// Returns true for a tab and for every Unicode space separator, including U+00A0 and U+3000, but
+// not for line ends.
 bool isWhiteSpace(QChar character);
 
-// Returns text without the characters at both ends for which unwanted(QChar) is true.
+// Removes characters from both ends of the text as long as unwanted(QChar) is true for them.
 template <typename Predicate> QStringView trimmedWhere(QStringView text, Predicate unwanted)
 {
     while (!text.isEmpty() && unwanted(text.front()))
@@ -24,8 +25,8 @@ template <typename Predicate> QStringView trimmedWhere(QStringView text, Predica
     return text;
 }
 
-// True when the text is empty or consists of blankAndNewLineCharacters() only.
+// Returns true when the text is empty or consists of blankAndNewLineCharacters() only.
 bool isBlank(QStringView text);
 
-// Returns text without the characters of set at both ends.
+// Removes the characters of set from both ends of the text.
 QStringView trimmedBy(QStringView text, QStringView set);

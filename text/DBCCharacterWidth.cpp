@@ -20,8 +20,8 @@ enum MarkKind : qint32 { Voiced = 1, SemiVoiced = 2 };
 constexpr qint32 converted = 0;
 constexpr qint32 notConverted = 1;
 
-// The corner brackets become white corner brackets and the sound marks become spacing ones, as in
-// all cards stored before.
+// The corner brackets become white corner brackets, and the sound marks become spacing sound marks,
+// because the cards in existing databases were converted in this way.
 constexpr std::array<char16_t, lastHalfWidth - firstHalfWidth + 1> fullWidth {
     u'\u3002', u'\u300E', u'\u300F', u'\u3001', u'\u30FB', // 。『』、・
     u'ヲ', u'ァ', u'ィ', u'ゥ', u'ェ', u'ォ', u'ャ', u'ュ', u'ョ', u'ッ', u'ー', //
@@ -33,7 +33,8 @@ constexpr std::array<char16_t, lastHalfWidth - firstHalfWidth + 1> fullWidth {
     u'\u309B', u'\u309C' // ゛゜
 };
 
-// The character that a kana becomes with a voiced sound mark behind it; 0 when they do not combine.
+// The character that replaces a kana and the voiced sound mark behind it. 0 means that the two do
+// not combine.
 constexpr char16_t firstVoiced = 0xFF76;
 constexpr std::array<char16_t, 25> voiced {
     u'ガ', u'ギ', u'グ', u'ゲ', u'ゴ', //

@@ -25,7 +25,8 @@ bool isControl(QChar character)
 
 QString escapedControls(const QString& text)
 {
-    // Hardly any text contains such a character, so the copy is avoided for all others.
+    // Hardly any text contains a control character. All other texts are returned without building a
+    // copy.
     if (std::none_of(text.begin(), text.end(), isControl))
         return text;
     QString escaped;

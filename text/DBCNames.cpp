@@ -11,8 +11,8 @@ namespace {
 
 constexpr char16_t ideographicSpace = u'\u3000';
 
-// Whether the middle part is cut out from the space behind the first part on, or from the character
-// behind that space. Trimming removes the space in both cases.
+// Says where the middle part of a name begins: at the space behind the first part, or at the
+// character behind this space. In both cases the middle part is trimmed.
 enum class MiddleBegins : quint8 { AtSpace, BehindSpace };
 
 bool isWhiteSpaceOrNewLine(QChar character)
@@ -27,8 +27,10 @@ QString trimmed(QStringView text)
     return trimmedWhere(text, isWhiteSpaceOrNewLine).toString();
 }
 
-// A name split into words, together with the name as written, from which the other parts are cut.
-// The written name has as many UTF-16 units as the words joined by single spaces.
+// A trimmed name. parts holds its words. keep holds the whole name with its spaces as written;
+// parts of several words are cut from keep, so that ideographic spaces between the words stay.
+// Since each word is followed by exactly one space, positions in keep follow from the lengths of
+// the words.
 struct Words {
     QStringList parts;
     QString keep;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Splits the full name of a card and its reading into family name, first name and middle name.
+// Splits the full name on a card, and the reading of this name, into family name, first name and
+// middle name.
 #pragma once
 
 #include <QString>
@@ -8,8 +9,8 @@
 
 enum class DBCLanguage : quint32 { Japanese = 0x10001, Other = 0x10002 };
 
-// A part is none when the rules do not set it; that differs from an empty part, which is stored. No
-// rule sets a prefix or a suffix.
+// A part is std::nullopt when the rules do not set it, and is then not stored; an empty part is
+// stored. No rule sets a prefix or a suffix.
 struct DBCNameParts {
     std::optional<QString> first;
     std::optional<QString> middle;
@@ -20,10 +21,11 @@ struct DBCNameParts {
 
 namespace DBCNames {
 
-// Japanese when the text has a UTF-16 unit above U+3000, so the ideographic space does not count.
+// Returns Japanese when the text has a UTF-16 unit above U+3000. The ideographic space, U+3000
+// itself, does not make a text Japanese.
 DBCLanguage judgeLanguage(QStringView text);
 
-// Both return no parts when text is none.
+// Both functions return a result without parts when text is std::nullopt.
 DBCNameParts separateName(const std::optional<QString>& text);
 DBCNameParts separateNameYomi(const std::optional<QString>& text);
 

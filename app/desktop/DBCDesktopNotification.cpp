@@ -19,12 +19,14 @@ constexpr int untilTheServerThinksFit = -1;
 QDBusMessage call(const char* method)
 {
     QDBusMessage message = sessionCall(service, path, service, method);
-    // Several desktops start their notification service only for the first notification.
+    // The bus may start the service, because several desktops start their notification service only
+    // for the first notification.
     message.setAutoStartService(true);
     return message;
 }
 
-// May be called again: a slot that is already connected is not connected twice.
+// Connects the slot to the signal of the notification service. Calls after the first change
+// nothing, because the bus connection does not connect the same slot twice.
 void listen(QDBusConnection& bus, const char* signal, QObject* receiver, const char* slot)
 {
     bus.connect(QString::fromLatin1(service), QString::fromLatin1(path),

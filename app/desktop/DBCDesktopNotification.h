@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Shows a notification on the desktop for a user who is working in another window. Without a
-// desktop that shows notifications nothing happens. The window never waits for the desktop.
+// Shows a notification on the desktop for a user who is working in another window. Does nothing if
+// the desktop cannot show notifications. The window never waits for the desktop.
 #pragma once
 
 #include <QObject>
@@ -11,7 +11,7 @@ class DBCDesktopNotification : public QObject {
     Q_OBJECT
 public:
     // onActivated is called when the user clicks the notification. activationToken is the desktop's
-    // permission to take the focus; empty if the desktop gives none.
+    // permission to take the focus; the token is empty if the desktop gives none.
     explicit DBCDesktopNotification(
         std::function<void(const QByteArray& activationToken)> onActivated);
 
@@ -26,6 +26,6 @@ private:
     void send(const QString& title, const QString& text);
 
     std::function<void(const QByteArray& activationToken)> _onActivated;
-    uint _number = 0; // of the notification that is shown; 0: none
-    QByteArray _activationToken; // the desktop sends it before the click it belongs to
+    uint _number = 0; // of the shown notification; 0 if none is shown
+    QByteArray _activationToken; // sent by the desktop just before the click
 };

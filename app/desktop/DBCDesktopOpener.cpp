@@ -11,11 +11,12 @@
 
 namespace {
 
-// An opener that ran longer has shown the file itself, so its exit code does not matter.
+// If an opener ran longer than this, the opener was itself the program that showed the file, so its
+// exit code does not matter.
 constexpr qint64 millisecondsToRefuse = 5000;
 
-// Runs in the opener's process. It stays open when this program or its terminal ends, and it does
-// not inherit the blocked signals of this program.
+// Called in the new process just before it runs the opener. Afterwards the opener survives the end
+// of this program and of its terminal, and no signal is blocked in the opener.
 void becomeIndependent()
 {
     setsid();
@@ -29,8 +30,9 @@ void becomeIndependent()
 void openOnDesktop(
     const QString& path, const QObject* context, const std::function<void()>& onRefusal)
 {
-    // Only the exit code of the opener says that no program opens such files. The process object
-    // has no owner, because closing a window must not end the opener.
+    // The opener is a child process, because only its exit code tells whether the desktop has a
+    // program for the file. The process object has no owner, because a window that owned it would
+    // end the opener when the window is closed.
     auto* const opener = new QProcess;
     QObject::connect(opener, &QProcess::errorOccurred, context, [=](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)

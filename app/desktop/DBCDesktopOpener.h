@@ -8,7 +8,8 @@
 
 class QObject;
 
-// path has to name an existing file. Returns at once. onRefusal is called later on this thread if
-// the desktop has no program for the file, unless context is destroyed first.
+// path has to name an existing file. The function returns at once. If the desktop has no program
+// for the file, onRefusal is called later on the same thread, unless context has been destroyed by
+// then.
 void openOnDesktop(
     const QString& path, const QObject* context, const std::function<void()>& onRefusal);

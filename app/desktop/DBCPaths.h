@@ -8,15 +8,16 @@
 
 namespace DBCPaths {
 
-// Returns a typed path in the form in which the operation gets it: a leading "~" is replaced by the
-// home folder, and surrounding blanks, which often come with a pasted path, are removed unless a
-// file or folder of exactly that name exists.
+// Returns a typed path in the form that the operation needs. A leading "~" becomes the home folder.
+// Blanks around the path, which often come with a pasted path, are removed if a file or folder
+// exists only at the path without them.
 QString usable(const QString& typedPath);
 
-// Whether the path is a folder whose name is that of a card database.
+// Returns whether the path names a folder with the file extension of a card database.
 bool isPackage(const QString& path);
 
-// The data path of the last operation of this type that was started; empty: none.
+// Returns the data path of the last operation of this type. Returns an empty text if the user has
+// never started such an operation.
 QString lastDataPath(OperationType type);
 void rememberDataPath(OperationType type, const QString& path);
 

@@ -7,9 +7,10 @@
 
 #include <optional>
 
-// The connection to the session's bus; none if the session has no bus. Never starts a bus.
+// Returns the connection to the session's bus, or std::nullopt if the session has no bus. Never
+// starts a bus.
 std::optional<QDBusConnection> sessionBus();
 
-// Creates a method call that does not start the service if it is not running.
+// Creates a method call. If the service is not running, the bus does not start it for this call.
 QDBusMessage sessionCall(
     const char* service, const char* path, const char* interface, const char* method);

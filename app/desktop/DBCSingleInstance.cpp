@@ -18,7 +18,8 @@ constexpr int millisecondsBetweenTries = 50;
 constexpr const char* acknowledgement = "coming\n";
 constexpr qint64 longestToken = 4096; // bytes; the tokens of real desktops are much shorter
 
-// Two sessions of one user have different screens, and each of them may have its own window.
+// The name contains a hash of the screens, because two sessions of one user have different screens,
+// and each session may have its own copy of the program.
 QString sessionName()
 {
     const QByteArray screens = qgetenv("WAYLAND_DISPLAY") + '|' + qgetenv("DISPLAY");
@@ -35,7 +36,8 @@ DBCSingleInstance::DBCSingleInstance(const QString& folder)
     , _socket(folder + u'/' + sessionName())
     , _lock(_socket + u".lock"_s)
 {
-    // A stale lock is recognised by its process, which no longer exists, and not by its age.
+    // With a time of 0, a lock never becomes stale by its age, only when its process no longer
+    // exists. The first copy may run for days.
     _lock.setStaleLockTime(0);
     connect(&_server, &QLocalServer::newConnection, this, &DBCSingleInstance::answerSecondCopies);
 }
@@ -62,7 +64,8 @@ DBCSingleInstance::Role DBCSingleInstance::claim(const QByteArray& activationTok
     return Role::First;
 }
 
-// A copy that cannot listen is still the first one; later copies get no answer from it.
+// If listening fails, this copy stays the first one, but a later copy gets no answer and therefore
+// has the role Undetermined.
 void DBCSingleInstance::listen()
 {
     // With this option the server creates the socket under another name and then renames it, which

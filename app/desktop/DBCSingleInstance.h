@@ -13,24 +13,25 @@ class DBCSingleInstance : public QObject {
     Q_OBJECT
 public:
     enum class Role : quint8 {
-        First, // no other copy runs; the object keeps this role until it is destroyed
-        Second, // the first copy has been asked to come to the front and has answered
-        Undetermined, // another copy does not answer, or it is not known whether one runs
+        First, // no other copy runs; this one stays the first until the object is destroyed
+        Second, // the first copy has confirmed that it comes to the front
+        Undetermined, // another copy does not answer, or the lock cannot be used
     };
 
-    // folder holds the lock and the socket of the first copy; only its user may enter it. Empty: no
-    // such folder was found.
+    // folder is for the lock and the socket of the first copy; nobody but the user may enter this
+    // folder. If folder is empty, the role is always Undetermined.
     explicit DBCSingleInstance(const QString& folder = meetingFolder());
 
-    // Waits some seconds for a first copy that is just starting, ending or busy. activationToken is
-    // the desktop's permission to take the focus; a second copy hands it to the first one.
+    // Finds out the role of this copy. If the first copy is just starting, ending or busy, waits
+    // some seconds for it. activationToken is the desktop's permission to take the focus, which a
+    // second copy hands to the first one.
     Role claim(const QByteArray& activationToken);
 
-    // The user's runtime folder.
+    // Returns the user's runtime folder, or an empty text if there is none.
     static QString meetingFolder();
 
 Q_SIGNALS:
-    // Emitted in the first copy when a second one has been started.
+    // Emitted in the first copy when the user has started a second one.
     void raiseRequested(const QByteArray& activationToken);
 
 private:

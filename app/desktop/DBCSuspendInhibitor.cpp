@@ -12,7 +12,7 @@
 namespace {
 
 // Desktops have different services for keeping the computer awake. Each service answers a request
-// with a number that is needed to take the request back.
+// with a number, which the program needs later to take the request back.
 struct Service {
     const char* name;
     const char* path;

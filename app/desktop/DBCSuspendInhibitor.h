@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Asks the desktop to keep the computer awake. Nothing happens on a desktop without such a service.
-// The window never waits for the desktop's answer.
+// Tells the desktop to keep the computer awake. Has no effect on a desktop without a service for
+// this purpose. The window never waits for the desktop's answer.
 #pragma once
 
 #include <QObject>
@@ -16,7 +16,7 @@ public:
     void release();
 
 private:
-    quint64 _holding = 0; // number of the current hold; 0: none
-    quint64 _holds = 0;
-    QList<std::function<void()>> _releases; // one for each service that has granted the request
+    quint64 _holding = 0; // number of the current hold; 0 while there is none
+    quint64 _holds = 0; // number of all holds so far
+    QList<std::function<void()>> _releases; // take back the granted requests
 };

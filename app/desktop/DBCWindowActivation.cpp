@@ -19,7 +19,7 @@ template <typename Reply> auto owned(Reply* reply)
     return std::unique_ptr<Reply, decltype(&std::free)>(reply, &std::free);
 }
 
-// Sends messages from one of our windows to the window manager and to the desktop.
+// Sends messages in the name of one window of this program to the window manager and the desktop.
 class DesktopTalk {
 public:
     DesktopTalk(xcb_connection_t* connection, xcb_window_t window)
@@ -63,8 +63,9 @@ void DesktopTalk::send(const xcb_client_message_event_t& message, uint32_t recei
     xcb_send_event(_connection, 0, _root, receivers, reinterpret_cast<const char*>(&message));
 }
 
-// QWidget::activateWindow() sends a request in the name of the program. Window managers refuse it
-// unless the program was the last one used, so this request is sent in the name of the user.
+// Sends the request for the focus in the name of the user. QWidget::activateWindow() would send the
+// request in the name of the program, and window managers refuse such a request unless the user
+// used this program last.
 void DesktopTalk::activateForUser() const
 {
     constexpr uint32_t askedByUser = 2;
@@ -74,8 +75,9 @@ void DesktopTalk::activateForUser() const
     send(request, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT);
 }
 
-// The desktop shows a busy pointer until the started program opens a window. A second start opens
-// none, so this message ends the busy pointer. The text is sent in pieces and ends with a zero.
+// Ends the busy pointer, which the desktop shows until a started program opens a window. A second
+// copy of this program opens no window, so the first copy sends this message. The text of the
+// message is sent in pieces and ends with a zero.
 void DesktopTalk::endStartFeedback(const QByteArray& startId) const
 {
     const QByteArray text = "remove: ID=" + startId + '\0';
@@ -110,7 +112,7 @@ void bringToFront(QWidget& window, const QByteArray& activationToken)
             talk.endStartFeedback(activationToken);
         return;
     }
-    // The toolkit takes the token from this variable.
+    // activateWindow() takes the token from this environment variable.
     if (!activationToken.isEmpty())
         qputenv(activationTokenVariable, activationToken);
     window.activateWindow();

@@ -6,11 +6,13 @@
 
 class QWidget;
 
-// The desktop's permission to take the focus after this start; empty: none. Call it before the
-// application object is created, because that removes the token from the environment.
+// Returns the token with which the desktop permits the started program to take the focus. Returns
+// an empty text if the desktop gave no token. Call this function before you create the application
+// object, because the application object removes the token from the environment.
 QByteArray activationTokenOfStart();
 
 // Shows the window, even if minimised, in front of all others and gives it the focus. Call it when
-// the user has asked for the window elsewhere on the desktop. activationToken is the desktop's
-// permission to take the focus; empty: none.
+// the user has asked for the window elsewhere on the desktop, for example by clicking a
+// notification. activationToken is the desktop's permission to take the focus; it is empty if there
+// is none.
 void bringToFront(QWidget& window, const QByteArray& activationToken);

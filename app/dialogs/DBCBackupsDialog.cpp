@@ -116,7 +116,7 @@ void DBCBackupsDialog::showList(const QString& package, const DBCBackupList& lis
     (list.backups.empty() ? static_cast<QWidget*>(_ui->summary) : _ui->table)->setFocus();
 }
 
-// Selects the backup of this name, or the first one if there is none.
+// Selects the backup of this name, or the first backup if none has this name.
 void DBCBackupsDialog::select(const QString& name)
 {
     const QModelIndex first = _sorted->index(0, DBCBackupModel::Name);
@@ -147,7 +147,7 @@ void DBCBackupsDialog::start(Change change)
     });
 }
 
-// Runs on the thread of the pool.
+// Carries the change out. Called on the thread of the pool.
 Result DBCBackupsDialog::carryOut(Change change, const QString& package, const QString& name)
 {
     if (change == Change::Delete)
@@ -196,7 +196,7 @@ void DBCBackupsDialog::showOutcome(Change change, const QString& name, const Res
     }
 }
 
-// Shows why the selected backup cannot be restored, if it is damaged.
+// If the selected backup is damaged, shows why it cannot be restored.
 void DBCBackupsDialog::showSelected()
 {
     if (_isListing)

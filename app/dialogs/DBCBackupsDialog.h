@@ -28,20 +28,20 @@ public:
     // on a separate thread. Returns at once.
     void showBackupsOf(const QString& package);
 
-    // Fills the table; called when the backups have been found.
+    // Fills the table. Called when the separate thread has found the backups.
     void showList(const QString& package, const DBCBackupList& list);
 
-    // Whether a backup is being restored or deleted; the dialog cannot be closed meanwhile.
+    // Returns whether a backup is being restored or deleted. The user cannot close the dialog then.
     bool isChanging() const { return _isChanging; }
-    // Waits until a running change has ended. It needs no event loop, but somebody must answer the
-    // questions of the change.
+    // Waits until a running change has ended. The function needs no event loop, but the change may
+    // ask questions, so the presenter of DBCMessage must answer them without this thread.
     void waitUntilChanged();
 
     void done(int result) override;
 
 Q_SIGNALS:
     void changeWillBegin();
-    // isRestored: the package has been replaced by a backup.
+    // isRestored is true if a backup has replaced the package.
     void changeDidEnd(bool isRestored);
 
 private:
@@ -67,7 +67,7 @@ private:
     QString _package;
     bool _isChanging = false;
     bool _isListing = false;
-    bool _isOutcomeShown = false; // result of a change, until the user selects another backup
+    bool _isOutcomeShown = false; // result of a change, until another backup is selected
     quint64 _look = 0; // number of the newest listing; results of older ones are dropped
     QThreadPool _pool; // the last member: its destructor waits for a running task
 };

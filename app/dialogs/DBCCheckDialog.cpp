@@ -34,14 +34,14 @@ int heightOfLines(const QWidget& widget, int lines)
     return widget.fontMetrics().lineSpacing() * lines;
 }
 
-// The user's documents folder, or the home folder if there is none.
+// Returns the user's documents folder, or the home folder if there is no documents folder.
 QString placeToSave()
 {
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     return QFileInfo(documents).isDir() ? documents : QDir::homePath();
 }
 
-// Adds the byte order mark by which spreadsheet programs recognise UTF-8.
+// Returns the text in UTF-8 with the byte order mark by which spreadsheet programs recognise UTF-8.
 QByteArray markedUtf8(const QString& text)
 {
     return QByteArrayLiteral("\xEF\xBB\xBF") + text.toUtf8();
@@ -144,8 +144,9 @@ void DBCCheckDialog::giveUp()
     _isStopWanted.reset();
 }
 
-// Shows the progress at most once per millisecondsBetweenSteps, because lines are checked faster
-// than the screen can be repainted.
+// Returns the function to which the check reports its progress. The function updates the screen at
+// most once per millisecondsBetweenSteps, because the check reads lines faster than the screen can
+// be repainted.
 DBCFolderInspector::Progress DBCCheckDialog::progressFor(const StopFlag& isStopWanted)
 {
     return [this, isStopWanted, shown = QElapsedTimer()](qint64 finished, qint64 max) mutable {
@@ -276,7 +277,7 @@ void DBCCheckDialog::save(const QString& path)
 {
     const QByteArray bytes = markedUtf8(DBCProblemModel::tabSeparated(*_sorted));
     QSaveFile file(path);
-    // A full disk is reported only when the buffer is flushed.
+    // write() only fills a buffer, so an error such as a full disk appears only at flush().
     const bool isSaved = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()
         && file.flush() && file.commit();
     if (isSaved)

@@ -24,12 +24,12 @@ public:
     explicit DBCCheckDialog(QWidget* parent);
     ~DBCCheckDialog() override;
 
-    // Shows the dialog and checks the folder on a separate thread. Returns at once. A check that is
-    // still running is abandoned; closing the dialog does the same.
+    // Shows the dialog and checks the folder on a separate thread. Returns at once. If a check is
+    // still running, the dialog abandons it, also when the user closes the dialog.
     void check(const QString& folder);
     bool isChecking() const { return _isStopWanted != nullptr; }
 
-    // Shows the result of a check; called when the check has ended.
+    // Shows the result of a check. Called when the check has ended.
     void showReport(const QString& folder, const DBCFolderReport& report);
 
     void done(int result) override;
@@ -58,6 +58,6 @@ private:
     DBCProblemModel* _problems; // owned by the dialog
     QSortFilterProxyModel* _sorted; // owned by the dialog
     QString _folder;
-    StopFlag _isStopWanted; // of the running check; null: none is running
+    StopFlag _isStopWanted; // belongs to the running check; null if none is running
     QThreadPool _pool; // the last member: its destructor waits for abandoned checks
 };

@@ -10,7 +10,7 @@
 
 namespace {
 
-// Shows packages with the icon of a document.
+// Gives packages the icon of a document, because the user sees a package as one item.
 class PackageIcons : public QFileIconProvider {
 public:
     QIcon icon(const QFileInfo& info) const override
@@ -65,8 +65,8 @@ void DBCPackagePanel::accept()
         setDirectory(path);
 }
 
-// The toolkit has already entered the folder after a double click. For a package the panel goes
-// back and chooses it.
+// Called after a double click on a folder, when the toolkit has already entered it. If the folder
+// is a package, the panel goes back to the parent folder and chooses the package.
 void DBCPackagePanel::stayOutsidePackages(const QString& entered)
 {
     if (!DBCPaths::isPackage(entered))

@@ -4,6 +4,6 @@
 
 class QWidget;
 
-// Replaces every text of root and of the widgets and actions below it that is a key ("IDS_...") by
-// the text of that key: labels, tool tips and the texts for a screen reader.
+// Replaces the keys ("IDS_...") in root and in all widgets and actions below root by their texts:
+// in labels, tool tips and the texts for a screen reader.
 void localizeWidgets(QWidget& root);

@@ -109,7 +109,8 @@ void DBCLogViewer::makeKeys()
     });
 }
 
-// Scrolls to the end here, because the height of the lines is not known before the dialog is shown.
+// Scrolls to the end of the text. The constructor cannot do this, because the height of the lines
+// is not known before the dialog is shown.
 void DBCLogViewer::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
@@ -121,8 +122,8 @@ void DBCLogViewer::showEvent(QShowEvent* event)
 
 bool DBCLogViewer::readOn()
 {
-    // The file is opened anew each time, because it may have been replaced. Only a regular file is
-    // opened, because opening a pipe would block.
+    // Each call opens the file anew, because another file may have replaced it. Only a regular file
+    // is opened, because the program would hang if it opened a pipe.
     QFile file(_path);
     if (!QFileInfo(_path).isFile() || !file.open(QIODevice::ReadOnly))
         return false;
@@ -155,7 +156,8 @@ void DBCLogViewer::append(const QByteArray& bytes)
         return;
     QScrollBar& bar = *_text->verticalScrollBar();
     const bool isAtEnd = bar.value() == bar.maximum();
-    // A selection that reaches the end would otherwise grow with the appended text.
+    // The selection is set again afterwards, because a selection that reaches the end of the text
+    // would grow with the appended text.
     QTextCursor selection = _text->textCursor();
     const int anchor = selection.anchor();
     const int position = selection.position();
@@ -171,7 +173,7 @@ void DBCLogViewer::append(const QByteArray& bytes)
         bar.setValue(bar.maximum());
 }
 
-// Continues at the top after the last match.
+// Selects the next match. After the last match the search begins again at the top.
 void DBCLogViewer::findNext()
 {
     const QString wanted = _wanted->text();

@@ -13,8 +13,8 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 
-// path has to name an existing file. Returns at once. onFailure is called later if neither the
-// desktop nor the viewer could show the file.
+// path has to name an existing file. The function returns at once. onFailure is called later if
+// neither the desktop nor the viewer could show the file.
 void showLogFile(const QString& path, QWidget* parent, const std::function<void()>& onFailure);
 
 class DBCLogViewer : public QDialog {
@@ -24,7 +24,7 @@ public:
     // emptied or replaced, the viewer starts again with the new contents.
     DBCLogViewer(const QString& path, QWidget* parent);
 
-    // Whether the file could be read when the viewer was made.
+    // Returns whether the viewer could read the file when it was created.
     bool isReadable() const { return _isReadable; }
 
     static constexpr qint64 tailLength = 0x200000; // bytes
@@ -41,7 +41,7 @@ private:
     void findNext();
 
     QString _path;
-    qint64 _position = -1; // of the next byte to read; -1: nothing has been read yet
+    qint64 _position = -1; // of the next byte to read; -1 before the first reading
     QStringDecoder _decoder;
     bool _isReadable = false;
     QTimer _readTimer;

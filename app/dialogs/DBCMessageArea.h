@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Shows the result text of an operation. The part that needs attention comes first and in a red
-// that is readable on light and dark windows. A screen reader gets everything as one plain text.
+// Shows the result text of an operation. The part that needs the user's attention comes first, in a
+// red that is readable on light and dark windows. A screen reader gets both parts as one plain
+// text.
 #pragma once
 
 #include <QLabel>
@@ -14,11 +15,11 @@ public:
     void showTexts(const QString& text);
     // Shows attention in red, and text below it.
     void showAttention(const QString& attention, const QString& text = {});
-    // Appends to the part that is not red.
+    // Appends text to the part that is not red.
     void appendText(const QString& text) { showAttention(_attention, _text + text); }
     bool hasText() const { return !_text.isEmpty(); }
 
-    // A red with a contrast of at least 4.5 to 1 against the window colour of the palette.
+    // Returns a red with a contrast of at least 4.5 to 1 against the window colour of the palette.
     static QColor attentionColor(const QPalette& palette);
 
 protected:

@@ -12,9 +12,9 @@ public:
     enum Column : quint8 { Line, File, Problem };
     static constexpr int columns = 3;
     static constexpr int sortRole
-        = Qt::UserRole; // line numbers as numbers; problems without one come first
-    // Texts with complete paths (the displayed texts leave out the path of the folder) and numbers
-    // as plain digits.
+        = Qt::UserRole; // line numbers as numbers; problems without a line come first
+    // The role for texts that leave the program. They contain complete paths, while the displayed
+    // texts leave out the path of the folder, and numbers as plain digits.
     static constexpr int wholeRole = Qt::UserRole + 1;
 
     using QAbstractTableModel::QAbstractTableModel;
@@ -27,14 +27,14 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-    // The given rows of this model, or of a model that sorts it, in the form in which a spreadsheet
-    // program pastes them: tabs between the columns and a line feed after each row.
+    // Returns the given rows of this model, or of a model that sorts it, in the form in which a
+    // spreadsheet program pastes them: tabs between the columns and a line feed after each row.
     static QString tabSeparated(const QAbstractItemModel& model, const QList<int>& rows);
-    // The headings and all rows in the same form.
+    // Returns the headings and all rows in the same form.
     static QString tabSeparated(const QAbstractItemModel& model);
 
 private:
-    // The texts are kept, because sorting asks for each cell many times.
+    // Each row keeps its texts, because sorting reads each cell many times.
     struct Row {
         std::optional<qint64> lineNo;
         QString file;

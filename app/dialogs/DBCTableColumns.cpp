@@ -16,7 +16,7 @@ void fitColumns(QTableView& table)
 {
     QHeaderView& header = *table.horizontalHeader();
     header.setResizeContentsPrecision(
-        0); // only visible rows count, because there may be many others
+        0); // only visible rows count, because measuring all could take long
     table.resizeColumnsToContents();
     for (int column = 0; column + 1 < header.count(); ++column)
         table.setColumnWidth(column, table.columnWidth(column) + airBetweenColumns);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Headings and column widths that all tables have in common.
+// Sets the column widths and makes the headings of all tables in the same way.
 #pragma once
 
 #include <QVariant>
@@ -9,5 +9,6 @@ class QTableView;
 // Fits the widths to the headings and to the visible rows. The last column keeps its width.
 void fitColumns(QTableView& table);
 
-// The data that a model returns for a heading: the text of the key, aligned like its column.
+// Returns what a model has to return as the data of a heading for this role: the text of the key,
+// or the alignment of its column.
 QVariant headingOf(const char* titleKey, Qt::Alignment alignment, int role);

@@ -7,20 +7,22 @@
 
 #include <optional>
 
-// An attribute without a value was NULL in the store if the card was fetched. In a new card it gets
-// the default of the store's table, or 0 for a number without one.
+// In a fetched card, an attribute has no value where the store held NULL or a date that cannot be
+// used. In a new card, an attribute without a value is stored as the default of the store's table,
+// or as 0 if it is a number and the table has no default for it.
 class Card {
 public:
-    Card() = default; // has no identity, as fetched cards
+    Card() = default; // for fetched cards, which have no identity
     explicit Card(const QString& identityURI)
         : _identityURI(identityURI)
     {
     }
 
-    // The text of the URI that identifies a new card in its context; none for a fetched card.
+    // The text of the URI that identifies a new card in its context; std::nullopt for a fetched
+    // card.
     const std::optional<QString>& identityURI() const { return _identityURI; }
 
-    // Null when the attribute has no value; valid until the card changes.
+    // Returns null when the attribute has no value. The pointer is valid until the card changes.
     const DBCValue* value(DBCRecordKey key) const { return _values.value(key); }
     QString textOrEmpty(DBCRecordKey key) const { return _values.textOrEmpty(key); }
     void setValue(DBCRecordKey key, DBCValue value) { _values.setValue(key, std::move(value)); }

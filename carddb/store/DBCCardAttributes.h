@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The table of a stored card's attributes. The store's columns, the SQL statements and the exported
-// record are derived from it.
+// The table of a stored card's attributes. Other code derives the store's columns, the SQL
+// statements and the exported record from it.
 #pragma once
 
 #include "datafile/records/DBCRecord.h"
@@ -18,8 +18,9 @@ struct DBCCardAttribute {
     DBCAttributeKind kind;
 };
 
-// In the order of DBCRecordKey, so that values can be appended to a record in key order. A store
-// needs a column for each of these attributes; further columns are allowed and ignored.
+// The rows are in the order of DBCRecordKey, so that values can be appended to a record in key
+// order. A store needs a column for each of these attributes. It may have further columns, which
+// are ignored.
 inline constexpr std::array<DBCCardAttribute, 68> DBCCardAttributes {{
     {DBCRecordKey::face_Image_File, DBCAttributeKind::Text},
     {DBCRecordKey::back_Image_File, DBCAttributeKind::Text},
@@ -96,6 +97,6 @@ static_assert(std::is_sorted(DBCCardAttributes.begin(), DBCCardAttributes.end(),
         return left.key < right.key;
     }));
 
-// The name of the attribute's column: "Z" and the key's name in capitals, such as ZFULL_NAME_KANA
-// for full_Name_Kana.
+// Returns the name of the attribute's column: "Z" and the key's name in capitals, such as
+// ZFULL_NAME_KANA for full_Name_Kana.
 std::string cardColumnName(DBCRecordKey key);

@@ -17,7 +17,8 @@ constexpr qint64 microsecondsPerMillisecond = 1000;
 constexpr double microsecondsPerSecond = 1e6;
 constexpr double millisecondsPerSecond = 1e3;
 
-// 2001-01-01 00:00:00 UTC in milliseconds since 1970; the store counts seconds from this moment.
+// The moment from which the store counts seconds: 2001-01-01 00:00:00 UTC in milliseconds since
+// 1970.
 constexpr qint64 referenceDateMs = 978'307'200'000;
 
 qint64 microsecondsSinceEpoch(const QDateTime& date)
@@ -39,14 +40,15 @@ double toStoredDate(DBCRecordKey key, const QDateTime& date, DBCRisingDates& acc
 
 std::optional<DBCValue> fromStoredDate(double seconds)
 {
-    constexpr double farthest = 1e12; // some 30,000 years
+    constexpr double farthest = 1e12; // about 30,000 years, in seconds
     if (!(std::abs(seconds) < farthest))
         return std::nullopt;
     return QDateTime::fromMSecsSinceEpoch(
         referenceDateMs + std::llround(seconds * millisecondsPerSecond));
 }
 
-// In UTF-8, in whichever encoding the store keeps it; valid until the row is left.
+// Returns the text in UTF-8, whichever encoding the store uses. It is valid until the statement
+// goes to the next row.
 std::string_view textOf(const SQLite::Column& column)
 {
     const char* bytes = column.getText();
@@ -55,11 +57,11 @@ std::string_view textOf(const SQLite::Column& column)
 
 DBCValue storedText(const SQLite::Column& column)
 {
-    // A leading U+FEFF is kept as part of the text: in the store it is no byte order mark.
+    // A leading U+FEFF stays part of the text, because in a store it is no byte order mark.
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
     const std::string_view bytes = textOf(column);
     QString text = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
-    text.squeeze(); // decoding reserves three times what a Japanese text takes
+    text.squeeze(); // Decoding reserves three times what a Japanese text takes.
     return text;
 }
 
@@ -105,7 +107,7 @@ void DBCCardRowBinder::bind(const Card& card)
 
 void DBCCardRowBinder::bindValue(int parameter, DBCRecordKey key, const DBCValue& value)
 {
-    // A null QString is a value like any other and is stored as "", not as NULL.
+    // Store a null QString as "", not as NULL, because it is a value like any other.
     if (const QString* text = std::get_if<QString>(&value))
         _insert.bind(parameter, text->toStdString());
     else if (const qint64* number = std::get_if<qint64>(&value))

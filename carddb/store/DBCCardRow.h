@@ -9,13 +9,14 @@
 
 #include <limits>
 
-// Reads the row that the statement has just returned. A date that is no number, or is more than
-// some 30,000 years away, counts as no value.
+// Reads the row that the statement has just returned. A date that is no number, or that is more
+// than about 30,000 years away, becomes an attribute without a value.
 Card readCardRow(SQLite::Statement& row);
 
-// The accept dates that cards are stored with, in microseconds since the epoch. Exports follow
-// these dates, but a clock stands still within a millisecond and may be set back: each date is
-// moved behind the one before it.
+// Makes the accept dates that cards are stored with, in microseconds since 1970. Exports sort cards
+// by these dates, but the clock may give several cards the same date, or be set back. So next()
+// returns the given date if it is later than the one it returned before, else one microsecond after
+// that one.
 class DBCRisingDates {
 public:
     qint64 next(const QDateTime& date);
@@ -24,9 +25,9 @@ private:
     qint64 _last = std::numeric_limits<qint64>::min();
 };
 
-// Binds one card after the other to the attribute parameters of an INSERT, the first of which has
-// the number firstParameter. An attribute without a value is left unbound. The statement must
-// outlive the binder.
+// Binds the values of one card after the other to the attribute parameters of an INSERT statement.
+// firstParameter is the number of the first of these parameters. If an attribute has no value, its
+// parameter stays unbound. The statement must outlive the binder.
 class DBCCardRowBinder {
 public:
     DBCCardRowBinder(SQLite::Statement& insert, int firstParameter)
@@ -45,8 +46,8 @@ private:
     DBCRisingDates _acceptDates;
 };
 
-// Compares rows that were read back with the cards that a DBCCardRowBinder bound, in the same
-// order.
+// Compares rows that were read back from the store with the cards that a DBCCardRowBinder bound.
+// Both must come in the same order.
 class DBCCardRowComparison {
 public:
     explicit DBCCardRowComparison(int firstColumn)
@@ -54,7 +55,8 @@ public:
     {
     }
 
-    // Whether the row has every value that is set in the card, in a type that is read back as it.
+    // Whether the row holds every value that is set in the card, in a type that readCardRow() reads
+    // as that value.
     bool isEqual(SQLite::Statement& row, const Card& card);
 
 private:

@@ -27,14 +27,15 @@ namespace {
 // The beginning of a new object's identity URI; a UUID and a number follow.
 constexpr const char16_t* identityStart = u"x-coredata:///Card/t";
 
-// As many attributes as an import sets. Reserving this much keeps the list of values from growing
-// to twice its size.
+// The number of attributes that an import sets. Reserving room for so many keeps the list of values
+// from growing to twice its size.
 constexpr std::size_t usualAttributeCount = 36;
 
 constexpr int keyParameter = 1;
 constexpr int entityParameter = 2;
 constexpr int firstAttributeParameter = 3;
-// Of the rows that are read back, in which the two above come first, too.
+// The column of the first attribute in the rows that are read back; the columns of key and entity
+// come before it.
 constexpr int firstAttributeColumn = 2;
 
 std::string joined(const std::vector<std::string>& parts)
@@ -74,7 +75,7 @@ void setHighestKey(SQLite::Database& store, qint64 key)
 std::unique_ptr<DBCManagedObjectContext> DBCManagedObjectContext::open(
     const QString& storePath, const DBCManagedObjectModel& model)
 {
-    // Opening a pipe would wait forever.
+    // Check this first, because opening a pipe would wait forever.
     if (!QFileInfo(storePath).isFile())
         return nullptr;
     try {
@@ -104,8 +105,8 @@ DBCManagedObjectContext::DBCManagedObjectContext(
 
 DBCManagedObjectContext::~DBCManagedObjectContext() = default;
 
-// If another program left a write-ahead log, closing the last connection would move its contents
-// into the store's file. This prevents that until something is saved here.
+// If another program left a write-ahead log, SQLite would move its contents into the store's file
+// when the last connection closes. This prevents that until save() has stored something.
 void DBCManagedObjectContext::keepForeignLog(const QString& storePath)
 {
     if (QFileInfo(storePath + u"-wal"_s).size() > 0)
@@ -124,7 +125,7 @@ void DBCManagedObjectContext::save()
 {
     if (_insertedCards.empty())
         return;
-    // With a weaker setting, the deletion of the journal may not be on the disk yet after the
+    // With a weaker setting, the deletion of SQLite's journal may not be on the disk yet after the
     // commit. A power cut would then bring the journal back, and SQLite would roll the commit back.
     _store->exec("PRAGMA synchronous = EXTRA");
     const DBCStoppableStore stoppable(*_store);
@@ -155,7 +156,7 @@ qint64 DBCManagedObjectContext::storeInsertedCards(qint64 lastKey)
     return lastKey;
 }
 
-// Triggers of the store may have changed or dropped what was inserted, even cards before the last.
+// Every card is checked, because triggers of the store may have changed or dropped any of them.
 void DBCManagedObjectContext::checkInsertedCards(qint64 keyBefore, qint64 lastKey)
 {
     SQLite::Statement rows(*_store,
@@ -180,9 +181,9 @@ std::string DBCManagedObjectContext::insertStatement() const
     std::vector<std::string> values;
     int parameter = firstAttributeParameter;
     for (std::size_t i = 0; i < DBCCardAttributes.size(); ++i) {
-        // A value that was set is never NULL, so NULL means "not set". That lets one statement
-        // serve every card: for NULL it uses the table's default, and 0 for a number without a
-        // default.
+        // A value that was set is never NULL, so a NULL parameter means "not set". So one statement
+        // serves every card: where the parameter is NULL, it stores the table's default, or 0 for a
+        // number without a default.
         std::string value("?");
         value += std::to_string(parameter++);
         const auto ownDefault = _description.columnDefaults.find(_model.columns()[i]);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An open card store: reads its cards, and collects new ones that save() writes in one transaction.
+// An open card store. It reads the store's cards and collects new ones, which save() writes in one
+// transaction.
 #pragma once
 
 #include "carddb/store/DBCCard.h"
@@ -20,40 +21,44 @@ enum class DBCCardSelection : quint8 {
     All, // deleted cards, too
 };
 
-// A context that is destroyed without save() leaves the store's file unchanged byte for byte, even
-// where another program left a write-ahead log beside it. If the program is killed during save(),
-// the store holds either all of the new cards or none. An access waits up to one second for another
-// process that has locked the store, and then fails. A context belongs to one thread at a time.
+// If a context is destroyed without save(), the store's file is unchanged byte for byte, even if
+// another program left a write-ahead log beside it. If the program is killed during save(), the
+// store holds either all of the new cards or none of them. If another process has locked the store,
+// an access waits for it up to one second and then fails. Only one thread at a time may use a
+// context.
 class DBCManagedObjectContext {
 public:
-    // Opens the store at storePath and logs why when it cannot. Null when the path is no regular
-    // file, when the file is no store or cannot be read, or when a table or column that the model
-    // needs is missing. Never creates a store. The model must outlive the context.
+    // Opens the store at storePath. Returns null when the path is no regular file, when the file is
+    // no store or cannot be read, or when it lacks a table or column that the model needs; except
+    // in the first case the reason is in the log. Never creates a store. The model must outlive the
+    // context.
     static std::unique_ptr<DBCManagedObjectContext> open(
         const QString& storePath, const DBCManagedObjectModel& model);
     ~DBCManagedObjectContext();
     DBCManagedObjectContext(const DBCManagedObjectContext&) = delete;
     DBCManagedObjectContext& operator=(const DBCManagedObjectContext&) = delete;
 
-    // A new card with an identity. The context owns it, and the pointer is valid until the next
-    // save that succeeds.
+    // Returns a new card with an identity. The context owns the card. The pointer is valid until
+    // the next save() that succeeds.
     Card* insertNewCard();
 
-    // The prefix that the identities of all new cards of this context share; a number follows. It
-    // is different for every context.
+    // The prefix of the identities of all new cards of this context; a number follows it. Every
+    // context has a different prefix.
     QString identityPrefix() const { return _identityPrefix; }
     bool hasInsertedCards() const { return !_insertedCards.empty(); }
 
-    // Stores the cards inserted since the last save; nothing is touched when there are none.
-    // Throws SQLite::Exception with the store as it was and the cards still waiting. That also
-    // happens when the store does not hold the cards as they were set, because a trigger in it
-    // dropped or changed them, and when the thread's DBCStopQuestion stopped a trigger that runs
-    // for long; the exception's code is SQLITE_INTERRUPT then.
+    // Stores the cards inserted since the last successful save(). If there are none, it touches
+    // nothing. On a failure it throws SQLite::Exception, leaves the store as it was and keeps the
+    // cards for another save(). It also fails in two cases that a trigger in the store causes. One
+    // is a trigger that drops or changes new cards. The other is a trigger that runs for so long
+    // that the user stops the operation (see DBCStopQuestion); the exception's code is then
+    // SQLITE_INTERRUPT.
     void save();
 
-    // Hands the cards of the store, not those that wait, to visit in the order of their accept
-    // dates, none first, until it answers false. Throws SQLite::Exception; its code is
-    // SQLITE_INTERRUPT when the thread's DBCStopQuestion stopped it.
+    // Calls visit for each card of the store until visit returns false. Cards that save() has not
+    // stored yet are left out. Cards without an accept date come first, the others follow in the
+    // order of these dates. Throws SQLite::Exception; its code is SQLITE_INTERRUPT when the user
+    // stopped the operation (see DBCStopQuestion).
     void fetchCards(DBCCardSelection selection, const std::function<bool(const Card& card)>& visit);
 
 private:
@@ -64,7 +69,7 @@ private:
     std::string insertStatement() const;
     // Returns the key of the last card stored.
     qint64 storeInsertedCards(qint64 lastKey);
-    // Throws when the rows with the keys after keyBefore, up to lastKey, are not the inserted
+    // Throws unless the rows with keys above keyBefore and up to lastKey are exactly the inserted
     // cards.
     void checkInsertedCards(qint64 keyBefore, qint64 lastKey);
 
@@ -72,6 +77,7 @@ private:
     const DBCManagedObjectModel& _model;
     DBCStoreDescription _description;
     QString _identityPrefix;
-    quint64 _insertedCount = 0; // since the store was opened, saved cards included
-    std::deque<Card> _insertedCards; // a deque: the pointers handed out stay valid
+    quint64 _insertedCount = 0; // cards inserted since the store was opened, saved ones included
+    // A deque, because its elements do not move: callers hold pointers to them.
+    std::deque<Card> _insertedCards;
 };

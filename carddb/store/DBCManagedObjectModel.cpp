@@ -15,13 +15,13 @@ namespace {
 // The columns that the object store framework adds to every entity's table.
 constexpr std::array frameworkColumns {"Z_PK", "Z_ENT", "Z_OPT"};
 
-// SQLite compares column names without regard to case, so they are compared in capitals.
+// The column's name in capitals, because SQLite compares column names without regard to case.
 std::string upperCase(const std::string& name)
 {
     return QString::fromStdString(name).toUpper().toStdString();
 }
 
-// Only a table counts: a view of that name could take forever to compute.
+// Accepts only a table, because a view of that name could take forever to compute.
 bool isTable(SQLite::Database& store, const char* name)
 {
     SQLite::Statement statement(

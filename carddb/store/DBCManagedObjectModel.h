@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Describes which tables and columns a store needs to be a card store, and compares a store with
-// that.
+// Knows which tables and columns a store needs to be a card store, and checks whether a store has
+// them.
 #pragma once
 
 #include <QStringList>
@@ -16,11 +16,11 @@ class Database;
 // How one store represents the entity Card.
 struct DBCStoreDescription {
     qint64 entityNumber = 0; // the value of Z_ENT in rows of this entity
-    // The SQL text of each column's DEFAULT, by the column's name in capitals. Columns without a
-    // default are not in it.
+    // The SQL text of each column's DEFAULT, by the column's name in capitals. A column without a
+    // default has no entry.
     std::map<std::string, std::string> columnDefaults;
-    // Tables, entities and columns that the store lacks, such as "Card" or "ZCARD.ZMEMO". Empty
-    // when the store fits the model.
+    // The tables, entities and columns that the store lacks, such as "Card" or "ZCARD.ZMEMO". The
+    // list is empty when the store fits the model.
     QStringList missing;
 };
 

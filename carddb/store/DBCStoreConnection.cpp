@@ -11,7 +11,7 @@
 
 namespace {
 
-// How long an access waits for another program that holds the store before it fails.
+// How long an access waits for another program that has locked the store, before the access fails.
 constexpr int busyTimeoutMs = 1000;
 
 struct Switch {
@@ -19,8 +19,8 @@ struct Switch {
     int value;
 };
 
-// The schema of such a store cannot change SQLite's own tables and calls no function that could do
-// harm. Its views are not used: a view can be computed without end.
+// With these settings, the schema of a store cannot change SQLite's own tables, can call no
+// function that does harm, and its views are not used, because a view may take forever to compute.
 constexpr std::array<Switch, 3> switches {{
     {SQLITE_DBCONFIG_DEFENSIVE, 1},
     {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
@@ -32,10 +32,10 @@ struct Limit {
     int value;
 };
 
-// SQLite's advice for files of others, with more room where a real store may need it: the main
-// application may keep pictures in its rows and long conditions in its triggers.
+// The limits that SQLite advises for files of others, but wider where a real store may need it: the
+// main application may keep pictures in its rows and long conditions in its triggers.
 constexpr std::array<Limit, 7> limits {{
-    {SQLITE_LIMIT_LENGTH, 16 * 1024 * 1024}, // bytes of a value or a row
+    {SQLITE_LIMIT_LENGTH, 16 * 1024 * 1024}, // most bytes of a value or a row
     {SQLITE_LIMIT_SQL_LENGTH, 100'000},
     {SQLITE_LIMIT_EXPR_DEPTH, 100},
     {SQLITE_LIMIT_COMPOUND_SELECT, 50},
@@ -44,7 +44,8 @@ constexpr std::array<Limit, 7> limits {{
     {SQLITE_LIMIT_TRIGGER_DEPTH, 10},
 }};
 
-// Some tenths of a millisecond.
+// SQLite calls isToStop() each time it has run this many steps, which take some tenths of a
+// millisecond.
 constexpr int stepsBetweenLooks = 10'000;
 
 int isToStop(void* wait)
@@ -52,7 +53,7 @@ int isToStop(void* wait)
     try {
         return static_cast<DBCLongWait*>(wait)->isToStop() ? 1 : 0;
     } catch (const std::exception&) {
-        return 1; // no exception may pass through SQLite
+        return 1; // Stop, because no exception may pass through SQLite.
     }
 }
 
@@ -67,8 +68,8 @@ std::unique_ptr<SQLite::Database> openStoreOfOthers(const QString& path)
         sqlite3_db_config(handle, setting.option, setting.value, nullptr);
     for (const Limit& limit : limits)
         sqlite3_limit(handle, limit.category, limit.value);
-    // Damaged pages are noticed when they are read. A file that is mapped into memory and shrinks
-    // would end the program.
+    // The first setting makes SQLite notice damaged pages when it reads them. The second keeps the
+    // file from being mapped into memory, because the program would end if a mapped file shrank.
     store->exec("PRAGMA cell_size_check = ON");
     store->exec("PRAGMA mmap_size = 0");
     return store;

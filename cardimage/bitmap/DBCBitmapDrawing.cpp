@@ -30,7 +30,7 @@ Canvas canvasFor(DBCBitmap::ColorModel model)
     return isColor ? Canvas::ColorWithAlpha : Canvas::Gray;
 }
 
-// The painter's y axis points down, so its positive rotations are clockwise.
+// In Qt's coordinates the y axis points down, so a positive angle turns clockwise.
 QTransform transformFor(int angle, QSize size)
 {
     QTransform transform;

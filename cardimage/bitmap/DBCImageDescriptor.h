@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Describes image data taken out of a PDF page, in the layout of the QuickTime ImageDescription
-// record: 86 bytes without padding, in the byte order of the machine. Fields that this program has
-// no use for are there because the layout is fixed.
+// record: 86 bytes without padding, in the byte order of the machine. Because the layout is fixed,
+// the record also has fields that this program does not use.
 #pragma once
 
 #include <QtGlobal>
 
 #include <array>
 
-// A new record is all zero. AcquireImageFromPDFPage() fills it; createBitmapImageRep() reads width,
-// height and depth to make a bitmap of the data. The record owns nothing.
+// A new record is all zero. AcquireImageFromPDFPage() fills it; createBitmapImageRep() reads its
+// width, height and depth to make a bitmap of the image data. The record owns nothing.
 #pragma pack(push, 2)
 struct ImageDescriptor {
     qint32 recordSize = 0; // bytes: 86
@@ -25,8 +25,8 @@ struct ImageDescriptor {
     quint16 width = 0; // pixels
     quint16 height = 0; // pixels
     // Dots per inch, exchanged on purpose: the horizontal field holds the resolution computed from
-    // the image height, the vertical field the one computed from the width. The code that fills a
-    // CardImageInfo exchanges them again.
+    // the image height, and the vertical field holds the resolution computed from the width. The
+    // code that fills a CardImageInfo exchanges the two values again.
     qint32 horizontalResolution = 0;
     qint32 verticalResolution = 0;
     quint32 dataSize = 0; // bytes of image data

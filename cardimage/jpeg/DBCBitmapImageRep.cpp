@@ -7,7 +7,7 @@
 
 namespace {
 
-// The rows are packed: each begins at a byte of its own. Surplus data is ignored.
+// Each row of the data begins at the byte behind the previous row. Surplus data is ignored.
 void copyRows(const QByteArray& data, QImage* pixels)
 {
     const qsizetype rowBytes = (pixels->width() + 7) / 8;

@@ -7,9 +7,10 @@
 
 #include <QByteArray>
 
-// The bitmap described by the data and descriptor that AcquireImageFromPDFPage() filled, with one
-// point per pixel. A descriptor of depth DBCBitmapDepth is followed by packed rows, a set bit being
-// black; rows missing at the end of the data are white, and surplus data is ignored. For any other
-// depth the data is a JPEG, which states its own size. Returns a null bitmap when an argument is
-// null, the JPEG cannot be decoded, or the size is zero or exceeds DBCBitmap::maximumBytes.
+// Makes a bitmap of the data and descriptor that AcquireImageFromPDFPage() filled, with one point
+// per pixel. If the descriptor's depth is DBCBitmapDepth, the data consists of packed rows in which
+// a set bit is black; rows missing at the end of the data become white, and surplus data is
+// ignored. For any other depth the data is a JPEG, and the size in the JPEG counts. Returns a null
+// bitmap when an argument is null, the JPEG cannot be decoded, or the size is zero or exceeds
+// DBCBitmap::maximumBytes.
 DBCBitmap createBitmapImageRep(const QByteArray* data, const ImageDescriptor* descriptor);

@@ -21,11 +21,11 @@ constexpr int quality = 90;
 // work.
 constexpr int mostScans = 500;
 constexpr int exifMarker = JPEG_APP0 + 1;
-constexpr unsigned longestMarker = 0xFFFF; // bytes; the length field of a segment has 16 bits
+constexpr unsigned longestMarker = 0xFFFF; // bytes; a segment states its length in 16 bits
 constexpr QByteArrayView exifIdentifier("Exif\0\0", 6);
 
-// The library requires that its handler for fatal errors does not return. Every call of the library
-// therefore goes through run(), to which the handler jumps back.
+// The JPEG library requires that its handler for fatal errors does not return. Every call of the
+// library that can fail is therefore made by run(), and the handler jumps back to run().
 class ErrorTrap {
 public:
     ErrorTrap()
@@ -37,8 +37,9 @@ public:
 
     jpeg_error_mgr* manager() { return &_trap.manager; }
 
-    // Returns false when the step failed, and throws std::bad_alloc when memory ran out. The step
-    // must have no locals with destructors, because the jump skips these.
+    // Runs the step. Returns false when the step failed, and throws std::bad_alloc when memory ran
+    // out. The step must not have local objects with destructors, because the jump skips the
+    // destructors.
     template <typename Step> bool run(const Step& step)
     {
         if (setjmp(_trap.target) != 0) {
@@ -52,7 +53,7 @@ public:
 
 private:
     struct Trap {
-        jpeg_error_mgr manager; // must be first: jumpBack() casts its address to that of the Trap
+        jpeg_error_mgr manager; // must be first: jumpBack() casts its address to a Trap
         std::jmp_buf target;
     };
 
@@ -93,8 +94,8 @@ public:
         return {static_cast<int>(_codec.image_width), static_cast<int>(_codec.image_height)};
     }
 
-    // For a picture of several scans the library keeps all coefficients in memory; these may take
-    // as much again as the largest picture.
+    // For a picture of several scans the library also keeps all coefficients in memory. Pixels and
+    // coefficients together may take twice DBCBitmap::maximumBytes.
     bool fitsMemory()
     {
         const int bits = _codec.num_components == 1 ? 8 : 24;
@@ -120,7 +121,7 @@ public:
         return _errors.run([this] { jpeg_start_decompress(&_codec); });
     }
 
-    // Reads the next rows of the picture into these.
+    // Reads the next rows of the picture into `rows`.
     bool readRows(JSAMPARRAY rows, JDIMENSION count)
     {
         return _errors.run([this, rows, count] {
@@ -208,7 +209,7 @@ QByteArray exifOf(const jpeg_decompress_struct& codec)
     return {};
 }
 
-// The library requires pointers to writable rows even where it only reads them.
+// Returns pointers to writable rows, which the library requires even where it only reads the rows.
 std::vector<JSAMPROW> rowsOf(const QImage& pixels)
 {
     std::vector<JSAMPROW> rows;
@@ -252,7 +253,8 @@ QImage opaque(const QImage& pixels)
     return result;
 }
 
-// The pixels in a format that the encoder accepts; unchanged if theirs is one.
+// Returns the pixels in a format that the encoder accepts. Pixels in such a format are returned
+// unchanged.
 QImage encodable(const QImage& pixels)
 {
     switch (pixels.format()) {

@@ -18,15 +18,16 @@ using ExifDataPointer = std::unique_ptr<ExifData, decltype(&exif_data_unref)>;
 ExifDataPointer parseExif(const QByteArray& exif)
 {
     ExifDataPointer data(exif_data_new(), exif_data_unref);
-    // Without this the library adds tags that the Exif standard requires and the file lacks: an
-    // orientation, and a resolution of 72 dots per inch.
+    // Without this call the library would add the tags that the Exif standard requires but the file
+    // lacks: an orientation, and a resolution of 72 dots per inch.
     exif_data_unset_option(data.get(), EXIF_DATA_OPTION_FOLLOW_SPECIFICATION);
     exif_data_load_data(data.get(), reinterpret_cast<const unsigned char*>(exif.constData()),
         static_cast<unsigned>(exif.size()));
     return data;
 }
 
-// The first value of a tag that describes the picture itself (IFD 0), not its thumbnail.
+// Returns the first value of a tag in IFD 0, which describes the picture itself and not its
+// thumbnail.
 std::optional<double> numberOf(const ExifDataPointer& data, ExifTag tag)
 {
     const ExifEntry* const entry = exif_content_get_entry(data->ifd[EXIF_IFD_0], tag);
@@ -52,15 +53,15 @@ std::optional<double> numberOf(const ExifDataPointer& data, ExifTag tag)
     }
 }
 
-// Rounded; 0 when the result does not fit into the integer.
+// Returns the rounded number, or 0 when it does not fit into the integer.
 qint32 toInteger(double number)
 {
     const double rounded = std::round(number);
     return rounded <= std::numeric_limits<qint32>::max() ? static_cast<qint32>(rounded) : 0;
 }
 
-// Rounded to the nearest: a file of 300 dots per inch that counts in centimetres states 118 of
-// them, which is 299.72 per inch.
+// The result is rounded to the nearest integer because a file of 300 dots per inch may state 118
+// dots per centimetre, which is 299.72 dots per inch.
 qint32 dotsPerInch(double density, DBCJpegHeader::DensityUnit unit)
 {
     switch (unit) {
@@ -76,7 +77,7 @@ qint32 dotsPerInch(double density, DBCJpegHeader::DensityUnit unit)
 
 DBCJpegHeader::DensityUnit resolutionUnitOf(const ExifDataPointer& data)
 {
-    // Values of the tag ResolutionUnit in Exif; 2 is also meant when the tag is missing.
+    // Values of the Exif tag ResolutionUnit. A missing tag means 2.
     constexpr int exifNone = 1;
     constexpr int exifInch = 2;
     constexpr int exifCentimetre = 3;

@@ -6,7 +6,7 @@
 QSize pagePointSize(const DBCJpegProperties& properties)
 {
     constexpr int pointsPerInch = 72;
-    // Exif orientations that exchange the sides of the picture.
+    // The Exif orientations from 5 to 8 exchange the sides of the picture.
     constexpr qint32 firstSidewaysOrientation = 5;
     constexpr qint32 lastSidewaysOrientation = 8;
     QSize pixels(properties.pixelWidth, properties.pixelHeight);

@@ -6,7 +6,8 @@
 
 struct DBCJpegProperties;
 
-// The page size in whole points (1/72 inch, rounded down) that shows the picture at its resolution;
-// one point per pixel when the picture states none. When the Exif orientation turns the picture
-// sideways (5 to 8), width and height are exchanged, although the picture itself stays as stored.
+// Returns the size in whole points (1/72 inch, rounded down) of a page that shows the picture at
+// its resolution. If the picture states no resolution, the page has one point per pixel. If the
+// Exif orientation turns the picture sideways (5 to 8), width and height are exchanged, although
+// the picture itself stays as stored.
 QSize pagePointSize(const DBCJpegProperties& properties);

@@ -28,8 +28,9 @@ bool isByKnownProducer(QPDF* document)
         || creator.find("Velmora") != std::string::npos;
 }
 
-// The sum of both rotations, brought nearer to 0 to 359 by adding or subtracting one full turn.
-// Only one, on purpose: a /Rotate of more than a turn is passed on as it is.
+// Returns the sum of both rotations. If the sum is not from 0 to 359, one full turn is added or
+// subtracted. The function corrects by only one turn on purpose: for a /Rotate of more than a turn
+// the result may stay outside that range.
 qint32 totalRotation(qint32 contentRotation, QPDFObjectHandle page)
 {
     QPDFObjectHandle ownRotation = page.getKey("/Rotate");
@@ -60,9 +61,9 @@ DBCResultCode acquirePage(const QPDFObjectHandle& page, ImageDescriptor* descrip
     return DBCResultCode::Success;
 }
 
-// Runs the work on the document at the path. If memory ran out while the library read it, that is
-// reported instead of the work's result: the library may have gone on and failed for another
-// reason.
+// Opens the document at the path, runs the work on it and returns the result. If memory ran out
+// meanwhile, the function throws std::bad_alloc instead: the library goes on after running out of
+// memory, so neither the result nor a later exception tells the real cause.
 template <typename Work> auto withDocument(const QString& path, Work work)
 {
     const QByteArray bytes = readPdf(path);
@@ -140,7 +141,8 @@ DBCResultCode AcquireCardImageFromPDF(const QString& path, DBCBitmap* outFace,
         } catch (const std::bad_alloc&) {
             throw;
         } catch (const std::exception&) {
-            // A document that cannot be opened or is too damaged has no page: NoImageInPdf.
+            // A document that cannot be opened or is too damaged has no usable page. The result
+            // stays NoImageInPdf.
         }
     }
     if (code != DBCResultCode::Success) {

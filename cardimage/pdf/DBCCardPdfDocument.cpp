@@ -25,7 +25,8 @@ const char* colorSpaceOf(int components)
     }
 }
 
-// Lets the library read the bytes in place, and keeps them alive as long as it uses them.
+// Allows the library to read the bytes without a copy, and keeps the bytes alive as long as the
+// library uses them.
 struct HeldBytes {
     explicit HeldBytes(const QByteArray& held)
         : bytes(held)
@@ -55,8 +56,8 @@ Object imageDictionary(const DBCJpegProperties& properties)
     dictionary.replaceKey("/Height", Object::newInteger(properties.pixelHeight));
     dictionary.replaceKey("/BitsPerComponent", Object::newInteger(bitsPerComponent));
     dictionary.replaceKey("/ColorSpace", Object::newName(colorSpaceOf(properties.components)));
-    // PDF readers take the stored values as amounts of ink unless /Decode (ISO 32000, 8.9.5.2) says
-    // that they are inverted.
+    // PDF readers take the stored values for amounts of ink, unless /Decode (ISO 32000, 8.9.5.2)
+    // says that the values are inverted.
     if (properties.isInvertedCmyk)
         dictionary.replaceKey("/Decode", Object::parse("[1 0 1 0 1 0 1 0]"));
     return dictionary;
@@ -69,8 +70,8 @@ Object boxOf(QSize pointSize)
         Object::newInteger(pointSize.height())});
 }
 
-// Readers of card PDFs derive a card's rotation from the first matrix after "/Perceptual"; this one
-// means upright.
+// Readers of card PDFs derive a card's rotation from the first matrix after "/Perceptual"; the
+// matrix written here means upright.
 std::string contentsFor(QSize pointSize)
 {
     return "/Perceptual ri\nq\n" + std::to_string(pointSize.width()) + " 0 0 "

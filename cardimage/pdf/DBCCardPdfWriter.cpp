@@ -16,9 +16,10 @@
 
 namespace {
 
-constexpr mode_t readableByAll = 0666; // less what the umask takes
+constexpr mode_t readableByAll = 0666; // without the bits of the umask
 
-// Null until the thread's first writer, and again after a document had to be thrown away.
+// Holds the document of the calling thread. It is null until the thread makes its first writer, and
+// again after a document that threw was discarded.
 std::unique_ptr<DBCCardPdfDocument>& threadDocument()
 {
     static thread_local std::unique_ptr<DBCCardPdfDocument> document;
@@ -32,14 +33,14 @@ DBCCardPdfDocument& usableDocument()
     return *threadDocument();
 }
 
-// The outcome of a write that failed with this errno.
+// Returns the outcome of a write that failed with this errno.
 DBCWriteOutcome writeFailure(int error)
 {
     return error == ENOSPC || error == EDQUOT ? DBCWriteOutcome::DiskFull : DBCWriteOutcome::Failed;
 }
 
-// The C library gives up on a file after one interrupted call, as network file systems have them.
-// These go on.
+// A signal can interrupt calls on network file systems. The C library gives up after one
+// interrupted call; the following functions repeat the call instead.
 
 int openForWriting(const QByteArray& path)
 {
@@ -69,11 +70,12 @@ ssize_t writeToDescriptor(void* cookie, const char* bytes, size_t size)
 int closeDescriptor(void* cookie)
 {
     const std::unique_ptr<DBCDescriptor> descriptor(static_cast<DBCDescriptor*>(cookie));
-    // An interrupted close has closed the descriptor all the same.
+    // A close that was interrupted has closed the descriptor nevertheless, so it counts as a
+    // success.
     return descriptor->close() || errno == EINTR ? 0 : EOF;
 }
 
-// Null with errno when the file cannot be opened.
+// Returns null and sets errno when the file cannot be opened.
 std::FILE* openFile(const QString& path)
 {
     auto descriptor = std::make_unique<DBCDescriptor>(openForWriting(QFile::encodeName(path)));
@@ -82,7 +84,7 @@ std::FILE* openFile(const QString& path)
     std::FILE* file = fopencookie(descriptor.get(), "wb",
         {.read = nullptr, .write = writeToDescriptor, .seek = nullptr, .close = closeDescriptor});
     if (file)
-        (void)descriptor.release(); // closeDescriptor() owns it
+        (void)descriptor.release(); // closeDescriptor() will delete it
     return file;
 }
 
@@ -109,7 +111,7 @@ DBCCardPdfWriter::~DBCCardPdfWriter()
 void DBCCardPdfWriter::addPage(
     const QByteArray& jpeg, const DBCJpegProperties& properties, QSize pointSize)
 {
-    _isBroken = true; // remains if the next line throws
+    _isBroken = true; // stays true if the next line throws
     _document.addPage(jpeg, properties, pointSize);
     _isBroken = false;
 }
@@ -124,7 +126,8 @@ DBCWriteOutcome DBCCardPdfWriter::close()
         _isBroken = true;
         return DBCWriteOutcome::Failed;
     }
-    // The library does not check whether the last bytes in the file's buffer could be written.
+    // This checks that the last bytes in the buffer of the file are written, which the library does
+    // not check.
     if (std::fflush(_file.get()) != 0 || std::ferror(_file.get()) != 0)
         return writeFailure(errno);
     return std::fclose(_file.release()) == 0 ? DBCWriteOutcome::Written : writeFailure(errno);

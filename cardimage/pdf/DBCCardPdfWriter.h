@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Writes one card PDF to a path: create a writer, add a page for each JPEG, close it. The writers
-// of a thread share one DBCCardPdfDocument, so a thread may have only one writer at a time.
+// Writes one card PDF to a path. The caller creates a writer, adds a page for each JPEG and closes
+// the writer. The writers of a thread share one DBCCardPdfDocument, so a thread may have only one
+// writer at a time.
 #pragma once
 
 #include <QByteArray>
@@ -13,27 +14,29 @@
 class DBCCardPdfDocument;
 struct DBCJpegProperties;
 
-// DiskFull: the volume or the user's quota is full. Failed: any other reason.
+// DiskFull means that the volume or the user's quota is full, Failed that writing failed for any
+// other reason.
 enum class DBCWriteOutcome : quint8 { Written, DiskFull, Failed };
 
 class DBCCardPdfWriter {
 public:
-    // Creates the file, or empties one that exists. The pages reach it only with close(). The
-    // writer never removes the file: after a failure the caller does.
+    // Creates the file, or empties an existing one. The pages are written to the file only by
+    // close(). The writer never removes the file; after a failure the caller must remove it.
     explicit DBCCardPdfWriter(const QString& path);
     ~DBCCardPdfWriter();
     DBCCardPdfWriter(const DBCCardPdfWriter&) = delete;
     DBCCardPdfWriter& operator=(const DBCCardPdfWriter&) = delete;
 
-    // Written when the file could be created. Otherwise nothing else may be called.
+    // Returns Written when the file could be created. After any other value no other function of
+    // the writer may be called.
     DBCWriteOutcome opened() const { return _opened; }
 
     // Appends a page of pointSize points, filled by the JPEG, whose bytes are stored as they are.
-    // The properties must be those of the JPEG. Exceptions of the PDF library pass through.
+    // The properties must be those of the JPEG. May throw the exceptions of the PDF library (QPDF).
     void addPage(const QByteArray& jpeg, const DBCJpegProperties& properties, QSize pointSize);
 
     // Writes the pages and closes the file. After any outcome but Written the content of the file
-    // is undefined. Nothing may be called after it.
+    // is undefined. No function of the writer may be called after close().
     DBCWriteOutcome close();
 
 private:

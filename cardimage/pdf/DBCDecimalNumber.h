@@ -4,6 +4,6 @@
 
 #include <QByteArrayView>
 
-// The decimal number at the beginning of the text, after blanks. 0 when there is none or when it is
-// too large for a double.
+// Returns the decimal number at the beginning of the text, after any blanks. Returns 0 when there
+// is no number or when it is too large for a double.
 double leadingDecimalNumber(QByteArrayView text);

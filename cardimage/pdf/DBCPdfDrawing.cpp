@@ -13,10 +13,11 @@ namespace {
 
 constexpr int drawingResolution = 300;
 constexpr double pointsPerInch = 72;
-// Processor time. A real card takes a tenth of a second; a page can be forged to take for ever.
+// The limit of processor time. A real card takes a tenth of a second, but a forged page could take
+// for ever.
 constexpr std::chrono::seconds longestTime {3};
 
-// Without this the library prints every defect of a document to standard error.
+// Without this call the library prints every defect of a document to standard error.
 void silenceLibrary()
 {
     static const bool isSilent = [] {
@@ -51,7 +52,7 @@ QImage drawnOrNull(Poppler::Document* document, const QByteArray& bytes)
     }
 }
 
-// Null when the bytes are not a PDF or it is locked by a password.
+// Returns null when the bytes are not a PDF or the PDF is locked by a password.
 std::unique_ptr<Poppler::Document> load(const QByteArray& bytes)
 {
     silenceLibrary();
@@ -59,7 +60,8 @@ std::unique_ptr<Poppler::Document> load(const QByteArray& bytes)
     return document && !document->isLocked() ? std::move(document) : nullptr;
 }
 
-// Processor time rather than wall time, so that a busy machine does not shorten a card's time.
+// The limit counts processor time and not wall time, so that a card has as much time on a busy
+// machine as on an idle one.
 std::chrono::nanoseconds processorTimeOfThread()
 {
     timespec time {};
@@ -74,8 +76,9 @@ QVariant newDeadline()
     return QVariant::fromValue<qint64>((processorTimeOfThread() + longestTime).count());
 }
 
-// Returning true would end only the innermost of the library's loops, and there can be millions of
-// them. An exception ends all at once, but the memory that they hold is never released.
+// Throws instead of returning true, because true would end only the innermost loop of the library,
+// and there can be millions of loops. The exception ends all of them at once; its price is that the
+// memory that the loops hold is never released.
 bool endWhenTooLong(const QVariant& deadline)
 {
     if (processorTimeOfThread().count() > deadline.value<qint64>())

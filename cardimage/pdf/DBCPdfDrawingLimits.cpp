@@ -19,7 +19,7 @@
 
 namespace {
 
-// Memory that the drawing library takes per pixel of an image, by the image's format.
+// The memory that the drawing library takes per pixel, in bits, depends on the format of the image.
 constexpr int plainBits = 8;
 constexpr int jpegBits = 48; // the coefficients of a progressive picture
 constexpr int jpeg2000Bits = 96; // three integers
@@ -51,8 +51,8 @@ bool hasFilter(QPDFObjectHandle dictionary, const char* name)
         [name](QPDFObjectHandle one) { return one.isNameAndEquals(name); });
 }
 
-// The decoder goes by the size in the picture itself, which may differ from the dictionary's. Every
-// start of a scan (SOS, ITU-T T.81) means another pass over all pixels.
+// The decoder uses the size in the JPEG itself, which may differ from the size in the image
+// dictionary. Each start of a scan (SOS, ITU-T T.81) means another pass over all pixels.
 bool isTooLargeJpeg(const QPDFObjectHandle& stream)
 {
     constexpr QByteArrayView scan("\xFF\xDA", 2);
@@ -69,7 +69,7 @@ QSizeF jpeg2000Size(const QPDFObjectHandle& stream)
 {
     // The markers SOC and SIZ of JPEG 2000 (ITU-T T.800), which begin a picture.
     constexpr QByteArrayView start("\xFF\x4F\xFF\x51", 4);
-    constexpr qsizetype widthBehindStart = 8; // bytes from there to the width; the height follows
+    constexpr qsizetype widthBehindStart = 8; // bytes from start to the width; the height follows
     const QByteArray picture
         = jpegStreamData(stream, DBCBitmap::maximumBytes).value_or(QByteArray());
     const qsizetype found = picture.indexOf(start);
@@ -91,7 +91,8 @@ bool isTooLargeImage(QPDFObjectHandle object)
         || (hasFilter(dictionary, "/JPXDecode") && isTooLarge(jpeg2000Size(object), jpeg2000Bits));
 }
 
-// The drawing library draws a pattern tile by tile, however many cover the page.
+// The drawing library draws every tile of a pattern by itself, so a page covered by very many tiles
+// takes too long.
 bool isTooFinePattern(QPDFObjectHandle object, QSizeF pagePoints)
 {
     constexpr double mostTiles = 200'000;
@@ -121,7 +122,8 @@ bool isTooMuchToDraw(const QByteArray& bytes, QSizeF pagePoints)
             });
     } catch (const std::exception& exception) {
         rethrowIfOutOfMemory(exception);
-        // The drawing library may repair this document and find in it what could not be seen here.
+        // The drawing library may be able to repair this document, and then draw objects that could
+        // not be examined here.
         return true;
     }
 }

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Recognises pages that would take the drawing library minutes or gigabytes, before it draws them.
+// Recognises, before a page is drawn, that the drawing library (Poppler) would need minutes or
+// gigabytes for the page.
 #pragma once
 
 #include <QByteArray>
 #include <QSizeF>
 
-// True when the first page of the document in these bytes, whose size is pagePoints points, uses an
-// image or a tiling pattern too large for any card. The drawing library handles these in single
-// steps that cannot be interrupted. Also true when the document is too damaged to be examined.
+// The bytes are those of a PDF document whose first page has the size pagePoints. Returns true when
+// this page uses an image that is too large for any card, or a tiling pattern whose tiles are too
+// many: the drawing library handles each of these in one step that cannot be interrupted. Also
+// returns true when the document is too damaged to be examined.
 bool isTooMuchToDraw(const QByteArray& bytes, QSizeF pagePoints);

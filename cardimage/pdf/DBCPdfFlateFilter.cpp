@@ -15,7 +15,8 @@
 
 namespace {
 
-// Passes data on to the receiver, and throws once it has passed on DBCBitmap::maximumBytes.
+// Returns a pipeline that passes data on to the receiver, and throws once it has passed on
+// DBCBitmap::maximumBytes bytes.
 std::unique_ptr<Pipeline> limiterBefore(Pipeline* receiver)
 {
     return std::make_unique<Pl_Function>("limiter", receiver,

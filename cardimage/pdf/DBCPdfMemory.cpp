@@ -8,8 +8,9 @@
 
 void rethrowIfOutOfMemory(const std::exception& exception)
 {
-    // The library's texts end with that of the std::bad_alloc that it caught. A PDF name quoted
-    // from the document could end so too, but contains no blank.
+    // When the library catches a std::bad_alloc, the text of its own exception ends with a blank
+    // and "std::bad_alloc". A PDF name that the library quotes from the document could also end
+    // with this word, but contains no blank.
     const std::string_view text(exception.what());
     if (text == "std::bad_alloc" || text.ends_with(" std::bad_alloc"))
         throw std::bad_alloc();

@@ -21,7 +21,8 @@ std::array<char, 16> g_imagestr {};
 
 namespace {
 
-// Bytes. Only the first matrix matters, and the contents of real cards are far shorter.
+// The limit in bytes for the contents that are unpacked. Only the first matrix matters, and the
+// contents of real cards are far shorter.
 constexpr qint64 longestContents = 16LL * 1024 * 1024;
 constexpr qint64 longestSide = std::numeric_limits<quint16>::max();
 constexpr qint32 fullTurn = 360;
@@ -29,8 +30,8 @@ constexpr qint32 fullTurn = 360;
 std::optional<QSizeF> pageSizeOf(QPDFObjectHandle page)
 {
     QPDFObjectHandle box = page.getKey("/MediaBox");
-    // From version 12 on, the library gives a page without a usable box one of its own, which was
-    // never parsed.
+    // From version 12 on, the library (QPDF) adds a box of its own to a page without a usable one.
+    // Such a box did not come from the file and has a negative offset.
     if (box.getParsedOffset() < 0)
         return std::nullopt;
     std::array<double, 4> sides {};
@@ -42,8 +43,9 @@ std::optional<QSizeF> pageSizeOf(QPDFObjectHandle page)
             return std::nullopt;
         sides[i] = *side;
     }
-    // The wrong origin is subtracted from each side, on purpose: the resolutions must come out as
-    // they always have. It makes no difference for a box that begins at 0 0.
+    // Each difference uses the wrong coordinate of the origin. This is kept on purpose, because the
+    // resolutions must stay the same as in earlier exports. The error has no effect on a box that
+    // begins at 0 0.
     return QSizeF(sides[2] - sides[1], sides[3] - sides[0]);
 }
 
@@ -64,8 +66,8 @@ std::string lastImageOrFormName(QPDFObjectHandle objects)
     return g_imagestr.data();
 }
 
-// The image named in the resources, or in those of nested forms, whose rotations are added to
-// rotation. Returns a null object when there is none.
+// Returns the image that the resources, or the resources of nested forms, name. Adds the rotations
+// of these forms to `rotation`. Returns a null object when there is no image.
 QPDFObjectHandle findImage(QPDFObjectHandle resources, qint32* rotation)
 {
     std::set<QPDFObjGen> forms;
@@ -77,7 +79,7 @@ QPDFObjectHandle findImage(QPDFObjectHandle resources, qint32* rotation)
         QPDFObjectHandle object = objects.getKey('/' + name);
         if (name.starts_with("Im"))
             return object;
-        // A form that contains itself would be followed for ever.
+        // Without this check a form that contains itself would be followed for ever.
         if (!name.starts_with("Fm") || !object.isStream()
             || !forms.insert(object.getObjGen()).second)
             break;
@@ -115,14 +117,14 @@ std::optional<quint16> sideOf(QPDFObjectHandle value)
     return static_cast<quint16>(value.getIntValue());
 }
 
-// One byte more than the rows need, so that dataSize shows surplus data.
+// Returns one byte more than the rows need, so that dataSize shows when there is surplus data.
 qint64 longestBitmapData(const ImageDescriptor& descriptor)
 {
     return qint64(descriptor.height) * ((descriptor.width + 7) / 8) + 1;
 }
 
-// Dots per inch, rounded to three decimals and then truncated: 299.9996 gives 300, 299.99 gives
-// 299. 0 when the page has no extent.
+// Returns the dots per inch, rounded to three decimals and then truncated: 299.9996 gives 300, and
+// 299.99 gives 299. Returns 0 when the page has no extent.
 qint32 resolutionOf(double pixels, double points)
 {
     constexpr double pointsPerInch = 72;
@@ -167,7 +169,7 @@ std::optional<QByteArray> imageData(
         : jpegStreamData(image, DBCBitmap::maximumBytes);
 }
 
-// False when the page has no image that can be taken out.
+// Returns false when the page has no image that can be taken out.
 bool acquireImage(
     QPDFObjectHandle page, QByteArray* outData, ImageDescriptor* descriptor, qint32* outRotation)
 {
@@ -220,7 +222,7 @@ DBCResultCode AcquireImageFromPDFPage(
             return DBCResultCode::Success;
     } catch (const std::exception& exception) {
         rethrowIfOutOfMemory(exception);
-        // A document that is too damaged has no image: NoImageInPdf.
+        // A document that is too damaged has no usable image. The result is NoImageInPdf.
     }
     return DBCResultCode::NoImageInPdf;
 }

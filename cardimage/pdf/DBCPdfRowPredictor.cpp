@@ -12,7 +12,8 @@ namespace {
 // The filter types of PNG (ISO/IEC 15948, 9.2). The type is the first byte of each row.
 enum PngFilter : unsigned char { None, Left, Above, Average, Paeth };
 
-// The parameter, or missing if there is none. None when it is not an integer from 1 to largest.
+// Returns the value of the parameter, or the value `missing` if the parameter is absent. Returns
+// std::nullopt when the value is not an integer from 1 to largest.
 std::optional<std::size_t> numberOf(
     QPDFObjectHandle& parameters, const char* key, std::size_t missing, long long largest)
 {
@@ -40,7 +41,8 @@ std::optional<DBCPdfRows::Kind> kindOf(std::size_t predictor)
     return std::nullopt;
 }
 
-// The Paeth predictor: the neighbour that is nearest to left + above - aboveLeft.
+// Returns the value of the Paeth predictor: the neighbour that is nearest to left + above -
+// aboveLeft.
 int paeth(int left, int above, int aboveLeft)
 {
     const int plane = left + above - aboveLeft;
@@ -68,8 +70,8 @@ int prediction(unsigned char filter, int left, int above, int aboveLeft)
     }
 }
 
-// The sample at this index of a row. Samples have 1, 2, 4, 8 or 16 bits, the most significant
-// first.
+// Returns the sample at this index of a row. A sample has 1, 2, 4, 8 or 16 bits, the most
+// significant bit first.
 unsigned sampleAt(const std::vector<unsigned char>& row, std::size_t index, std::size_t bits)
 {
     if (bits == 16)

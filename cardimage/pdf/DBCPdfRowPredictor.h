@@ -15,9 +15,10 @@ class QPDFObjectHandle;
 struct DBCPdfRows {
     enum class Kind : unsigned char { Plain, Tiff, Png };
 
-    // Reads the parameters; null means plain data. None when they are invalid, or when a row would
-    // have more than 65,535 pixels, 32 samples per pixel or 16 bits per sample: no image exceeds
-    // these, and the memory for a row is allocated as the parameters demand.
+    // Reads the parameters; a null object means plain data. Returns std::nullopt when the
+    // parameters are invalid, or when a row would have more than 65,535 pixels, 32 samples per
+    // pixel or 16 bits per sample. No image exceeds these limits; without them, invented parameters
+    // could demand any amount of memory for a row.
     static std::optional<DBCPdfRows> of(QPDFObjectHandle parameters);
 
     std::size_t pixelBits() const { return samples * bits; }
@@ -29,8 +30,8 @@ struct DBCPdfRows {
     std::size_t bits = 8; // per sample
 };
 
-// Restores the rows and passes them to the receiver, which must outlive it. A truncated last row is
-// passed on as far as it goes.
+// Restores the rows and passes them to the receiver, which must outlive the predictor. If the last
+// row is truncated, the part that arrived is passed on.
 class DBCPdfRowPredictor final : public Pipeline {
 public:
     DBCPdfRowPredictor(const DBCPdfRows& rows, Pipeline* receiver);
@@ -44,7 +45,7 @@ private:
     void addTiffDifferences();
 
     const DBCPdfRows _rows;
-    const std::size_t _front; // bytes before each row: 1 for PNG, the number of its filter
-    std::vector<unsigned char> _row; // the part of the present row that has arrived
+    const std::size_t _front; // bytes before each row: 1 for PNG (the type of the filter)
+    std::vector<unsigned char> _row; // the part of the current row that has arrived
     std::vector<unsigned char> _rowAbove; // the previous row, restored; empty before the first row
 };

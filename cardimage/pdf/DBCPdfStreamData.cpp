@@ -15,8 +15,8 @@
 
 namespace {
 
-// The first limit bytes. decodeLevel says which filters are undone; qpdf_dl_none gives the bytes as
-// stored.
+// Returns at most the first `limit` bytes of the data. decodeLevel says which filters are undone;
+// qpdf_dl_none gives the bytes as stored.
 QByteArray collect(QPDFObjectHandle& stream, qint64 limit, qpdf_stream_decode_level_e decodeLevel)
 {
     QByteArray bytes;
@@ -35,12 +35,13 @@ QByteArray collect(QPDFObjectHandle& stream, qint64 limit, qpdf_stream_decode_le
         stream.pipeStreamData(&collector, nullptr, 0, decodeLevel, suppressWarnings, false);
     } catch (const std::exception& exception) {
         rethrowIfOutOfMemory(exception);
-        // The data is damaged or longer than the limit: the result is the bytes received so far.
+        // The data is damaged or longer than the limit. The result consists of the bytes received
+        // so far.
     }
     return bytes;
 }
 
-// The number of filters before /DCTDecode; 0 also when that filter is missing.
+// Returns the number of filters before /DCTDecode, or 0 when /DCTDecode is missing.
 int filtersBeforeJpeg(QPDFObjectHandle& filter)
 {
     for (int i = 0; filter.isArray() && i < filter.getArrayNItems(); ++i) {
@@ -62,7 +63,8 @@ QPDFObjectHandle firstItems(QPDFObjectHandle value, int count)
     return result;
 }
 
-// Checked beforehand because the library allocates a row of whatever length the stream demands.
+// The rows are checked before unpacking, because the library allocates a row of any length that the
+// stream demands.
 bool hasSoundRows(QPDFObjectHandle parameters)
 {
     if (!parameters.isArray())
@@ -93,8 +95,8 @@ std::optional<QByteArray> jpegStreamData(QPDFObjectHandle stream, qint64 limit)
     const int count = filtersBeforeJpeg(filter);
     if (count == 0)
         return stored;
-    // The library undoes either all filters of a stream or none. The filters before /DCTDecode are
-    // therefore undone in a second stream that has only these.
+    // The library undoes either all filters of a stream or none. To undo only the filters before
+    // /DCTDecode, the function makes a second stream that has only these filters.
     QPDFObjectHandle front = QPDFObjectHandle::newStream(&stream.getQPDF(), stored.toStdString());
     front.replaceDict(stream.getDict().shallowCopy());
     front.getDict().replaceKey("/Filter", firstItems(filter, count));

@@ -10,10 +10,11 @@
 
 class QPDFObjectHandle;
 
-// The data with all filters undone. None when a filter is unknown, is one that would lose something
-// (/DCTDecode), or has parameters that DBCPdfRows refuses.
+// Returns the data with all filters undone. Returns std::nullopt when a filter is unknown, belongs
+// to a lossy format (/DCTDecode), or has parameters that DBCPdfRows refuses.
 std::optional<QByteArray> decodedStreamData(QPDFObjectHandle stream, qint64 limit);
 
-// The JPEG in an image stream: the data with the filters before /DCTDecode undone. None when one of
-// these cannot be undone. A stream without /DCTDecode gives its bytes as stored.
+// Returns the JPEG in an image stream: the data with the filters before /DCTDecode undone. Returns
+// std::nullopt when one of these filters cannot be undone. For a stream without /DCTDecode the
+// function returns the bytes as stored.
 std::optional<QByteArray> jpegStreamData(QPDFObjectHandle stream, qint64 limit);

@@ -19,8 +19,8 @@ bool mentionsFont(const QPDFObjectHandle& root)
     });
 }
 
-// Looks at the words first, because the library asks for the deadline only while it collects these,
-// not while it collects the whole text.
+// Collects the words first, because only then does the library call endWhenTooLong(); while it
+// collects the whole text, it checks no deadline.
 bool hasText(const Poppler::Page& page, const QVariant& deadline)
 {
     constexpr int mostInvisibleCharacters = 1;
@@ -37,8 +37,8 @@ bool findsText(QPDF* document, const QString& path)
     int index = -1;
     for (const QPDFObjectHandle& pageObject : document->getAllPages()) {
         ++index;
-        // A scanned page has no fonts. The document is opened for its text only if it may have
-        // some, because that takes longer than everything else that is done to a card PDF.
+        // A scanned page has no fonts. The drawing library opens the document only if a page may
+        // have text, because opening takes longer than all other work on a card PDF.
         if (!mentionsFont(QPDFPageObjectHelper(pageObject).getAttribute("/Resources", false)))
             continue;
         if (!drawable && AcquireCardImageFromAllPDF(path, &drawable) != DBCResultCode::Success)

@@ -27,7 +27,8 @@ bool writeWholeFile(const QString& path, const QByteArray& data)
     return isWritten;
 }
 
-// A link whose target is missing counts as a file: writing through it would create the target.
+// A symbolic link whose target is missing counts as a file, so that saveFile() removes the link.
+// Otherwise writing to the link would create the target.
 bool fileStandsAt(const QFileInfo& info)
 {
     return (info.exists() || info.isSymLink()) && !info.isDir();

@@ -12,7 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Other systems, to which an export may be taken, do not allow these characters in file names.
+// A user may copy an export to another system, and some systems do not allow these characters in
+// file names.
 constexpr QStringView refusedCharacters = u"/:\\*?\"<>|";
 
 } // namespace

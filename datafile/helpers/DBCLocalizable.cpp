@@ -39,8 +39,8 @@ std::atomic<Language>& currentLanguage()
     return language;
 }
 
-// Asks the catalogues directly, because qtTrId() returns the key for a missing entry and returns
-// nothing but keys before the application object exists.
+// Reads the translation catalogues directly. qtTrId() would not do: it returns the key for a
+// missing entry, and returns only keys before the application object exists.
 struct Catalogues {
     Catalogues()
     {
@@ -71,7 +71,7 @@ Q_COREAPP_STARTUP_FUNCTION(installTextsOfQt)
 std::atomic<const DBCLocalizable::Substitute*> substitute = nullptr;
 
 struct Placeholder {
-    qsizetype length; // with its percent sign
+    qsizetype length; // includes the percent sign
     std::size_t argument; // index
     bool isGrouped;
 };

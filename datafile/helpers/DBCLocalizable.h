@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The localized strings table "Localizable": every text that a person reads has an IDS_* key in it.
-// In every program that links this library, Qt's own texts (standard dialogs, command line errors)
-// use the table's language from the moment the application object exists.
+// The localized strings table "Localizable", which has an IDS_* key for every text that a person
+// reads. In every program that links this library, Qt's own texts (standard dialogs, command line
+// errors) use the table's language from the moment the application object exists.
 #pragma once
 
 #include <QHash>
@@ -21,26 +21,27 @@ class DBCLocalizable {
 public:
     enum class Language : quint8 { English, Japanese };
 
-    // The table's language: Japanese in a Japanese locale, otherwise English. It is chosen on first
-    // use; setLanguage() replaces it for the whole process. May be called on any thread.
+    // The language of the table. The first use chooses Japanese in a Japanese locale and English in
+    // any other. setLanguage() changes the language for the whole process. Any thread may call both
+    // functions.
     static Language language();
     static void setLanguage(Language language);
-    // The first language in the list that the table has, English when it has none of them. wanted:
-    // language tags such as "ja-JP" and "en", the preferred one first.
+    // Returns the first language in the list that the table supports, or English when it supports
+    // none of them. wanted holds language tags such as "ja-JP" and "en", the preferred one first.
     static Language languageFor(const QStringList& wanted);
     static QLocale locale();
 
-    // The text of a key; none when the table has no entry for it.
+    // Returns the text of a key, or std::nullopt when the table has no entry for this key.
     static std::optional<QString> text(const QString& key);
 
-    // Returns text with %1 to %9 (and %L1 to %L9) replaced by the arguments. This takes one pass,
-    // so an argument that contains "%1" itself stays as it is. A placeholder without an argument
-    // stays.
+    // Returns text with %1 to %9 (and %L1 to %L9) replaced by the arguments. A placeholder without
+    // an argument stays. Arguments are not searched for placeholders, so "%1" within an argument
+    // stays as well.
     static QString fill(const QString& text, const DBCMessageArguments& arguments);
 
-    // For tests: entries that replace those of the table as long as the object lives; the value
-    // none hides an entry. Only one object may exist at a time, and no other thread may use the
-    // table while it is made or destroyed.
+    // For tests only: as long as a Substitute exists, its entries replace those of the table. The
+    // value std::nullopt hides the table's entry. Only one Substitute may exist at a time, and no
+    // other thread may use the table while the Substitute is made or destroyed.
     class Substitute {
     public:
         explicit Substitute(QHash<QString, std::optional<QString>> entries);
@@ -54,11 +55,11 @@ public:
     };
 };
 
-// The text of a key, or the key itself when the table has no entry.
+// Returns the text of a key, or the key itself when the table has no entry.
 QString getLocalString(const QString& key);
 
-// The text of a key with its placeholders filled.
+// Returns the text of a key with the arguments in place of its placeholders.
 QString getLocalString(const QString& key, const DBCMessageArguments& arguments);
 
-// The same for a key given as ASCII text.
+// Does the same for a key given as ASCII text.
 QString getLocalString(const char* key, const DBCMessageArguments& arguments = {});

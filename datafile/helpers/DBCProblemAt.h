@@ -7,7 +7,7 @@
 
 #include <QString>
 
-// The text of key with path as its first argument and furtherArguments after it; the problem is
-// about path.
+// Returns a problem about path. Its text is that of key, with path as the first argument and
+// furtherArguments as the next ones.
 DBCProblem problemAt(
     const QString& path, const char* key, const DBCMessageArguments& furtherArguments = {});

@@ -11,7 +11,8 @@ constexpr QByteArrayView bigEndianMark("\xFE\xFF");
 constexpr QByteArrayView utf8Mark("\xEF\xBB\xBF");
 constexpr qsizetype bytesPerUnit = sizeof(char16_t);
 
-// The program's files begin with Japanese or ASCII text, a tab or a line end.
+// Returns true for a unit with which the program's files may begin: Japanese or ASCII text, a tab
+// or a line end.
 bool mayBeginAFile(char16_t unit)
 {
     const bool isAscii
@@ -22,8 +23,8 @@ bool mayBeginAFile(char16_t unit)
     return isAscii || isKanaOrIdeograph || isCompatibilityForm;
 }
 
-// Converts bytes to UTF-16 units and leaves out an odd last byte. convert: one of the library's
-// bulk conversions between byte orders.
+// Converts bytes to UTF-16 units and leaves out an odd last byte. convert is one of Qt's functions
+// that convert the byte order of many units.
 QString unitsFrom(QByteArrayView bytes, void (*convert)(const void*, qsizetype, void*))
 {
     QString units(bytes.size() / bytesPerUnit, Qt::Uninitialized);
@@ -32,7 +33,7 @@ QString unitsFrom(QByteArrayView bytes, void (*convert)(const void*, qsizetype, 
     return units;
 }
 
-// Lone surrogates cannot be encoded, so each is replaced.
+// Replaces each lone surrogate, because it cannot be encoded.
 QString withoutLoneSurrogates(QStringView text)
 {
     QString result = text.toString();
@@ -76,8 +77,8 @@ DBCTextDecoder::Result DBCTextDecoder::decode(QByteArrayView piece, QString* tex
     return _encoding == DBCTextEncoding::Utf16 ? decodeUtf16(piece, text) : decodeUtf8(piece, text);
 }
 
-// Checks for lone surrogates and an odd last byte, because the library's decoder accepts the former
-// and drops the latter.
+// Checks for lone surrogates and an odd last byte, because Qt's decoder accepts lone surrogates and
+// drops an odd last byte.
 DBCTextDecoder::Result DBCTextDecoder::decodeUtf16(QByteArrayView piece, QString* text)
 {
     const ByteOrder order = _byteOrder ? *_byteOrder : byteOrderOf(piece);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Decodes and encodes the program's text files. The two encodings have the numbers under which the
-// source platform knows them.
+// Decodes and encodes the program's text files. The values of the two encodings are the numbers
+// that the source platform uses for them.
 #pragma once
 
 #include <QByteArray>
@@ -39,12 +39,13 @@ private:
     static ByteOrder byteOrderOf(QByteArrayView start);
 
     DBCTextEncoding _encoding;
-    std::optional<ByteOrder> _byteOrder; // none until the first piece is decoded
+    std::optional<ByteOrder> _byteOrder; // std::nullopt until the first piece is decoded
 };
 
-// Returns the text of a whole file without its byte-order mark; none when the bytes are not valid
-// in the encoding (in UTF-16: an odd last byte or a lone surrogate). UTF-16 without a mark is read
-// as little-endian unless its first two bytes are possible only as big-endian text.
+// Returns the text of a whole file without its byte-order mark. Returns std::nullopt when the bytes
+// are not valid in the encoding; in UTF-16 an odd last byte and a lone surrogate are invalid.
+// UTF-16 without a mark is read as little-endian, unless only big-endian gives a plausible first
+// character.
 std::optional<QString> decodeText(QByteArrayView bytes, DBCTextEncoding encoding);
 
 // Returns the bytes of the text. Characters that cannot be encoded are replaced. UTF-16 is

@@ -12,8 +12,8 @@
 
 namespace {
 
-// Only the first 64 KiB of a "Version.txt" are read. That is far more than its line needs, and
-// keeps a huge file of that name from filling the memory.
+// Only the first 64 KiB of a "Version.txt" are read. The line needs far less, and the limit keeps a
+// huge file of this name from filling the memory.
 constexpr qint64 versionFileLimit = 0x10000;
 
 QString firstLine(const QString& text)
@@ -45,7 +45,8 @@ std::optional<DBCVersionInfo> readVersionInfo(const QString& path)
     if (!bytes)
         return {};
     auto text = decodeText(*bytes, DBCTextEncoding::Utf16);
-    // If the file is longer than the limit, the cut may have divided a surrogate pair.
+    // If the file is longer than the limit, the text may be invalid only because the limit divided
+    // a surrogate pair.
     if (!text && info.size() > versionFileLimit)
         text = decodeText(bytes->chopped(sizeof(char16_t)), DBCTextEncoding::Utf16);
     if (!text)

@@ -10,15 +10,15 @@
 
 #include <optional>
 
-// Holds one entry: versionInfoKey with the first line of the file.
+// Holds one entry, whose key is versionInfoKey and whose value is the first line of the file.
 using DBCVersionInfo = QHash<QString, QString>;
 
 inline constexpr const char* versionInfoKey = "Product name and version in the Version.txt";
 
-// Returns none when the file cannot be read or is not valid text.
+// Returns std::nullopt when the file cannot be read or is not valid text.
 std::optional<DBCVersionInfo> readVersionInfo(const QString& path);
 
-// Returns Success, VersionFileRefusedProduct or VersionFileMismatch; a missing value is a mismatch.
-// Exports carry the product code "TELKA", and it is refused on purpose: an exported folder must not
-// be imported again.
+// Returns Success, VersionFileRefusedProduct or VersionFileMismatch. A missing value is a mismatch.
+// The function refuses the product code "TELKA", which every export writes, because an exported
+// folder must not be imported again.
 DBCResultCode checkVersionInfo(const std::optional<DBCVersionInfo>& versionInfo);

@@ -11,8 +11,9 @@
 struct DBCColumn {
     const char* titleKey; // key of the column's title in the strings table
     DBCRecordKey key;
-    // Longest value that gives no warning, in UTF-16 units; none: the length is not checked. Which
-    // text is measured for the address and its parts: DBCItemLengths.h.
+    // The length of the longest value that gives no warning, in UTF-16 units. If it is
+    // std::nullopt, the length is not checked. DBCItemLengths.h says which text is measured for the
+    // address.
     std::optional<qsizetype> maxLength;
 };
 
@@ -40,7 +41,7 @@ inline constexpr std::array<DBCColumn, 21> DBCColumns {{
     {"IDS_CSV_TITLE_ENTRY_DATE", DBCRecordKey::register_Date, {}},
 }};
 
-// Index of the column in DBCColumns. key must be one of the columns' keys.
+// Returns the index of a column in DBCColumns. key must be the key of a column.
 constexpr int columnIndex(DBCRecordKey key)
 {
     return static_cast<int>(key);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The functions of DBCCommonFunction about columns; its other functions live on a lower floor,
-// which does not know the columns.
+// The functions of DBCCommonFunction about columns. Its other functions are in the library
+// datafile/helpers, which must not depend on the columns.
 #include "datafile/helpers/DBCCommonFunction.h"
 
 #include "datafile/helpers/DBCLocalizable.h"

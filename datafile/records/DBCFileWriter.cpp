@@ -24,8 +24,9 @@ constexpr qsizetype byteOrderMarkSize = 2;
 // New files are private to the user, because they contain the data of business cards.
 constexpr mode_t newFileMode = S_IRWXU;
 
-// Opens the file, makes it when it is missing and never shortens it. None when it cannot be opened
-// or is no regular file; writing to a pipe would block until something reads it.
+// Opens the file, creates it when it is missing and never shortens it. Returns std::nullopt when
+// the file cannot be opened or is not a regular file: writing to a pipe would block until another
+// program reads from the pipe.
 std::optional<int> openForAppending(const QString& path)
 {
     const QByteArray name = QFile::encodeName(path);
@@ -113,7 +114,8 @@ bool DBCFileWriter::openHandle()
     const std::optional<int> descriptor = openForAppending(_fullFileName);
     if (!descriptor)
         return false;
-    // Unbuffered, so that a full disk makes the write fail and not only the later close.
+    // The file is unbuffered, so that a full disk makes the write fail and not only the later
+    // close.
     const QIODevice::OpenMode mode
         = QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered;
     if (_fileHandle.open(*descriptor, mode, QFileDevice::AutoCloseHandle))
@@ -176,7 +178,7 @@ std::optional<QString> DBCFileWriter::createDataStrWith(const DBCRecord& record)
     return line.append(u"\r\n");
 }
 
-// Deletes the tabs before the replacement runs, which would otherwise turn them into spaces.
+// Deletes the tabs first, because the replacement after it would turn them into spaces.
 QString DBCFileWriter::cleaned(const QString& value)
 {
     static const QStringList deleted {u"\t"_s};

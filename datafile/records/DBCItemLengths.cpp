@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Measured as part of the address and not by themselves.
+// These columns are measured as part of the address and not by themselves.
 constexpr std::array partsOfTheAddress {
     DBCRecordKey::state, DBCRecordKey::city, DBCRecordKey::street};
 

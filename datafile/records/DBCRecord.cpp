@@ -5,7 +5,8 @@
 
 std::size_t DBCRecord::position(DBCRecordKey key) const
 {
-    // The shift drops the bits of `key` and of all later keys, so the keys before it are counted.
+    // The shift drops the bits of `key` and of all later keys, so that count() counts only the
+    // present keys before `key`.
     return (_present << (DBCRecordKeyCount - index(key))).count();
 }
 

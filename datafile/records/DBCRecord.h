@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One card's data on its way between the data file and the card database, with access by key. The
-// set of keys is fixed, so a record stores its values in key order and one bit per key that says
-// whether the value is present; a hash per record needs three times the time and memory.
+// A record holds the data of one card, by key, while the data is moved between the data file and
+// the card database. The set of keys is fixed, so a record stores its values in key order, and one
+// bit per key that says whether the value is present. A hash per record would need three times the
+// time and memory.
 #pragma once
 
 #include <QDateTime>
@@ -14,8 +15,8 @@
 #include <variant>
 #include <vector>
 
-// The first 21 are the data file's columns in their order. recordNo, lineNo and attachmentFile
-// exist only during a conversion; all others are attributes of a stored card.
+// The first 21 keys are the columns of the data file in their order. recordNo, lineNo and
+// attachmentFile exist only during a conversion; all others are attributes of a stored card.
 enum class DBCRecordKey : quint8 {
     face_Image_File,
     back_Image_File,
@@ -94,7 +95,8 @@ enum class DBCRecordKey : quint8 {
 
 inline constexpr std::size_t DBCRecordKeyCount = static_cast<std::size_t>(DBCRecordKey::flag2) + 1;
 
-// The names of the keys, in the order of DBCRecordKey. The store's column names derive from them.
+// The names of the keys, in the order of DBCRecordKey. The column names of the card database derive
+// from these names.
 inline constexpr std::array<std::string_view, DBCRecordKeyCount> DBCRecordKeyNames {
     "face_Image_File",
     "back_Image_File",
@@ -170,7 +172,7 @@ inline constexpr std::array<std::string_view, DBCRecordKeyCount> DBCRecordKeyNam
 };
 static_assert(DBCRecordKeyNames.back() == "flag2");
 
-// Text, number, or point in time.
+// A text, a number or a point in time.
 using DBCValue = std::variant<QString, qint64, QDateTime>;
 
 class DBCRecord {
@@ -180,11 +182,11 @@ public:
     bool isEmpty() const { return _values.empty(); }
     void reserve(std::size_t count) { _values.reserve(count); }
 
-    // Null when the key is absent. The pointer is valid until the record changes.
+    // Returns null when the key is absent. The pointer is valid until the record changes.
     const DBCValue* value(DBCRecordKey key) const;
-    // None when the key is absent or its value is not a text.
+    // Returns std::nullopt when the key is absent or its value is not a text.
     std::optional<QString> text(DBCRecordKey key) const;
-    // Empty when the key is absent or its value is not a text.
+    // Returns an empty text when the key is absent or its value is not a text.
     QString textOrEmpty(DBCRecordKey key) const;
 
     void setValue(DBCRecordKey key, DBCValue value);
@@ -194,7 +196,8 @@ public:
 
 private:
     static constexpr std::size_t index(DBCRecordKey key) { return static_cast<std::size_t>(key); }
-    // Index of the key's value in _values, or the index at which it would be inserted.
+    // Returns the index of the key's value in _values, or the index at which the value would be
+    // inserted.
     std::size_t position(DBCRecordKey key) const;
 
     std::bitset<DBCRecordKeyCount> _present;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Splits an address into its parts and puts these together again.
+// Splits an address into its parts and joins the parts again.
 #include "fuzz/FuzzTarget.h"
 #include "text/DBCAddresses.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Turns a bitmap of any kind, converts its depth, and writes it as a JPEG file.
+// Turns a bitmap of any kind, converts its colour depth, and writes the bitmap as a JPEG file.
 #include "cardimage/DBCImageFiles.h"
 #include "cardimage/bitmap/DBCBitmapDrawing.h"
 #include "fuzz/JpegClaims.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Puts a JPEG of any bytes on a page of a card PDF and takes it out again.
+// Puts a JPEG of any bytes on a page of a card PDF and takes the image out again.
 #include "cardimage/pdf/DBCCardPdf.h"
 #include "cardimage/pdf/DBCCardPdfWriter.h"
 #include "cardimage/pdf/DBCPdfPageImage.h"

@@ -15,7 +15,7 @@ const DBCFileWriter& writer()
     return *theWriter;
 }
 
-// The items of the line, after a check that it is one line of 21 items.
+// Checks that the text is one line of 21 items, and returns these items.
 QStringList itemsOf(QString line)
 {
     mustHold(line.endsWith(u"\r\n"), "a line ends with its separator");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Reads a data file of any bytes, whole and in chunks, then writes its records and reads them
+// Reads a data file of any bytes in chunks and as a whole, writes its records, and reads these
 // again.
 #include "datafile/DBCFileReader.h"
 #include "datafile/helpers/DBCCommonFunction.h"
@@ -27,8 +27,8 @@ FuzzFile& file()
     return theFile;
 }
 
-// Positioned at the beginning of the file. All inputs share one reader, because creating its tables
-// takes longer than reading.
+// Returns a reader at the beginning of the file. All inputs share one reader, because creating the
+// tables of a reader takes longer than reading.
 DBCFileReader& freshReader(DBCTextEncoding encoding = DBCTextEncoding::Utf16)
 {
     static const auto reader = DBCFileReader::initWithFullFileName(file().path());
@@ -50,7 +50,8 @@ bool endsReading(const DBCError& error)
     return error && error.code() != DBCResultCode::DataLineFormatError;
 }
 
-// Asks for more lines than any input has.
+// Requests one record after the other, until an error other than a malformed line ends the reading.
+// lines limits the number of requests, and must be greater than the number of lines in the input.
 Records readInChunks(DBCFileReader& chunks, quint32 chunkSize, qsizetype lines)
 {
     chunks.setBufferSize(chunkSize);
@@ -105,7 +106,7 @@ bool isBlank(const DBCRecord& record)
 
 void judgeRoundTrip(Records records)
 {
-    std::erase_if(records, isBlank); // they are written as blank lines
+    std::erase_if(records, isBlank); // the writer writes these as blank lines
     const QString text = written(records);
     file().write(encodeText(text, DBCTextEncoding::Utf16));
     DBCError error;
@@ -122,8 +123,8 @@ void judgeRoundTrip(Records records)
     mustHold(written(*again) == text, "records that were read back are written the same");
 }
 
-// A chunk size in bytes that has room for the longest line and its separator, wherever in the chunk
-// the line begins.
+// Returns a chunk size in bytes. A chunk of that size has room for the longest line with its
+// separator, and for the byte-order mark.
 quint32 chunkSizeFor(const QString& text)
 {
     constexpr qsizetype roomForMark = 4;

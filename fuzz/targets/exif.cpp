@@ -8,7 +8,8 @@ using namespace Qt::StringLiterals;
 
 constexpr qsizetype LongestExif = 0xFFFF - 8;
 
-// The header of a JPEG of 32 x 48 gray pixels. The picture is missing, because it is not decoded.
+// Returns the header of a JPEG of 32 x 48 gray pixels with these Exif data. The picture is missing,
+// because the target does not decode it.
 QByteArray jpegWith(QByteArrayView exif)
 {
     const auto length = static_cast<quint16>(exif.size() + 8);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Formats any text as a line of the log, alone and as a value for the placeholders of a message.
+// Formats any text as a line of the log, both alone and as the value that replaces a placeholder of
+// a message.
 #include "datafile/helpers/DBCLocalizable.h"
 #include "fuzz/FuzzTarget.h"
 #include "operation/log/DBCLog.h"
@@ -10,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// True for characters that end a line, control a terminal or reverse the order of the text after
-// them.
+// Returns true for a character that ends a line, controls a terminal, or reverses the order of the
+// text after it.
 bool isUnfit(QChar unit)
 {
     static constexpr QStringView directions

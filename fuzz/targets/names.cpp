@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Splits a full name or its reading into its parts.
+// Splits a full name, or its phonetic reading, into parts.
 #include "fuzz/FuzzTarget.h"
 #include "text/DBCCharacterSets.h"
 #include "text/DBCNames.h"

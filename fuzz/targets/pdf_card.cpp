@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Classifies a file of any bytes as CheckPdfFile() does, and takes the two images of a card out.
+// Classifies a file of any bytes by CheckPdfFile(), and takes the one or two images of the card out
+// of the file.
 #include "cardimage/pdf/DBCCardPdf.h"
 #include "fuzz/FuzzTarget.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Draws the first page of a file of any bytes as that of a searchable card PDF.
+// Draws the first page of a file of any bytes, as the program does with a searchable card PDF.
 #include "cardimage/pdf/DBCCardPdf.h"
 #include "cardimage/pdf/DBCPdfDrawing.h"
 #include "fuzz/FuzzTarget.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Takes the image out of a page that consists of any objects. The input is the page's dictionary,
-// ended by a zero byte, followed by its streams, 3 0 R and following: for each a dictionary, the
-// length of the data in two bytes, and the data.
+// Takes the image out of a page that consists of any objects. The input begins with the page's
+// dictionary and a zero byte. Five streams follow, whose object numbers begin at 3. Each stream is
+// a dictionary, a zero byte, the length of the data in two bytes, and the data.
 #include "fuzz/PdfSupport.h"
 
 #include <exception>

@@ -53,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         const auto jpeg = jpegStreamData(stream, limit);
         mustHold(!jpeg || jpeg->size() <= limit, "no more of a JPEG is taken than was asked for");
     } catch (const std::exception&) {
-        // The dictionary is not one that a stream can have.
+        // The library refuses the dictionary.
     }
     return 0;
 }

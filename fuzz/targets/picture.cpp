@@ -5,7 +5,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    // Larger pictures run through the same code, but a hundred times slower.
+    // Larger pictures would run through the same code, but take a hundred times as long.
     constexpr qint64 mostPixels = 0x10000;
     const QByteArray jpeg(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const auto properties = readJpegProperties(jpeg);

@@ -9,7 +9,8 @@
 
 namespace {
 
-// A locale whose decimal separator is a comma. The build puts it into LOCALE_FOLDER.
+// Returns a locale whose decimal separator is a comma. The build creates this locale in
+// LOCALE_FOLDER, because most systems do not have it.
 locale_t commaLocale()
 {
     ::setenv("LOCPATH", LOCALE_FOLDER, 1);

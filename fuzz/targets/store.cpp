@@ -31,7 +31,7 @@ bool fitsKind(const DBCValue& value, DBCAttributeKind kind)
     return false;
 }
 
-// The number of cards; none when the store cannot be read completely.
+// Returns the number of cards, or std::nullopt if the store cannot be read completely.
 std::optional<qint64> fetch(DBCManagedObjectContext* context, DBCCardSelection selection)
 {
     qint64 count = 0;
@@ -51,7 +51,7 @@ std::optional<qint64> fetch(DBCManagedObjectContext* context, DBCCardSelection s
     return count;
 }
 
-// False when the card cannot be saved.
+// Adds a card and saves it. Returns false if the card cannot be saved.
 bool insert(DBCManagedObjectContext* context)
 {
     Card* const card = context->insertNewCard();
@@ -82,7 +82,7 @@ void judgeInsert(const FuzzFile& file, const QByteArray& before, std::optional<q
     context.reset();
     if (!isSaved)
         mustHold(file.read() == before, "a save that fails leaves the store as it was");
-    // A store may have triggers, which may add and remove any number of cards.
+    // The input may be a store with triggers, which add or remove any number of cards.
     else if (count && after && !before.toUpper().contains("TRIGGER"))
         mustHold(*after == *count + 1, "a save adds one card");
 }

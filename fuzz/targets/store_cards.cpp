@@ -41,14 +41,16 @@ DBCValue valueFrom(FuzzInput* input, DBCAttributeKind kind)
     return input->text();
 }
 
-// Sets the attribute that the input chooses, and remembers the value to compare it later.
+// Sets the attribute that the input chooses, and puts the value into expected, with which the saved
+// card is compared later.
 void setOne(FuzzInput* input, Card* card, DBCRecord* expected)
 {
     const auto& attribute
         = DBCCardAttributes[static_cast<size_t>(input->below(int(DBCCardAttributes.size())))];
     const DBCValue value = valueFrom(input, attribute.kind);
     card->setValue(attribute.key, value);
-    // The store keeps texts in UTF-8, which has no lone surrogates, and makes accept dates unique.
+    // Two kinds of values come back changed and are not compared: texts with lone surrogates, which
+    // the store's UTF-8 does not have, and accept dates, which the store makes unique.
     const auto* text = std::get_if<QString>(&value);
     if ((!text || text->isValidUtf16()) && attribute.key != DBCRecordKey::accept_Date)
         expected->setValue(attribute.key, value);
@@ -65,7 +67,8 @@ std::vector<DBCRecord> insertCards(FuzzInput* input, DBCManagedObjectContext* co
         expected.emplace_back();
         for (int count = input->below(8); count > 0; --count)
             setOne(input, card, &expected.back());
-        // Cards are fetched in the order of their accept dates.
+        // All cards get the same accept date, and saving makes these dates unique. Cards are
+        // fetched in the order of their dates, which must be the order of their insertion.
         card->setValue(DBCRecordKey::accept_Date, QDateTime::fromMSecsSinceEpoch(0));
     }
     return expected;

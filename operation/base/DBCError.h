@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An error of this program: a result code, and the path or the line of the data file that it is
-// about.
+// An error of this program: a result code and, if known, the path or the line of the data file that
+// the error is about.
 //
 // A default-constructed DBCError means "no error" and converts to false. Whether there is an error
 // does not depend on the code, because CancelledByUser is an error although its code is positive. A
-// private step of a sequence returns a DBCError. An operation that returns something else takes
-// `DBCError* error` as its last parameter; the caller owns that object, and the operation writes to
-// it only if it fails. A DBCError is a plain value: copies are independent of each other.
+// function that has no other result returns a DBCError. A function that returns something else
+// takes `DBCError* error` as its last parameter; the caller owns that object, and the function
+// writes to it only if the function fails. A DBCError is a plain value: copies are independent of
+// each other.
 #pragma once
 
 #include "operation/base/DBCResultCode.h"
@@ -29,7 +30,7 @@ public:
     {
     }
 
-    // An error with that code if the code is negative, otherwise no error.
+    // Returns an error with that code if the code is negative, and no error otherwise.
     static DBCError ifFailure(DBCResultCode code)
     {
         return isFailure(code) ? DBCError(code) : DBCError();
@@ -38,24 +39,26 @@ public:
     // True if there is an error.
     explicit operator bool() const { return _code.has_value(); }
 
-    // Success if there is no error.
+    // Returns Success if there is no error.
     DBCResultCode code() const { return _code.value_or(DBCResultCode::Success); }
 
-    // The path that the error is about, which for a failed backup or restore is the backup's; none
-    // if it was not set. An empty path is not none.
+    // The path that the error is about. For a failed backup or restore this is the backup's path.
+    // The value is std::nullopt if no path was set, which is not the same as an empty path.
     const std::optional<QString>& pathName() const { return _pathName; }
-    // The line of the data file that the error is about: 1 is the title line. None if not set.
+    // The line of the data file that the error is about, where 1 is the title line. The value is
+    // std::nullopt if no line was set.
     const std::optional<qint64>& lineNo() const { return _lineNo; }
-    // A cause in technical words, for the log and never for the user. Empty if not set.
+    // The cause in technical words, for the log and never for the user. The text is empty if no
+    // cause was set.
     const QString& localizedDescription() const { return _description; }
 
-    // Each sets one detail and returns this object, so that an error can be built in one
+    // Each function sets one detail and returns this object, so that an error can be built in one
     // expression.
     DBCError& withPathName(const QString& path);
     DBCError& withLineNo(qint64 line);
     DBCError& withDescription(const QString& description);
 
-    // One line for the log: the domain, the code, and each detail that is set.
+    // Returns one line for the log: the domain, the code, and each detail that is set.
     QString toString() const;
 
 private:

@@ -14,11 +14,11 @@ enum class OperationType : qint32 {
 };
 
 struct DBCOutcome {
-    // Negative: the run failed. Success also after a cancel.
+    // The code is negative if the run failed. After a cancel the code is Success.
     DBCResultCode code = DBCResultCode::Success;
     qint64 maxCount = 0; // records read or cards fetched; 0 if the run ended before that
     qint64 finishedCount = 0; // records or cards handled, including those that the run undid later
-    QString backupPath; // empty: no backup was made, or it was removed again
-    QString reportPath; // path of the report's page; empty: no report could be written
+    QString backupPath; // empty if no backup was made or if the run removed it again
+    QString reportPath; // path of the report's page; empty if no report could be written
     qint64 concernedCardCount = 0; // cards with warnings or errors
 };

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The table of all result codes. Messages, logs and scripts show the numbers, so they never change.
+// The table of all result codes. Messages, logs and scripts show the numbers, so the numbers never
+// change.
 //
 // A negative code is a failure, and 0 is success. CancelledByUser is the only error with a positive
-// code. The codes from 0x30002 and from 0x40001 on are no errors: they are the results of two
-// checks. No other file writes a result code as a number.
+// code. The codes from 0x30002 and from 0x40001 on are not errors but the results of CheckPdfFile()
+// and DBCChecker::checkDBAttributes(). No other file writes a result code as a number.
 #pragma once
 
 #include <QtGlobal>
@@ -27,7 +28,7 @@ enum class DBCResultCode : qint32 {
     FileSaveFailure = -112, // the destination is missing or read-only, or writing failed
     SizeMeasureFailure = -113, // the size of a file or folder could not be measured
     VersionFileWriteFailure = -114, // "Version.txt" could not be written after an export
-    VersionFileRefusedProduct = -115, // "Version.txt" names the product that export writes
+    VersionFileRefusedProduct = -115, // "Version.txt" names our own product, which import refuses
     VersionFileMismatch = -116, // "Version.txt" is missing, empty or of another version
 
     // Card database

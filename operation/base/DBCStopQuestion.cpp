@@ -8,7 +8,7 @@ namespace {
 
 constexpr int millisecondsBetweenQuestions = 500;
 
-// A plain pointer, so that nothing of it is left to destroy when the thread ends.
+// This is a plain pointer, so that nothing has to be destroyed when the thread ends.
 thread_local DBCStopQuestion* questionOfThread = nullptr;
 
 } // namespace

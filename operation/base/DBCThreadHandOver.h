@@ -13,8 +13,8 @@
 
 class DBCThreadHandOver {
 public:
-    // Both threads call this on the same object: the giving one before the hand-over and after it,
-    // the receiving one when it begins and when it has ended.
+    // Both threads call this on the same object: the giving thread before and after the hand-over,
+    // the receiving thread at the beginning and at the end of the call that it receives.
     void cross() const { _crossings.fetch_add(1, std::memory_order_acq_rel); }
 
 private:

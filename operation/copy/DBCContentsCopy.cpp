@@ -65,8 +65,8 @@ std::optional<std::size_t> DBCContentsCopy::next()
             continue;
         if (moved < 0 && !isUnsupported(errno))
             return std::nullopt;
-        // Some file systems report the end although nothing has been copied. So 0 is taken for the
-        // end only from a way that has copied something before, or from the last way.
+        // Some file systems report the end although nothing has been copied. So this function takes
+        // 0 for the end only if the current way has copied something before or is the last way.
         const bool isEnd = moved == 0 && (_hasMoved || _ways.size() == 1);
         if (isEnd)
             return 0;

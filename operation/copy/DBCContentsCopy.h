@@ -16,17 +16,19 @@ public:
     // both positions. Returns the number of bytes copied, 0 at the end, or -1 with errno.
     using Way = ssize_t (*)(int from, int to, std::size_t length);
 
-    // Shares the blocks where the file system can (a clone), else copies inside the kernel.
+    // If the file system can do so, makes both files share their blocks (a clone). Otherwise the
+    // kernel copies the bytes.
     static ssize_t byRange(int from, int to, std::size_t length);
-    // Copies inside the kernel, also between two file systems.
+    // The kernel copies the bytes, also between two file systems.
     static ssize_t bySending(int from, int to, std::size_t length);
     // Reads and writes through a buffer, which works everywhere.
     static ssize_t byReading(int from, int to, std::size_t length);
 
-    // The fastest comes first. When the two files do not support one, the next is used.
+    // The fastest way comes first. If the two files do not support a way, next() changes to the one
+    // after it.
     static constexpr std::array<Way, 3> allWays {byRange, bySending, byReading};
 
-    // The descriptors are the caller's and stay open.
+    // The caller owns the descriptors, and this object does not close them.
     DBCContentsCopy(int from, int to, std::span<const Way> ways = allWays)
         : _from(from)
         , _to(to)
@@ -34,8 +36,8 @@ public:
     {
     }
 
-    // Copies the next piece, at most pieceSize bytes, and returns its size: 0 at the end, none on
-    // error.
+    // Copies the next piece, at most pieceSize bytes, and returns its size, which is 0 at the end.
+    // Returns std::nullopt on an error.
     std::optional<std::size_t> next();
 
     static constexpr std::size_t pieceSize = std::size_t(8) << 20;
@@ -44,5 +46,5 @@ private:
     int _from;
     int _to;
     std::span<const Way> _ways;
-    bool _hasMoved = false; // whether the present way has copied anything
+    bool _hasMoved = false; // whether the current way has copied anything
 };

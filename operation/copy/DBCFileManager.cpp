@@ -34,7 +34,7 @@ bool isName(const QString& name)
     return !name.isEmpty() && name != u"." && name != u".." && !name.contains(u'/');
 }
 
-// The full path of the copy; none when source and destination do not allow a copy.
+// Returns the full path of the copy, or std::nullopt if source and destination do not allow a copy.
 std::optional<QString> targetOfCopy(
     const QString& path, const QString& toPath, const QString& dstFileName)
 {
@@ -100,15 +100,15 @@ bool DBCFileManager::copyWhileAsking(const QByteArray& source, const QByteArray&
         && copy.status().bytesComplete >= copy.status().totalBytes;
 }
 
-// NOLINTNEXTLINE(readability-convert-member-functions-to-static): asked of the shared instance
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): called on the shared instance
 bool DBCFileManager::cleanFolder(const QString& path)
 {
     if (!isFolderNotLink(withoutTrailingSlashes(path)))
         return false;
     const std::filesystem::path folder = nativePath(withoutTrailingSlashes(path));
     const std::filesystem::path discarded = nativePath(DBCHiddenName::discarded(path));
-    // Rename the folder first, so that a program killed in the middle leaves it complete or not at
-    // all under its own name.
+    // Rename the folder first. Then, if the program is killed in the middle, the folder's own name
+    // leads to the complete folder or to nothing.
     std::error_code error;
     std::filesystem::remove_all(discarded, error);
     std::filesystem::rename(folder, discarded, error);
@@ -116,7 +116,7 @@ bool DBCFileManager::cleanFolder(const QString& path)
         return removeAll(folder);
     if (removeAll(discarded))
         return true;
-    // Give the rest its name back, so that it is not lost under a hidden name.
+    // Give what is left the folder's own name back, so that the user can find it.
     std::filesystem::rename(discarded, folder, error);
     return false;
 }

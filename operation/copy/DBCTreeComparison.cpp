@@ -29,7 +29,8 @@ std::optional<std::vector<QByteArray>> sortedNames(int folder)
     return names;
 }
 
-// A copy by an ordinary user gets a new owner and loses its set-ID bits. That is no difference.
+// A copy by an ordinary user gets a new owner and loses its set-ID bits. This does not count as a
+// difference.
 bool haveSameMode(const struct stat& status, const struct stat& other)
 {
     constexpr mode_t rightsOfTheOwner = S_ISUID | S_ISGID;
@@ -38,7 +39,8 @@ bool haveSameMode(const struct stat& status, const struct stat& other)
     return ((status.st_mode ^ other.st_mode) & ~ignored) == 0;
 }
 
-// Fills the buffer up to the file's end and returns the number of bytes; none on an error.
+// Reads until the buffer is full or the file ends, and returns the number of bytes read. Returns
+// std::nullopt on an error.
 std::optional<std::size_t> readPiece(int file, std::vector<char>& buffer)
 {
     std::size_t length = 0;

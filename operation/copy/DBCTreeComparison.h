@@ -10,16 +10,17 @@
 
 #include <sys/stat.h>
 
-// Times and extended attributes are not compared, and set-ID bits only where the owner is the same.
-// Links are never followed. Pipes, sockets and devices make folders differ. Every file is opened
-// and read, so comparing a folder with itself shows whether all of it is readable.
+// Times and extended attributes are not compared, and set-ID bits are compared only if both entries
+// have the same owner. Links are never followed. Pipes, sockets and devices make folders differ.
+// Every file is opened and read, so comparing a folder with itself shows whether all of it is
+// readable.
 class DBCTreeComparison {
 public:
     struct Questions {
-        // Called before each entry; false ends the comparison. May be empty.
+        // Called before each entry. If it returns false, the comparison ends. May be empty.
         std::function<bool()> mayGoOn;
-        // Whether the size and contents of this file do not matter; path is relative to the folder.
-        // When this is empty, all files are compared.
+        // Returns true if the size and contents of the file at path may differ. path is relative to
+        // the folder. If this function is empty, all files are compared.
         std::function<bool(const QByteArray& path)> mayDiffer;
     };
 
@@ -28,11 +29,12 @@ public:
     {
     }
 
-    // True when both folders could be read completely and are equal.
+    // Returns true if both folders could be read completely and are equal.
     bool areEqual(const QByteArray& folder, const QByteArray& other);
 
-    // The relative path of the first entry that differs or could not be read; empty when that is
-    // the folders themselves. One object compares once.
+    // The relative path of the first entry that differs or could not be read; the path is empty if
+    // the folders themselves differ or cannot be read. An object can be used for one comparison
+    // only.
     const QByteArray& difference() const { return _path; }
 
 private:

@@ -82,7 +82,8 @@ bool DBCTreeCopy::copyItem(const Item& item)
     case S_IFLNK:
         return copyLink(item, status);
     default:
-        // If it were left out, it would be silently missing after a restore.
+        // The copy fails here, because an entry that was left out of a backup would be silently
+        // missing after a restore.
         return false;
     }
 }

@@ -13,13 +13,14 @@
 #include <sys/stat.h>
 
 // A copy keeps names as bytes, contents, permissions, times, extended attributes, symbolic links as
-// links, and the owner where the user may set it; without the owner it loses the set-ID bits. No
-// link inside the tree is followed, and nothing that exists at the target is replaced. A pipe,
-// socket or device makes the copy fail. The copy is not flushed to the disk. No other thread is
-// used; the questions are asked on the caller's thread.
+// links, and the owner if the user may set it. A copy that gets another owner loses the set-ID
+// bits. No link inside the tree is followed, and nothing that exists at the target is replaced. A
+// pipe, socket or device makes the copy fail. The copy is not flushed to the disk. No other thread
+// is used, so the functions of Questions are called on the caller's thread.
 class DBCTreeCopy {
 public:
-    // Asked while the copy runs; the answer false stops it. Each may be empty.
+    // The functions that the copy calls while it runs. If one of them returns false, the copy
+    // stops. Each may be empty.
     struct Questions {
         std::function<bool(const QString& path, const QString& toPath)> beforeItem;
         // Called at the start and then once per interval, between items and inside large files.
@@ -33,13 +34,13 @@ public:
     {
     }
 
-    // If source itself is a link, its target is copied. False when anything could not be copied, or
-    // when a question was answered with false; what was copied so far stays. One object copies
-    // once.
+    // If source itself is a link, its target is copied. Returns false if anything could not be
+    // copied or if a function of Questions returned false; what was copied so far stays. An object
+    // can be used for one copy only.
     bool copy(const QByteArray& source, const QByteArray& target);
 
-    // Copies one regular file between two open folders under its own name. False when the name is a
-    // link or anything else.
+    // Copies one regular file between two open folders under its own name. Returns false if the
+    // name belongs to a link or to anything else that is no regular file.
     bool copyFileBetween(int fromFolder, int toFolder, const QByteArray& name);
 
     // How much has been copied so far.
@@ -61,6 +62,6 @@ private:
     Questions _questions;
     DBCFileOperationStatus _status;
     std::chrono::steady_clock::time_point _nextQuestion;
-    QByteArray _path; // of the present item
+    QByteArray _path; // of the current item
     QByteArray _toPath;
 };

@@ -6,12 +6,13 @@
 
 namespace {
 
-// Far above what settings need: they have some hundred parts and nest three deep.
+// Both limits are far above what settings need: settings have some hundred parts and nest three
+// deep.
 constexpr qsizetype mostParts = 100'000;
 constexpr int deepest = 200;
 
-// The big-endian number of length bytes at position; none when it reaches beyond the end or is too
-// large for a position.
+// Returns the big-endian number of length bytes at position. Returns std::nullopt if the number
+// reaches beyond the end or is too large for a position.
 std::optional<qsizetype> numberAt(QByteArrayView bytes, qsizetype position, qsizetype length)
 {
     if (position < 0 || length < 1 || position > bytes.size() - length)
@@ -31,7 +32,7 @@ public:
     // Reads the trailer at the list's end.
     static std::optional<BinaryList> of(QByteArrayView bytes)
     {
-        constexpr qsizetype trailerLength = 26; // after six unused bytes
+        constexpr qsizetype trailerLength = 26; // the trailer follows six unused bytes
         const qsizetype trailer = bytes.size() - trailerLength;
         const auto offsetLength = numberAt(bytes, trailer, 1);
         const auto referenceLength = numberAt(bytes, trailer + 1, 1);
@@ -44,8 +45,8 @@ public:
 
     qsizetype root() const { return _root; }
 
-    // The numbers of the parts that a part contains, repeated as often as they occur. None when the
-    // part is damaged or contains more than room.
+    // Returns the numbers of the parts that a part contains, repeated as often as they occur.
+    // Returns std::nullopt if the part is damaged or contains more than room parts.
     std::optional<std::vector<qsizetype>> partsOf(qsizetype number, qsizetype room) const
     {
         auto position = numberAt(_bytes, _table + number * _offsetLength, _offsetLength);
@@ -75,8 +76,8 @@ private:
     {
     }
 
-    // The number of reference lists: one for arrays and sets, two for dictionaries (keys and
-    // values), else 0.
+    // Returns the number of reference lists: one for arrays and sets, two for dictionaries (keys
+    // and values), and 0 for all other kinds.
     static qsizetype referenceLists(qsizetype kind)
     {
         constexpr qsizetype array = 0xA;

@@ -4,8 +4,8 @@
 
 #include <QByteArrayView>
 
-// True when the binary property list has at most 100,000 parts once unfolded and nests at most 200
-// deep. A list of a hundred bytes can refer to the same parts again and again, so that parsing it
-// takes more memory than there is, or nest deeper than the parser's stack allows. False also for a
-// damaged list.
+// Returns true if the binary property list has at most 100,000 parts once all references are
+// followed, and nests at most 200 deep. A list of a hundred bytes can refer to the same parts again
+// and again, so that parsing it takes more memory than there is, or nest deeper than the parser's
+// stack allows. The function also returns false for a damaged list.
 bool unfoldsWithinBounds(QByteArrayView binaryList);

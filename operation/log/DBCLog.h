@@ -21,19 +21,19 @@
 // only. All functions may be called from any thread.
 class DBCLog {
 public:
-    // The shared instance for a path; an empty path means the default log file,
-    // $HOME/Library/Logs/VelmoraConverter.log. Null when the file cannot be created. The registry
-    // owns the instances, which live as long as the process.
+    // Returns the shared instance for a path. An empty path means the default log file,
+    // $HOME/Library/Logs/VelmoraConverter.log. Returns null if the file cannot be created. A
+    // registry owns the instances, which live as long as the process.
     static DBCLog* logInstance();
     static DBCLog* logInstance(const QString& path);
     static QString _defaultLogFilePath();
 
-    // An instance outside the registry. Null when the path is empty or the file cannot be created
-    // and opened.
+    // Creates an instance outside the registry. Returns null if the path is empty or the file
+    // cannot be created and opened.
     static std::unique_ptr<DBCLog> initWithFullPath(const QString& path);
 
-    // The log functions return Success, GeneralFailure (-1) when there is no message or the level
-    // filters it out, or the code of a failed write.
+    // The log functions return Success, GeneralFailure (-1) if there is no message or the level
+    // filters the message out, or the code of a failed write.
     DBCResultCode logDebug(const std::optional<QString>& message);
     DBCResultCode logInfo(const std::optional<QString>& message);
     // Warnings and errors are counted and passed to the observers even when the level filters them
@@ -43,11 +43,12 @@ public:
     DBCResultCode logError(const std::optional<QString>& message, const DBCLogOrigin& origin = {});
     // Writes a line of any type that is neither counted nor passed to the observers.
     DBCResultCode output(const std::optional<QString>& message, DBCLogType logType);
-    // The line for a message, with its line end. Control characters and line ends in the message
-    // are written as visible text.
+    // Returns the line for a message, with its line end. Control characters and line ends in the
+    // message are written as visible text.
     static QString getLogString(const QString& message, const QString& logType);
 
-    // Takes the level from the information dictionary; Info (1) when there is no number in it.
+    // Takes the level from the information dictionary (see DBCSettings). If the dictionary holds no
+    // number for it, the level is Info (1).
     void readLogLevel();
     QString logFilePath() const;
     quint32 warningLogCount() const { return _warningLogCount; }

@@ -21,8 +21,8 @@ enum class DBCConsequence : quint8 {
 
 struct DBCLogOrigin {
     QString key = {}; // the key of the text in the strings table; empty when not known
-    // On import the line of the data file, on export the number of the card, both from 1; none when
-    // the message is about no single card.
+    // On import the line of the data file, on export the number of the card, both counted from 1.
+    // Not set if the message is not about a single card.
     std::optional<qint64> number = {};
     QString cardName = {}; // the full name on that card; empty when there is none
     std::optional<quint32> messageNumber = {}; // set when the user was shown this message

@@ -47,7 +47,7 @@ private:
 
 std::optional<QByteArray> readBounded(const QString& path)
 {
-    // Opening a pipe would wait forever.
+    // Opening a pipe could block forever, because the call waits until somebody writes to the pipe.
     if (!QFileInfo(path).isFile())
         return {};
     QFile file(path);
@@ -56,8 +56,8 @@ std::optional<QByteArray> readBounded(const QString& path)
     return file.read(DBCPropertyList::sizeLimit);
 }
 
-// The library's function for both forms changes its parameters from release to release. Its
-// functions for one form do not.
+// The parameters of the library's function for both forms change from release to release. Therefore
+// this uses the two functions for a single form, which do not change.
 Node parse(const QByteArray& bytes)
 {
     const auto length = static_cast<uint32_t>(bytes.size());
@@ -73,8 +73,8 @@ Node parse(const QByteArray& bytes)
     return Node(node);
 }
 
-// Does not use the library's function that copies a text, because that one aborts the program when
-// the text contains a zero byte.
+// Does not use the library's function that copies a text, because that function aborts the program
+// when the text contains a zero byte.
 QString textOf(plist_t node)
 {
     uint64_t length = 0;

@@ -18,14 +18,16 @@ public:
     // $HOME/Library/Preferences/<identifier>.plist
     static QString preferencesFile(const char* identifier);
 
-    // The settings shipped with the program. Entries of the user's own preferences file for this
-    // program replace them.
+    // Returns the settings shipped with the program. An entry in the user's own preferences file
+    // for this program replaces the shipped entry.
     static QVariantMap informationDictionary();
-    // Empty when there is no such file or it cannot be read.
+    // Returns an empty map if there is no such file or if the file cannot be read.
     static QVariantMap mainApplicationPreferences();
 
-    // "Log Level" of the information dictionary; none when it is missing or no number.
+    // Returns "Log Level" of the information dictionary, or std::nullopt if the entry is missing or
+    // no number.
     static std::optional<qint32> logLevel();
-    // "DB path" of the main application's preferences; none when it is missing or no text.
+    // Returns "DB path" of the main application's preferences, or std::nullopt if the entry is
+    // missing or no text.
     static std::optional<QString> mainApplicationDatabasePath();
 };

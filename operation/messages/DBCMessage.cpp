@@ -59,7 +59,7 @@ constexpr std::array exportMessages {
 };
 constexpr quint32 anyOtherExportMessage = 208;
 
-// In the order of DBCQuestionId.
+// The keys are in the order of DBCQuestionId.
 constexpr std::array questionKeys {
     "IDS_MSG_ERR_0106",
     "IDS_MSG_ERR_0205",
@@ -137,7 +137,8 @@ QString windowTitle()
     return getLocalString(u"IDS_TITLE_WINDOW"_s);
 }
 
-// Empty for a number outside the table's range, none if the table has no entry for it.
+// Returns an empty text if the number is outside the table's range, and std::nullopt if the table
+// has no entry for the number.
 std::optional<QString> messageFormat(quint32 number)
 {
     if (number < firstMessage || number > lastMessage)

@@ -21,7 +21,7 @@ class QWindow;
 // The standard buttons. Any other number is labelled Cancel.
 enum class DBCButton : qint32 { OK = 0, Yes = 2, No = 3, Cancel = 4 };
 
-// The button that the user chose. NotShown: the question could not be asked.
+// The button that the user chose. NotShown means that the question could not be asked.
 enum class DBCAnswer : qint32 { Default = 1, Alternate = 0, Other = -1, NotShown = -50 };
 
 struct DBCQuestion {
@@ -30,10 +30,11 @@ struct DBCQuestion {
     QString text; // localized, with its arguments filled in
     QString defaultButton; // label of the button that means yes
     QString alternateButton; // label of the button that means no
-    QString otherButton; // label of a third button; empty: there is none
+    QString otherButton; // label of a third button; empty if there is none
 
-    // True if the question asks the user to confirm a cancel. It is only asked after the user has
-    // asked for that cancel, so a presenter that can reach nobody answers it with yes.
+    // True if the question asks the user to confirm a cancel. The program asks such a question only
+    // after the user has requested the cancel, so a presenter that cannot reach the user answers
+    // yes.
     bool asksToCancel() const;
 
     // True if an answer given in advance must not count: the question is about data that nobody
@@ -41,9 +42,9 @@ struct DBCQuestion {
     bool needsDecision() const;
 };
 
-// The seam through which the program's core speaks to its user. A presenter is called on the thread
-// that shows the message, which may be the operation thread, and returns when the user has read the
-// text or answered the question. All texts are localized and plain: they hold no markup.
+// The interface through which the program's core speaks to its user. A presenter is called on the
+// thread that shows the message, which may be the operation thread, and returns when the user has
+// read the text or answered the question. All texts are localized and plain: they hold no markup.
 class DBCMessagePresenter {
 public:
     virtual ~DBCMessagePresenter() = default;
@@ -52,10 +53,11 @@ public:
     // Returns the user's answer. NotShown means that the presenter could not ask, and that the
     // caller must not do anything that needs a yes.
     virtual DBCAnswer askQuestion(const DBCQuestion& question) = 0;
-    // The same as sheets on a window (not owned; null: on no window in particular), on the thread
-    // of the windows. They may return before the user has answered, and call ended once when the
-    // user has, then dismissed. An empty function is not called. Unless a presenter overrides them,
-    // they show the text or ask the question at once and return when that is done.
+    // Both do the same with a sheet on a window, and are called on the thread of the windows. The
+    // presenter does not own the window. If window is null, the sheet belongs to no window in
+    // particular. Both may return before the user has answered. When the user has answered, they
+    // call ended once, and then dismissed. An empty function is not called. Unless a presenter
+    // overrides them, they show the text or ask the question at once and return when that is done.
     virtual void showErrorSheet(QWindow* window, quint32 number, const QString& title,
         const QString& text, const std::function<void()>& ended);
     virtual void askQuestionSheet(QWindow* window, const DBCQuestion& question,
@@ -74,22 +76,23 @@ public:
     // or one whose text is empty, shows "Undefined Err:" and the number; a number without an entry
     // in the strings table shows "No Resource".
     static QString ShowErrorMessage(quint32 number, const DBCMessageArguments& arguments = {});
-    // The same as a sheet on a window; didEndSelector is called when the user has closed it. The
-    // program has no caller for it. It is kept because its name is part of the interface.
+    // Does the same with a sheet on a window, and calls didEndSelector when the user has closed the
+    // sheet. The program does not call this function. It is kept because its name is part of the
+    // interface.
     static QString ShowErrorMessageAlertSheet(QWindow* window,
         const std::function<void()>& didEndSelector, quint32 errorId,
         const DBCMessageArguments& arguments = {});
 
     // Asks the question with that key and returns the answer. otherBtn is the label of a third
-    // button; empty: there is none. If the key is empty or has no text, message 102 is shown
-    // instead, and the answer is NotShown.
+    // button; if it is empty, there is no third button. If the key is empty or has no text, message
+    // 102 is shown instead, and the answer is NotShown.
     static DBCAnswer ShowInfoMessage(const QString& messageKey, DBCButton defaultButton,
         DBCButton alternateBtn, const QString& otherBtn = {},
         const DBCMessageArguments& arguments = {});
-    // The same as a sheet on a window. Returns Alternate (0) at once; the answer goes to
+    // Does the same with a sheet on a window. Returns Alternate (0) at once; the answer goes to
     // didEndSelector, and didDismissSelector is called after that. There is no third button,
-    // whatever otherBtn holds. The program has no caller for this function either; it is kept
-    // because its name is part of the interface.
+    // whatever otherBtn holds. The program does not call this function either. It is kept because
+    // its name is part of the interface.
     static DBCAnswer ShowInfoMessageAlertSheet(QWindow* window,
         const std::function<void(DBCAnswer)>& didEndSelector,
         const std::function<void()>& didDismissSelector, const QString& messageId,

@@ -9,15 +9,15 @@
 
 class DBCRemainingTime {
 public:
-    // Begins to measure, anew if it has begun before.
+    // Starts the measurement, or restarts it if it is already running.
     void start() { _sinceStart.start(); }
     void stop() { _sinceStart.invalidate(); }
 
-    // The rest in whole seconds, rounded up. None before start(), after stop(), in the first two
-    // seconds, and until one item is finished.
+    // Returns the remaining time in whole seconds, rounded up. Returns std::nullopt before start(),
+    // after stop(), in the first two seconds, and until one item is finished.
     std::optional<qint64> seconds(qint64 finishedCount, qint64 maxCount) const;
 
-    // The same for a given time since the start, in milliseconds.
+    // Returns the same for a given time since the start, in milliseconds.
     static std::optional<qint64> secondsAfter(
         qint64 elapsed, qint64 finishedCount, qint64 maxCount);
 

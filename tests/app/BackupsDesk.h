@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The dialog with the list of backups, and the package to which the backups belong.
+// What a test of the backups dialog needs, called its desk: the dialog with the list of backups,
+// and the package to which the backups belong.
 #pragma once
 
 #include "app/dialogs/DBCBackupsDialog.h"
@@ -16,7 +17,7 @@
 
 using namespace Qt::StringLiterals;
 
-// A package with three live cards, and a backup from when it had two.
+// A package with three live cards, and a backup that was made when the package had two live cards.
 struct BackupsDesk : BackupFixture {
     using Language = DBCLocalizable::Language;
     explicit BackupsDesk(Language language = Language::English)
@@ -41,7 +42,7 @@ struct BackupsDesk : BackupFixture {
         button(name).click();
         QTRY_VERIFY(isIdle());
     }
-    // A restore waits where it asks for the free space, until the gate is opened.
+    // Makes a restore wait when it asks the host for the free space, until the test releases gate.
     void closeGate()
     {
         host->freeBytes = [this](const QString&) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The dialog that checks an interchange folder, together with such a folder.
+// What a test of the check dialog needs, called its desk: the dialog that checks an interchange
+// folder, and such a folder.
 #pragma once
 
 #include "app/dialogs/DBCCheckDialog.h"
@@ -42,7 +43,8 @@ struct CheckDesk {
     {
         folder.dataFile(DataFileBuilder().titleLine().row({{Key::full_Name, u"星野"_s}}).build());
     }
-    // Creates the image of this name and makes the check wait there until open() is called.
+    // Creates the image of this name, and makes the check wait at this image until the test calls
+    // open().
     void closeGateAt(const QString& image)
     {
         folder.image(image, "no picture");

@@ -12,8 +12,8 @@ constexpr int patienceMs = 20'000;
 
 void startCompanion(QProcess& process, const QString& program, const QStringList& arguments)
 {
-    // The kernel ends the process, because the destructors do not run in a test that crashes or
-    // times out.
+    // The kernel ends the process together with the test. Destructors could not do this reliably,
+    // because they do not run in a test that crashes or times out.
     process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
     process.setStandardErrorFile(QProcess::nullDevice());
     process.start(program, arguments);

@@ -35,7 +35,7 @@ DesktopWindows::DesktopWindows(const QString& display)
     if (xcb_connection_has_error(_connection))
         qFatal("no connection to the display %s", qPrintable(display));
     _root = xcb_setup_roots_iterator(xcb_get_setup(_connection)).data->root;
-    // Receives the messages that programs send to the window manager.
+    // With these masks the test receives the messages that programs send to the window manager.
     constexpr std::uint32_t events
         = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_change_window_attributes(_connection, _root, XCB_CW_EVENT_MASK, &events);

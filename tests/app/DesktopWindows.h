@@ -21,19 +21,19 @@ public:
     DesktopWindows& operator=(const DesktopWindows&) = delete;
 
     bool hasManager();
-    // The titles from the lowest window to the topmost.
+    // Returns the titles from the lowest window to the topmost.
     QStringList titles();
-    // The title of the window with the focus; empty: none has it.
+    // Returns the title of the window with the focus, or an empty text if no window has the focus.
     QString activeTitle();
     bool isMinimised(const QString& title);
-    // Whether the window manager was asked in the name of the user, and not only of the program, to
-    // bring the window to the front.
+    // Returns whether the program has requested in the name of the user, and not only in its own
+    // name, that the window manager brings the window to the front.
     bool isWantedByUser(const QString& title);
-    // All messages about starting programs so far, one after the other.
+    // Returns all messages that programs have sent so far about the start of a program, joined.
     QByteArray startFeedback();
 
-    // Opens a window of another program in front and with the focus. It stays as long as this
-    // object.
+    // Opens a window of another program in front and with the focus. The window stays open until
+    // this object is destroyed.
     void openOther(const QString& title);
     void minimise(const QString& title);
     // Does the same as a click on the close box of the window's frame.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Checks the rules for every dialog of the window: its texts are in the language, each control that
-// the keyboard reaches has a name for a screen reader, and no two controls have the same mnemonic.
+// Checks the rules that hold for every dialog: it shows texts and not their keys, each control that
+// the keyboard reaches has a name for a screen reader, and each button has a mnemonic of its own.
 #pragma once
 
 #include "datafile/helpers/DBCLocalizable.h"
@@ -12,7 +12,7 @@
 
 using namespace Qt::StringLiterals;
 
-// The problems with the dialog's texts; empty: none.
+// Returns the faults in the dialog's texts. The list is empty if there are no faults.
 inline QStringList faultsOfTexts(const QDialog& dialog)
 {
     QStringList faults;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A message bus that replaces the user's session bus while the object lives. It has only the
-// services that the test puts there.
+// A message bus that replaces the user's session bus while the object lives. The bus has only the
+// services that the test offers.
 #pragma once
 
 #include <QByteArray>
@@ -16,7 +16,7 @@ public:
     PrivateBus& operator=(const PrivateBus&) = delete;
 
     QString address() const { return QString::fromLatin1(_address); }
-    // Makes the bus start the program when somebody calls the service.
+    // Makes the bus start the program when another program calls the service.
     void offerService(const QString& service, const QString& program);
 
 private:

@@ -17,15 +17,15 @@
 
 class VirtualDisplay {
 public:
-    // Uses a free display number. Both servers end with the object, and also when this process
-    // crashes.
+    // Uses a free display number. The display server and the window manager end when this object is
+    // destroyed, and also when the test's process crashes.
     VirtualDisplay();
     ~VirtualDisplay();
 
     // The name of the display, for example ":7".
     const QString& name() const { return _name; }
-    // The environment of this process, with this display instead of the user's screen and with a
-    // runtime folder of its own.
+    // Returns the environment of this process, but with this display instead of the user's screen
+    // and with a separate runtime folder.
     QProcessEnvironment environment() const;
     DesktopWindows& windows() { return *_windows; }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The program's window with a temporary home. The test sets the answers to questions in advance:
+// The program's window with a temporary home folder. The test sets presenter.answer in advance to
+// answer the window's questions:
 //
 //     WindowFixture fixture;
 //     fixture.choose(OperationType::Import);
@@ -46,14 +47,14 @@ struct WindowFixture {
     QProgressBar& bar() { return control<QProgressBar>("_progressBar"); }
     QString hint() { return control<QLabel>("_progressHint").text(); }
     DBCMessageArea& messageArea() { return control<DBCMessageArea>("_messageArea"); }
-    // The lines of the message area, as a screen reader gets them.
+    // Returns the lines of the message area as a screen reader gets them.
     QString message() { return messageArea().accessibleName(); }
     bool isMessageRed()
     {
         return messageArea().text().contains(
             DBCMessageArea::attentionColor(messageArea().palette()).name());
     }
-    // The state of the bar like "2 of 102", or "busy" while it moves to and fro.
+    // Returns the state of the bar as "2 of 102", or as "busy" while the bar moves to and fro.
     QString barText()
     {
         if (bar().minimum() == 0 && bar().maximum() == 0)
@@ -70,7 +71,7 @@ struct WindowFixture {
     void send(const DBCEvent& event) { window.converter().refreshProgress(event); }
     QAction& quitMenuItem() { return *window.findChild<QAction*>(u"_menuItemTerminate"_s); }
 
-    // The sorted names of the enabled controls.
+    // Returns the sorted names of the enabled controls.
     QStringList enabledControls()
     {
         static const QStringList names {u"_closeBtn"_s, u"_convertBtn"_s,
@@ -85,7 +86,7 @@ struct WindowFixture {
         return enabled;
     }
 
-    // Sets the language before the window reads its texts.
+    // A member of this type sets the language before the member window reads its texts.
     struct Text {
         explicit Text(Language language) { DBCLocalizable::setLanguage(language); }
     };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Draws the window's screens and states into a folder, in both languages, light and dark:
-// draw_screens FOLDER. tools/draw runs it.
+// Draws the window's screens in their states, in both languages, light and dark, and saves the
+// pictures in a folder: draw_screens FOLDER. tools/draw runs this program.
 #include "app/dialogs/DBCBackupsDialog.h"
 #include "app/dialogs/DBCCheckDialog.h"
 #include "operation/log/DBCLog.h"
@@ -184,7 +184,8 @@ constexpr Screen screens[] {
     {"backups", drawBackups},
 };
 
-// Runs the event loop until the paths, which do not exist, have been looked up.
+// Runs the event loop for a short time, so that waiting events take effect before the picture is
+// taken.
 void showEverything()
 {
     QElapsedTimer time;

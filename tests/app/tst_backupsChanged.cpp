@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Restores and deletes backups in the window and looks at the package and its backups afterwards.
+// Restores and deletes backups in the dialog, and checks the package and its backups afterwards.
 #include "carddb/DBCPackageGuard.h"
 #include "carddb/DBCPackageJournal.h"
 #include "tests/app/BackupsDesk.h"
@@ -50,8 +50,8 @@ private Q_SLOTS:
         BackupsDesk desk;
         desk.presenter.answer = DBCAnswer::Default;
         desk.list();
-        // A restore checks the access rights at its beginning, and again after it has backed up the
-        // package.
+        // A restore checks the access rights when it begins, and again after it has backed up the
+        // package. Each check calls this function, which notes the stage that the dialog shows.
         QStringList stages;
         desk.host->isWritable = [&](const QString&) {
             QMetaObject::invokeMethod(

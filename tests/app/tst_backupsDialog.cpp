@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests the list of backups: what it shows for each, and when its controls can be used.
+// Tests the backups dialog: what it shows for each backup, and when its controls can be used.
 #include "tests/app/BackupsDesk.h"
 #include "tests/app/DialogTexts.h"
 
@@ -14,7 +14,7 @@ private Q_SLOTS:
     void backupsAreListedNewestFirst()
     {
         BackupsDesk desk;
-        QTest::qSleep(20); // longer than the kernel's clock tick
+        QTest::qSleep(20); // so that the second backup has a later time
         desk.backUp(desk.second);
         desk.list();
         QCOMPARE(desk.names(), QStringList({desk.second, desk.first}));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests the check of an interchange folder: what it lists, and what the user can do meanwhile.
+// Tests the check dialog: what it lists, and what the user can do while a check is running.
 #include "tests/app/CheckDesk.h"
 #include "tests/app/DialogTexts.h"
 #include "tests/support/FolderSnapshot.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Runs whole conversions from the window with real folders and packages: which controls can be used
-// in each state, and what is on the disk afterwards.
+// Runs whole conversions from the window with real folders and packages. Tests which controls the
+// user can use in each state, and what is on the disk afterwards.
 #include "carddb/DBCDataBaseController.h"
 #include "datafile/DBCFileReader.h"
 #include "datafile/helpers/DBCInterchangeNames.h"
@@ -21,9 +21,9 @@ namespace {
 
 using Key = DBCRecordKey;
 
-// A package with one card and a folder with three, chosen on the screen of one operation. look is
-// called on the window's thread while the operation waits halfway: an import during the backup, an
-// export while it fetches the cards.
+// A package with one card and a folder with three cards, chosen on the screen of one operation. A
+// test may set look, which the window's thread calls while the operation waits halfway: an import
+// waits during the backup, an export while it fetches the cards.
 struct Conversion : WindowFixture {
     explicit Conversion(OperationType type)
     {
@@ -47,7 +47,7 @@ struct Conversion : WindowFixture {
         databasePath().setText(package.path());
     }
 
-    // Called on the operation's thread.
+    // Called on the operation's thread, which waits until look has returned.
     void pause()
     {
         if (look)
@@ -243,8 +243,9 @@ private Q_SLOTS:
         Conversion conversion(OperationType::Import);
         conversion.presenter.answers = {DBCAnswer::Default};
         conversion.start();
-        // The window's presenter would answer Yes, because nobody is there any more. The test has
-        // replaced it, so its presenter answers Yes.
+        // The window's own presenter would answer the question whether to cancel with Yes, because
+        // nobody is there any more. The fixture has replaced it, so the test's presenter answers
+        // Yes.
         conversion.presenter.answer = DBCAnswer::Default;
         conversion.window.converter().windDown();
         QVERIFY(conversion.hasEnded());

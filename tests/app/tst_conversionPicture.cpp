@@ -22,7 +22,7 @@ QPalette paletteOf(bool isDark)
     return palette;
 }
 
-// Draws the widget with a margin on the window's colour.
+// Returns a drawing of the widget with a margin around it, on the window's colour.
 QImage drawn(Subject subject, double scale, bool isDark = false, QSize margin = {0, 0})
 {
     DBCConversionPicture picture;
@@ -46,7 +46,7 @@ int darkestIn(const QImage& image, const QRect& place)
     return darkest;
 }
 
-// Whether anything is drawn in this place.
+// Returns whether anything is drawn in this place.
 bool isMarked(const QImage& image, const QRect& place)
 {
     for (int y = place.top(); y <= place.bottom(); ++y) {
@@ -93,8 +93,8 @@ private Q_SLOTS:
         }
     }
 
-    // Looks at the folder's left side at half the height of its pocket. A blurred line would begin
-    // with a colour paler than ink.
+    // Examines the left side of the drawn folder, at half the height of its pocket. A blurred line
+    // would begin with a colour paler than the line's own.
     void straightLinesAreSharp()
     {
         QFETCH_GLOBAL(double, scale);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Presses the button for each check before an operation that fails: one message is shown, nothing
-// is started, and the screen is ready for the next try.
+// Presses the button in situations where one check before the operation fails. Tests for each check
+// that one message is shown, no operation starts, and the screen is ready for the next try.
 #include "datafile/helpers/DBCInterchangeNames.h"
 #include "tests/app/WindowFixture.h"
 
@@ -68,7 +68,7 @@ struct Situation : WindowFixture {
         return QFile::exists(
             home.path(u"out/%1/old.txt"_s.arg(DBCInterchangeNames::rootFolderName())));
     }
-    // Locks the package as another process does.
+    // Locks the package as another process would.
     void lockPackage()
     {
         const QString file = home.writeFile(u"cards.vmdb/.VMLock.vmlk"_s, "");
@@ -76,7 +76,7 @@ struct Situation : WindowFixture {
         if (flock(_lock, LOCK_EX | LOCK_NB) != 0)
             qFatal("cannot lock the package");
     }
-    // Returns a path of so many bytes below an existing folder.
+    // Returns a path that is length bytes long and lies below an existing folder.
     QString pathOfLength(qsizetype length) const
     {
         QString path = home.path(u"deep/"_s);
@@ -135,7 +135,8 @@ private Q_SLOTS:
         both("file in place of the package", 302, 201, [](Situation& situation) {
             situation.databasePath().setText(situation.home.writeFile(u"p.vmdb"_s, "f"));
         });
-        // The package is locked, too, and the message shows that the network is checked first.
+        // The package fails two checks, lock and network. The message shows that the network is
+        // checked first.
         both("locked package on the network", 105, 105, [](Situation& situation) {
             situation.lockPackage();
             situation.mountOnNetwork(situation.package);
@@ -242,7 +243,7 @@ private Q_SLOTS:
 
     void pathsMayHaveBlanksAHomeSignAndASlash_data()
     {
-        QTest::addColumn<QString>("pattern"); // what the user types; %1: the path
+        QTest::addColumn<QString>("pattern"); // what the user types, with the path as %1
         QTest::newRow("blanks around") << u"  %1 "_s;
         QTest::newRow("ideographic blank behind") << u"%1\u3000"_s;
         QTest::newRow("slash behind") << u"%1/"_s;

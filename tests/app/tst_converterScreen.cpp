@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests the converter screen when it appears for each operation, and what its controls do.
+// Tests the state in which the converter screen appears for each operation, and what its controls
+// do.
 #include "app/desktop/DBCPaths.h"
 #include "operation/log/DBCLog.h"
 #include "tests/app/WindowFixture.h"

@@ -46,7 +46,8 @@ struct Screen : WindowFixture {
         button("backupsBtn").click();
         QTRY_VERIFY(restore().isEnabled());
     }
-    // A restore waits where it asks for the free space, until the gate is opened.
+    // Starts a restore, which waits when it asks the host for the free space until the test opens
+    // the gate.
     void restoreUpToTheGate()
     {
         openBackups();

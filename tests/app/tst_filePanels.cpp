@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests the two panels that choose a path, as the screen opens them.
+// Tests the two panels in which the user chooses a path, as the converter screen opens them.
 #include "app/dialogs/DBCFilePanels.h"
 #include "tests/app/WindowFixture.h"
 
@@ -116,7 +116,7 @@ private Q_SLOTS:
         _fixture->choose(OperationType::Import);
         QString folder;
         pressChoose(databaseButton, [&](QFileDialog& panel) {
-            // A double click does this.
+            // This is what the toolkit does after a double click.
             panel.setDirectory(package);
             Q_EMIT panel.directoryEntered(package);
             folder = panel.directory().path();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests how the log is shown: in the desktop's program or in our own viewer.
+// Tests how the program shows the log: in the desktop's program or in its own viewer.
 #include "app/dialogs/DBCLogViewer.h"
 
 #include "datafile/helpers/DBCLocalizable.h"
@@ -86,7 +86,9 @@ private Q_SLOTS:
         QCOMPARE(_failures, 0);
     }
 
-    // The desktop's program may run for hours, and must end with the session like any program.
+    // The desktop's program may run for hours. It needs a process session of its own to survive the
+    // end of this program's terminal, and must not inherit blocked signals, so that SIGTERM ends
+    // it.
     void desktopsProgramIsIndependentOfThisOne()
     {
         sigset_t ours;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests the choice screen, the ways to end the program, and the rules that both screens keep in
+// Tests the choice screen, the ways to end the program, and rules that hold for both screens in
 // both languages.
 #include "app/dialogs/DBCLocalizedWidgets.h"
 #include "datafile/helpers/DBCLocalizable.h"
@@ -25,7 +25,7 @@ void bothLanguages()
     QTest::newRow("Japanese") << true;
 }
 
-// The letter after '&'; null: none.
+// Returns the letter after '&', or a null character if there is no '&'.
 QChar mnemonicOf(const QString& text)
 {
     const qsizetype sign = text.indexOf(u'&');

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests the hint below a path field while the user types, and how a typed path is understood.
+// Tests the hint below a path field while the user types, and the path that the program uses for a
+// typed text.
 #include "app/DBCPathHint.h"
 #include "app/desktop/DBCPaths.h"
 #include "datafile/helpers/DBCInterchangeNames.h"

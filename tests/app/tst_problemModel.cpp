@@ -20,7 +20,7 @@ DBCProblem problem(const QString& text, const QString& name, std::optional<qint6
     return {text, folder + u'/' + name, lineNo};
 }
 
-// The problems of a folder in the form in which a table shows them.
+// The problems of a folder as a table shows them.
 struct Table {
     explicit Table(std::vector<DBCProblem> problems, Language language = Language::English)
     {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests how the window offers the report when a run has ended.
+// Tests how the window offers the report about a run to the user when the run has ended.
 #include "app/DBCReportLink.h"
 #include "operation/log/DBCLog.h"
 #include "tests/app/WindowFixture.h"

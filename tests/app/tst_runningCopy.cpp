@@ -49,7 +49,8 @@ private Q_SLOTS:
         startSecondCopy();
         QTRY_COMPARE(_display->windows().activeTitle(), _title);
         QTRY_COMPARE(_display->windows().titles(), QStringList({_other, _title}));
-        // Stricter window managers than this one raise a window only after such a request.
+        // Window managers that are stricter than the one of this test raise a window only after a
+        // request in the name of the user.
         QVERIFY(_display->windows().isWantedByUser(_title));
     }
 

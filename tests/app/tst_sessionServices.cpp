@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests the requests to the desktop over the session bus: to stay awake and to show a notification.
+// Tests the two requests to the desktop over the session bus: to keep the computer awake and to
+// show a notification.
 #include "app/desktop/DBCDesktopNotification.h"
 #include "app/desktop/DBCSuspendInhibitor.h"
 #include "operation/log/DBCSettings.h"
@@ -23,7 +24,8 @@ const QString reason = u"Business cards are being converted."_s;
 
 } // namespace
 
-// Takes the place of a service that keeps the computer awake. The test sets its answer.
+// Takes the place of the desktop's service that keeps the computer awake. The test decides how the
+// service answers.
 class FakeAwakeService : public QObject, protected QDBusContext {
     Q_OBJECT
 public:
@@ -119,7 +121,7 @@ private Q_SLOTS:
     {
         for (const QString& service : std::exchange(_offered, {}))
             desktop().unregisterService(service);
-        // A destroyed object is removed from the bus.
+        // The destructors of the former objects remove them from the bus.
         _sessionManager = std::make_unique<FakeSessionManager>();
         _powerManagement = std::make_unique<FakePowerManagement>();
         _notifications = std::make_unique<FakeNotifications>();
@@ -254,7 +256,8 @@ private Q_SLOTS:
         offerNotifications();
         QByteArrayList clicks;
         DBCDesktopNotification notification([&](const QByteArray& leave) { clicks << leave; });
-        // There are two notifications, because the second must not connect the click again.
+        // The test shows two notifications, because the second must not connect the click a second
+        // time: one click would then be handled twice.
         for (const char* const text : {"one", "two"}) {
             notification.show(u"Import"_s, QString::fromLatin1(text));
             QTRY_VERIFY(_notifications->shown.value(_notifications->shown.size() - 1)
@@ -327,7 +330,7 @@ private:
         QCOMPARE(connection.call(call).type(), QDBusMessage::ReplyMessage);
     }
 
-    // Waits until everything sent so far has arrived.
+    // Waits until all messages that were sent over the bus so far have arrived.
     void settle() const
     {
         callBus(desktop(), "GetId");

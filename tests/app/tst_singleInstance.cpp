@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests which of several copies runs, and what the others tell it.
+// Tests which of several copies of the program runs on, and what the other copies tell it.
 #include "app/desktop/DBCSingleInstance.h"
 
 #include "tests/support/TestHome.h"
@@ -24,7 +24,7 @@ constexpr QFile::Permissions ownersRights = QFile::ReadOwner | QFile::WriteOwner
 constexpr QFile::Permissions othersRights = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup
     | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
 
-// Starts another copy inside this process, with the environment of the test.
+// Lets another thread of this process play another copy of the program that starts meanwhile.
 std::future<Role> startedMeanwhile(const QString& folder, const QByteArray& token = {})
 {
     return std::async(std::launch::async, [=] { return DBCSingleInstance(folder).claim(token); });
@@ -108,7 +108,7 @@ private Q_SLOTS:
         QCOMPARE(next.get(), Role::First);
     }
 
-    // The first copy holds the lock but does not listen yet.
+    // The first copy holds the lock, but its socket cannot be found yet: the second copy must wait.
     void firstThatBeginsMeanwhileIsFound()
     {
         DBCSingleInstance first(folder());
@@ -241,7 +241,7 @@ private Q_SLOTS:
 
 private:
     QString folder() const { return _home->path(); }
-    // Starts the real program without a screen; it runs until it is ended.
+    // Starts the real program without a screen. The program runs until the test ends it.
     std::unique_ptr<QProcess> startProgram() const
     {
         auto program = std::make_unique<QProcess>();
@@ -260,7 +260,7 @@ private:
         return names.size() == 1 ? _home->path(names.first()) : QString();
     }
 
-    const QString _anySocket = u"com.*[!k]"_s; // no ".lock"
+    const QString _anySocket = u"com.*[!k]"_s; // matches no name that ends in ".lock"
     std::unique_ptr<TestHome> _home;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests the boxes over the window, requested by the window's thread and by the operation's thread.
+// Tests the boxes over the window, when the window's thread or another thread shows them.
 #include "app/DBCWindowPresenter.h"
 #include "tests/support/TestHome.h"
 
@@ -20,7 +20,7 @@ QMessageBox* openBox()
     return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
 }
 
-// Acts for the user as soon as a box is on the screen.
+// Calls act, which plays the user, as soon as a box is on the screen.
 void whenABoxOpens(const std::function<void(QMessageBox&)>& act)
 {
     auto* const timer = new QTimer(qApp);
@@ -178,7 +178,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!_window.findChild<QMessageBox*>());
     }
 
-    // When a box closes, the window below it gets the focus back.
+    // The parent of a box is the window in front, which gets the focus back when the box closes.
     void boxesComeOverTheWindowInFront()
     {
         DBCWindowPresenter presenter(_window);
@@ -214,7 +214,8 @@ private Q_SLOTS:
         QCOMPARE(ask(DBCMessage::keyOf(DBCQuestionId::QuitAfterImport)), DBCAnswer::Alternate);
     }
 
-    // The window's thread may be ending the program and run no event loop any more.
+    // The waiting thread must get its answer before the box closes, because the window's thread may
+    // be ending the program and no longer run its event loop.
     void openQuestionOfAnotherThreadEndsWhenNobodyIsThere()
     {
         DBCWindowPresenter presenter(_window);
@@ -235,7 +236,8 @@ private:
     {
         return DBCMessage::ShowInfoMessage(key, DBCButton::Yes, DBCButton::No);
     }
-    // Asks on a separate thread while the event loop of this one runs, and returns the answer.
+    // Asks the question on a separate thread while this thread runs its event loop, and returns the
+    // answer.
     static DBCAnswer askOnAnotherThread(const QString& key)
     {
         auto answer = std::async(std::launch::async, [key] { return ask(key); });

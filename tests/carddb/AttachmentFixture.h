@@ -18,7 +18,7 @@
 
 using namespace Qt::StringLiterals;
 
-// All entries of a folder, including hidden files and links that lead nowhere.
+// Returns the names of all entries of a folder, including hidden files and links that lead nowhere.
 inline QStringList entries(const QString& folder)
 {
     return QDir(folder).entryList(
@@ -31,7 +31,8 @@ inline QByteArray contentsOf(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
 }
 
-// Makes one entry of each kind that is no attachment, with the names of specialNames in order.
+// Makes one entry of each kind that is no attachment. Their names are those of specialNames, in
+// that order.
 inline void makeSpecialEntries(const QString& folder)
 {
     QVERIFY(QFile::link(u"a.txt"_s, folder + u"/b-link"_s));
@@ -40,14 +41,15 @@ inline void makeSpecialEntries(const QString& folder)
     const QString pipe = folder + u"/e-pipe"_s;
     QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
 
-    // The path of a socket has a small maximum length, which the temporary folder's may exceed.
+    // The socket is made through a short path, because the path of a socket has a small maximum
+    // length, which the temporary folder's path may exceed.
     const int directory = open(QFile::encodeName(folder).constData(), O_PATH | O_CLOEXEC);
     const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_un address {};
     address.sun_family = AF_UNIX;
     const QByteArray path = "/proc/self/fd/" + QByteArray::number(directory) + "/f-socket";
     std::memcpy(address.sun_path, path.constData(), std::size_t(path.size()));
-    // bind() takes a pointer to the general address type.
+    // The cast is needed because bind() takes a pointer to the general address type.
     QCOMPARE(bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
     close(socket);
     close(directory);

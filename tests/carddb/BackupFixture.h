@@ -20,7 +20,7 @@ struct BackupFixture {
         package.card().deleted();
     }
 
-    // Copies the package as it is now.
+    // Copies the package in its present state to this name and returns the path of the copy.
     QString backUp(const QString& name = u"Velmora DB_bak.vmdb"_s) const
     {
         if (DBCPackageCopy().copy(package.path(), home.path(name))

@@ -36,7 +36,7 @@ private:
     }};
 };
 
-// The disk usage of a folder in bytes, as the system reports it.
+// Returns the disk usage of a folder in bytes, as the system reports it.
 inline quint64 diskUsage(const QString& folder)
 {
     QProcess process;
@@ -48,7 +48,8 @@ inline quint64 diskUsage(const QString& folder)
 struct TransferFixture {
     using Values = std::initializer_list<std::pair<DBCRecordKey, QString>>;
 
-    // A record as the file reader makes it, in which the record and line numbers are texts.
+    // Returns a record like those of the file reader, in which the record and line numbers are
+    // texts.
     static DBCRecord record(const Values& values)
     {
         DBCRecord record;

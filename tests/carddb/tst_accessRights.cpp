@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How the card database reports files and folders that the user may not read or write; the rights
-// are real. These tests drop root's rights.
+// Tests how the card database reports files and folders that the user may not read or write. The
+// tests set real access rights, and drop root's rights so that these count.
 #include "carddb/DBCPackageCreator.h"
 #include "carddb/DBCPackageVerifier.h"
 #include "carddb/store/DBCCard.h"
@@ -28,7 +28,7 @@ const QString cardId = u"0A1B-1"_s;
 const QString named = u"plans"_s;
 const QString nothing = u""_s;
 
-// The reason, in the user's language.
+// The system's reason for a refused access, in the user's language.
 QString refused()
 {
     return QString::fromLocal8Bit(std::strerror(EACCES));

@@ -244,7 +244,7 @@ private Q_SLOTS:
             u"[%1 - %2]"_s.arg(
                 _f->folder.attachmentPath(named, u"b.txt"_s), cardFolder() + u"/b.txt"_s));
         QVERIFY(copyFailureWasLogged(_f->log));
-        // The files copied before the failure remain, and no further files are copied or replaced.
+        // The file copied before the failure remains; no further file is copied or replaced.
         QCOMPARE(entries(cardFolder()), (QStringList {u"a.txt"_s, u"b.txt"_s}));
         QCOMPARE(contentsOf(cardFolder() + u"/b.txt"_s), QByteArray("old"));
     }
@@ -270,7 +270,8 @@ private Q_SLOTS:
         close(descriptor);
         QCOMPARE(add(), cardId);
         QVERIFY(!_f->error);
-        // The temporary folder cannot remove entries whose names Qt cannot represent.
+        // Remove these files here, because the temporary folder's destructor cannot remove entries
+        // whose names Qt cannot represent.
         QCOMPARE(unlink(source.constData()), 0);
         QCOMPARE(unlink(target.constData()), 0);
     }

@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A cancel delegate that counts the questions and answers them as told.
+// A cancel delegate that counts the questions and gives the answers that the test has set.
 struct Driver : DBCCancelDelegate {
     bool checkIsNeedToConfirmCancelOperation() override
     {
@@ -50,7 +50,7 @@ private:
     DBCDataBaseController& database() { return *_f->database; }
     void makeFile(const QString& name) const { _f->home.writeFile(name, "x"); }
 
-    // The backup name that a package at this path would get.
+    // Returns the name that the next backup of a package at this path would get.
     static std::optional<QString> nameFor(const QString& package)
     {
         StandardInputKeeper keeper;
@@ -232,7 +232,7 @@ private Q_SLOTS:
 
     void failedCopyLeavesNothingBehind()
     {
-        // A pipe cannot be copied.
+        // A pipe makes the backup fail, because it cannot be copied.
         const QString pipe = _f->packagePath(u"zz-pipe"_s);
         QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
         QCOMPARE(database().backup(), DBCResultCode::BackupFailure);

@@ -23,7 +23,7 @@ namespace {
 const QString first = u"Velmora DB_bak.vmdb"_s;
 const QString second = u"Velmora DB_bak1.vmdb"_s;
 
-// The package has one card more than its backup.
+// A package with one backup. The package has one card more than the backup.
 struct World : BackupFixture {
     World()
     {
@@ -265,7 +265,8 @@ private Q_SLOTS:
         QVERIFY(!world.hasJournal());
     }
 
-    // A file of the backup becomes unreadable after all checks have passed.
+    // The test makes a file of the backup unreadable after all checks have passed, so that the copy
+    // of the backup fails.
     void restoreThatFailsBringsBackWhatStoodThere()
     {
         const AsOrdinaryUser user;
@@ -301,7 +302,8 @@ private Q_SLOTS:
         QCOMPARE(snapshotOf(world.package.path()), world.chosen);
     }
 
-    // Looks at the journal as a kill between the first and the last change would leave it.
+    // Reads the journal while the restore runs. It is what a next start would find if the program
+    // were killed at this moment.
     void restoreIsNotedForAsLongAsThePackageChanges()
     {
         const World world;

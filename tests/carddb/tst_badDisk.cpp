@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Lets one kind of system call fail at a time, as on a disk that goes bad at the worst moment, and
-// checks the card database.
+// Makes one kind of system call fail at a time, as if the disk went bad at the worst moment, and
+// tests what the card database does then.
 #include "carddb/DBCPackageCopy.h"
 #include "carddb/DBCPackageJournal.h"
 #include "carddb/DBCPackageRecovery.h"
@@ -31,7 +31,7 @@ const QString named = u"plans"_s;
 struct Database : TransferFixture {
     Database()
     {
-        // Replaces "du", whose system calls would fail, too.
+        // A script replaces "du", because the failing system calls would make "du" fail, too.
         const QString program = home.writeFile(u"du"_s, "#!/bin/sh\nprintf '4\\t%s\\n' \"$3\"\n");
         QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
         host->diskUsageProgram = program;
@@ -188,14 +188,14 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(f.home.path(u"Velmora DB_bak.vmdb"_s)));
     }
 
-    // The disk is too full for the next line of the journal.
+    // The disk becomes too full for the next line of the journal once the copy is complete.
     void backupThatTheJournalCannotNoteIsRemoved()
     {
         struct Filler : DBCCancelDelegate {
             bool checkIsNeedToConfirmCancelOperation() override
             {
                 if (QFileInfo(copy).lastModified() == QFileInfo(package).lastModified())
-                    full.emplace(16); // the copy is complete and being compared
+                    full.emplace(16); // the copy is complete and now being compared
                 return false;
             }
             bool fileManager(const DBCFileManager*, const QString&, const QString&) override

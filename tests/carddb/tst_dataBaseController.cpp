@@ -44,7 +44,7 @@ private Q_SLOTS:
         QVERIFY(!fromEmpty);
         QVERIFY(!fromNull);
         QVERIFY(QDir(empty).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
-        // No controller was created, so none can have closed the descriptor.
+        // No controller was created, so no destructor can have closed descriptor 0.
         QVERIFY(fcntl(STDIN_FILENO, F_GETFD) != -1);
     }
 

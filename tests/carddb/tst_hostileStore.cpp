@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Saving into stores whose schema does more than hold cards: by mistake, or to do harm.
+// Tests saving into stores whose schema does more than hold cards, either by mistake or in order to
+// do harm.
 #include "carddb/store/DBCManagedObjectContext.h"
 #include "operation/base/DBCStopQuestion.h"
 #include "tests/support/PackageFixture.h"

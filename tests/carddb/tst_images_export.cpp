@@ -30,7 +30,7 @@ QByteArray cardPdf()
     return PdfBuilder::cardPdf({jpeg(300, 180), jpeg(180, 300)});
 }
 
-// A card PDF with one page that draws lines and contains no image.
+// Returns a card PDF with one page that draws lines and contains no image.
 QByteArray drawnPdf()
 {
     PdfPage page;
@@ -44,7 +44,7 @@ QByteArray foreignPdf()
     return PdfBuilder().creator("Another producer").page({}).bytes();
 }
 
-// A file that is accepted as a card PDF but has nothing to draw.
+// Returns a file that is accepted as a card PDF but has no page to draw.
 QByteArray pdfWithoutPages()
 {
     return PdfBuilder().bytes();
@@ -154,7 +154,7 @@ private Q_SLOTS:
     {
         QCOMPARE(convert(written(PdfBuilder::searchableCardPdf("Taro Yamada"))), faceOnly);
         QVERIFY(!_f->error);
-        // The page has 252 x 144 points.
+        // The expected size follows from the page, which has 252 x 144 points.
         QCOMPARE(sizeOf(faceOnly[0]), QSize(1050, 600));
     }
 
@@ -350,7 +350,7 @@ private Q_SLOTS:
 
     void storedNameThatLeadsOutOfThePackageIsMissing_data()
     {
-        QTest::addColumn<QString>("name"); // %1: the folder in which the package lies
+        QTest::addColumn<QString>("name"); // %1 stands for the folder in which the package lies
         QTest::newRow("climbing") << u"../../outside.pdf"_s;
         QTest::newRow("absolute") << u"%1/outside.pdf"_s;
     }
@@ -359,7 +359,8 @@ private Q_SLOTS:
         QFETCH(QString, name);
         _f->home.writeFile(u"outside.pdf"_s, cardPdf());
         name.replace(u"%1"_s, _f->home.path());
-        // An absolute name would be found here if it were treated as a relative one.
+        // If the export took an absolute name for one relative to "Images", it would find this
+        // file.
         _f->package.writeFile(u"Images/"_s + _f->home.path(u"outside.pdf"_s), cardPdf());
         QCOMPARE(exportCard({{Key::face_Image_File, name}}), none);
         QVERIFY(!_f->error);

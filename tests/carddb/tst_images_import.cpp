@@ -262,8 +262,9 @@ private Q_SLOTS:
             }));
     }
 
-    // The disk space is measured between the look-up of the image and the reading of it. The
-    // program that measures exchanges the image for a link here, which must not be followed.
+    // The import looks the image up, measures the disk space, and then reads the image. In this
+    // test the program that measures replaces the image with a link, which the import must not
+    // follow.
     void imageExchangedForALinkAfterTheLookUpIsNotFollowed()
     {
         const QByteArray secret = backJpeg();

@@ -21,13 +21,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Done right after a file was removed through remove().
+// remove() calls this right after it has removed a file.
 std::function<void(const char* path)> afterRemoval;
 
 } // namespace
 
-// Takes the place of the C library's, so that a test can do what another program does at the worst
-// moment.
+// Replaces the C library's remove(), so that a test can do at the worst moment what another program
+// might do.
 extern "C" int remove(const char* path)
 {
     const int result = unlink(path) == 0 ? 0 : rmdir(path);
@@ -62,7 +62,7 @@ private Q_SLOTS:
     {
         _home = std::make_unique<TestHome>();
         _package = std::make_unique<PackageFixture>(*_home);
-        // Some tests close standard input.
+        // Open standard input again, because some tests close it.
         if (!isOpen(STDIN_FILENO))
             QCOMPARE(open("/dev/null", O_RDONLY), STDIN_FILENO);
     }
@@ -230,8 +230,9 @@ private Q_SLOTS:
             QVERIFY(!canLock(path));
         }
         QVERIFY(!isOpen(STDIN_FILENO));
-        // The second descriptor shares the open file and with it the lock, so closing the first
-        // does not release it. The lock is free only if it was released explicitly.
+        // file is a second descriptor of the same open file and shares its lock. Closing the first
+        // descriptor therefore does not release the lock: it is free only if the controller
+        // released it explicitly.
         QVERIFY(isOpen(file));
         QVERIFY(canLock(path));
         close(file);
@@ -268,7 +269,8 @@ private:
             qFatal("no lock file");
         return status;
     }
-    // A folder that is not empty cannot be replaced by a lock file.
+    // Puts a folder with a file in it at the lock file's path, because such a folder cannot be
+    // removed to make room for a lock file.
     void blockLockFile() const { _package->writeFile(u".VMLock.vmlk/x"_s, "x"); }
 
     StandardInputKeeper _standardInput;

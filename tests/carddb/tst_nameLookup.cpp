@@ -21,11 +21,11 @@ using Outcome = DBCNameLookup::Outcome;
 
 namespace {
 
-// "が" as one character and as "か" with the combining sound mark.
+// The text "が", first as one character, then as "か" with the combining sound mark.
 const QString composedGa = QString(QChar(0x304C));
 const QString decomposedGa = QString(QChar(0x304B)) + QChar(0x3099);
 
-// Notices whether a folder has been listed since the last question.
+// Tells whether a folder has been listed since the last call of wasListed().
 class ListingCounter {
 public:
     explicit ListingCounter(const QString& folder)
@@ -116,7 +116,8 @@ private Q_SLOTS:
 
     void normalFormGoesBeforeLetterCase()
     {
-        // In byte order, the name that differs in case comes first.
+        // In byte order, the name that differs only in letter case comes first, and it must not be
+        // the one found.
         file(composedGa + u"A.jpg"_s);
         file(decomposedGa + u"a.jpg"_s);
         file(decomposedGa + u"A.JPG"_s);
@@ -322,7 +323,8 @@ private Q_SLOTS:
         close(descriptor);
         file(u"Good.jpg"_s);
         QCOMPARE(found(u"good.jpg"_s), u"Good.jpg"_s);
-        // The temporary folder cannot remove entries whose names Qt cannot represent.
+        // Remove these files here, because the temporary folder's destructor cannot remove entries
+        // whose names Qt cannot represent.
         QCOMPARE(unlink(path.constData()), 0);
     }
 
@@ -356,7 +358,8 @@ private Q_SLOTS:
     {
         QCOMPARE(outcome(u"late.jpg"_s), Outcome::Missing);
         file(u"Late.jpg"_s);
-        // The folder's time stamp changes only every few milliseconds.
+        // Set a later time stamp, because the folder's own one changes only every few milliseconds
+        // and may still be the old one.
         const timespec later[2] = {{0, UTIME_OMIT}, {4000000000, 0}};
         QCOMPARE(utimensat(AT_FDCWD, QFile::encodeName(_folder).constData(), later, 0), 0);
         QCOMPARE(found(u"late.jpg"_s), u"Late.jpg"_s);

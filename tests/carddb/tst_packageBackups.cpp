@@ -50,7 +50,7 @@ private Q_SLOTS:
         QVERIFY(backup.damage.isEmpty());
     }
 
-    // A copy keeps its source's times, so they do not tell when the copy was made.
+    // A copy keeps the times of its source, so these times do not tell when the copy was made.
     void dateIsThatOfTheBackupAndNotOfTheCards()
     {
         const BackupFixture fixture;
@@ -58,7 +58,8 @@ private Q_SLOTS:
         QCOMPARE(
             utimensat(AT_FDCWD, QFile::encodeName(fixture.package.path()).constData(), longAgo, 0),
             0);
-        // File systems use the time of the kernel's last tick, which may be earlier than now.
+        // One second earlier, because file systems use the time of the kernel's last tick, which
+        // may be before the present time.
         const QDateTime before = QDateTime::currentDateTime().addSecs(-1);
         const QString path = fixture.backUp();
         QCOMPARE(QFileInfo(path).lastModified().toSecsSinceEpoch(), 1'000'000'000);
@@ -74,7 +75,8 @@ private Q_SLOTS:
         for (const char* const name :
             {"Velmora DB_bak1.vmdb", "Velmora DB_bak.vmdb", "Velmora DB_bak2.vmdb"}) {
             fixture.backUp(QString::fromLatin1(name));
-            QTest::qSleep(20); // until the kernel's next tick
+            // Wait for the kernel's next tick, so that each backup has a different time.
+            QTest::qSleep(20);
         }
         QCOMPARE(namesOf(DBCPackageBackups::list(fixture.package.path())),
             (QStringList {
@@ -145,7 +147,8 @@ private Q_SLOTS:
         QVERIFY2(backup.damage.contains(path), qPrintable(backup.damage));
     }
 
-    // Counting the cards alone would not reveal this damage.
+    // The store must be checked page by page, because counting the cards would not reveal this
+    // damage.
     void backupWithADamagedPageIsDamaged()
     {
         BackupFixture fixture;

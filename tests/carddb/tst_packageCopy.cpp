@@ -23,7 +23,8 @@ namespace {
 
 using Outcome = DBCPackageCopy::Outcome;
 
-// A cancel delegate that runs test code before an item is copied, or when it is asked for a cancel.
+// A cancel delegate that runs code of the test before an item is copied, or when the copy asks
+// whether to stop.
 struct Meddler : DBCCancelDelegate {
     bool checkIsNeedToConfirmCancelOperation() override { return cancels && cancels(); }
     bool fileManager(const DBCFileManager*, const QString& path, const QString& toPath) override
@@ -48,8 +49,8 @@ struct Copying {
     {
         return DBCPackageCopy(delegate).copy(package.path(), target);
     }
-    // The names of everything beside the package, hidden names included, except the user's home
-    // folder.
+    // Returns the names of everything beside the package, hidden names included, without the user's
+    // home folder.
     QStringList everythingBeside() const
     {
         QStringList names
@@ -135,7 +136,8 @@ private Q_SLOTS:
         Meddler meddler;
         meddler.cancels = [&] {
             const QFileInfo last(copying.home.path(unfinished));
-            // The copy's attributes are set last, so from then on it is being compared.
+            // The copy's attributes are set last. If they are set, the copy is already being
+            // compared.
             return last.exists()
                 && last.lastModified() == QFileInfo(copying.package.path()).lastModified();
         };
@@ -152,8 +154,8 @@ private Q_SLOTS:
             if (path.endsWith(u"a.txt"_s))
                 copying.package.writeFile(u"Images/new.pdf"_s, "x");
         };
-        // Whether the new file is copied depends on the order on the disk, so the file is also
-        // removed from the copy.
+        // Whether the copy includes the new file depends on the order of the entries on the disk.
+        // Remove the file from the copy, so that package and copy differ in any case.
         meddler.cancels = [&] {
             QFile::remove(copying.home.path(unfinished) + u"/Images/new.pdf"_s);
             return false;

@@ -49,7 +49,7 @@ private Q_SLOTS:
     void versionFileNamesTheVersion()
     {
         QCOMPARE(DBCPackageCreator::create(packagePath()).outcome, Outcome::Created);
-        // Little-endian UTF-16 with a byte order mark.
+        // The expected bytes are little-endian UTF-16 with a byte order mark.
         QCOMPARE(_home->readFile(u"New.vmdb/Version.txt"_s).toHex(' '),
             QByteArray("ff fe 56 00 65 00 6c 00 6d 00 6f 00 72 00 61 00 09 00 "
                        "56 00 31 00 2e 00 30 00 4c 00 31 00 30 00 0d 00 0a 00"));

@@ -28,7 +28,7 @@ class tst_packageJournal : public QObject {
 
 private:
     std::unique_ptr<Journal> begin() const { return Journal::begin(_package, _backup); }
-    // Leaves a journal as a program does that died in this stage.
+    // Leaves a journal like that of a program that died in this stage.
     void leaveBehind(Stage stage) const
     {
         const auto journal = begin();
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QCOMPARE(found.journal->stage(), Stage::Import);
         QCOMPARE(found.journal->backupPath(), _backup);
         QCOMPARE(found.journal->cardIDStart(), u"0A1B-"_s);
-        QCOMPARE(search(), Search::HeldByAnother); // the object in found holds it
+        QCOMPARE(search(), Search::HeldByAnother); // the object in found has the journal locked
     }
 
     void deadImportKeepsANewOneFromBeginning()

@@ -101,7 +101,8 @@ private Q_SLOTS:
     {
         DeadImport dead(Stage::Import);
         dead.hasNewCards(100);
-        // Damages the page of the last cards; the pages that opening a store reads stay sound.
+        // Damages the page with the last cards. The pages that are read when the store is opened
+        // stay sound.
         constexpr qsizetype page = 4096;
         const QByteArray store = dead.package.readFile(u"Velmora.sqldb"_s);
         dead.package.writeFile(u"Velmora.sqldb"_s, store.chopped(page) + QByteArray(page, '\xFF'));

@@ -74,7 +74,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(package.path(u".VMLock.vmlk"_s)));
     }
 
-    // SQLite evaluates the conditions of a table when it looks the store over.
+    // SQLite evaluates the CHECK conditions of a table when it checks the store's integrity.
     void conditionThatTakesMuchMemoryIsAProblem()
     {
         _package->card();
@@ -118,7 +118,7 @@ private Q_SLOTS:
         auto user = DBCDataBaseController::initDBwithPath(_package->path());
         QVERIFY(user);
         QVERIFY(verify().couldNotLook);
-        // The first check must not have released the other's lock.
+        // The first check must not have released the controller's lock.
         QVERIFY(verify().couldNotLook);
         user.reset();
         QVERIFY(!verify().couldNotLook);
@@ -143,8 +143,8 @@ private Q_SLOTS:
     {
         _package->remove(u"Velmora.sqldb"_s);
         _package->writeFile(u"Images/x.pdf"_s, "x");
-        // Without the store nobody knows which files the cards name, so no file is reported as
-        // unnamed.
+        // Without the store nobody knows which files belong to cards, so the verifier reports no
+        // file as unnamed.
         QCOMPARE(problemPaths(), QStringList({u"Velmora.sqldb"_s}));
         QVERIFY(!QFile::exists(_package->storePath()));
     }
@@ -201,7 +201,8 @@ private Q_SLOTS:
         _package->card({{"ZFACE_IMAGE_FILE", u""_s}});
         _package->card({{"ZFACE_IMAGE_FILE", QVariant()}, {"ZCARDID", QVariant()}});
         QCOMPARE(problemPaths(), QStringList());
-        // A file named by the card's ID belongs to the card even if the card names no image.
+        // A file whose name follows from the card's ID belongs to the card even if the card names
+        // no image.
         _package->writeFile(u"Images/CARD-1_N1.pdf"_s, "damaged");
         QCOMPARE(problemPaths(), QStringList({u"Images/CARD-1_N1.pdf"_s}));
     }
@@ -309,7 +310,7 @@ private Q_SLOTS:
 
 private:
     DBCFindings verify() const { return DBCPackageVerifier::verify(_package->path(), {}); }
-    // The paths of the problems, relative to the package.
+    // Returns the paths of the problems, relative to the package.
     QStringList problemPaths() const
     {
         const DBCFindings findings = verify();

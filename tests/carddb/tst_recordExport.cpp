@@ -26,7 +26,8 @@ std::optional<DBCResultCode> codeOf(const DBCError& error)
     return error ? std::optional(error.code()) : std::nullopt;
 }
 
-// A cancel delegate that answers yes after a number of questions.
+// A cancel delegate that lets the operation go on for a number of questions, and then tells it to
+// stop.
 struct CancellingDelegate : DBCCancelDelegate {
     explicit CancellingDelegate(int questionsAnsweredNo)
         : remaining(questionsAnsweredNo)
@@ -46,7 +47,7 @@ struct CancellingDelegate : DBCCancelDelegate {
     int asked = 0;
 };
 
-// Replaces the two steps that write a card's files.
+// A controller whose two steps that write a card's files only return what the test has set.
 class SubstituteSteps : public DBCDataBaseController {
 public:
     std::optional<QStringList> _exportImageFile(
@@ -68,10 +69,10 @@ public:
 
     std::optional<QStringList> images = QStringList();
     DBCError imageError;
-    QString imageFolder; // empty if the step was not called
+    QString imageFolder; // stays empty if the step is not called
     std::optional<QString> attachment = u""_s;
     DBCError attachmentError;
-    QString attachmentFolder; // empty if the step was not called
+    QString attachmentFolder; // stays empty if the step is not called
 };
 
 DBCRecord cardRecord()
@@ -461,7 +462,7 @@ private:
     {
         return DBCDataBaseController::initDBwithPath(_package->path());
     }
-    // The text of one key for each live card.
+    // Returns the text of one key for each card that is not deleted.
     QStringList fetchTexts(Key key) const
     {
         QStringList texts;

@@ -30,7 +30,8 @@ DBCRecord record(const Values& values)
     return result;
 }
 
-// A record as the file reader returns it: all columns, the record number and the line number.
+// Returns a record like those of the file reader: with all columns, the record number and the line
+// number.
 DBCRecord wholeRecord(const Values& values = {})
 {
     DBCRecord result;
@@ -55,7 +56,7 @@ Card cardOf(const DBCRecord& data)
     return card;
 }
 
-// Returns none, and not an empty text, for an attribute that is not set.
+// Returns std::nullopt, not an empty text, for an attribute that is not set.
 std::optional<QString> textOf(const Card& card, Key key)
 {
     const DBCValue* value = card.value(key);
@@ -90,7 +91,7 @@ const QRegularExpression& uuidPattern()
     return pattern;
 }
 
-// Replaces the two steps that bring files into the package.
+// A controller whose two steps that bring files into the package only return what the test has set.
 class SubstituteSteps : public DBCDataBaseController {
 public:
     std::optional<QString> _addImageFileIntoDB(
@@ -172,7 +173,7 @@ private Q_SLOTS:
                 u"東京都\n千代田区\n千代田1-1"_s, u"03-1111-2222"_s, u"03-1111-3333"_s,
                 u"090-1111-4444"_s, u"taro@example.jp"_s, u"https://example.jp"_s,
                 u"展示会で"_s}}));
-        // 2009-03-04 15:00:00 UTC.
+        // The date 257,871,600 is 2009-03-04 15:00:00 UTC, in seconds since 2001.
         QCOMPARE(_package->rows(u"SELECT ZSCANNOW, ZREGISTER_DATE, ZDELETEDFLAG, "
                                 "ZFACE_IMAGE_FILE, Z_PK, Z_ENT, Z_OPT FROM ZCARD"_s),
             QList<QVariantList>({{1, 257'871'600, 0, QString(), 1, 1, 1}}));
@@ -400,7 +401,7 @@ private Q_SLOTS:
 
     void registerDateOfADayWithoutMidnightIsItsFirstMoment()
     {
-        // Clocks there went from 00:00 to 01:00 on the first Sunday of November.
+        // In São Paulo, clocks went from 00:00 to 01:00 on the first Sunday of November.
         const ScopedTimeZone saoPaulo("BRT3BRST,M11.1.0/0,M2.3.0/0");
         const Card card = cardOf(record({{Key::register_Date, u"2018/11/04"_s}}));
         const QDateTime date = dateOf(card, Key::register_Date);

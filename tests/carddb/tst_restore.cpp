@@ -42,7 +42,7 @@ private:
     DBCDataBaseController& database() { return *_f->database; }
     QString package() const { return _f->package.path(); }
     void backUp() { QCOMPARE(database().backup(), DBCResultCode::Success); }
-    // The home folder also holds the log and the journal of the import.
+    // The filter leaves out the log and the journal of the import, which lie in the same folder.
     QStringList packagesAndBackups() const
     {
         return snapshotOf(_f->home.path()).filter(QRegularExpression(u"^[^.][^/]*\\.vmdb"_s));
@@ -94,7 +94,8 @@ private Q_SLOTS:
         const QStringList changed = snapshotOf(package());
         QCOMPARE(database().restore(), DBCResultCode::Success);
         QCOMPARE(snapshotOf(package()), before);
-        // The import has written none of that, so it is kept, and the log says where.
+        // These changes are not the import's own, so the changed package is kept, and the log says
+        // where.
         QCOMPARE(snapshotOf(_f->home.path(u"Velmora DB_bak1.vmdb"_s)), changed);
         QCOMPARE(_f->log.warnings.size(), 1);
     }
@@ -258,7 +259,8 @@ private Q_SLOTS:
     void failedCopyLeavesNoPartOfThePackage()
     {
         backUp();
-        // A pipe cannot be copied. The same pipe in the package, so that nothing differs.
+        // A pipe makes the copy fail, because it cannot be copied. The package gets the same pipe,
+        // so that it does not differ from its backup.
         for (const QString& folder : {_backup, package()}) {
             const QString pipe = folder + u"/zz-pipe"_s;
             QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
@@ -305,7 +307,7 @@ private Q_SLOTS:
         const QString locked = _backup + u"/Locked"_s;
         setMode(_f->home.path(), 0777);
         setMode(locked, 0555);
-        QVERIFY(DBCLog::logInstance()); // created while its folder is still writable
+        QVERIFY(DBCLog::logInstance()); // Create the log while its folder is still writable.
         {
             const AsOrdinaryUser user;
             QCOMPARE(database().removeBackupDB(), DBCResultCode::Success);

@@ -33,7 +33,7 @@ Card* addCard(DBCManagedObjectContext& context, const QString& cardID)
     return card;
 }
 
-// Locks the store as a program in the middle of a write does.
+// Locks the store like another program that is writing to it.
 class StoreHolder {
 public:
     explicit StoreHolder(const PackageFixture& package)
@@ -468,7 +468,7 @@ private Q_SLOTS:
         context->save();
         QCOMPARE(fetchTexts(package, Key::cardID), expected);
         QCOMPARE(package.value(u"SELECT count(DISTINCT ZACCEPT_DATE) FROM ZCARD"_s).toInt(), 300);
-        // The 300 dates are at most 300 microseconds apart.
+        // The 300 dates lie within 300 microseconds.
         QVERIFY(
             package.value(u"SELECT max(ZACCEPT_DATE) - min(ZACCEPT_DATE) FROM ZCARD"_s).toDouble()
             < 0.001);
@@ -637,7 +637,7 @@ private:
     {
         return DBCManagedObjectContext::open(package.storePath(), _model);
     }
-    // The text of one attribute for each card, in the order of a fetch.
+    // Returns the text of one attribute for each card, in the order in which the cards are fetched.
     QStringList fetchTexts(const PackageFixture& package, Key key,
         DBCCardSelection selection = DBCCardSelection::Live) const
     {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Removes attachments while the folder of a card is being copied. The moment of removal is the
-// warning about a name that is left out, which is logged before the names after it are copied.
+// Tests what happens when attachments are removed while the folder of a card is being copied. The
+// tests remove them on the warning about a name that is left out, because the copy logs that
+// warning before it copies the names after it.
 #include "tests/carddb/AttachmentFixture.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/ScopedMode.h"

@@ -14,7 +14,8 @@ namespace {
 const QByteArray FacePicture = JpegBuilder(40, 20).bytes();
 const QByteArray BackPicture = JpegBuilder(30, 50).gray().bytes();
 
-// One call and its outputs, which a test may fill beforehand to see whether they are left alone.
+// Holds one call and its outputs. A test may fill the outputs beforehand to find out whether the
+// call changes them.
 struct Call {
     DBCResultCode run(const QByteArray& bytes)
     {
@@ -34,7 +35,8 @@ DBCBitmap anyBitmap()
     return DBCBitmap::of(JpegBuilder::quarters(4, 4), DBCBitmap::ColorModel::DeviceRGB);
 }
 
-// A card PDF of one page that shows the face, with further entries in the page's dictionary.
+// Returns a card PDF of one page that shows the face, with further entries in the dictionary of the
+// page.
 QByteArray onePage(const QByteArray& furtherEntries, const QByteArray& matrix = "252 0 0 144 0 0")
 {
     PdfBuilder pdf;
@@ -298,7 +300,7 @@ private Q_SLOTS:
 
     void pictureIsDecodedAsStored()
     {
-        // The Exif orientation asks for a turn, which must not be made.
+        // The Exif orientation of this picture means a turn, but the function must ignore it.
         Call call;
         const QByteArray picture = JpegBuilder(64, 32).exifOrientation(6).bytes();
         QCOMPARE(call.run(PdfBuilder::cardPdf({picture})), DBCResultCode::Success);

@@ -11,7 +11,8 @@ Q_DECLARE_METATYPE(QImage::Format)
 
 namespace {
 
-// All pixels differ, and the sides are odd and unequal, so that any misplaced pixel shows.
+// Returns an image in which all pixels differ and the sides are odd and unequal, so that a test
+// notices any misplaced pixel.
 QImage distinctPixels(int width = 7, int height = 5)
 {
     QImage pixels(width, height, QImage::Format_RGB888);
@@ -43,7 +44,7 @@ DBCBitmap converted(const DBCBitmap& bitmap, int depth)
     return result;
 }
 
-// All white except for one black pixel at x 1, y 0.
+// Returns a bitmap that is white except for one black pixel at x 1, y 0.
 DBCBitmap oneBitBitmap()
 {
     DBCBitmap bitmap = DBCBitmap::blank(QSize(4, 2), QImage::Format_Mono, ColorModel::DeviceBlack);
@@ -72,7 +73,7 @@ private Q_SLOTS:
 
     void resultTooLargeIsAFailure()
     {
-        // Within the limit at one bit per pixel, beyond it at 32.
+        // The bitmap is within the limit at one bit per pixel, but exceeds the limit at 32 bits.
         const DBCBitmap large
             = DBCBitmap::blank(QSize(20000, 10000), QImage::Format_Mono, ColorModel::DeviceRGB);
         QVERIFY(!large.isNull());
@@ -240,8 +241,8 @@ private Q_SLOTS:
         }
         const QImage result = turned(colorBitmap(pixels), 45).pixels;
         QCOMPARE(result.size(), QSize(101, 101));
-        // The square 35 pixels to the right of the centre is now 25 pixels to its right and 25
-        // above.
+        // The square was 35 pixels to the right of the centre, and is now 25 pixels to the right of
+        // the centre and 25 above.
         QCOMPARE(result.pixelColor(75, 25), QColor(Qt::red));
         QCOMPARE(result.pixelColor(85, 50), QColor(Qt::blue));
         QCOMPARE(result.pixelColor(50, 50), QColor(Qt::blue));

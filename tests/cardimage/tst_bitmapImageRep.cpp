@@ -21,7 +21,7 @@ DBCBitmap bitmapOf(const QByteArray& data, const ImageDescriptor& descriptor)
     return createBitmapImageRep(&data, &descriptor);
 }
 
-// The bitmap as text, one line per row: "#" is black and "." is white.
+// Returns the bitmap as text, one line per row: "#" is black and "." is white.
 QStringList drawingOf(const DBCBitmap& bitmap)
 {
     QStringList rows;
@@ -57,7 +57,7 @@ private Q_SLOTS:
 
     void jpegIsDecoded()
     {
-        // The size in the JPEG itself counts, not the one in the descriptor.
+        // The bitmap must have the size in the JPEG itself, not the size in the descriptor.
         const DBCBitmap bitmap
             = bitmapOf(JpegBuilder(64, 32).bytes(), descriptorOf(5, 5, DBCJpegDepth));
         QCOMPARE(bitmap.pixels.size(), QSize(64, 32));
@@ -137,7 +137,7 @@ private Q_SLOTS:
 
     void largestUsualBitmapIsMade()
     {
-        // A4 at 1200 dots per inch.
+        // This is the size of an A4 page at 1200 dots per inch.
         QCOMPARE(bitmapOf("\xFF", descriptorOf(9920, 14030)).pixels.size(), QSize(9920, 14030));
     }
 };

@@ -216,7 +216,8 @@ private Q_SLOTS:
 
     void documentThatSpeaksOfMemoryIsNoWantOfIt()
     {
-        // The library's warning of a duplicate key quotes the key, here the text of an exception.
+        // The library's warning of a duplicate key quotes the key, and the key in this document is
+        // the text of an exception.
         PdfBuilder pdf;
         PdfPage page = PdfPage::ofImage(pdf.jpegImage(jpeg()));
         page.furtherEntries = "/std::bad_alloc 1 /std::bad_alloc 2";

@@ -64,7 +64,7 @@ private Q_SLOTS:
 
     void saveOperatorInTheFirstTenBytesIsNotSeen()
     {
-        // The tenth byte is the only "q", and the search begins at the eleventh.
+        // The only "q" is the tenth byte, and the search begins at the eleventh.
         QCOMPARE(rotationOf("         q 0 1200 -800 0 0 800 cm"), 0);
     }
 
@@ -112,7 +112,7 @@ private Q_SLOTS:
     void numbersHaveAPointInEveryLocale()
     {
         const QByteArray before = std::setlocale(LC_NUMERIC, nullptr);
-        // If this locale is not installed, the test passes but proves nothing more than the others.
+        // If this locale is not installed, the test passes without testing the effect of a locale.
         std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
         const qint32 degrees = rotationOf(withMatrix("0 0.5 -0.5 0 0 0.5"));
         std::setlocale(LC_NUMERIC, before.constData());

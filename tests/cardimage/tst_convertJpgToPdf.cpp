@@ -22,7 +22,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// JPEG files in a folder of their own, and the PDF that convertJPG2PDF() makes of them.
+// Holds JPEG files in a folder of their own, and the PDF that convertJPG2PDF() makes of these
+// files.
 class Conversion {
 public:
     Conversion& add(const QByteArray& bytes)
@@ -88,8 +89,8 @@ QByteArray smallPicture()
     return JpegBuilder(40, 20).dotsPerInch(300, 300).bytes();
 }
 
-// Its JPEG is far larger than the buffer of a file, so that writing fails before the file is
-// closed.
+// Returns a JPEG that is far larger than the buffer of a file, so that writing the PDF fails before
+// the file is closed.
 QByteArray noisyPicture()
 {
     QImage noise(300, 200, QImage::Format_RGB888);
@@ -97,7 +98,7 @@ QByteArray noisyPicture()
     return JpegBuilder(noise).fullColor().quality(100).bytes();
 }
 
-// The standard output of the program, which must end with exit code 0.
+// Runs the program, which must end with exit code 0, and returns its standard output.
 QByteArray outputOf(const QString& program, const QStringList& arguments)
 {
     QProcess process;
@@ -132,7 +133,8 @@ private Q_SLOTS:
         conversion.add(noisyPicture());
         QCOMPARE(mkfifo(QFile::encodeName(conversion.output()).constData(), S_IRWXU), 0);
 
-        // A handler without SA_RESTART: calls that wait end with EINTR.
+        // Because the handler is set without SA_RESTART, a signal ends a waiting system call with
+        // EINTR.
         struct sigaction interrupt { };
         interrupt.sa_handler = [](int) {};
         struct sigaction former { };
@@ -145,7 +147,7 @@ private Q_SLOTS:
                 return;
             constexpr int interruptions = 20;
             for (int i = 0; i < interruptions; ++i) {
-                QThread::msleep(10); // the writer waits: nobody reads
+                QThread::msleep(10); // the writer waits, since nothing reads
                 pthread_kill(writer, SIGUSR1);
             }
             while (true) {
@@ -250,7 +252,7 @@ private Q_SLOTS:
     void numbersHaveAPointInEveryLocale()
     {
         const QByteArray before = std::setlocale(LC_ALL, nullptr);
-        // If this locale is not installed, the test passes but proves nothing more than the others.
+        // If this locale is not installed, the test passes without testing the effect of a locale.
         std::setlocale(LC_ALL, "de_DE.UTF-8");
         Conversion conversion;
         const DBCResultCode code = conversion.add(picture(21000, 12000).bytes()).run();
@@ -520,7 +522,7 @@ private Q_SLOTS:
 
     void spaceIsNeededForAllFilesAndAMargin()
     {
-        // A script replaces "du" and reports 100 KiB for every file.
+        // A script takes the place of "du" and reports 100 KiB for every file.
         ScopedHost host;
         Conversion conversion;
         const QString du

@@ -29,7 +29,7 @@ void sendDebugTextsToTheConsole(const TestHome& home)
         "<plist version=\"1.0\"><dict><key>Log Level</key><integer>0</integer></dict></plist>");
 }
 
-// A home folder whose disk usage program is replaced by this shell script.
+// Makes a home folder and sets a shell script as the program that measures the disk usage.
 struct ScriptedHome {
     TestHome home;
     ScopedHost host;
@@ -234,7 +234,8 @@ private Q_SLOTS:
         QVERIFY(process > 0);
         QCOMPARE(kill(process, 0), -1);
 
-        // The operation is to stop: what it would wait for next is not waited for at all.
+        // After the answer to stop, a further measurement must end at once, without a further
+        // question.
         timer.restart();
         QCOMPARE(getSizeWithPath(scripted.home.path(), &error), quint64(0));
         QVERIFY(timer.elapsed() < 400);
@@ -286,7 +287,7 @@ private Q_SLOTS:
         const quint64 ignored = lines[1].mid(8).trimmed().toULongLong(nullptr, 16);
         QCOMPARE(ignored & (quint64 {1} << (SIGPIPE - 1)), 0ULL);
         const QList<QByteArray> fields = scripted.home.readFile(u"stat"_s).split(' ');
-        QCOMPARE(fields.value(4), fields.value(0)); // the group's number is the process's
+        QCOMPARE(fields.value(4), fields.value(0)); // the process leads a process group of its own
     }
 
     void workerThreadMeasuresToo()

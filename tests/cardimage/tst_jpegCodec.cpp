@@ -17,7 +17,7 @@ JpegFacts factsOf(const DBCBitmap& bitmap)
     return JpegFacts::of(encodeJpeg(bitmap)).value_or(JpegFacts());
 }
 
-// Resembles a card: white paper, a coloured bar, dark lines.
+// Returns a picture that resembles a card: white paper with a coloured bar and dark lines.
 QImage cardPicture()
 {
     QImage pixels(525, 300, QImage::Format_RGB888);
@@ -146,7 +146,7 @@ private Q_SLOTS:
     void pictureOfEndlessScansIsGivenUp()
     {
         const QByteArray jpeg = JpegBuilder(64, 64).progressive().bytes();
-        // Repeats the last scan. 100 scans are few enough to be decoded, 1,000 are too many.
+        // The test repeats the last scan. The decoder accepts 100 scans and refuses 1,000.
         const qsizetype lastScan = jpeg.lastIndexOf("\xFF\xDA");
         const QByteArray scan = jpeg.mid(lastScan, jpeg.size() - 2 - lastScan);
         QVERIFY(!decodeJpeg(jpeg.chopped(2) + scan.repeated(100) + "\xFF\xD9").isNull());
@@ -245,7 +245,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("unit");
         QTest::addColumn<int>("x");
         QTest::addColumn<int>("y");
-        // For a picture of 1050 x 600 pixels.
+        // All rows are about a picture of 1050 x 600 pixels.
         QTest::newRow("a point a pixel") << QSizeF(1050, 600) << 1 << 72 << 72;
         QTest::newRow("300 dpi") << QSizeF(252, 144) << 1 << 300 << 300;
         QTest::newRow("different") << QSizeF(126, 144) << 1 << 600 << 300;

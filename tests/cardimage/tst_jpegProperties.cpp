@@ -165,7 +165,7 @@ private Q_SLOTS:
     {
         QByteArray jpeg = picture().dotsPerInch(300, 300).bytes();
         constexpr qsizetype unitAt
-            = 13; // offset in the file, whose first segment is the JFIF header
+            = 13; // offset of the density unit in the file, whose first segment is the JFIF header
         QCOMPARE(jpeg[unitAt], char(1));
         jpeg[unitAt] = 3;
         const auto properties = readJpegProperties(jpeg);

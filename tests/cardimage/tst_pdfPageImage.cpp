@@ -46,7 +46,7 @@ Acquired acquire(PdfBuilder& pdf, const PdfPage& page)
     return acquire(pdf.page(page).bytes());
 }
 
-// A page whose resources have an XObject dictionary with these entries.
+// Returns a page whose resources have an XObject dictionary with these entries.
 PdfPage pageOf(const QByteArray& objects, const QByteArray& contents = Upright)
 {
     PdfPage page;
@@ -60,7 +60,8 @@ QByteArray named(const QByteArray& name, int number)
     return '/' + name + ' ' + PdfBuilder::reference(number) + ' ';
 }
 
-// An image stream whose dictionary has these entries instead of the usual ones.
+// Takes the image out of a page whose image stream has these entries in its dictionary instead of
+// the usual ones.
 Acquired acquireImage(const QByteArray& entries, const QByteArray& data)
 {
     PdfBuilder pdf;
@@ -274,7 +275,7 @@ private Q_SLOTS:
     {
         PdfBuilder pdf;
         PdfPage page = PdfPage::ofImage(pdf.jpegImage(JpegBuilder(600, 300).bytes()));
-        page.mediaBox = "[0 0 72 72]"; // gives 600 and 300 dots per inch
+        page.mediaBox = "[0 0 72 72]"; // the image then has 600 and 300 dots per inch
         const Acquired result = acquire(pdf, page);
         std::array<char, 86> record {};
         std::memcpy(record.data(), &result.descriptor, record.size());
@@ -442,7 +443,7 @@ private Q_SLOTS:
         page.contents = contents;
         const Acquired result = acquire(pdf, page);
         QCOMPARE(result.code, DBCResultCode::Success);
-        // Exchanged on purpose: the vertical field is computed from the width.
+        // The two fields are exchanged on purpose: the vertical field is computed from the width.
         QCOMPARE(qint32(result.descriptor.verticalResolution), fromWidth);
         QCOMPARE(qint32(result.descriptor.horizontalResolution), fromHeight);
     }
@@ -474,7 +475,7 @@ private Q_SLOTS:
         PdfBuilder pdf;
         const QByteArray first = JpegBuilder(10, 10).bytes();
         const QByteArray last = JpegBuilder(20, 20).bytes();
-        // The names are visited in the order of their bytes, not in that of the file.
+        // The search visits the names in the order of their bytes, not in their order in the file.
         const QByteArray objects
             = named("Im2", pdf.jpegImage(last)) + named("Im1", pdf.jpegImage(first));
         QVERIFY(acquire(pdf, pageOf(objects)).data == last);

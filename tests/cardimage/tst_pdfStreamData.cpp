@@ -105,8 +105,8 @@ private Q_SLOTS:
         QCOMPARE(decoded(zeros, "/Predictor 2 /Columns 500", 1'000), QByteArray(1'000, '\0'));
     }
 
-    // The library unpacks cross-reference tables and object streams itself, without a limit of the
-    // caller; only the limit in the filter protects these.
+    // A caller cannot limit how the library unpacks cross-reference tables and object streams; only
+    // the limit in the filter does.
     void unpackingEndsWhereEveryImageDoes()
     {
         constexpr qsizetype tooMuch = DBCBitmap::maximumBytes + 1'000'000;

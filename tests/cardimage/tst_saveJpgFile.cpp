@@ -36,7 +36,7 @@ DBCBitmap grayBitmap(int width = 64, int height = 32)
         ColorModel::DeviceGray);
 }
 
-// The left half is black, the right half white.
+// Returns a 1-bit bitmap whose left half is black and whose right half is white.
 DBCBitmap oneBitBitmap(int width = 64, int height = 32)
 {
     DBCBitmap bitmap
@@ -230,8 +230,8 @@ private Q_SLOTS:
 
     void pictureTooLargeToConvertIsAFailure()
     {
-        // Within the limit at one bit per pixel, but beyond it at 32, and also at the 8 bits that a
-        // turned bitmap has.
+        // At one bit per pixel the bitmap is within the limit. It exceeds the limit at 32 bits, and
+        // also at the 8 bits that a turned bitmap has.
         const DBCBitmap large
             = DBCBitmap::blank(QSize(30000, 30000), QImage::Format_Mono, ColorModel::DeviceBlack);
         QVERIFY(!large.isNull());
@@ -349,8 +349,8 @@ private Q_SLOTS:
         QCOMPARE(readJpgFile(QUrl::fromLocalFile(path), &buffer), -EACCES);
     }
 
-    // A file of sysfs claims the size of a memory page but gives fewer bytes, or fails when it is
-    // read.
+    // A file of sysfs claims the size of a memory page, but reading the file gives fewer bytes or
+    // fails.
     void fileThatEndsEarlyIsRefused()
     {
         const QString path = u"/sys/class/net/lo/mtu"_s;

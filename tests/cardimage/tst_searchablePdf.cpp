@@ -27,7 +27,7 @@ struct Drawing {
     DBCResultCode code;
 };
 
-// A page of 72 x 36 points, which is drawn with 300 x 150 pixels.
+// Returns a page of 72 x 36 points, which must be drawn with 300 x 150 pixels.
 PdfPage smallPage(const QByteArray& contents)
 {
     PdfPage page;
@@ -37,7 +37,7 @@ PdfPage smallPage(const QByteArray& contents)
     return page;
 }
 
-// A tiling pattern of red squares.
+// Adds a tiling pattern of red squares and returns its object number.
 int patternOf(PdfBuilder* pdf, const QByteArray& steps)
 {
     return pdf->stream("/Type /Pattern /PatternType 1 /PaintType 1 /TilingType 1 /BBox [0 0 1 1] "
@@ -141,7 +141,7 @@ private Q_SLOTS:
 
     void marksStandWhereTheyBelong()
     {
-        // In PDF the origin is at the bottom left, in the bitmap at the top left.
+        // The origin is at the bottom left in PDF, but at the top left in the bitmap.
         const QImage pixels = Drawing(PdfBuilder()
                                           .page(smallPage("1 0 0 rg 0 0 36 18 re f\n"
                                                           "0 0 1 rg 36 18 36 18 re f\n"))

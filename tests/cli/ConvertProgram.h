@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Runs velmora-convert as its users do: in its own process, with a home folder of the test.
+// Runs velmora-convert as its users do, in its own process, but with a temporary home folder.
 #pragma once
 
 #include "tests/support/TestHome.h"
@@ -15,12 +15,13 @@
 using namespace Qt::StringLiterals;
 
 struct ProgramRun {
-    int exitCode = -1; // -1: ended by a signal, or never started
+    int exitCode = -1; // -1 if a signal ended the program
     QString output;
     QString errors;
 
     QStringList outputLines() const { return output.split(u'\n', Qt::SkipEmptyParts); }
-    // The output as one object per line; a line that is not an object becomes an empty object.
+    // Returns one object per line of the output. A line that is not an object gives an empty
+    // object.
     QList<QJsonObject> objects() const
     {
         QList<QJsonObject> all;
@@ -28,7 +29,7 @@ struct ProgramRun {
             all << QJsonDocument::fromJson(line.toUtf8()).object();
         return all;
     }
-    // The members of the last object with this name.
+    // Returns the members of the last object with this name, or an empty object if there is none.
     QJsonObject object(const QString& name) const
     {
         QJsonObject found;

@@ -25,7 +25,7 @@ struct Desk {
     Desk()
     {
         backUp(first);
-        QTest::qSleep(20); // longer than the kernel's clock tick: the list is sorted by time
+        QTest::qSleep(20); // so that the next backup, in a list sorted by time, is newer
         package.card();
         backUp(second);
         home.writeFile(second + u"/Velmora.sqldb"_s, "these are no cards");

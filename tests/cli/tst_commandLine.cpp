@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests how velmora-convert understands its arguments.
+// Tests which commands, paths and options velmora-convert reads from its arguments.
 #include "tests/cli/ConvertProgram.h"
 
 #include <QDir>

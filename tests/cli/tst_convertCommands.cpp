@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tests "velmora-convert import" and "export" as a user and as a script run them.
+// Tests "velmora-convert import" and "export", run by a user at a terminal and run by a script.
 #include "datafile/helpers/DBCInterchangeNames.h"
 #include "tests/cli/ConvertProgram.h"
 #include "tests/support/AsOrdinaryUser.h"
@@ -54,7 +54,7 @@ struct Terminal {
         const ssize_t count = read(master, bytes.data(), static_cast<size_t>(bytes.size()));
         return QString::fromUtf8(bytes.left(qMax(ssize_t {0}, count)));
     }
-    // Connects a child's standard input and standard error to the terminal.
+    // Returns a function that connects a child's standard input and standard error to the terminal.
     std::function<void()> attach() const
     {
         return [this] {
@@ -96,7 +96,7 @@ struct Desk {
         return QStringList({u"export"_s, package.path(), parent}) + options;
     }
     QString exported() const { return parent + u'/' + DBCInterchangeNames::rootFolderName(); }
-    // The path of the only report; empty: there is none, or there are several.
+    // Returns the path of the report, or an empty text if there is not exactly one report.
     QString report() const
     {
         const QDir logs(home.path(u"home/Library/Logs"_s));
@@ -117,8 +117,9 @@ struct Desk {
 
 const QStringList yesAndJson {u"--yes"_s, u"--json"_s};
 
-// Starts a conversion of many cards and sends the signal after the first card. Nobody reads the
-// output meanwhile, so the full pipe blocks the program before it reaches the last card.
+// Starts a conversion of many cards and sends the signals after the first card. The test does not
+// read the output meanwhile, so the pipe becomes full and blocks the program before it reaches the
+// last card.
 ProgramRun signalled(const Desk& desk, const QStringList& arguments, const char* event,
     const QList<int>& signalNumbers)
 {
@@ -169,7 +170,7 @@ private Q_SLOTS:
 
         const ProgramRun run = desk.program.run(desk.exporting());
 
-        // The card has no image, and the log contains a warning about it.
+        // Code 4 means warnings: the card has no image, and the log contains a warning about this.
         QCOMPARE(run.exitCode, 4);
         QVERIFY(run.outputLines().at(0).contains(u"1 of 1"_s));
         QVERIFY(run.outputLines().at(0).contains(desk.exported()));
@@ -282,7 +283,8 @@ private Q_SLOTS:
         desk.home.writeFile(u"home/Library/Logs/VelmoraConverter.log"_s, {});
         const ScopedMode mode(logs, 0555);
 
-        // The toolkit refuses to start when the real and the effective user differ.
+        // The real user becomes the effective user, because the toolkit refuses to start when the
+        // two differ.
         const auto becomeUser = [] { (void)setreuid(geteuid(), geteuid()); };
         const ProgramRun run = ConvertProgram::finish(
             desk.program.start(ConvertProgram::path(), desk.importing(yesAndJson), becomeUser));
@@ -313,7 +315,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("folder");
         QTest::addColumn<QString>("package");
-        QTest::addColumn<QString>("named"); // the path that the refusal names
+        QTest::addColumn<QString>("named"); // the path in the message about the refusal
         QTest::newRow("no folder") << u"nowhere"_s << u"Velmora DB.vmdb"_s << u"nowhere"_s;
         QTest::newRow("no package") << u"Interchange"_s << u"none.vmdb"_s << u"none.vmdb"_s;
         QTest::newRow("folder without data file")
@@ -460,7 +462,7 @@ private Q_SLOTS:
     {
         const Desk desk;
 
-        // The shell waits for both programs of the pipe.
+        // The shell ends only after both programs of the pipe, so the import has ended below.
         desk.program.runInShell(desk.importing(yesAndJson), u"| true"_s);
 
         QCOMPARE(desk.cardCount(), 2);

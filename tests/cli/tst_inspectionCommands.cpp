@@ -202,7 +202,7 @@ private Q_SLOTS:
         kill(static_cast<pid_t>(process->processId()), number);
 
         const ProgramRun run = ConvertProgram::finish(process);
-        QCOMPARE(run.exitCode, -1); // still ended by the signal
+        QCOMPARE(run.exitCode, -1); // the signal ended the program
         QCOMPARE(run.output, QString());
         QCOMPARE(copies.entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden),
             QStringList());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The thread on which velmora-convert runs a conversion.
+// Tests that the thread of a conversion has ended completely when velmora-convert gets the result.
 #include "cli/DBCCommands.h"
 #include "operation/log/DBCLogObserver.h"
 #include "tests/support/DataFileBuilder.h"
@@ -20,7 +20,8 @@ using Key = DBCRecordKey;
 
 std::atomic<int> destroyedObjects = 0;
 
-// As the document of a thread's PDF writer, which takes its time to be destroyed.
+// Plays an object that a thread destroys at its end and that takes long to destroy, such as the
+// document of a PDF writer.
 class ThreadLocalObject {
 public:
     void use() { _isUsed = true; }
@@ -57,7 +58,8 @@ class tst_operationThread : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    // The program ends after that, and takes away what the thread's objects still use.
+    // The program ends after the result. If the thread were still destroying its objects then, they
+    // could use global objects that the end of the program has already destroyed.
     void threadHasDestroyedItsObjectsWhenTheConversionIsReported()
     {
         const TestHome home;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Runs conversions while another program or another conversion uses the same card database: no data
-// is lost, and a conversion that cannot go on says why.
+// Runs conversions while another program or another conversion uses the same card database. Tests
+// that no data is lost, and that a conversion that cannot go on says why.
 #include "tests/cli/ConvertProgram.h"
 #include "tests/support/DataFileBuilder.h"
 #include "tests/support/InterchangeFolder.h"
@@ -54,7 +54,7 @@ struct Desk {
     ConvertProgram program {home};
 };
 
-// Another program that has the store open.
+// Plays another program that has the store, the database file inside the package, open.
 class OtherProgram {
 public:
     explicit OtherProgram(const PackageFixture& package)
@@ -68,7 +68,7 @@ private:
     SQLite::Database _store;
 };
 
-// Holds the lock on the package folder that another running conversion holds.
+// Plays another running conversion: holds the lock on the package folder that a conversion holds.
 class ConversionAtWork {
 public:
     ConversionAtWork(const QString& package, int lock)
@@ -109,8 +109,9 @@ private Q_SLOTS:
         QFETCH(bool, reads);
         QFETCH(QString, saying);
         const Desk desk;
-        // The package is read only before and after the other program is active. It runs in this
-        // process, and closing the store's file here would release its locks.
+        // The test reads the package only before and after the life of OtherProgram. Both run in
+        // this process, and the kernel releases all locks that a process has on a file as soon as
+        // the process closes that file once.
         const auto before = desk.package.contents();
         ProgramRun run;
         {

@@ -17,8 +17,8 @@ namespace {
 
 constexpr const char* reportOption = "--report";
 
-// Runs in a process of its own: prints the encoding that the application object has set up, the
-// language of the texts, and LC_ALL as another program gets it.
+// Called in a separate process. Prints the encoding that the application object has set up, the
+// word for Yes in the language of the texts, and LC_ALL as a program started from here gets it.
 int report(int argc, char** argv)
 {
     const auto application = applicationInUtf8<QCoreApplication>(argc, argv);
@@ -49,7 +49,7 @@ private Q_SLOTS:
         row("LC_ALL=POSIX LANG=ja_JP.UTF-8", u"UTF-8 Yes POSIX"_s);
         row("LC_CTYPE=C LANG=C.UTF-8", u"UTF-8 Yes unset"_s);
         row("LC_CTYPE=C LANG=ja_JP.UTF-8", u"UTF-8 はい unset"_s);
-        // This locale is not installed on any machine.
+        // These rows use a locale that is not installed on any machine.
         row("LC_ALL=ja_JP.NONE", u"UTF-8 はい ja_JP.NONE"_s);
         row("LANG=ja_JP.NONE", u"UTF-8 はい unset"_s);
     }

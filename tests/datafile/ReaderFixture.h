@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Base of the file reader's tests: a home folder with a data file, and access to the log.
+// The base class of the tests of the file reader. It gives them a home folder with a data file, and
+// access to the log.
 #pragma once
 
 #include "datafile/DBCFileReader.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Base of the file writer's tests: a home folder, writers in both encodings, and the bytes that
-// they wrote.
+// The base class of the tests of the file writer. It gives them a home folder, writers in both
+// encodings, and the bytes that the writers wrote.
 #pragma once
 
 #include "datafile/records/DBCColumns.h"
@@ -35,7 +35,7 @@ protected:
         return bytes;
     }
 
-    // A record whose 21 columns are all empty.
+    // Returns a record whose 21 columns are all empty.
     static DBCRecord emptyRecord()
     {
         DBCRecord record;

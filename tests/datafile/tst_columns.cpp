@@ -74,7 +74,8 @@ private Q_SLOTS:
         QCOMPARE(DBCCommonFunction::createRecordKeyNamesForDataFile().size(), std::size_t(21));
     }
 
-    // A folder written in one language must be readable in the other.
+    // An import in one language must be able to read a folder that was exported in the other
+    // language.
     void titlesAreTheSameInBothLanguages()
     {
         const TestHome home;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The file reader: records, title lines and data lines.
+// Tests of the file reader: records, title lines and data lines.
 #include "tests/datafile/ReaderFixture.h"
 
 #include <QtTest>
@@ -185,7 +185,7 @@ private Q_SLOTS:
             << QStringList(titles.first() + u' ') + titles.sliced(1) << titles.first();
         QTest::newRow("no title at all") << QStringList(unknown) << titles.first();
     }
-    // The code says only that the file has no records; the log names the real cause.
+    // The result code says only that the file has no records; the log names the real cause.
     void wrongTitleLineIsRefused()
     {
         QFETCH(QStringList, titles);
@@ -277,7 +277,7 @@ private Q_SLOTS:
         QCOMPARE(reader->loadData(&_error)->size(), std::size_t(1));
         QCOMPARE(_error.code(), Code::DataLineFormatError);
         QCOMPARE(_error.lineNo(), qint64(3));
-        QCOMPARE(errors().size(), 0); // the caller logs the error when it shows it
+        QCOMPARE(errors().size(), 0); // the caller shows and logs the error
         QVERIFY(reader->lineErrorText().contains(u"22"_s));
     }
 

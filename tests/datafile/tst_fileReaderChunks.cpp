@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The file reader: getNextRecordCopy() on a file that is read in chunks, open, close and reset.
+// Tests of the file reader: getNextRecordCopy(), which reads the file in chunks, and open(),
+// close() and reset().
 #include "tests/datafile/ReaderFixture.h"
 
 #include <QtTest>
@@ -31,8 +32,8 @@ private Q_SLOTS:
     void init() { begin(); }
     void cleanup() { end(); }
 
-    // Chunk sizes that end inside UTF-16 units, surrogate pairs and line ends, and one that holds
-    // the whole file. Each holds at least the title line.
+    // Some of these chunk sizes make chunks end inside UTF-16 units, surrogate pairs and line ends;
+    // one chunk size holds the whole file. Each chunk holds at least the title line.
     void everyChunkSizeGivesTheSameRecords_data()
     {
         QTest::addColumn<Encoding>("encoding");
@@ -107,7 +108,7 @@ private Q_SLOTS:
         const auto size = quint32(file.build().size());
         const auto reader = readerInChunks(file.bytes("x"), size);
         QVERIFY(!reader->getNextRecordCopy(&_error));
-        QVERIFY(!_error); // no further line could be read
+        QVERIFY(!_error); // getNextRecordCopy() found no further line
         QVERIFY(!reader->getNextRecordCopy(&_error));
     }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The file reader: encodings, files that are refused, and readRecords().
+// Tests of the file reader: encodings, files that it refuses, and readRecords().
 #include "tests/datafile/ReaderFixture.h"
 #include "tests/support/AsOrdinaryUser.h"
 
@@ -50,8 +50,8 @@ private Q_SLOTS:
     void fileWithoutMarkIsRead()
     {
         QFETCH(Encoding, encoding);
-        // The reader finds the byte order by the first title, so it must be possible in one order
-        // only.
+        // The reader finds the byte order from the beginning of the first title. The first title
+        // must therefore be one that is plausible in only one byte order.
         QStringList titles = DataFileBuilder::titles();
         const auto kana = std::find_if(titles.begin(), titles.end(), [](const QString& title) {
             return title.front() >= QChar(0x3041) && title.front() <= QChar(0x30FE);
@@ -84,7 +84,7 @@ private Q_SLOTS:
         QVERIFY(!_error.lineNo());
     }
 
-    // Read as UTF-16, the bytes are either invalid or a text without the titles.
+    // Read as UTF-16, the bytes of a UTF-8 file are either invalid or a text without the titles.
     void utf8FileIsRefused()
     {
         const DataFileBuilder file = DataFileBuilder(Encoding::Utf8).titleLine().row(21);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The file reader: warnings about items that are longer than the card application allows.
+// Tests of the file reader: warnings about items that are longer than the card application allows.
 #include "tests/datafile/ReaderFixture.h"
 #include "tests/support/RecordKeys.h"
 

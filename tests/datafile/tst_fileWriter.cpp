@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The file writer: making, opening, appending to and closing the file.
+// Tests of the file writer: making, opening, appending to and closing the file.
 #include "tests/datafile/WriterFixture.h"
 #include "tests/support/AsOrdinaryUser.h"
 #include "tests/support/FailingCall.h"
@@ -146,7 +146,7 @@ private Q_SLOTS:
         {
             const FileSizeLimit full(10);
             QCOMPARE(writer->write(u"12345678"_s),
-                DBCResultCode::DataFileWriteFailure); // written in part
+                DBCResultCode::DataFileWriteFailure); // only a part of the text was written
             QCOMPARE(writer->write(u"1"_s), DBCResultCode::DataFileWriteFailure);
             writer->close();
         }

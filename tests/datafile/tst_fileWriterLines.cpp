@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The file writer: lines made from records.
+// Tests of the file writer: the lines that it makes from records.
 #include "datafile/helpers/DBCLocalizable.h"
 #include "tests/datafile/WriterFixture.h"
 #include "tests/support/RecordKeys.h"
@@ -173,7 +173,7 @@ private Q_SLOTS:
     }
 
 private:
-    // The text in the key's column of the line for a record with this one value.
+    // Writes a record with this one value as a line, and returns the text in the key's column.
     QString writtenItem(DBCRecordKey key, const DBCValue& value) const
     {
         DBCRecord record = emptyRecord();

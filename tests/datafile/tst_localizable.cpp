@@ -40,7 +40,7 @@ private Q_SLOTS:
     void environmentChoosesTheLanguage_data()
     {
         QTest::addColumn<QStringList>("environment");
-        QTest::addColumn<QString>("texts"); // of our table and of Qt
+        QTest::addColumn<QString>("texts"); // one text of our table and one of Qt
         const QString english = u"Yes/Options:"_s;
         const QString japanese = u"はい/オプション:"_s;
         const auto row = [](const char* settings, const QString& texts) {
@@ -176,8 +176,8 @@ private Q_SLOTS:
 int main(int argc, char* argv[])
 {
     QCoreApplication application(argc, argv);
-    // environmentChoosesTheLanguage() starts this program again in another locale; then this prints
-    // the texts.
+    // environmentChoosesTheLanguage() starts this program again, with "--speak" and in another
+    // locale, to see which texts the program prints.
     if (application.arguments().contains(u"--speak"_s)) {
         const QString texts = getLocalString(u"IDS_BUTTON_MSG_YES"_s) + u'/'
             + QCoreApplication::translate("QCommandLineParser", "Options:");

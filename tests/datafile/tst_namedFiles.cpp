@@ -62,7 +62,8 @@ private Q_SLOTS:
         QCOMPARE(contentsOf(image), QByteArray("bytes"));
     }
 
-    // An exchange of the file after the look-up has no effect on what is read.
+    // The program must read the file that it opened, even if another file takes the place of that
+    // file afterwards.
     void openImageStaysTheOneThatWasFound()
     {
         Situation situation;

@@ -20,7 +20,8 @@ private Q_SLOTS:
         QVERIFY(!record.value(Key::memo));
     }
 
-    // Sets the keys from the last to the first, so that each value is inserted before all others.
+    // The test sets the keys from the last to the first, so that each value is inserted before all
+    // others.
     void everyKeyHoldsItsOwnValue()
     {
         DBCRecord record;

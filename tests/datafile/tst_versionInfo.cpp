@@ -123,7 +123,7 @@ private Q_SLOTS:
     void versionOfAHugeFileReadsItsStart()
     {
         const QString path = _home->writeFile(u"Version.txt"_s, utf16(u"ACME\tV1.0L10\r\n"_s));
-        // The file has 64 GB without content; reading all of it would fill the memory.
+        // The file is sparse and has a size of 64 GiB; reading all of it would fill the memory.
         QCOMPARE(truncate(QFile::encodeName(path).constData(), off_t {1} << 36), 0);
         QCOMPARE(versionLine(path), u"ACME\tV1.0L10"_s);
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A real package and a real interchange folder, and whole conversions between the two.
+// A test fixture for whole conversions between a real package and a real interchange folder.
 #pragma once
 
 #include "datafile/helpers/DBCInterchangeNames.h"
@@ -21,7 +21,7 @@ inline QString text(const char16_t* value)
     return QString::fromUtf16(value);
 }
 
-// A package with one older card, and a folder of three cards with images and attachments.
+// The package contains one older card. The folder contains three cards with images and attachments.
 struct ConversionWorld {
     using Key = DBCRecordKey;
 
@@ -38,7 +38,8 @@ struct ConversionWorld {
         writeCards({});
     }
 
-    // Writes the data file with three cards. last: the items of the third card, without its name.
+    // Writes the data file with three cards. last contains the items of the third card except its
+    // name.
     void writeCards(const DataFileBuilder::Items& last)
     {
         DataFileBuilder::Items third {{Key::full_Name, text(u"渡辺 三郎")}};
@@ -71,7 +72,8 @@ struct ConversionWorld {
         controller->setWindowController(&receiver);
         return controller->run();
     }
-    // The user asks for a cancel at that event, the first one being number 1, and confirms it.
+    // Makes the user request a cancel when the event with that name arrives for the given time,
+    // counted from 1, and confirm the cancel when the program asks.
     void cancelAt(DBCEventName name, int occurrence)
     {
         presenter.answer = DBCAnswer::Default;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A folder whose data file holds a card with each kind of defect, and its report after a
-// conversion.
+// A test fixture with a folder whose data file holds one card for each kind of defect. After a
+// conversion, the fixture reads the report about that folder.
 #pragma once
 
 #include "tests/operation/ConversionWorld.h"
@@ -10,7 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
-// The lines of the data file. The names say what is wrong with the card there.
+// The lines of the data file, which has the titles in line 1. Each name says what is wrong with the
+// card in that line.
 enum DefectiveLine : int {
     Sound = 2,
     MissingImage,

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Shared by the tests of the log: a home folder of their own and the lines of the default log in
-// it.
+// The base class of the tests of the log. It gives each test its own home folder and returns the
+// lines of the default log in that folder.
 #pragma once
 
 #include "tests/support/TestHome.h"
@@ -14,7 +14,7 @@ protected:
     void begin() { _home.emplace(); }
     void end() { _home.reset(); }
 
-    // The lines of the default log, each from its tag on.
+    // Returns the lines of the default log without the text before their tag, such as "[Info]".
     QStringList loggedLines() const
     {
         QStringList lines = _home->logText().split(u'\n', Qt::SkipEmptyParts);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Everything that the checks before an operation examine. All of it is in order until a test
-// changes something.
+// A test fixture with everything that the checks before an operation examine. Every check succeeds
+// until a test changes something.
 #pragma once
 
 #include "datafile/helpers/DBCInterchangeNames.h"
@@ -23,7 +23,8 @@ using namespace Qt::StringLiterals;
 constexpr quint64 margin = 0x80000;
 
 // A usable package, an interchange folder with a data file, an empty folder to export into, local
-// disks with exactly the free bytes that are required, and a user who answers Yes.
+// disks with exactly the free bytes that are required, and a user who answers every question with
+// Yes.
 struct Situation {
     TestHome home;
     ScopedHost host;
@@ -63,7 +64,7 @@ struct Situation {
     {
         home.writeFile(u"Applications/Velmora/Velmora.app/Contents/version.plist"_s, list);
     }
-    // Locks the package until the returned descriptor is closed.
+    // Locks the package until the test closes the returned descriptor.
     int lockPackage() const
     {
         const QString file = home.writeFile(u"cards.vmdb/.VMLock.vmlk"_s, "");

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Reads a report for a test: the page as XML, and the data as JSON.
+// Reads a report for a test: the page, which people read, as XML, and the data, which programs
+// read, as JSON.
 #pragma once
 
 #include <QFile>
@@ -12,14 +13,15 @@
 using namespace Qt::StringLiterals;
 
 struct ReadPage {
-    QString error; // empty: the page is well-formed
+    QString error; // empty if the page is well-formed
     QString language;
     QString end; // the style class of the body, which names the end of the conversion
     QString title;
     QStringList titles; // the headings of the sections
     QMap<QString, QString> values; // the values by their labels
     QStringList columns;
-    // For each card its number and name, then for each problem its text and the fate of the card.
+    // Each card has its number and its name, and then, for each of its problems, the text of the
+    // problem and what became of the card.
     QList<QStringList> cards;
     QStringList reasons;
     QStringList others;
@@ -61,7 +63,8 @@ struct ReadPage {
         return page;
     }
 
-    // The card with that number or line; empty if the page does not list it.
+    // Returns the card with that number, which may be a card number or a line number, as the page
+    // shows it. Returns an empty list if the page does not list the card.
     QStringList card(int number) const
     {
         for (const QStringList& candidate : cards) {

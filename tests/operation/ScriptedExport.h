@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A scripted export with short texts, the events that its tests compare with, and its files.
+// A scripted export whose log lines and messages are short texts. This file also has the events
+// that tests expect and reads the files that the export writes.
 #pragma once
 
 #include "datafile/helpers/DBCInterchangeNames.h"
@@ -43,7 +44,7 @@ struct ScriptedExport : ScriptedConversion {
     QStringList logAfterSeparator() const { return log().mid(1); }
     QString versionPath() const { return folder + u"/Version.txt"_s; }
     QString dataPath() const { return DBCInterchangeNames::dataFile(folder); }
-    // The data file's lines; empty if there is no data file.
+    // Returns the lines of the data file, or an empty list if there is no data file.
     QStringList rows() const
     {
         const QByteArray bytes = bytesOf(dataPath());

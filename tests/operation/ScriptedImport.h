@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A scripted import with short texts, and the events and log lines that its tests compare with.
+// A scripted import whose log lines and messages are short texts. This file also has the events and
+// log lines that tests expect.
 #pragma once
 
 #include "datafile/helpers/DBCLocalizable.h"
@@ -43,7 +44,7 @@ struct ScriptedImport : ScriptedConversion {
         return {u"[Info] begin BACKUP"_s, u"[Info] end BACKUP"_s,
             u"[Info] backup at "_s + script.backupPath};
     }
-    // Every run begins with a separator line; these are the lines after it.
+    // Every run begins its log with a separator line. Returns the lines after that line.
     QStringList logAfterSeparator() const { return log().mid(1); }
 };
 

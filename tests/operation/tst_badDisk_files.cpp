@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Lets one kind of system call fail at a time, and checks copies, comparisons and checks of files.
+// Makes one kind of system call fail at a time, and tests how the program then copies, compares and
+// examines files.
 #include "operation/copy/DBCTreeComparison.h"
 #include "operation/copy/DBCTreeCopy.h"
 #include "system/DBCDescriptor.h"
@@ -51,7 +52,8 @@ DBCDescriptor opened(const QString& path)
     return DBCDescriptor(open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC));
 }
 
-// Uses a relative path, because a socket's path must be short.
+// Binds the socket to a relative path, because the system limits a socket's path to about a hundred
+// bytes.
 void makeSocket(const QString& path)
 {
     const QString old = QDir::currentPath();
@@ -66,7 +68,8 @@ void makeSocket(const QString& path)
     QDir::setCurrent(old);
 }
 
-// False when the user may not or the file system cannot do that.
+// Sets or clears the immutable attribute. Returns false if the user may not change the attribute or
+// if the file system does not have it.
 bool setImmutable(const QString& path, bool immutable)
 {
     const DBCDescriptor file = opened(path);
@@ -244,7 +247,7 @@ private Q_SLOTS:
     void whatHasNoFlagsIsNotImmutableOnAnOldSystem_data()
     {
         QTest::addColumn<QString>("path"); // %1 is replaced by the home folder
-        QTest::addColumn<int>("immutable"); // -1 means that it cannot be read
+        QTest::addColumn<int>("immutable"); // -1 if the attribute cannot be read
         const auto row = [](const char* name, const char* path, int immutable) {
             QTest::newRow(name) << QString::fromLatin1(path) << immutable;
         };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A conversion on two threads: events go from the operation thread to this one, and a cancel that
-// is asked for on this thread is noticed on the operation thread.
+// Tests a conversion on two threads: the operation thread sends its events to this thread, and
+// notices when this thread requests a cancel.
 #include "cardimage/DBCDiskUsage.h"
 #include "datafile/helpers/DBCLocalizable.h"
 #include "tests/support/ScriptedConversion.h"
@@ -11,8 +11,9 @@
 
 using namespace Qt::StringLiterals;
 
-// Replaces the function that starts "du". A child process shares its parent's memory until it has
-// become that program, and the thread sanitizer takes the child's accesses for this thread's.
+// Replaces the function that measures a path by starting the program "du". A child process shares
+// its parent's memory until it has become that program, and the thread sanitizer would take the
+// child's accesses to that memory for races of this thread.
 quint64 getSizeWithPath(const QString& /*path*/, DBCError* /*outError*/)
 {
     return 0;
@@ -36,7 +37,7 @@ QStringList threeNames()
     return {u"Sato"_s, u"Suzuki"_s, u"Tanaka"_s};
 }
 
-// Runs the conversion on a new thread, as a window does. The events are handled on this thread.
+// Runs the conversion on a new thread, as a window does, and handles its events on this thread.
 bool runOnItsOwnThread(DBCConverterController& controller)
 {
     bool isOk = false;
@@ -180,7 +181,8 @@ private Q_SLOTS:
         conversion.hasCards(threeNames());
         conversion.presenter.answer = DBCAnswer::Default;
         conversion.cancelWhen(backupBegins);
-        // The copy asks whether it may go on, gets a no, and leaves nothing behind.
+        // Does what a real backup does: it asks the controller whether to copy the next item, and
+        // the controller must answer that the copy is to stop.
         conversion.script.onBackup
             = [&] { QVERIFY(!conversion.controller->fileManager(nullptr, QString(), QString())); };
         conversion.script.backupResult = DBCResultCode::BackupFailure;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The cancel question: when the driver asks it, and the effect of each answer.
+// Tests the cancel question, with which the driver asks the user to confirm a requested cancel:
+// when the driver asks it, and what each answer does.
 #include "datafile/helpers/DBCLocalizable.h"
 #include "tests/support/ScriptedConversion.h"
 

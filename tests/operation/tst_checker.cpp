@@ -20,7 +20,7 @@ namespace {
 
 constexpr quint64 KiB = 1024;
 
-// A package in its own home folder, and the paths of its parts.
+// Creates a package in a home folder of its own, and returns the paths of its parts.
 struct Package {
     TestHome home;
     QString path;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whole conversions in an environment with a fault: no log, no disk space, no rights, another
-// conversion, or no thread.
+// Tests whole conversions in an environment with a fault: no log can be written, the disk is full,
+// rights are missing, another conversion uses the package, or no thread can be started.
 #include "carddb/DBCPackageGuard.h"
 #include "datafile/helpers/DBCLocalizable.h"
 #include "tests/operation/ConversionWorld.h"
@@ -19,7 +19,8 @@ using World = ConversionWorld;
 
 namespace {
 
-// Makes "du" fail for every path with that ending. It works for all others.
+// Replaces the program "du", which measures files, by a script that fails for every path with the
+// given ending and works for all other paths.
 void failToMeasure(World& world, const char* ending)
 {
     const QString program = world.home.writeFile(u"du"_s,
@@ -29,7 +30,7 @@ void failToMeasure(World& world, const char* ending)
     world.host->diskUsageProgram = program;
 }
 
-// Puts a file at the place of the log's folder, so that no log can be written.
+// Writes a file where the log's folder should be, so that the program cannot write a log.
 void takeTheLogAway(World& world)
 {
     world.home.writeFile(u"home/Library"_s, "no folder");
@@ -112,7 +113,7 @@ private Q_SLOTS:
 
         QCOMPARE(world.controller->outcome().code, DBCResultCode::VersionFileWriteFailure);
         QCOMPARE(world.presenter.numbers, QList<quint32> {208});
-        QCOMPARE(world.exportedRows().size(), 2); // the rows are kept
+        QCOMPARE(world.exportedRows().size(), 2); // the export keeps the rows that it wrote
     }
 
     void diskThatFillsUpInTheDataFileEndsTheExport()

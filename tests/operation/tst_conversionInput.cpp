@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whole conversions of bad folders and bad packages: each ends with its own error, and the package
-// stays as it was.
+// Tests whole conversions of bad folders and bad packages. Each kind of defect must end the
+// conversion with its own error and leave the package as it was.
 #include "tests/operation/ConversionWorld.h"
 
 #include <QtTest>
@@ -131,7 +131,7 @@ private Q_SLOTS:
         row(
             "no room for the backup",
             [](World& world) {
-                // This is enough space for the folder, but not for a copy of the package.
+                // These free bytes are enough to import the folder, but not to back up the package.
                 world.receiver.onEvent = [&world](const DBCEvent& event) {
                     if (event.name == DBCEventName::DatabaseBackupWillBegin)
                         world.host.setFreeBytes(0x80000);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whole conversions on a machine where one kind of system call fails from the start: what the user
-// is told, and that nothing is lost or left behind.
+// Tests whole conversions on a machine where one kind of system call always fails: what the program
+// tells the user, and that it neither loses data nor leaves files behind.
 #include "tests/operation/ConversionWorld.h"
 #include "tests/support/FailingCall.h"
 
@@ -76,7 +76,7 @@ private Q_SLOTS:
         QCOMPARE(world.package.contents(), before);
         QCOMPARE(everythingBeside(world), beside);
         world.controller.reset();
-        QVERIFY(world.importCards()); // once the disk is well again
+        QVERIFY(world.importCards()); // the call no longer fails here
     }
 
     void exportFailsAndSaysSo_data()
@@ -106,7 +106,8 @@ private Q_SLOTS:
         QCOMPARE(world.package.contents(), before);
     }
 
-    // Systems that are older than the calls that this program prefers.
+    // Old systems lack some of the calls that the program prefers. The program must then convert by
+    // other calls.
     void oldSystemConvertsAllTheSame_data()
     {
         QTest::addColumn<qlonglong>("call");

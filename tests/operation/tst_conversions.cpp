@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whole conversions with real folders and packages, from the driver down to the files.
+// Tests whole conversions of real folders and packages, without substitutes for parts of the
+// program.
 #include "tests/operation/ConversionWorld.h"
 #include "tests/support/FolderSnapshot.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A file that shrinks while it is copied. Every call of the copy succeeds then, and only the number
-// of bytes shows that the copy is not the file that the copy began with.
+// Tests the copy of a file that shrinks while the program copies it. Every system call succeeds
+// then, so the program must notice that it copied fewer bytes than the file had at first.
 #include "operation/copy/DBCFileManager.h"
 #include "tests/support/TestHome.h"
 
@@ -14,13 +14,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray pathToShrink; // empty: no file shrinks
+QByteArray pathToShrink; // no file shrinks if this is empty
 constexpr off_t sizeAfterwards = 1000;
 
 } // namespace
 
-// Takes the place of the system's function in this program, and calls it. At that time the copy
-// has looked at the file's size and has not read the file.
+// Replaces the system's function in this program: shrinks the file and then makes the system call.
+// When the program calls this function, it already knows the file's size but has not read the file.
 extern "C" ssize_t copy_file_range(
     int from, off64_t* fromOffset, int to, off64_t* toOffset, size_t length, unsigned flags)
 {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An export that fails while it writes: the rows so far remain, "Version.txt" is still written, and
-// the user learns why.
+// Tests exports that fail while they write cards: the export keeps the rows that it has written,
+// still writes "Version.txt", and tells the user why it failed.
 #include "tests/operation/ScriptedExport.h"
 
 #include <QtTest>

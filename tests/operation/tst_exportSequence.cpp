@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The steps of an export with a scripted database: what it sends, logs, shows and writes when all
-// goes well, and when it ends before the first card.
+// Tests the steps of an export with a scripted database: which events it sends and what it logs,
+// shows and writes, both when it succeeds and when it ends before the first card.
 #include "operation/log/DBCLog.h"
 #include "tests/operation/ScriptedExport.h"
 
@@ -15,16 +15,16 @@ using Export = ScriptedExport;
 
 namespace {
 
-// The export folder as it was when its file system was flushed.
+// What the export folder contained when the export flushed the file system.
 struct Flush {
     QStringList names;
     QByteArray data; // the data file
 };
 
-std::vector<Flush>* flushes = nullptr; // null: calls are not noted
+std::vector<Flush>* flushes = nullptr; // if null, syncfs() records no calls
 const ScriptedExport* watched = nullptr;
 
-// The bytes of a text in the data file's encoding, including the byte-order mark.
+// Returns the text in the data file's encoding, with a byte-order mark.
 QByteArray marked(const QString& text)
 {
     QByteArray bytes("\xff\xfe", 2);
@@ -37,7 +37,8 @@ QByteArray marked(const QString& text)
 
 } // namespace
 
-// Replaces the system's function in this program, takes note of the call, and then makes it.
+// Replaces the system's function in this program: records what the folder contains, and then makes
+// the system call.
 extern "C" int syncfs(int descriptor) noexcept
 {
     if (flushes) {

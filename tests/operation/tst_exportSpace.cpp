@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The disk space of an export: the estimate, the error if there is too little space, and a cancel
-// while a long measuring goes on.
+// Tests how an export checks the disk space: the estimate of the space that it needs, the error if
+// there is too little space, and a cancel while the estimate takes long.
 #include "tests/operation/ScriptedExport.h"
 
 #include <QtTest>
@@ -11,13 +11,14 @@ using Export = ScriptedExport;
 
 namespace {
 
-// Every image file has 10 KiB and every attachment folder 20 KiB. A path with "bad" in it cannot be
-// measured.
+// This script replaces the program "du", which measures a path. It answers 10 KiB for every image
+// file and 20 KiB for every attachment folder, and fails for a path that contains "bad".
 constexpr const char* tenKiBImagesTwentyKiBAttachments
     = "case \"$3\" in *bad*) exit 1;; */Images/*) k=10;; */Files/*) k=20;; *) k=999;; esac\n"
       "printf '%s\\t%s\\n' \"$k\" \"$3\"";
 
-// Measuring one card takes longer than the half second after which the export asks about a cancel.
+// This script takes 0.6 seconds to measure one card. Once an export has spent half a second on the
+// estimate, it checks whether the user has requested a cancel, so with this script it does check.
 constexpr const char* sixTenthsOfASecondForEachCard = "sleep 0.6; printf '1\\t%s\\n' \"$3\"";
 
 const QString cancelConfirmed = u"DBC_OperationDidCanceledNotification cancel=true"_s;
@@ -31,7 +32,8 @@ DBCRecord storedCard(const QString& cardID)
     return card;
 }
 
-// Two cards with attachments, and a user who asks for a cancel as soon as the export begins.
+// An export of two cards with attachments. The user requests a cancel as soon as it begins, and
+// answers the question whether to cancel as given.
 struct ImpatientExport : ScriptedExport {
     explicit ImpatientExport(DBCAnswer answer)
     {

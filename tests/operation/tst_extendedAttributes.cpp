@@ -28,7 +28,7 @@ struct Files {
                    std::size_t(value.size()), 0)
             == 0;
     }
-    // The value of an attribute, or "-" when it is not set.
+    // Returns the value of an attribute of the copy, or "-" if the copy lacks the attribute.
     QByteArray copied(const char* name) const
     {
         QByteArray value(70000, '\0');
@@ -88,7 +88,7 @@ private Q_SLOTS:
         QCOMPARE(files.copied("trusted.mark"), QByteArray("-"));
     }
 
-    // Files of the kernel cannot have user attributes.
+    // A file below /proc cannot have user attributes.
     void fileSystemWithoutAttributesIsNoFailure()
     {
         const Files files;

@@ -19,7 +19,9 @@ namespace {
 
 constexpr uid_t nobody = 65534;
 
-// A cancel delegate that counts the questions and answers them as told.
+// A cancel delegate, the object that a copy asks whether to go on. It records the questions and
+// gives the answers that the test chooses: whether a cancel is confirmed, and how many items to
+// copy.
 struct Answers : DBCCancelDelegate {
     bool cancelConfirmed = false;
     int itemsToCopy = std::numeric_limits<int>::max();

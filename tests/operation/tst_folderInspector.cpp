@@ -21,8 +21,8 @@ namespace {
 
 using Key = DBCRecordKey;
 
-// A folder whose data file has one line, which each test fills in. The texts of the problems are
-// replaced by short ones that show their key and arguments.
+// Inspects a folder whose data file has one card, which each test fills in. The problems have short
+// texts that consist of their key and their arguments.
 struct Inspection {
     Inspection()
     {
@@ -30,7 +30,7 @@ struct Inspection {
     }
 
     DBCFolderReport report() const { return DBCFolderInspector::inspect(folder.path()); }
-    // Each problem as "line|text"; a problem without a line has "-" instead.
+    // Returns each problem as "line|text", or as "-|text" if it has no line.
     QStringList problems() const
     {
         QStringList lines;
@@ -425,7 +425,8 @@ private Q_SLOTS:
                 title("IDS_CSV_TITLE_OFFICE_ADDRESS"))));
     }
 
-    // An import warns in column order, and the address precedes the telephone number.
+    // An import warns in the order of its columns, where the address precedes the telephone number.
+    // The inspection must report the problems in the same order.
     void overlongItemsComeInTheOrderOfTheImport()
     {
         Inspection inspection;
@@ -444,7 +445,8 @@ private Q_SLOTS:
     void overlongAddressPartsAloneAreNotMeasured()
     {
         Inspection inspection;
-        // When the parts are filled, the whole address is ignored.
+        // If a card has the parts of its address, an import ignores the whole address, so the
+        // length of the whole address does not matter.
         inspection.hasOneCard({{Key::state, longText(10)}, {Key::city, longText(10)},
             {Key::street, longText(10)}, {Key::address, longText(500)}});
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The check of a folder by a user who may not read all of it.
+// Tests the check of a folder by a user who may not read all files in it.
 #include "operation/DBCFolderInspector.h"
 
 #include "datafile/helpers/DBCLocalizable.h"
@@ -31,7 +31,7 @@ struct Inspection {
                               {Key::attachmentFile, u"plans"_s}})
                           .build());
     }
-    // The paths of the problems, relative to the folder.
+    // Returns the paths of the problems, relative to the folder.
     QStringList problems() const
     {
         QStringList paths;
@@ -93,7 +93,8 @@ private Q_SLOTS:
         QCOMPARE(inspection.problems(), QStringList {inspection.below(path)});
     }
 
-    // Such a folder also prevents measuring the interchange folder, so there are two problems.
+    // The program can then neither list the attachment folder nor measure the whole interchange
+    // folder, so it reports two problems.
     void attachmentFolderThatCannotBeListedIsReported()
     {
         const Inspection inspection;

@@ -40,7 +40,7 @@ private Q_SLOTS:
         QCOMPARE(DBCHiddenName::discarded(u"a.vmdb"_s), u".a.vmdb.velmora-discarded"_s);
     }
 
-    // The limit is in bytes, and a kanji takes three.
+    // A file name may have 255 bytes, and each kanji takes three. Longer names must be shortened.
     void longNameFitsIntoAFolder_data()
     {
         QTest::addColumn<QString>("name");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Checks the answers of the real machine, without the tests' replacements.
+// Tests what DBCHost tells about the real machine. Other tests replace these answers.
 #include "system/DBCHost.h"
 #include "tests/support/ScopedMode.h"
 #include "tests/support/TestHome.h"
@@ -27,7 +27,7 @@ QByteArray bytesOf(const QString& path)
     return QFile::encodeName(path);
 }
 
-// Runs a check without root's privileges. An ordinary user has none to drop.
+// Runs a check without root's rights. It just runs the check if the test does not run as root.
 template <typename Check> auto asOrdinaryUser(Check check)
 {
     const bool wasRoot = geteuid() == 0;
@@ -39,8 +39,8 @@ template <typename Check> auto asOrdinaryUser(Check check)
     return answer;
 }
 
-// Sets or clears the immutable attribute. False when the user may not or the file system cannot do
-// that.
+// Sets or clears the immutable attribute. Returns false if the user may not change the attribute or
+// if the file system does not have it.
 bool setImmutable(const QString& path, bool immutable)
 {
     const int file = open(bytesOf(path).constData(), O_RDONLY | O_CLOEXEC);
@@ -67,7 +67,7 @@ private Q_SLOTS:
         df.start(u"df"_s, {u"--block-size=1"_s, u"--output=avail"_s, home.path()});
         QVERIFY(df.waitForFinished());
         const quint64 expected = df.readAllStandardOutput().split('\n').value(1).toULongLong();
-        const quint64 drift = 512u << 20; // other processes may write meanwhile
+        const quint64 drift = 512u << 20; // other processes may use or free space meanwhile
         QVERIFY(*free < expected + drift && expected < *free + drift);
     }
 
@@ -133,7 +133,7 @@ private Q_SLOTS:
 
     void attributesOfAnUnreadableFileWithoutFlagsAreNotAFailure()
     {
-        const QString file = u"/proc/self/auxv"_s; // belongs to root while the test runs as root
+        const QString file = u"/proc/self/auxv"_s; // belongs to root if root runs the test
         const auto immutable
             = asOrdinaryUser([&file] { return DBCHost::real().isImmutable(file); });
         QCOMPARE(immutable, std::optional(false));

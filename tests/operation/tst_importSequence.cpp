@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The steps of an import with a scripted database and data file: what it sends, logs and shows when
-// all goes well, and when it ends before the first record.
+// Tests the steps of an import with a scripted database and data file: which events it sends and
+// what it logs and shows, both when it succeeds and when it ends before the first record.
 #include "operation/log/DBCLog.h"
 #include "tests/operation/ScriptedImport.h"
 

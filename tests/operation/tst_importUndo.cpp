@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An import that fails after its backup: the database is restored, and the user learns why.
+// Tests imports that fail after their backup: the import restores the database and tells the user
+// why it failed.
 #include "tests/operation/ScriptedImport.h"
 
 #include <QtTest>

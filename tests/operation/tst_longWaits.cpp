@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Conversions that wait for something that does not end by itself: a cancel is answered soon, at
-// whichever step the wait is, and leaves the files as any other cancel does.
+// Tests a cancel while a conversion waits for something that would take very long: a measuring
+// program that hangs, or a computation in the store. The cancel must end the conversion soon,
+// whichever step waits, and leave the files as any other cancel does.
 #include "tests/operation/ConversionWorld.h"
 
 #include <QtTest>
@@ -12,7 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Counts its calls in a file, and hangs in the one whose number the file "hangsAt" holds.
+// This script replaces the program "du", which measures files and folders. It counts its calls in a
+// file, and hangs in the call whose number is in the file "hangsAt".
 constexpr const char* measuringThatHangs = R"script(#!/bin/sh
 folder=${0%/*}
 echo x >> "$folder/calls"
@@ -37,8 +39,9 @@ struct SlowWorld : ConversionWorld {
     {
         return type == OperationType::Import ? importCards() : exportCards();
     }
-    // Asks for a cancel once the measuring hangs; how long the conversion took from then on, in
-    // milliseconds. The conversion's own result comes in isOk.
+    // Converts, and requests a cancel once the measuring hangs. Returns the milliseconds from the
+    // request to the end of the conversion, or -1 if the measuring never hung. Sets isOk to the
+    // result of the conversion.
     qint64 millisecondsToCancel(OperationType type, bool* isOk)
     {
         QElapsedTimer sinceCancel;

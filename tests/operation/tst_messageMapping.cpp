@@ -12,7 +12,7 @@ using Code = DBCResultCode;
 
 namespace {
 
-// The arguments as texts, with "|" between them.
+// Returns the arguments as texts, with "|" between them.
 QString shown(const DBCMessageArguments& arguments)
 {
     QStringList texts;

@@ -30,8 +30,7 @@ struct Place {
         QVERIFY(QFile::link(target, at(name)));
     }
     QString at(const QString& name) const { return folder + u'/' + name; }
-    // Returns the bytes of the file at the path, or the number of the error when it cannot be
-    // opened.
+    // Returns the bytes of the file at the path, or errno if openInside() cannot open the file.
     QByteArray opened(const QString& path) const
     {
         const DBCDescriptor file = openInside(folder, path, O_RDONLY);
@@ -77,7 +76,7 @@ private Q_SLOTS:
 
     void linksThatLeadOutOpenNothing_data()
     {
-        QTest::addColumn<QString>("target"); // %1: the folder in which the folder lies
+        QTest::addColumn<QString>("target"); // %1 is replaced by the parent of the folder "in"
         QTest::addColumn<QString>("name");
         const QString link = u"link"_s;
         QTest::newRow("file beside") << u"../secret.txt"_s << link;
@@ -121,6 +120,7 @@ private Q_SLOTS:
     }
 
     // DBCNameLookup resolves links, so it returns paths that begin with the folder's real path.
+    // openInside() must accept these paths as well as those that begin with the link.
     void folderMayBeALinkItself()
     {
         Place place;

@@ -17,7 +17,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("folder");
         QTest::addColumn<QString>("path");
-        QTest::addColumn<QString>("rest"); // null where the path is not below
+        QTest::addColumn<QString>("rest"); // null if the path is not below the folder
         QTest::newRow("inside") << u"/a"_s << u"/a/b"_s << u"b"_s;
         QTest::newRow("deep inside") << u"/a"_s << u"/a/b/c"_s << u"b/c"_s;
         QTest::newRow("slash behind the folder") << u"/a/"_s << u"/a/b"_s << u"b"_s;

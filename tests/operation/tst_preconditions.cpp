@@ -182,7 +182,7 @@ private Q_SLOTS:
         QCOMPARE(preconditions.refusal(), DBCPreconditions::Refusal::ByCheck);
     }
 
-    // Tests of the data path of an import.
+    // Tests of the checks of the folder that an import reads.
 
     void importFolderPathOf520BytesIsTheLongest()
     {
@@ -246,7 +246,7 @@ private Q_SLOTS:
         QCOMPARE(situation.presenter.numbers, QList<quint32> {309});
     }
 
-    // Tests of the data path of an export.
+    // Tests of the checks of the folder that an export writes into.
 
     void newExportFolderAndItsTwoFoldersAreMade()
     {
@@ -335,7 +335,7 @@ private Q_SLOTS:
     {
         Situation situation(OperationType::Export);
         QVERIFY(QFile::link(
-            situation.interchange, situation.exportFolder())); // the removal must not follow it
+            situation.interchange, situation.exportFolder())); // the link's target must stay
         QVERIFY(!situation.preconditions()._dataPathCheck());
         QCOMPARE(situation.presenter.numbers, QList<quint32> {204});
         QVERIFY(QFileInfo::exists(DBCInterchangeNames::dataFile(situation.interchange)));

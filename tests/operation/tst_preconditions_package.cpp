@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The checks of the package before an operation.
+// Tests the checks of the package before an operation.
 #include "datafile/helpers/DBCLocalizable.h"
 #include "tests/operation/PreconditionSituation.h"
 

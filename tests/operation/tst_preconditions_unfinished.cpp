@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The checks before an operation on a package whose last import did not finish.
+// Tests the checks before an operation on a package whose last import did not finish. The journal,
+// a small file beside the package that records how far an import has come, shows that.
 #include "carddb/DBCPackageJournal.h"
 #include "tests/operation/PreconditionSituation.h"
 

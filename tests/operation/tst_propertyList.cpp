@@ -18,7 +18,7 @@ QByteArray xml(const QByteArray& body)
         + "</plist>\n";
 }
 
-// {"DB path": "/Users/田中/Velmora DB.vmdb", "Log Level": 2, "ratio": 0.5, "on": true,
+// Returns {"DB path": "/Users/田中/Velmora DB.vmdb", "Log Level": 2, "ratio": 0.5, "on": true,
 // "list": [1]} as another program writes it.
 QByteArray binaryDictionary()
 {
@@ -29,7 +29,7 @@ QByteArray binaryDictionary()
         "6c6e6f0000000000000101000000000000000c00000000000000000000000000000078");
 }
 
-// {"a": a list that contains itself}.
+// Returns a dictionary whose value "a" is a list that contains itself.
 QByteArray cyclicBinary()
 {
     return QByteArray::fromHex("62706c6973743030"
@@ -125,7 +125,8 @@ private Q_SLOTS:
 
     void listThatUnfoldsWithoutEndIsNone()
     {
-        // {"a": list} with 30 lists, each of which contains the next one twice.
+        // The dictionary's value "a" is the first of 30 lists. Each list contains the next one
+        // twice, so a reader that follows them all would never end.
         QByteArray parts("\xD1\x01\x02\x51\x61");
         QByteArray offsets("\x08\x0B");
         constexpr char lists = 30;

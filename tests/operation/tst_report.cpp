@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The report about a folder with many defects: the page that people read and the data that programs
-// read.
+// Tests the report about a folder with many defects: the page that people read and the data that
+// programs read.
 #include "tests/operation/DefectiveWorld.h"
 
 #include "operation/log/DBCLog.h"
@@ -54,7 +54,7 @@ private Q_SLOTS:
         QVERIFY2(card.at(2).contains(u"/gone.jpg"_s), qPrintable(card.at(2)));
         QTEST(card.at(3), "fate");
         QVERIFY(!page.everything.contains(u"IDS_"_s));
-        // The page itself has no script, so any script would come from a card.
+        // The program writes no script into the page, so a script would come from a card.
         QVERIFY(!bytesOf(world.reportPath()).contains("<script"));
     }
 
@@ -131,7 +131,7 @@ private Q_SLOTS:
         QVERIFY(world.importCards());
         const ReadPage page = world.page();
         QVERIFY(page.card(Sound).isEmpty());
-        // A card without a date gets the date of its import, which is not worth a warning.
+        // A card without a date gets the date of its import, and the program does not warn of that.
         QVERIFY(page.card(MissingDate).isEmpty());
     }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The reports of whole conversions by the way they end, and reports that cannot be written.
+// Tests the reports of whole conversions for each way in which a conversion can end, and what
+// happens when the program cannot write a report.
 #include "operation/log/DBCLog.h"
 #include "tests/operation/DefectiveWorld.h"
 #include "tests/support/AsOrdinaryUser.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How a report is gathered while a conversion runs, and how report files are written and removed.
+// Tests how the program gathers a report while a conversion runs, and how it writes and removes the
+// files of reports.
 #include "operation/log/DBCLog.h"
 #include "report/DBCReportFiles.h"
 #include "report/DBCReportPage.h"
@@ -30,7 +31,7 @@ struct Reports {
         report.operation = OperationType::Import;
         report.started = QDateTime(QDate(2026, 11, 21), QTime(8, 15, 30));
     }
-    // Returns the path of the page; empty if the report could not be written.
+    // Returns the path of the page, or an empty text if the report could not be written.
     QString write()
     {
         const auto written = DBCReportFiles::write(report, folder);
@@ -137,7 +138,7 @@ private Q_SLOTS:
         const QString older = reports.writePair(u"VelmoraConverter report 2020-01-01 10.00.00"_s);
         const QStringList before = reports.names();
         {
-            // This is enough for the data, but too little for the page.
+            // The file with the data fits into this limit, and the page does not.
             const FileSizeLimit limit(1500);
             QCOMPARE(reports.write(), QString());
         }
@@ -145,8 +146,9 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(older));
     }
 
-    // Reports hold names of people. Rights that are taken away later would leave a moment in which
-    // others can open the file: here nothing can be taken away.
+    // Reports contain names of people. If the program created a file with wide rights and narrowed
+    // them later, other users could open the file in between. In this test, all changes of rights
+    // fail, so the file must be created with the rights that it is to have.
     void onlyTheOwnerMayReadAReportFromItsCreationOn()
     {
         Reports reports;
@@ -192,7 +194,8 @@ private Q_SLOTS:
         const QByteArray rules = style.first(style.indexOf("</style>"));
         QVERIFY(rules.contains("prefers-color-scheme: dark"));
         QVERIFY(rules.contains("@media print"));
-        // A style sheet that is escaped for XML is wrong when the page is read as HTML.
+        // If the style sheet were escaped for XML, a browser that reads the page as HTML would not
+        // understand it.
         QVERIFY(!rules.contains('&'));
     }
 

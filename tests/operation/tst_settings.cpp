@@ -44,7 +44,7 @@ private Q_SLOTS:
     void logLevel_data()
     {
         QTest::addColumn<QByteArray>("value");
-        QTest::addColumn<int>("expected"); // 99 means none
+        QTest::addColumn<int>("expected"); // 99 if there must be no level
         QTest::newRow("0") << QByteArray("<integer>0</integer>") << 0;
         QTest::newRow("3") << QByteArray("<integer>3</integer>") << 3;
         QTest::newRow("real") << QByteArray("<real>2.0</real>") << 2;

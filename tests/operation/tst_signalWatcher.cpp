@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Checks which signals a watcher receives. Signals are raised for the tested thread only, because
-// other threads of this process may not block them.
+// Tests which signals a watcher receives. The tests send each signal to their own thread only. If
+// they sent it to the process, another thread that does not block the signal might end the process.
 #include "system/DBCSignalWatcher.h"
 
 #include <QCoreApplication>
@@ -81,7 +81,8 @@ private Q_SLOTS:
         QVERIFY(!isBlocked(SIGINT));
     }
 
-    // A signal that is still pending when it is unblocked would end this program.
+    // A watcher unblocks its signals when it is destroyed. A signal that is still pending then
+    // would end this program, so the watcher must discard that signal before.
     void signalThatComesTooLateIsForgotten()
     {
         int calls = 0;

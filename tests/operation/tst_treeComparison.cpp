@@ -37,7 +37,7 @@ struct Pair {
     {
         home.writeFile(u"two/"_s + QString::fromLatin1(name), bytes);
     }
-    // "=" if the folders are equal, else the path of the first difference.
+    // Returns "=" if the folders are equal, or else the path of the first difference.
     QByteArray compared(DBCTreeComparison::Questions questions = {}) const
     {
         DBCTreeComparison comparison(std::move(questions));
@@ -158,8 +158,8 @@ private Q_SLOTS:
         QCOMPARE(pair.compared(), QFile::encodeName(name));
     }
 
-    // Only root can copy a file with its owner; a file that gets another owner loses its set-ID
-    // bits.
+    // Only root can give a copy the owner of the original. A copy with another owner has no
+    // set-user-ID bit, because that bit would give programs the rights of the wrong user.
     void rightsLostWithTheOwnerAreNoDifference()
     {
         if (geteuid() != 0)

@@ -22,7 +22,8 @@ namespace {
 
 constexpr uid_t nobody = 65534;
 
-// A folder "tree" and the path "copy" for its copy. Names are bytes, relative to the tree.
+// A folder "tree", and the path "copy" to which tests copy it. Names are relative to the tree. They
+// are bytes, because a file name need not be valid UTF-8.
 struct Tree {
     TestHome home;
     QByteArray source = QFile::encodeName(home.makeFolder(u"tree"_s));
@@ -138,7 +139,7 @@ private Q_SLOTS:
         tree.folder("\xFF\xFE").file("\xFF\xFE/caf\xE9", "bytes");
         QVERIFY(tree.copy());
         QCOMPARE(contentsOf(tree.copyOf("\xFF\xFE/caf\xE9")), QByteArray("bytes"));
-        // QTemporaryDir cannot remove such names.
+        // QTemporaryDir cannot remove files with such names.
         for (const QByteArray& folder : {tree.source, tree.target})
             std::filesystem::remove_all(folder.toStdString());
     }
@@ -239,7 +240,8 @@ private Q_SLOTS:
 
     void linkGivenAsTheSourceIsFollowed()
     {
-        // A backup that is only a link to its package would save nothing.
+        // If a backup were only a link to its package, a change of the package would change the
+        // backup, too.
         Tree tree;
         tree.file("file", "bytes");
         const QByteArray link = QFile::encodeName(tree.home.path(u"link"_s));
@@ -356,7 +358,7 @@ private Q_SLOTS:
         DBCTreeCopy::Questions questions;
         questions.beforeItem = [&](const QString&, const QString&) { return ++asked < 3; };
         QVERIFY(!DBCTreeCopy(questions).copy(tree.source, tree.target));
-        QCOMPARE(asked, 3); // the folder, one file, and the one refused
+        QCOMPARE(asked, 3); // the folder, one file, and the refused file
         QCOMPARE(QDir(QFile::decodeName(tree.target)).entryList(QDir::Files).size(), 1);
     }
 

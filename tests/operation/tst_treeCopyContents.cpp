@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Checks the three ways of copying contents, and when the next one is used.
+// Tests the three ways in which the program copies the contents of a file, and when it changes from
+// one way to the next.
 #include "operation/copy/DBCContentsCopy.h"
 
 #include "system/DBCDescriptor.h"
@@ -29,7 +30,8 @@ ssize_t endAtOnce(int, int, std::size_t)
     return 0;
 }
 
-// A way that copies small pieces for a number of calls and then fails with the error refusal.
+// A way of copying that copies up to 1000 bytes in each of the first callsBeforeFailure calls, and
+// then fails with the error refusal.
 ssize_t failLater(int from, int to, std::size_t)
 {
     if (callsBeforeFailure-- == 0)
@@ -52,7 +54,8 @@ QByteArray numbered(int size)
     return bytes;
 }
 
-// A source file with known bytes, an empty target, and the result of a copy.
+// A source file with the given bytes and an empty target. Copies the one to the other and tells
+// whether the copy is complete.
 struct Copying {
     TestHome home;
     QByteArray bytes;

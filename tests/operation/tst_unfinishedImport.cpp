@@ -16,7 +16,7 @@ using Stage = DBCPackageJournal::Stage;
 
 namespace {
 
-// An import that was killed, and a user who answers questions.
+// A package whose import was killed, and a user who answers the program's questions about it.
 struct Settling {
     explicit Settling(DBCAnswer answer = DBCAnswer::NotShown)
     {
@@ -24,7 +24,7 @@ struct Settling {
         dead.package.writeFile(u"Images/NEW-1_N1.pdf"_s, "new");
     }
     DBCSettlement settle() const { return settleUnfinishedImport(dead.package.path()); }
-    // The text of a key with the paths of the package and its backup filled in.
+    // Returns the text of a key with the paths of the package and its backup as arguments.
     QString text(const char* key) const
     {
         return getLocalString(key, {dead.package.path(), dead.backup});

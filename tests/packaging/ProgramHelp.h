@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What velmora-convert --help tells, taken apart: the measure of pages and completions about it.
+// Runs velmora-convert --help and splits what it prints into parts. Tests compare the manual pages
+// and the completions with these parts.
 #pragma once
 
 #include "tests/cli/ConvertProgram.h"
@@ -10,12 +11,12 @@ using namespace Qt::StringLiterals;
 
 struct ProgramHelp {
     QStringList commands; // "import"
-    QStringList operands; // of each command: "FOLDER PACKAGE"
+    QStringList operands; // one text for each command: "FOLDER PACKAGE"
     QStringList options; // "--json", "--restore NAME"
-    QStringList descriptions; // of the commands, then of the options
+    QStringList descriptions; // first of the commands, then of the options
     QStringList exitStatuses; // "130"
 
-    // language: as LC_ALL has it.
+    // language is a value of LC_ALL, such as "ja_JP.UTF-8".
     static ProgramHelp in(const QString& language)
     {
         const TestHome home;

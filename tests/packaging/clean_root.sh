@@ -1,7 +1,10 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# The package's life on a clean system: clean_root.sh ROOT PACKAGE CARDS RELEASE, in a mount and
-# process namespace of its own. Changes ROOT, a Debian of that release ("bookworm").
+# Installs, uses and removes the Debian package PACKAGE on a clean system:
+# clean_root.sh ROOT PACKAGE CARDS RELEASE
+# ROOT is the root folder of a Debian of that release ("bookworm"), which the script changes, and
+# CARDS is an interchange folder to import. The caller runs the script in its own mount and process
+# namespace, so that its mounts and processes end with it.
 set -euo pipefail
 
 root=$(realpath "$1")
@@ -23,7 +26,8 @@ fail()
 in_root() { env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root DEBIAN_FRONTEND=noninteractive \
     "${proxies[@]}" chroot "$root" "$@"; }
 
-# As the user, in English unless the words before the command say otherwise.
+# Runs a command as the user. Its texts are English unless the caller sets LC_ALL before the
+# command.
 as_user() { in_root setpriv --reuid="$user" --regid="$user" --clear-groups \
     env HOME="$home" LC_ALL=C.UTF-8 XDG_RUNTIME_DIR=/run/user/1000 "$@"; }
 
@@ -42,7 +46,7 @@ prepare_root()
     mount -t proc proc "$root/proc"
     mount --rbind /dev "$root/dev"
     cp /etc/resolv.conf /etc/hosts "$root/etc/"
-    # shellcheck disable=SC2016 # apt-get fills them in
+    # shellcheck disable=SC2016 # apt-get replaces $(...) itself
     apt-get indextargets --format 'deb $(REPO_URI) $(RELEASE) $(COMPONENT)' 'Origin: Debian' |
         grep -w "$release" | sort -u >"$root/etc/apt/sources.list"
     in_root useradd --create-home "$user"
@@ -61,8 +65,8 @@ install_with_dependencies()
     in_root dpkg --audit
 }
 
-# Every file there is with its contents, but for what the package manager and the system write for
-# themselves.
+# Prints every file of the root with a checksum of its contents, except for the files that the
+# package manager and the system write for themselves.
 snapshot()
 {
     (cd "$root" && find . -xdev \( -path ./var/log -o -path ./var/cache -o -path ./var/lib/dpkg \
@@ -109,7 +113,8 @@ japanese_texts()
     [ -e "$root/usr/share/poppler/cMap/Adobe-Japan1/90ms-RKSJ-H" ] || fail "no PDF encodings"
 }
 
-# The window on a platform of Qt: still there after a while, and ended by being asked to.
+# Starts the program with the given Qt platform. The window must stay open until timeout sends a
+# signal, and the program must then end without an error.
 window_on()
 {
     local platform=$1 status=0 errors="$root/errors"

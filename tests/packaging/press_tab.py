@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What a shell offers when the tabulator is pressed: press_tab.py SHELL COMPLETION LINE
+"""Prints what a shell offers when the user presses the tab key: press_tab.py SHELL COMPLETION LINE
 
-SHELL is bash or zsh, with its completion file of velmora-convert; the program is found through PATH.
-Prints what the shell writes to its terminal.
+SHELL is bash or zsh, COMPLETION is the file with its completions for velmora-convert, and LINE is
+what the user has typed. The completions may run velmora-convert, which must be in PATH.
 """
 
 import fcntl
@@ -17,7 +17,8 @@ import termios
 
 PROMPT = b"READY> "
 PATIENCE = 60  # seconds
-# The prompt is spelled in two pieces, so that the terminal's echo of the line is not taken for it.
+# Each setup text sets the prompt in two pieces, because the terminal echoes that text, and this
+# script would otherwise take the echo for the prompt.
 START = {
     "bash": (
         ["bash", "--norc", "--noprofile", "-i"],
@@ -34,7 +35,7 @@ START = {
 
 
 def read_until(terminal, ends):
-    """What comes until one of the ends does."""
+    """Returns what the terminal prints, up to and including the first of the ends."""
     output = b""
     while not any(end in output for end in ends):
         if not select.select([terminal], [], [], PATIENCE)[0]:
@@ -55,7 +56,8 @@ def main():
     os.write(terminal, setup.encode() + b"\n")
     read_until(terminal, [PROMPT])
     os.write(terminal, line.encode() + b"\t")
-    # A bell where nothing is offered, the prompt anew behind what is.
+    # The shell rings the bell if it offers nothing. Otherwise it prints its offers and then the
+    # prompt again.
     print(read_until(terminal, [PROMPT, b"\a"]).decode())
     os.kill(process, signal.SIGKILL)
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What bash, zsh and fish offer behind velmora-convert, in both languages.
+// Tests what bash, zsh and fish offer when the user presses the tab key after "velmora-convert", in
+// both languages.
 #include "tests/packaging/ProgramHelp.h"
 
 #include <QFileInfo>
@@ -138,14 +139,14 @@ private:
         environment.insert(
             path, QFileInfo(ConvertProgram::path()).path() + u':' + environment.value(path));
         environment.insert(u"HOME"_s, _home->path(u"home"_s));
-        // Is there everywhere, and spells what LANGUAGE asks for.
+        // Every system has this locale, and it can print the texts in both languages.
         environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
         environment.insert(u"LANGUAGE"_s, language);
         return environment;
     }
 
-    // What comes onto the terminal when the tabulator is pressed behind the program's name and
-    // operands.
+    // Returns what the shell prints when the user presses the tab key after the program's name and
+    // these operands.
     QString offered(
         const Shell& shell, const QString& operands, const QString& language = u"en"_s) const
     {
@@ -156,7 +157,7 @@ private:
         QProcess process;
         process.setProcessEnvironment(environment(language));
         process.setWorkingDirectory(_home->path(u"here"_s));
-        // fish tells without a terminal.
+        // fish has a command that prints the completions, so it needs no terminal.
         if (name == u"fish"_s)
             process.start(name,
                 {u"--no-config"_s, u"--command"_s,

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The desktop knows the program by one name, in every file that is installed for it and in its
-// window; and there is one version.
+// Tests that the program has the same name and the same version in its window and in every file
+// that is installed for the desktop, so that the desktop recognizes the window as this program.
 #include "operation/log/DBCPropertyList.h"
 #include "operation/log/DBCSettings.h"
 #include "tests/app/VirtualDisplay.h"
@@ -47,7 +47,7 @@ QString entry(const char* key)
     return at < 0 ? QString() : text.mid(at + start.size()).section(u'\n', 0, 0);
 }
 
-// The texts of all elements of a name.
+// Returns the texts of all elements with that name.
 QStringList metainfo(const char* element)
 {
     QFile file(metainfoFile());
@@ -63,7 +63,7 @@ QStringList metainfo(const char* element)
     return texts;
 }
 
-// The attributes of the newest release.
+// Returns the attributes of the newest release, which the file lists first.
 QXmlStreamAttributes newestRelease()
 {
     QFile file(metainfoFile());
@@ -167,7 +167,8 @@ private Q_SLOTS:
         QCOMPARE(icon.size(), QSize(size, size));
         QVERIFY(icon.hasAlphaChannel());
         QCOMPARE(qAlpha(icon.pixel(0, 0)), 0);
-        // Paper and accent: neither an empty drawing nor a plain patch.
+        // The icon shows bright paper and something blue. If either is missing, the program that
+        // drew the icon has drawn nothing, or only an area of one colour.
         int bright = 0;
         int blue = 0;
         for (int y = 0; y < size; ++y) {
@@ -222,7 +223,8 @@ private Q_SLOTS:
         const QString answer
             = run(validator, {u"validate"_s, u"--no-net"_s, metainfoFile()}, &exitCode);
         QVERIFY2(exitCode == 0, qPrintable(answer));
-        // Each validator knows one of the two ways to name the developers.
+        // The file names the developers in an old and in a new way. Each version of the validator
+        // remarks on one of them.
         QStringList remarks = answer.split(u'\n').filter(u"I: "_s);
         remarks.removeIf([](const QString& remark) {
             return remark.contains(u": unknown-tag developer"_s)

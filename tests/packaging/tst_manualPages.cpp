@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The manual pages say what the programs do, in both languages.
+// Tests that the manual pages in both languages agree with the programs.
 #include "operation/log/DBCSettings.h"
 #include "tests/packaging/ProgramHelp.h"
 
@@ -17,7 +17,7 @@ QString pagePath(const QString& folder, const QString& program)
     return u"" VELMORA_MANUAL "/%1/%2.1"_s.arg(folder, program);
 }
 
-// As the formatter reads it, without escapes and changes of the font.
+// Returns the source of a manual page without escapes and changes of the font.
 QString page(const QString& folder, const QString& program)
 {
     QFile file(pagePath(folder, program));
@@ -27,7 +27,7 @@ QString page(const QString& folder, const QString& program)
     return QString::fromUtf8(file.readAll()).remove(escapes);
 }
 
-// The items of lists: ".TP" and the line behind it, without the macro and its quotes.
+// Returns the items of lists. An item is the line after ".TP", without its macro and quotes.
 QStringList items(const QString& page)
 {
     static const QRegularExpression item(
@@ -96,7 +96,7 @@ private Q_SLOTS:
         if (QStandardPaths::findExecutable(u"man"_s).isEmpty())
             QSKIP("man is not installed");
         QProcess check;
-        // A shell complains about a locale that is not there.
+        // A shell would print a warning if the locale of the environment did not exist.
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
         check.setProcessEnvironment(environment);

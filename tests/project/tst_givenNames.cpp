@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The given names are an interface: this test fails when an operation, a field, a key or an event
-// has been renamed or removed.
+// The names in given_names.txt are an interface. This test fails if someone has renamed or removed
+// one of them in the sources: an operation, a field, a key or an event.
 
 #include <QDirIterator>
 #include <QFile>

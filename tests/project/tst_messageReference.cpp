@@ -39,7 +39,8 @@ QString reference()
     return textOf("docs/messages.md");
 }
 
-// By key, each up to the next heading. A message with a number is named by that.
+// Returns the sections of the document by their message key. The heading of a section is the number
+// of its message, or the key if the message has no number.
 QMap<QString, Section> sections()
 {
     static const QRegularExpression section(
@@ -56,7 +57,7 @@ QMap<QString, Section> sections()
     return found;
 }
 
-// Of the messages with a number, and of the questions without one.
+// Returns the keys of the messages that have a number, and of the questions, which have none.
 QStringList messageKeys()
 {
     static const QRegularExpression message(u"<message id=\"(IDS_MSG_\\w+)\">(.*?)</message>"_s,
@@ -85,7 +86,7 @@ QList<CodeRow> codeRows()
     return rows;
 }
 
-// The failures of the one table of codes.
+// Returns the codes of all failures that DBCResultCode.h defines.
 QList<qint32> failureCodes()
 {
     static const QRegularExpression value(
@@ -97,7 +98,7 @@ QList<qint32> failureCodes()
     return codes;
 }
 
-// True as well where the cell names no message.
+// Returns true if the cell of the table names the message with that number, or no message at all.
 bool namesMessage(const QString& cell, quint32 number)
 {
     static const QRegularExpression named(u"\\d+"_s);

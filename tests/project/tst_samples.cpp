@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The sample cards and card PDFs are what samples/README.md says they are.
+// Tests that the sample cards and card PDFs are what samples/README.md says.
 #include "cardimage/jpeg/DBCJpegCodec.h"
 #include "cardimage/pdf/DBCCardPdf.h"
 #include "datafile/DBCFileReader.h"
@@ -144,7 +144,7 @@ private Q_SLOTS:
     void pdfIsOfItsKind_data()
     {
         QTest::addColumn<DBCResultCode>("kind");
-        QTest::addColumn<int>("pages"); // 0: not told for this kind
+        QTest::addColumn<int>("pages"); // 0 for kinds whose pages CheckPdfFile() does not count
         const auto row = [](const char* name, DBCResultCode kind, int pages) {
             QTest::newRow(name) << kind << pages;
         };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The two catalogues of the strings table against each other, against what is compiled into the
-// program and against the keys that the sources use.
+// Compares the two catalogues of the strings table, English and Japanese, with each other, with the
+// texts that are compiled into the program, and with the keys that the sources use.
 
 #include "datafile/helpers/DBCLocalizable.h"
 
@@ -24,12 +24,12 @@ struct Entry {
 };
 using Catalogue = QMap<QString, Entry>;
 
-// Numbers of the messages, whose keys are formed from them.
+// The numbers of all messages. keyOfMessage() makes the key of a message from its number.
 const QList<int> messageNumbers {101, 102, 103, 104, 105, 106, 108, 109, 110, 111, 201, 202, 203,
     204, 205, 206, 207, 208, 209, 210, 211, 301, 302, 304, 306, 307, 308, 309, 310, 311, 313, 314,
     315, 316, 317};
 
-// Texts that are the same words in both languages.
+// The keys of texts that have the same words in both languages.
 const QSet<QString> untranslatedKeys {
     u"IDS_TITLE_WINDOW"_s,
     u"IDS_BUTTON_MSG_OK"_s,
@@ -54,7 +54,8 @@ QString keyOfMessage(int number)
     return u"IDS_MSG_ERR_%1"_s.arg(number, 4, 10, QChar(u'0'));
 }
 
-// In the order of the file, a key that stands twice included.
+// Returns the entries in the order of the file. A key that the file has twice is returned twice, so
+// that a test can find it.
 QList<std::pair<QString, Entry>> readEntries(const QString& language)
 {
     QXmlStreamReader reader(contentsOf(
@@ -250,7 +251,7 @@ private Q_SLOTS:
             QCOMPARE(DBCLocalizable::text(key), entry.translation);
     }
 
-    // Each is logged as well, and the log has a line for each.
+    // The program also writes messages into the log, where each message is one line.
     void messagesAreOneLine()
     {
         for (const Catalogue& catalogue : {_english, _japanese}) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Root passes every access check. As long as the object lives, the process has the rights of a user
-// who owns nothing yet; whoever is no root stays as he is. Made before the TestHome, it is that
-// user's home.
+// Drops root's rights for as long as the object lives, because root passes every access check. The
+// process then runs as the user "nobody". It changes nothing when the tests do not run as root. A
+// test creates this object before its TestHome, so that "nobody" owns that home folder.
 #pragma once
 
 #include <QtGlobal>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What is written to standard error while the object lives.
+// Captures what the process writes to standard error while the object lives.
 #pragma once
 
 #include <QFile>
@@ -23,7 +23,7 @@ public:
     CapturedStandardError(const CapturedStandardError&) = delete;
     CapturedStandardError& operator=(const CapturedStandardError&) = delete;
 
-    // Ends the capture.
+    // Ends the capture and returns what was written until now.
     QString text()
     {
         restore();

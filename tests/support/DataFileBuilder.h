@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Interchange data files for tests, byte by byte and without the program's own writer:
+// Builds interchange data files for tests without the program's own writer, so that a file may also
+// be wrong:
 //
 //     DataFileBuilder().titleLine().row({{Key::full_Name, u"星野 太郎"_s}}).row(20).blankLine();
 #pragma once
@@ -20,25 +21,26 @@ public:
     enum class Encoding : quint8 { Utf16LittleEndian, Utf16BigEndian, Utf8 };
     enum class Mark : quint8 { Written, Missing };
 
-    // Little-endian UTF-16 with its byte-order mark, lines ended by "\r\n".
+    // Every line ends with "\r\n". mark says whether the file begins with a byte-order mark.
     explicit DataFileBuilder(
         Encoding encoding = Encoding::Utf16LittleEndian, Mark mark = Mark::Written);
 
-    // The 21 titles in the order of the written file, or these titles.
+    // Adds the line of titles: the 21 titles in the order in which an export writes them, or the
+    // given ones.
     DataFileBuilder& titleLine();
     DataFileBuilder& titleLine(const QStringList& titles);
     static QStringList titles();
 
-    // A card with these items; all others are empty. Items stand in the order of titles().
+    // Adds a card with these items, in the order of titles(). All other items are empty.
     DataFileBuilder& row(const Items& items);
-    // A line of that many items, "item 1", "item 2" and so on.
+    // Adds a line of that many items: "item 1", "item 2" and so on.
     DataFileBuilder& row(int itemCount);
     DataFileBuilder& blankLine();
-    // text and a line end.
+    // Adds the text and a line end.
     DataFileBuilder& line(const QString& text);
-    // text without a line end.
+    // Adds the text without a line end.
     DataFileBuilder& text(const QString& text);
-    // Anything at all.
+    // Adds the bytes as they are, without encoding them.
     DataFileBuilder& bytes(const QByteArray& bytes);
 
     QByteArray build() const { return _bytes; }

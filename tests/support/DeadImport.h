@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Sets up the files that an import leaves behind when it is killed.
+// Sets up the files that an import leaves behind when it is killed. One of them is the journal, the
+// small file beside the package that records how far an import has come.
 #pragma once
 
 #include "carddb/DBCPackageCopy.h"
@@ -15,8 +16,8 @@
 
 using namespace Qt::StringLiterals;
 
-// A package with one card, its backup, and the journal of an import that was killed in the given
-// stage.
+// A package with one card, the backup of that package, and the journal of an import that was killed
+// in the given stage.
 struct DeadImport {
     using Stage = DBCPackageJournal::Stage;
 
@@ -33,7 +34,7 @@ struct DeadImport {
             qFatal("no journal");
     }
 
-    // Adds the cards and files that the import had written by then.
+    // Adds what the import had written when it was killed: the cards, and one image file.
     void hasNewCards(int count)
     {
         for (int number = 1; number <= count; ++number)

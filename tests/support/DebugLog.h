@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the default log says at debug level, which goes to the console only. To be made right behind
-// the TestHome: a log reads its level when its first line is written.
+// Captures what the default log writes at debug level. Debug lines go to standard error only. A
+// test creates this object right after its TestHome, because the log reads its level from the
+// preferences when it writes its first line.
 #pragma once
 
 #include "tests/support/CapturedStandardError.h"
@@ -17,7 +18,7 @@ public:
     {
     }
 
-    // Ends the capture.
+    // Ends the capture and returns what was written until now.
     QString text() { return _console.text(); }
 
 private:

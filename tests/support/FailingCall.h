@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Lets one system call fail for what a test does, as it does when a disk goes bad or an old system
-// does not know it:
+// Makes one system call fail while a piece of work runs, as the call fails on a bad disk or on an
+// old system that does not have the call:
 //
 //     QVERIFY(FailingCall(SYS_fsync, EIO).during([&] { saved = database.save(); }));
 #pragma once
@@ -23,21 +23,21 @@
 
 class FailingCall {
 public:
-    // number: SYS_...; error: what errno becomes.
+    // number is the call's SYS_... constant, and error is the errno that the call fails with.
     FailingCall(long number, int error)
         : FailingCall(std::vector<long> {number}, error)
     {
     }
 
-    // Looking at an open file, for which C libraries make one call or the other.
+    // Makes both system calls fail that C libraries use to examine an open file.
     static FailingCall lookingAtAFile(int error)
     {
         return FailingCall(std::vector<long> {SYS_newfstatat, SYS_fstat}, error);
     }
 
-    // Does the work on a thread of its own, on which the call fails each time, and for the programs
-    // that are started from there. False where this system does not allow such a thing; the work is
-    // not done then.
+    // Runs the work on a new thread. The call fails each time in that thread and in the programs
+    // that it starts. Returns false, without running the work, if this system does not allow a
+    // process to filter its calls.
     [[nodiscard]] bool during(const std::function<void()>& work) const
     {
         bool isSet = false;
@@ -47,8 +47,9 @@ public:
                 work();
         }));
         thread->start();
-        // Looked after rather than waited for: a conversion sends its events to this thread, and
-        // cannot wake it where no write succeeds.
+        // The work may be a conversion, which sends its events to this thread. The conversion wakes
+        // this thread by a write, and writes may be the calls that fail. So this thread does not
+        // wait to be woken, but looks for events every few milliseconds.
         while (!thread->wait(pollInterval))
             QCoreApplication::processEvents();
         return isSet;
@@ -67,7 +68,7 @@ private:
             [this](long number) { return addFilter(static_cast<unsigned>(number)); });
     }
 
-    // The kernel's filter: it stays with the thread for good and ends with it.
+    // Adds a kernel filter to this thread. A filter cannot be removed, so it ends with the thread.
     bool addFilter(unsigned number) const
     {
         std::array<sock_filter, 4> steps {{

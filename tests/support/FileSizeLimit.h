@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Every write beyond that many bytes of a file fails, as on a disk that fills up, for as long as
-// the object lives.
+// Limits the size of files for as long as the object lives: a write beyond the given number of
+// bytes of a file fails, as it does on a disk that fills up.
 #pragma once
 
 #include <csignal>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Everything in a folder as a text an entry, the folder itself first: kind, permissions, time of
-// change, then bytes or link target. Two folders are the same when their snapshots are.
+// Returns one text for the folder itself and then one for each entry below it: the relative path,
+// the kind and permissions, the time of the last change, and the bytes or the link target. Two
+// folders with equal snapshots are equal in all of these.
 #pragma once
 
 #include <QStringList>

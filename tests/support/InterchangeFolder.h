@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An interchange folder as the scanner's software leaves it:
+// Builds an interchange folder as the scanner's software leaves it:
 //
 //     InterchangeFolder folder(home);
 //     folder.image(u"1.jpg"_s, jpeg).attachment(u"plans"_s, u"a.txt"_s, "text");
 //     folder.dataFile(bytes);
 //
-// A new one has a "Version.txt" that an import accepts, and empty image and attachment folders.
+// A new folder has a "Version.txt" that an import accepts, and empty image and attachment folders.
 #pragma once
 
 #include "tests/support/TestHome.h"
@@ -26,14 +26,14 @@ public:
     QString attachmentPath(const QString& folder, const QString& name = {}) const;
     QString dataFilePath() const;
 
-    // "Version.txt" of that product, in UTF-16 with its mark: product TAB version CR LF.
+    // Writes "Version.txt" in UTF-16 with a byte-order mark: product TAB version CR LF.
     InterchangeFolder& version(const QString& product, const QString& version = u"V1.0L10"_s);
     InterchangeFolder& versionBytes(const QByteArray& bytes);
     InterchangeFolder& withoutVersion();
 
     InterchangeFolder& dataFile(const QByteArray& bytes);
     InterchangeFolder& image(const QString& name, const QByteArray& bytes);
-    // Makes the folder too.
+    // Writes the file, and creates its attachment folder if there is none.
     InterchangeFolder& attachment(
         const QString& folder, const QString& name, const QByteArray& bytes);
     InterchangeFolder& emptyAttachmentFolder(const QString& folder);

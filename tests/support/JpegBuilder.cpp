@@ -14,8 +14,8 @@ namespace {
 constexpr quint8 MarkerApp0 = 0xE0;
 constexpr quint8 MarkerApp1 = 0xE1;
 
-// In-memory Exif: the little-endian header and one directory of entries; values that do not fit
-// into an entry stand behind the directory.
+// Builds Exif data: the little-endian header, one directory of entries, and then the values that
+// do not fit into an entry.
 class ExifDirectory {
 public:
     void addShort(quint16 tag, int value)

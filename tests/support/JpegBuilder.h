@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Test JPEGs: `JpegBuilder(1050, 600).dotsPerInch(300, 300).exifOrientation(6).bytes()`. Unless
-// told otherwise a picture has four quarters of different colours, three components, a JFIF header
-// without a density and no Exif.
+// Builds test JPEGs: `JpegBuilder(1050, 600).dotsPerInch(300, 300).exifOrientation(6).bytes()`. By
+// default, a picture has four quarters of different colours, three components, a JFIF header
+// without a density, and no Exif data.
 #pragma once
 
 #include <QByteArray>
@@ -15,34 +15,34 @@ public:
     JpegBuilder(int width, int height);
     explicit JpegBuilder(const QImage& pixels);
 
-    // Four quarters: red, green; blue, yellow.
+    // Returns a picture that is red and green in its upper half, blue and yellow in its lower half.
     static QImage quarters(int width, int height);
 
     JpegBuilder& gray();
-    // Four components with an Adobe marker, the values inverted as Adobe's programs write them.
+    // Makes four components with an Adobe marker, and inverts the values as Adobe's programs do.
     JpegBuilder& cmyk();
-    // Four components without an Adobe marker, 0 meaning no ink.
+    // Makes four components without an Adobe marker. The value 0 means no ink.
     JpegBuilder& plainCmyk();
-    // Two components, which stand for no colour space.
+    // Makes two components. There is no colour space with two components.
     JpegBuilder& twoComponents();
     JpegBuilder& progressive();
-    // One colour sample for each pixel, so that single pixels keep their colours.
+    // Stores one colour sample for each pixel, so that single pixels keep their colours.
     JpegBuilder& fullColor();
     JpegBuilder& quality(int percent);
 
     JpegBuilder& dotsPerInch(int x, int y);
     JpegBuilder& dotsPerCentimetre(int x, int y);
-    // JFIF unit 0: the two numbers are a ratio, not a density.
+    // Writes the JFIF unit 0, which means that the two numbers are a ratio and not a density.
     JpegBuilder& aspectRatio(int x, int y);
     JpegBuilder& withoutJfif();
 
     JpegBuilder& exifOrientation(int orientation);
-    // unit is the Exif ResolutionUnit: 1 none, 2 inch, 3 centimetre.
+    // unit is the Exif ResolutionUnit: 1 means no unit, 2 an inch, and 3 a centimetre.
     JpegBuilder& exifResolution(int x, int y, int unit = 2);
-    // An Exif block of these bytes behind "Exif\0\0", instead of a well-formed one.
+    // Writes an Exif block that consists of "Exif\0\0" and these bytes.
     JpegBuilder& exifBytes(const QByteArray& bytes);
 
-    // The frame header tells this size whatever the picture behind it is.
+    // Writes this size into the frame header, whatever the size of the picture is.
     JpegBuilder& claimedSize(int width, int height);
 
     QByteArray bytes() const;
@@ -70,20 +70,20 @@ private:
     std::optional<QSize> _claimedSize;
 };
 
-// What the markers of a JPEG file say, read without a library.
+// Holds what the markers of a JPEG file say. The test support reads them without a library.
 struct JpegFacts {
-    // None when the bytes hold no JPEG with a frame header.
+    // Returns std::nullopt if the bytes are not a JPEG with a frame header.
     static std::optional<JpegFacts> of(const QByteArray& bytes);
 
     int width = 0;
     int height = 0;
     int components = 0;
-    int densityUnit = -1; // JFIF: 0 none, 1 inch, 2 centimetre; -1 without a JFIF header
+    int densityUnit = -1; // JFIF: 0 no unit, 1 inch, 2 centimetre; -1 if there is no header
     int xDensity = 0;
     int yDensity = 0;
     bool hasExif = false;
-    qsizetype frameHeaderAt = 0; // where its marker begins
+    qsizetype frameHeaderAt = 0; // the position of the frame header's marker
 };
 
-// True when both colours differ by at most tolerance in each of red, green and blue.
+// Returns true if the colours differ by at most tolerance in each of red, green and blue.
 bool isNearColor(const QColor& color, const QColor& expected, int tolerance = 12);

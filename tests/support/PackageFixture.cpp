@@ -17,7 +17,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Written out by hand, so that a slip in the program's own table shows.
+// These are written by hand and not taken from the program's own table, so that a mistake in that
+// table shows.
 constexpr std::array cardColumns {
     "Z_PK INTEGER PRIMARY KEY",
     "Z_ENT INTEGER",
@@ -167,7 +168,7 @@ SQLite::Database openStore(const QString& path, int flags)
 {
     constexpr int busyTimeoutMs = 2000;
     SQLite::Database store(QFile::encodeName(path).toStdString(), flags, busyTimeoutMs);
-    store.exec("PRAGMA synchronous = OFF"); // no test outlives a power cut
+    store.exec("PRAGMA synchronous = OFF"); // tests need no safety from power cuts
     return store;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A card database package as the main application leaves it, made with plain SQL and not with the
-// program's own writer. Columns go by their names in the store ("ZFULL_NAME").
+// Builds a card database package as the main application leaves it, with plain SQL and without the
+// program's own writer, so that a fault of that writer shows. Tests name the columns as the store
+// does ("ZFULL_NAME").
 #pragma once
 
 #include "tests/support/TestHome.h"
@@ -17,12 +18,12 @@
 
 using namespace Qt::StringLiterals;
 
-// What is unusual about a package; the default is an ordinary one. Besides what the program knows,
-// every store has tables and columns of the main application's own.
+// Describes how a package differs from an ordinary one; the default is an ordinary package. Every
+// store also has tables and columns that only the main application uses.
 struct PackageLayout {
-    int entityNumber = 1; // of the entity Card
-    QStringList withoutColumns = {}; // "ZMEMO"
-    QMap<QString, QString> columnDefaults = {}; // "ZSTATUS" to the SQL text behind DEFAULT
+    int entityNumber = 1; // the number of the entity for cards
+    QStringList withoutColumns = {}; // columns that the store lacks, such as "ZMEMO"
+    QMap<QString, QString> columnDefaults = {}; // by column: the SQL text after DEFAULT
     QString entityName = u"Card"_s;
     bool writeAheadLog = false;
     bool imagesAndFilesFolders = true;
@@ -32,18 +33,18 @@ class PackageFixture {
 public:
     using Values = std::initializer_list<std::pair<const char*, QVariant>>;
 
-    // One card of the package; each call adds to it.
+    // One card of the package. Each call that returns the card changes it or adds to it.
     class Card {
     public:
         QString cardID() const { return _cardID; }
         Card& deleted();
-        // Seconds since 2001-01-01 00:00:00 UTC.
+        // Sets the accept date, in seconds since 2001-01-01 00:00:00 UTC.
         Card& acceptedAt(double seconds);
         // A null QVariant stores NULL.
         Card& set(const char* column, const QVariant& value);
-        // The card's file in "Images", which the card then names.
+        // Writes the card's file in "Images" and stores its name in the card.
         Card& withPdf(const QByteArray& bytes);
-        // A file in the card's folder in "Files".
+        // Writes a file into the card's folder in "Files".
         Card& withAttachment(const QString& name, const QByteArray& bytes);
 
     private:
@@ -64,24 +65,27 @@ public:
     QString path(const QString& relative = {}) const;
     QString storePath() const { return path(u"Velmora.sqldb"_s); }
 
-    // Adds a live card. Unless given, it has a cardID of its own ("CARD-1", "CARD-2", ...), an
-    // accept date later than that of the card before, and a name.
+    // Adds a card that is not deleted. Unless values contains them, the card gets its own cardID
+    // ("CARD-1", "CARD-2", ...), an accept date later than that of the previous card, and a name.
     Card card(Values values = {});
 
-    // Replaces or adds a file; removes a file or folder.
+    // Adds or replaces a file.
     void writeFile(const QString& relative, const QByteArray& bytes) const;
     void remove(const QString& relative) const;
     QByteArray readFile(const QString& relative) const;
 
-    // Statements without a result, and the rows of a query. Failures end the test program.
+    // Runs a statement that has no result. This function and the three after it end the test
+    // program when a statement fails.
     void execute(const QString& sql, const QList<QVariant>& bindings = {}) const;
-    // The same in a store with a write-ahead log, left behind in the log as by a program that died.
+    // Runs a statement in a store with a write-ahead log and leaves the change in that log, as a
+    // program does that dies before it closes the store.
     void executeIntoLog(const QString& sql) const;
     QList<QVariantList> rows(const QString& sql) const;
-    // The first column of the only row.
+    // Returns the first column of the only row.
     QVariant value(const QString& sql) const;
 
-    // Every file's bytes and every folder (null bytes) by relative path, the lock file aside.
+    // Returns the bytes of every file by its relative path. A folder has null bytes. The lock file
+    // is left out, because it holds nothing of the user's.
     QMap<QString, QByteArray> contents() const;
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Test PDFs, written object by object without a library, so that wrong ones are possible too:
+// Builds test PDFs object by object and without a library, so that a PDF may also be wrong:
 //
 //     PdfBuilder pdf;
 //     pdf.page(PdfPage::ofImage(pdf.jpegImage(JpegBuilder(1050, 600).bytes())));
@@ -11,11 +11,11 @@
 
 #include <optional>
 
-// The entries of one page, in PDF syntax; an empty one is left out.
+// The entries of one page in PDF syntax. The page has no entry for an empty one.
 struct PdfPage {
-    // The image fills the page under the name Im1.
+    // Returns a page that the image fills. The page's resources name the image Im1.
     static PdfPage ofImage(int image);
-    // Text in Helvetica, besides whatever the resources already hold.
+    // Returns a page with the text in Helvetica.
     static PdfPage ofText(const QByteArray& text);
 
     QByteArray mediaBox = "[0 0 252 144]";
@@ -31,35 +31,36 @@ public:
 
     static QByteArray reference(int number);
 
-    // Card PDFs as the main application writes them: a page for each JPEG, 300 dpi.
+    // Returns a card PDF as the main application writes it: one page for each JPEG, at 300 dpi.
     static QByteArray cardPdf(const QList<QByteArray>& jpegs);
     static QByteArray searchableCardPdf(const QByteArray& text);
-    // The PDF behind a password that has to be typed, or, with an empty one, only restricted.
+    // Encrypts the PDF. The user has to type the password to open it; if the password is empty, the
+    // PDF opens without one and only restricts what the user may do.
     static QByteArray encrypted(const QByteArray& pdf, const QByteArray& userPassword);
 
-    // "Trevant Manager #VelmoraConverter" unless changed.
+    // Replaces the creator, which is "Trevant Manager #VelmoraConverter" by default.
     PdfBuilder& creator(const QByteArray& text);
     PdfBuilder& withoutCreator();
     PdfBuilder& withoutInfo();
-    // Entries of the page tree's root, which the pages inherit.
+    // Adds entries to the root of the page tree. All pages inherit them.
     PdfBuilder& inheritedEntries(const QByteArray& entries);
 
-    // Each adds an object and returns its number.
+    // Each function that returns an int adds an object and returns its number.
     int object(const QByteArray& body);
     int stream(const QByteArray& entries, const QByteArray& data);
-    // entries stand for "/Filter /DCTDecode" when given.
+    // If entries are given, they replace "/Filter /DCTDecode".
     int jpegImage(const QByteArray& jpeg, const std::optional<QByteArray>& entries = {});
-    // One bit a pixel, rows padded to bytes, compressed.
+    // Adds a compressed image of one bit a pixel. Each row is padded to whole bytes.
     int bitImage(int width, int height, const QByteArray& rows);
     int form(const QByteArray& contents, const QByteArray& resources);
-    // A form that draws another one twice, which draws another one twice, and so on. All of them
-    // have X1 for the next one's name.
+    // Adds a chain of times + 1 forms. Each form draws the next one twice, under the name X1, so
+    // that the last form is drawn 2 to the power of times. Returns the number of the first form.
     int formsThatDouble(int times);
-    // The number that the next object gets.
+    // Returns the number that the next object will get.
     int nextNumber() const;
 
     PdfBuilder& page(const PdfPage& page);
-    // Any object as an entry of the page tree's root.
+    // Makes any object a child of the page tree's root, where only pages belong.
     PdfBuilder& kid(int number);
 
     QByteArray bytes() const;
@@ -70,6 +71,6 @@ private:
     QByteArray _infoEntry = "/Creator (Trevant Manager #VelmoraConverter)";
     QByteArray _inheritedEntries;
     bool _hasInfo = true;
-    QList<QByteArray> _objects; // those behind the catalog, the page tree and the information
+    QList<QByteArray> _objects; // all objects except the catalog, the page tree and the information
     QList<int> _kids;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The keys of records, and how they are spelled.
+// Lists all keys of records and returns the name of each key.
 #pragma once
 
 #include "datafile/records/DBCRecord.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Records every message and gives prepared answers to all questions. It is the presenter for as
-// long as it lives.
+// Records every message that the program shows, and gives prepared answers to its questions. It is
+// the program's presenter for as long as it lives.
 #pragma once
 
 #include "operation/messages/DBCMessage.h"
@@ -29,6 +29,6 @@ struct RecordingPresenter : DBCMessagePresenter {
     QStringList titles;
     QStringList texts;
     QList<DBCQuestion> questions;
-    DBCAnswer answer = DBCAnswer::Alternate; // once answers is empty
-    QList<DBCAnswer> answers; // to the next questions, in order
+    DBCAnswer answer = DBCAnswer::Alternate; // the answer to every question once answers is empty
+    QList<DBCAnswer> answers; // the answers to the next questions, in order
 };

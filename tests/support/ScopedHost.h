@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Lets one test answer for the machine: replace members of DBCHost::current() through it, and its
-// end puts the machine back. `ScopedHost host; host->systemVersion = [] { ... };`
+// Lets a test replace what the program learns about the machine. The test sets members of
+// DBCHost::current() through this object, which restores them all when it is destroyed:
+// `ScopedHost host; host->systemVersion = [] { ... };`
 #pragma once
 
 #include "system/DBCHost.h"
@@ -17,8 +18,8 @@ public:
 
     DBCHost* operator->() { return &DBCHost::current(); }
 
-    // The paths named so count as having no such right, whoever runs the tests; root passes every
-    // real access check.
+    // Makes the program believe that it may not read, or not write, these paths. Tests that run as
+    // root need this, because root passes every real access check.
     void makeUnreadable(const QStringList& paths)
     {
         DBCHost::current().isReadable

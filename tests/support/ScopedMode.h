@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A file's or folder's permissions for as long as the object lives; a temporary folder could not be
-// removed otherwise.
+// Changes the permissions of a file or folder for as long as the object lives. The destructor
+// restores them, because the test could not remove its temporary folder otherwise.
 #pragma once
 
 #include <QFile>

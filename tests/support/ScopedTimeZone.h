@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The process's local time zone for as long as the object lives, as a POSIX rule that needs no zone
-// files: ScopedTimeZone tokyo("JST-9").
+// Sets the process's local time zone for as long as the object lives. The zone is a POSIX rule,
+// because a rule needs no zone files: ScopedTimeZone tokyo("JST-9").
 #pragma once
 
 #include <QByteArray>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A conversion with a substitute database and data file that follow a script, so that a test can
-// let any step fail. The driver, the folders, the checks, the log and the messages are real.
+// A conversion whose database and data file are substitutes that follow a script, so that a test
+// can make any step fail. The driver, the folders, the checks, the log and the messages are real.
 #pragma once
 
 #include "carddb/DBCDataBaseController.h"
@@ -19,14 +19,14 @@
 
 using namespace Qt::StringLiterals;
 
-// The behaviour of the substitutes. Every function may be empty, and index counts from 0.
+// Says how the substitutes behave. Every function may be empty, and index counts from 0.
 struct ConversionScript {
     bool opens = true;
     std::vector<DBCRecord> records; // import: the data file's records; export: the cards
     std::optional<DBCError> loadError; // the reader returns it together with the records
     bool fetchesNothing = false; // the fetch returns neither cards nor an error
     std::optional<DBCError> fetchError;
-    QString backupPath; // empty: the database knows no backup path after a backup
+    QString backupPath; // if empty, the database has no backup path after a backup
     DBCResultCode backupResult = DBCResultCode::Success;
     bool isBackupCancelled = false;
     DBCResultCode restoreResult = DBCResultCode::Success;
@@ -39,12 +39,12 @@ struct ConversionScript {
     std::function<std::optional<DBCRecord>(int index, const DBCRecord& card, DBCError* error)>
         onExport;
 
-    QStringList calls; // the driver's calls, in order
+    QStringList calls; // the calls that the driver made, in order
     int handled = 0; // records added or cards exported
 };
 
-// A database controller that has not locked its package closes descriptor 0 when it is destroyed;
-// the first base class keeps that descriptor open.
+// A database controller that has not locked its package closes descriptor 0 when it is destroyed.
+// The base class StandardInputKeeper restores that descriptor afterwards.
 class ScriptedDataBase : private StandardInputKeeper, public DBCDataBaseController {
 public:
     explicit ScriptedDataBase(ConversionScript& script)
@@ -138,7 +138,8 @@ struct ScriptedConversion {
             home.makeFolder(u"interchange/cards"_s);
     }
 
-    // Replaces "du" by a shell script, which gets the path as its third argument.
+    // Replaces the program "du", which measures files and folders, by a shell script. The script
+    // gets the path as its third argument.
     void measuresBy(const QByteArray& shellCommands)
     {
         const QString program = home.writeFile(u"du"_s, "#!/bin/sh\n" + shellCommands + '\n');
@@ -166,7 +167,7 @@ struct ScriptedConversion {
         };
     }
 
-    // Adds records or cards with these names. They have every column.
+    // Adds a record for each name. Every other column is an empty text.
     void hasCards(const QStringList& names)
     {
         for (const QString& name : names) {
@@ -188,7 +189,7 @@ struct ScriptedConversion {
         home.writeFile(u"interchange/Version.txt"_s, bytes);
     }
 
-    // Makes the backup that the scripted database claims to have made.
+    // Creates the backup that the substitute database only claims to have made.
     void makesBackup()
     {
         script.backupPath = home.makeFolder(u"Velmora DB_bak.vmdb"_s);
@@ -204,7 +205,7 @@ struct ScriptedConversion {
         };
     }
 
-    // The log's lines without date, time and program: "[Info] text".
+    // Returns the lines of the log without date, time and program: "[Info] text".
     QStringList log() const
     {
         static const QRegularExpression head(u"^\\S+ \\S+ VelmoraConverter "_s);
@@ -225,7 +226,8 @@ struct ScriptedConversion {
     std::unique_ptr<DBCConverterController> controller;
 };
 
-// Short texts that replace those of the strings table, so that tests can spell out whole log lines.
+// Returns short texts that replace those of the strings table, so that tests can contain whole log
+// lines.
 inline QHash<QString, std::optional<QString>> shortTexts()
 {
     const auto key = [](const char* text) { return QString::fromLatin1(text); };

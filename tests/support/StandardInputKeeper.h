@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Keeps the process's standard input for as long as it lives: a database controller that is
-// destroyed without ever having locked its package closes descriptor 0.
+// Restores the process's standard input when the object is destroyed. Tests need this because a
+// database controller that never locked its package closes descriptor 0 in its destructor.
 #pragma once
 
 #include <fcntl.h>
@@ -24,5 +24,5 @@ public:
     StandardInputKeeper& operator=(const StandardInputKeeper&) = delete;
 
 private:
-    int _copy; // -1: there was none
+    int _copy; // -1 if there was no standard input
 };

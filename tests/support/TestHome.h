@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A home folder for one test: $HOME points into a temporary folder, the texts are English, and
-// everything is put back at the end.
+// A home folder for one test: $HOME points into a temporary folder, and the program's texts are
+// English. The destructor restores $HOME and removes the folder.
 #pragma once
 
 #include <QByteArray>
@@ -20,7 +20,7 @@ public:
     QString makeFolder(const QString& relative) const;
     QString writeFile(const QString& relative, const QByteArray& bytes) const;
     QByteArray readFile(const QString& relative) const;
-    // What the default log holds so far; empty when there is none.
+    // Returns what the default log contains now, or an empty text if there is no log yet.
     QString logText() const;
 
 private:

@@ -20,7 +20,8 @@ static QStringList shown(const DBCNameParts& parts)
     return {shown(parts.first), shown(parts.middle), shown(parts.family)};
 }
 
-// Rows for the rules that names and readings share. Columns: text, first, middle and family part.
+// Adds the test rows for the rules that names and readings share. The columns are text, first,
+// middle and family part.
 static void addSharedRows()
 {
     QTest::addColumn<QString>("text");

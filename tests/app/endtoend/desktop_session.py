@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """A separate desktop for one run: a screen in memory, a window manager, a session bus, and the view
-that a screen reader has of the screen. xdotool presses the keys of the user."""
+that a screen reader has of the screen. The program xdotool presses the keys in place of a user."""
 
 import os
 import signal
@@ -8,12 +8,14 @@ import subprocess
 import sys
 import time
 
-PATIENCE = 30  # seconds that anything may take, sanitizers and a busy machine included
+PATIENCE = 30  # seconds; enough for a slow build with sanitizers on a busy machine
 BETWEEN_LOOKS = 0.05  # seconds
 
 
 def wait_for(what, look):
-    """Calls look until its answer is not empty, and returns this answer."""
+    """Calls look again and again until its result is not empty, and returns this result.
+
+    Fails if the result is still empty after PATIENCE seconds; what names the missing thing."""
     deadline = time.monotonic() + PATIENCE
     while time.monotonic() < deadline:
         found = look()
@@ -24,7 +26,7 @@ def wait_for(what, look):
 
 
 class Session:
-    """Everything started here ends with the session, and also when this process crashes."""
+    """The separate desktop. The method end() stops every process that the session has started."""
 
     def __init__(self, folder):
         self._started = []
@@ -92,7 +94,7 @@ def type_text(text):
 
 
 class ScreenReader:
-    """The view that assistive programs have of a program. Needs a running session."""
+    """The view that a screen reader has of a program. Needs a running session."""
 
     def __init__(self, program):
         import gi
@@ -116,7 +118,7 @@ class ScreenReader:
             for i in range(node.get_child_count()):
                 yield from self._walk(node.get_child_at_index(i))
         except self._error():
-            return  # it went away while we looked
+            return  # the element disappeared while it was read
 
     def _error(self):
         from gi.repository import GLib
@@ -124,7 +126,7 @@ class ScreenReader:
         return GLib.Error
 
     def showing(self):
-        """Role, name and object of every element on the screen."""
+        """Returns the role, name and object of every element on the screen."""
         seen = []
         for application in self._applications():
             for node in self._walk(application):
@@ -136,7 +138,7 @@ class ScreenReader:
         return seen
 
     def texts(self):
-        """The texts of the fields."""
+        """Returns the texts of the text fields on the screen."""
         fields = [node for role, _, node in self.showing() if role == "text"]
         return [self._atspi.Text.get_text(field, 0, -1) for field in fields]
 

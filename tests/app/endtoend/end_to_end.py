@@ -34,7 +34,7 @@ class Window:
         wait_for("the window in front", lambda: active_window() == PROGRAM)
 
     def start_again(self):
-        """Starts a second copy and returns its exit code."""
+        """Starts a second copy of the program, waits for its end and returns its exit code."""
         return subprocess.run(self._command, stdin=subprocess.DEVNULL, check=False).returncode
 
     def has_ended(self):
@@ -144,7 +144,7 @@ def cancel_import(window, folder, package):
     window.answer(QUIT_MAIN_PROGRAM, "Return")
     window.reader.wait_until_hears("Import is running.")
     assert not window.reader.is_enabled("Quit")
-    press("alt+F4")  # the window manager's close, which must not end a running import
+    press("alt+F4")  # closes a window, but must not end a running import
     press("ctrl+a")
     window.answer(CANCEL_IMPORT, "Escape")
     window.reader.click("Cancel")
