@@ -25,8 +25,8 @@ DBCAddressParts separateAddress(const std::optional<QString>& text);
 std::optional<QString> composeAddressWithStreet(
     const QString& street, const QString& city, const QString& state);
 
-// Does the same, except that address becomes the street line if address is not empty but the three
-// parts are.
+// Like composeAddressWithStreet(), but if street, city and state are all empty and address is not,
+// address becomes the street line.
 std::optional<QString> composeAddressWithDefaultAddress(
     const QString& address, const QString& street, const QString& city, const QString& state);
 

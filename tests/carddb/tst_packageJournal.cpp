@@ -86,7 +86,7 @@ private Q_SLOTS:
         QCOMPARE(found.journal->stage(), Stage::Import);
         QCOMPARE(found.journal->backupPath(), _backup);
         QCOMPARE(found.journal->cardIDStart(), u"0A1B-"_s);
-        QCOMPARE(search(), Search::HeldByAnother); // the object in found has the journal locked
+        QCOMPARE(search(), Search::HeldByAnother); // "found" still holds the lock
     }
 
     void deadImportKeepsANewOneFromBeginning()

@@ -52,7 +52,7 @@ void notePath(const char* path)
 
 __attribute__((destructor)) void writeCount()
 {
-    // Not for the tracer and the shells around the program.
+    // Only the program under test writes its count. The tracer and the shells never start counting.
     const bool hasCounted = isCounting.exchange(false);
     const char* const path = std::getenv("FAIL_ALLOCATION_COUNT");
     if (hasCounted && path) {
